@@ -1,0 +1,71 @@
+# What every target of the project shares: warnings, sanitizers, and the two functions that turn a
+# folder into a library and a file into a test program.
+
+add_library(promoter_flags INTERFACE)
+target_compile_options(promoter_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
+  -Wnull-dereference -Wold-style-cast -Werror)
+
+function(promoter_sanitize)
+  if(PROMOTER_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# promoter_target_name(adapters/sqlite out) -> promoter_adapters_sqlite
+function(promoter_target_name folder out)
+  string(REPLACE "/" "_" name ${folder})
+  set(${out} promoter_${name} PARENT_SCOPE)
+endfunction()
+
+# promoter_library(<folder> [SOURCE_DIR <dir>] [DEPENDS <folder>...] [LINK <target>...])
+# All .cpp files of src/<folder> as one static library; a folder of headers alone is an interface
+# library. Includes are written from src/ ("platform/Connection.h").
+function(promoter_library folder)
+  cmake_parse_arguments(ARG "" "SOURCE_DIR" "DEPENDS;LINK" ${ARGN})
+  promoter_target_name(${folder} name)
+  set(dir ${PROJECT_SOURCE_DIR}/src/${folder})
+  set(include ${PROJECT_SOURCE_DIR}/src)
+  if(ARG_SOURCE_DIR)
+    set(dir ${PROJECT_SOURCE_DIR}/${ARG_SOURCE_DIR})
+    list(APPEND include ${PROJECT_SOURCE_DIR})
+  endif()
+  file(GLOB sources CONFIGURE_DEPENDS ${dir}/*.cpp ${dir}/*.h)
+  set(units ${sources})
+  list(FILTER units INCLUDE REGEX "\\.cpp$")
+  set(scope PUBLIC)
+  if(units)
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PRIVATE promoter_flags)
+  else()
+    add_library(${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_include_directories(${name} ${scope} ${include})
+  foreach(dependency ${ARG_DEPENDS})
+    promoter_target_name(${dependency} target)
+    target_link_libraries(${name} ${scope} ${target})
+  endforeach()
+  target_link_libraries(${name} ${scope} ${ARG_LINK})
+endfunction()
+
+# promoter_test(<name> SOURCES <file>... DEPENDS <folder>... [LINK <target>...])
+# One test program with GoogleTest's main; ctest knows each test case by name.
+function(promoter_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  foreach(dependency ${ARG_DEPENDS})
+    promoter_target_name(${dependency} target)
+    target_link_libraries(${name} PRIVATE ${target})
+  endforeach()
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE promoter_flags GTest::gtest GTest::gmock ${ARG_LINK})
+  if(NOT ARG_LINK MATCHES "Qt6")
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endfunction()
+
+promoter_sanitize()

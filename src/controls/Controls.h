@@ -1,0 +1,160 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "controls/Control.h"
+
+namespace controls {
+
+/// A text beside or above another control; right-aligned unless told.
+class Label : public Control {
+ public:
+  enum class Alignment { kRight, kCentre, kLeft };
+  Label(Container& parent, std::string name, std::string caption = {});
+  void Accept(ControlVisitor& visitor) override;
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  Alignment TextAlignment() const { return alignment_; }
+  void SetTextAlignment(Alignment alignment);
+
+ private:
+  std::string caption_;
+  Alignment alignment_ = Alignment::kRight;
+};
+
+/// One or several lines of text.
+class TextBox : public Control {
+ public:
+  enum class Lines { kOne, kSeveral };
+  TextBox(Container& parent, std::string name, Lines lines = Lines::kOne);
+  void Accept(ControlVisitor& visitor) override;
+  const std::string& Text() const { return text_; }
+  /// Raises onChange when the text is another one; so does typing, which calls this too.
+  void SetText(std::string text);
+  Lines LineMode() const { return lines_; }
+  /// Most characters that can be typed; 0 is no limit.
+  int MaxLength() const { return maxLength_; }
+  void SetMaxLength(int length) { maxLength_ = length; }
+  /// Set by forms whose boxes select their whole text when the focus arrives.
+  bool SelectAllOnFocus() const { return selectAllOnFocus_; }
+  void SetSelectAllOnFocus(bool select) { selectAllOnFocus_ = select; }
+
+  std::function<void()> onChange;
+
+ private:
+  std::string text_;
+  Lines lines_;
+  int maxLength_ = 0;
+  bool selectAllOnFocus_ = false;
+};
+
+class Button : public Control {
+ public:
+  Button(Container& parent, std::string name, std::string caption);
+  void Accept(ControlVisitor& visitor) override;
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption);
+  /// A user's click; does nothing while the button is disabled or hidden.
+  void Click();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+};
+
+class CheckBox : public Control {
+ public:
+  CheckBox(Container& parent, std::string name, std::string caption);
+  void Accept(ControlVisitor& visitor) override;
+  const std::string& Caption() const { return caption_; }
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked);
+  /// A user's click: turns the tick over; does nothing while disabled.
+  void Click();
+
+  std::function<void()> onClick;
+
+ private:
+  std::string caption_;
+  bool checked_ = false;
+};
+
+/// A drop-down list; each item carries a number.
+class ComboBox : public Control {
+ public:
+  ComboBox(Container& parent, std::string name);
+  void Accept(ControlVisitor& visitor) override;
+  /// The screen settles a combo box's height: throws RuntimeError 383 "Property is read-only".
+  void SetHeight(Twips height) override;
+
+  void Clear();
+  void AddItem(std::string text);
+  /// Index of the item added last; -1 before.
+  int NewIndex() const { return static_cast<int>(items_.size()) - 1; }
+  int ListCount() const { return static_cast<int>(items_.size()); }
+  /// -1 when nothing is chosen. An index outside the list throws RuntimeError 380.
+  int ListIndex() const { return listIndex_; }
+  void SetListIndex(int index);
+  /// Both throw RuntimeError 381 for an index outside the list.
+  const std::string& List(int index) const;
+  std::int32_t ItemData(int index) const;
+  void SetItemData(int index, std::int32_t data);
+
+  std::function<void()> onClick;  // another item was chosen
+
+ private:
+  struct Item {
+    std::string text;
+    std::int32_t data = 0;
+  };
+  Item& At(int index);
+  std::vector<Item> items_;
+  int listIndex_ = -1;
+};
+
+/// A titled or plain box around other controls.
+class Frame : public Control, public Container {
+ public:
+  enum class Border { kNone, kLine };
+  Frame(Container& parent, std::string name, std::string caption = {},
+        Border border = Border::kLine);
+  void Accept(ControlVisitor& visitor) override;
+  Form& OwnForm() override { return ParentForm(); }
+  const std::string& Caption() const { return caption_; }
+  Border BorderStyle() const { return border_; }
+  void SetWidth(Twips width) override;
+  void SetHeight(Twips height) override;
+
+ protected:
+  /// Called when width or height changed, so that a composite control can lay out its parts.
+  virtual void Resized() {}
+
+ private:
+  std::string caption_;
+  Border border_;
+};
+
+class DateBox;
+class FlexGrid;
+class Selector;
+
+/// How a screen finds out what kind a control is: one method a kind, and no others exist.
+class ControlVisitor {
+ public:
+  virtual ~ControlVisitor() = default;
+  virtual void Visit(Label& label) = 0;
+  virtual void Visit(TextBox& textBox) = 0;
+  virtual void Visit(Button& button) = 0;
+  virtual void Visit(CheckBox& checkBox) = 0;
+  virtual void Visit(ComboBox& comboBox) = 0;
+  virtual void Visit(Frame& frame) = 0;
+  virtual void Visit(DateBox& dateBox) = 0;
+  virtual void Visit(Selector& selector) = 0;
+  virtual void Visit(FlexGrid& grid) = 0;
+};
+
+}  // namespace controls

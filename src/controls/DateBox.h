@@ -1,0 +1,76 @@
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "calendar/SolarHijriDate.h"
+#include "controls/Control.h"
+
+namespace controls {
+
+/// The suite's Solar Hijri date box. It holds a day or is empty; it never holds a text that is no
+/// date.
+class DateBox : public Control {
+ public:
+  DateBox(Container& parent, std::string name);
+  void Accept(ControlVisitor& visitor) override;
+
+  bool IsEmpty() const { return !date_; }
+  void Clear();
+  /// yyyy/mm/dd with Latin digits, or empty.
+  std::string Text() const { return date_ ? date_->Text() : std::string(); }
+  /// Empty text clears. A text that is no date throws RuntimeError 380 and changes nothing.
+  void SetText(std::string_view yyyymmdd);
+  std::optional<std::chrono::sys_days> Value() const;
+  void SetValue(std::chrono::sys_days gregorian);
+  std::optional<calendar::SolarHijriDate> Date() const { return date_; }
+  /// The date value plus whole days; nothing happens while empty.
+  void StepDays(int days);
+  /// Empty text and 0 while empty.
+  std::string_view WeekdayName() const;
+  int MonthNumber() const { return date_ ? date_->Month() : 0; }
+
+  /// Raised on every change of the date, by code or by the user.
+  std::function<void()> onChange;
+
+  // For the screen: what a person does with the box. All of it does nothing while disabled.
+
+  /// The user finished typing. Returns the empty text when it was understood (or empty: the box is
+  /// cleared); otherwise a sentence that tells the user what is wrong, and the date stays as it
+  /// was.
+  std::string EnterTyped(std::string_view typed);
+  enum class Key { kUp, kDown, kPageUp, kPageDown };
+  /// Up and down step a day, page up and down a month; an empty box begins at `today`.
+  void PressKey(Key key, std::chrono::sys_days today);
+
+ private:
+  void Assign(std::optional<calendar::SolarHijriDate> date);
+  std::optional<calendar::SolarHijriDate> date_;
+};
+
+/// The month page that a date box pops up: six weeks, each beginning on Saturday.
+class MonthPage {
+ public:
+  static constexpr int kWeeks = 6;
+  /// The page that holds `shown`.
+  explicit MonthPage(calendar::SolarHijriDate shown);
+  /// "ارديبهشت 1404".
+  std::string Title() const;
+  int Year() const { return first_.Year(); }
+  int Month() const { return first_.Month(); }
+  /// Day at a week (0 to 5) and weekday (0 is Saturday); days of the neighbour months fill up.
+  calendar::SolarHijriDate DayAt(int week, int weekday) const;
+  bool InMonth(const calendar::SolarHijriDate& date) const {
+    return date.Year() == Year() && date.Month() == Month();
+  }
+  MonthPage PlusMonths(int months) const { return MonthPage(first_.PlusMonths(months)); }
+
+ private:
+  calendar::SolarHijriDate first_;
+};
+
+}  // namespace controls

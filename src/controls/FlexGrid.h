@@ -1,0 +1,151 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/Control.h"
+#include "platform/RowSet.h"
+#include "platform/TextTable.h"
+
+namespace controls {
+
+/// The grid that all lists of the module stand on. Rows and columns count from 0; the first
+/// FixedRows rows and FixedCols columns are headings.
+///
+/// Failures are RuntimeErrors of the grid: 30009 "Invalid Row value" (Row, RowSel), 30010 "Invalid
+/// Col value" (Col, ColSel, ColWidth, ColAlignment), 381 "Subscript out of range" (TextMatrix),
+/// 30016 "FixedRows must be at least one less than Rows value", 30017 likewise for FixedCols and
+/// Cols, 30000 "Cannot do a RemoveItem on a fixed row", 30001 "Cannot use AddItem on a fixed row",
+/// 30002 "Grid does not contain that row", 380 "Invalid property value" (negative counts, an
+/// unknown sort). What throws changes nothing.
+class FlexGrid : public Control {
+ public:
+  enum class FillStyle { kSingle = 0, kRepeat = 1 };
+  enum class HighLight { kNever = 0, kAlways = 1, kWithFocus = 2 };
+  enum class Alignment { kLeftCentre = 1, kCentreCentre = 4, kRightCentre = 7, kGeneral = 9 };
+  static constexpr Twips kDefaultColWidth = 960;
+  static constexpr Twips kRowHeight = 285;
+
+  FlexGrid(Container& parent, std::string name);
+  ~FlexGrid() override;
+  void Accept(ControlVisitor& visitor) override;
+
+  /// A new grid has 2 rows and 2 columns, one of each fixed. Fewer rows than fixed ones lowers
+  /// FixedRows to Rows; the same for columns. Row and RowSel (Col, ColSel) beyond the last row
+  /// become the last row. Zero rows leave Row at 0.
+  int Rows() const;
+  void SetRows(int rows);
+  int Cols() const;
+  void SetCols(int cols);
+  /// Setting needs FixedRows < Rows (0 is always allowed).
+  int FixedRows() const;
+  void SetFixedRows(int rows);
+  int FixedCols() const;
+  void SetFixedCols(int cols);
+
+  /// The current cell and the far corner of the block. Setting Row moves RowSel to it and ColSel to
+  /// Col; setting Col moves ColSel to it and RowSel to Row: a block is set as Row, Col, then RowSel
+  /// and ColSel. Fixed cells may be current.
+  int Row() const;
+  void SetRow(int row);
+  int Col() const;
+  void SetCol(int col);
+  int RowSel() const;
+  void SetRowSel(int row);
+  int ColSel() const;
+  void SetColSel(int col);
+
+  /// The view is valid until the grid's texts change.
+  std::string_view TextMatrix(int row, int col) const;
+  void SetTextMatrix(int row, int col, std::string_view text);
+
+  /// 0 hides the column. Alignment holds for all rows of the column.
+  Twips ColWidth(int col) const;
+  void SetColWidth(int col, Twips width);
+  Alignment ColAlignment(int col) const;
+  void SetColAlignment(int col, Alignment alignment);
+
+  /// Background of the current cell, 0 where none was set. Setting it colours the current cell, or
+  /// with FillStyle kRepeat the whole block.
+  Colour CellBackColor() const;
+  void SetCellBackColor(Colour colour);
+  FillStyle GetFillStyle() const { return fillStyle_; }
+  void SetFillStyle(FillStyle style) { fillStyle_ = style; }
+  Colour BackColor() const { return backColor_; }
+  void SetBackColor(Colour colour);
+  /// Ground of every second data row whose cells carry no colour but the grid's own.
+  Colour BandColor() const { return bandColor_; }
+  void SetBandColor(Colour colour);
+  HighLight GetHighLight() const { return highLight_; }
+  void SetHighLight(HighLight highLight);
+
+  /// While off, nothing is notified; switching it on notifies once of all that changed.
+  bool Redraw() const { return redraw_; }
+  void SetRedraw(bool redraw);
+
+  /// 7 sorts the data rows ascending, 8 descending, by the texts of the columns from Col to ColSel
+  /// in the order of text::ComparePersian; stable both ways. Rows move with their colours, the
+  /// current cell stays where it is. Any other number throws 380.
+  void Sort(int order);
+
+  /// Adds a row at the end, or before row `index`; the text's tab-separated parts fill its cells.
+  void AddItem(std::string_view text);
+  void AddItem(std::string_view text, int index);
+  /// Removes a data row. The last data row cannot be removed (30015 "Cannot remove last non-fixed
+  /// row").
+  void RemoveItem(int row);
+
+  /// Takes a result's rows without copying their texts: FixedRows and FixedCols stay, Rows becomes
+  /// FixedRows + its rows, Cols becomes FixedCols + its columns, the columns' names stand in row 0
+  /// (where there is a fixed row), all colours are dropped, Row and Col are the first data cell.
+  void Bind(platform::RowSet rows);
+
+  /// Where the mouse was at the last mouse event: -1 before any; Rows() below the last row and
+  /// Cols() beyond the last column.
+  int MouseRow() const { return mouseRow_; }
+  int MouseCol() const { return mouseCol_; }
+
+  /// Button 1 left, 2 right, 4 middle; shift 1, control 2, alt 4.
+  std::function<void(int button, int shift)> onMouseDown;
+  std::function<void()> onClick;
+  std::function<void()> onDblClick;
+
+  // For the screen. All of it does nothing while the grid is disabled.
+
+  /// Order of a double click: MouseDown, Click, DblClick. A press on a data cell makes it current
+  /// (with shift: the block's far corner) before onMouseDown is raised.
+  void MouseDown(int row, int col, int button, int shift);
+  void MouseDrag(int row, int col);
+  void Click();
+  void DblClick();
+  enum class Key { kUp, kDown, kLeft, kRight, kPageUp, kPageDown, kHome, kEnd, kTop, kBottom };
+  /// Moves the current cell among the data cells, past hidden columns; `extend` moves the block's
+  /// far corner instead. kLeft is towards the higher column number, since the grid reads from right
+  /// to left. `pageRows` is how many rows the view shows.
+  void PressKey(Key key, bool extend, int pageRows);
+  /// The width to which a user dragged a visible column; at least 150 twips.
+  void DragColWidth(int col, Twips width);
+
+  // What a view paints, without moving the current cell. Rows and columns must exist.
+
+  /// Colour set on a cell, else the band or ground colour of its row.
+  Colour EffectiveBackColor(int row, int col) const;
+  bool InBlock(int row, int col) const;
+
+  /// Bytes held by texts and bookkeeping.
+  std::size_t MemoryBytes() const;
+
+ private:
+  FillStyle fillStyle_ = FillStyle::kSingle;
+  HighLight highLight_ = HighLight::kAlways;
+  Colour backColor_ = palette::kGridRow;
+  Colour bandColor_ = palette::kGridBand;
+  int mouseRow_ = -1;
+  int mouseCol_ = -1;
+  bool redraw_ = true;
+};
+
+}  // namespace controls

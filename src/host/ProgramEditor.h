@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+
+namespace host {
+
+/// The program editor as the control sees it.
+class ProgramEditor {
+ public:
+  virtual ~ProgramEditor() = default;
+  /// Opens the editor empty. Always false.
+  virtual bool ClearShow() = 0;
+  /// Opens the editor on a program; an id of 0 or less opens it empty. Always false.
+  virtual bool View(std::int32_t inProgramID) = 0;
+};
+
+}  // namespace host

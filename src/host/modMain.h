@@ -1,0 +1,106 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "calendar/SolarHijriDate.h"
+#include "controls/Control.h"
+#include "controls/Controls.h"
+#include "controls/Selector.h"
+#include "host/DataEnvironment.h"
+#include "host/HostContext.h"
+#include "host/Services.h"
+
+namespace host {
+
+/// Answers of AskQuestion.
+inline constexpr int kYes = 6;
+inline constexpr int kNo = 7;
+
+using calendar::FirstOfNextMonth;
+
+/// -1 for a text of blanks, 1 for "True", else the number that the text begins with once every "/"
+/// is gone: 1402/05/09 is 14020509.
+double NumericValue(std::string_view text);
+
+/// NumericValue as a 32-bit id, the fraction cut off; throws RuntimeError 6 "Overflow".
+std::int32_t NumericId(std::string_view text);
+
+/// Adds the deltas, twips, to Width, Left, Height and Top in that order, each with errors resumed.
+void ShiftControl(controls::Control& control, controls::Twips widthDelta, controls::Twips leftDelta,
+                  controls::Twips heightDelta, controls::Twips topDelta);
+
+/// What LoadReportTemplates needs of a form: the list to fill and the form type to fill it for.
+class ReportTemplateForm {
+ public:
+  virtual ~ReportTemplateForm() = default;
+  virtual controls::ComboBox& cmbReport() = 0;
+  virtual std::int32_t DocumnetID() const = 0;
+};
+
+/// The module-wide state and the routines that every form calls.
+class modMain : public controls::LookupSource {
+ public:
+  explicit modMain(const Services& services) : services_(services) {}
+  ~modMain() override = default;
+  modMain(const modMain&) = delete;
+  modMain& operator=(const modMain&) = delete;
+
+  const Services& GetServices() const { return services_; }
+  const HostContext& Context() const { return context_; }
+  /// Only DistPromoterProg sets it.
+  void SetContext(HostContext context) { context_ = std::move(context); }
+
+  /// Drops the data environment with its connection and recordsets and points a fresh one at the
+  /// context's connection string. Touches no server: the first statement opens the connection.
+  void ConnectDataEnvironment();
+  /// Made on first use.
+  DataEnvironment& DtEn();
+
+  /// Asks the permission procedure for the context's user.
+  bool HasPermission(std::int32_t formPermissionId);
+
+  /// An information dialog of the suite's message component. Silent where the component is not
+  /// registered or fails.
+  void ShowMessage(std::string_view title, std::string_view message);
+  /// A yes/no dialog: kYes, kNo, or 0 when neither was answered or there is no component.
+  int AskQuestion(std::string_view title, std::string_view message);
+
+  /// Fills the form's list with the report templates of its form type; when there are none, says so
+  /// to the user, leaves the list alone and returns false. Throws what the database throws.
+  bool LoadReportTemplates(ReportTemplateForm& form);
+
+  /// The server's date; the machine's where there is no connection string or the server fails.
+  std::chrono::sys_days GetServerDate();
+
+  /// Shows the Save As dialog and stores the chosen path. Always true: a cancelled dialog leaves
+  /// the file name as it was, and the caller tests the name.
+  bool AskSaveFileName(std::string& fileName, std::string_view filter);
+
+  /// Switches the keyboard to the Persian layout of the operating system's version; a version that
+  /// is not known keeps the layout chosen before.
+  void SwitchKeyboard();
+
+  void SetMousePointer(controls::MousePointer pointer) {
+    services_.screen.SetMousePointer(pointer);
+  }
+
+  /// A connection of the selectors' own, kept while the connection string stays the same.
+  platform::RowSet Lookup(const std::string& connectionString,
+                          const std::string& statement) override;
+
+ private:
+  int ShowNotice(std::string_view title, std::string_view message, std::int32_t formType);
+
+  Services services_;
+  HostContext context_;
+  std::unique_ptr<DataEnvironment> dtEn_;
+  std::string keyboardLayout_;
+  std::unique_ptr<platform::Connection> lookupConnection_;
+  std::string lookupConnectionString_;
+};
+
+}  // namespace host

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "controls/Controls.h"
+#include "controls/FlexGrid.h"
+#include "host/modMain.h"
+
+namespace tools {
+
+/// The selectable grid: a FlexGrid with four small buttons under it. A data row is marked when its
+/// cell in the first non-fixed column is yellow; that colour is the only store of the mark. The
+/// host fills the grid through getFlex and assumes one header row.
+class comFlex : public controls::Frame {
+ public:
+  comFlex(controls::Container& parent, std::string name, host::modMain& module);
+
+  /// The grid itself.
+  controls::FlexGrid& getFlex() { return Flex; }
+  /// Moves the grid's current cell to the asked row, and leaves it there. Throws 30009 for a row
+  /// that does not exist.
+  bool IsSelected(std::int32_t inRow);
+
+  /// A row has just been marked or unmarked; raised for every row that a command touches, also for
+  /// one that was so before.
+  std::function<void(std::int32_t row)> Selected;
+  std::function<void(std::int32_t row)> UnSelected;
+
+  controls::FlexGrid Flex{*this, "Flex"};
+  controls::Button cmdSelectAll{*this, "cmdSelectAll", "++"};
+  controls::Button cmdSelectNone{*this, "cmdSelectNone", "- -"};
+  controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "i"};
+  controls::Button cmdExcel{*this, "cmdExcel", "x"};
+
+ protected:
+  void Resized() override;
+
+ private:
+  enum class Marking { kAll, kNone, kInverse };
+  void MarkRow(std::int32_t row);
+  void UnmarkRow(std::int32_t row);
+  void ToggleRow(std::int32_t row);
+  void MarkRows(Marking marking);
+  void FlexMouseDown();
+  void FlexClick();
+
+  host::modMain& module_;
+  int lastSort_ = 0;
+};
+
+}  // namespace tools
