@@ -1,0 +1,47 @@
+// The days grid: one row for each day of the range, and how the picked days leave the form.
+
+#include "batch/FormAddBatch.h"
+#include "batch/PickedIds.h"
+#include "platform/ResumeNext.h"
+#include "text/Text.h"
+#include "tools/BusyGrid.h"
+
+namespace batch {
+
+void FormAddBatch::FillDateGrid() {
+  if (datDateFrom.IsEmpty() || datDateTo.IsEmpty()) return;
+  const tools::BusyGrid busy(module_, flxDate.Flex);
+  if (datDateFrom.Text() <= datDateTo.Text()) {
+    flxDate.Flex.SetRows(1);
+    flxDate.Flex.SetCols(3);
+    for (datTemp.SetText(datDateFrom.Text()); datTemp.Text() <= datDateTo.Text();
+         datTemp.StepDays(1)) {
+      AddDateRow();
+    }
+  }
+  SetDateHeadings();
+}
+
+void FormAddBatch::AddDateRow() {
+  controls::FlexGrid& grid = flxDate.Flex;
+  grid.AddItem("");
+  const int row = grid.Rows() - 1;
+  grid.SetTextMatrix(row, 0, datTemp.Text());
+  grid.SetTextMatrix(row, 1, datTemp.WeekdayName());
+  grid.SetTextMatrix(row, 2, calendar::MonthName(datTemp.MonthNumber()));
+}
+
+void FormAddBatch::SetDateHeadings() {
+  controls::FlexGrid& grid = flxDate.Flex;
+  platform::ResumeNext([&] { grid.SetFixedRows(1); });
+  platform::ResumeNext([&] { grid.SetTextMatrix(0, 0, "روز"); });
+  platform::ResumeNext([&] { grid.SetTextMatrix(0, 1, "هفته"); });
+  platform::ResumeNext([&] { grid.SetTextMatrix(0, 2, "ماه"); });
+}
+
+std::string FormAddBatch::GetSelectedDates() {
+  return PickedIds(
+      flxDate, [this](int row) { return text::Replace(flxDate.Flex.TextMatrix(row, 0), "/", ""); });
+}
+
+}  // namespace batch
