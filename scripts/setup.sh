@@ -1,0 +1,98 @@
+# What ./run and ./test share; sourced by both. Everything that a step prints goes into $log, which
+# is shown only when the step fails. Messages go to stderr: stdout belongs to the program.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+# Needed to build and start the desktop host.
+run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev
+  qt6-translations-l10n fonts-dejavu-core)
+# Needed besides by the tests and the benchmark programs.
+test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# start_log NAME: the output of all further steps goes to build/NAME.log.
+start_log() {
+  mkdir -p "$root/build"
+  log=$root/build/$1.log
+  : >"$log"
+}
+
+# step TITLE COMMAND...: runs the command; when it fails, shows the end of its output and fails.
+step() {
+  local title=$1
+  shift
+  say "$title ..."
+  printf '\n== %s\n' "$title" >>"$log"
+  if ! "$@" >>"$log" 2>&1; then
+    say "Failed: $title. The end of ${log#"$root"/}:"
+    tail -n 60 "$log" >&2
+    return 1
+  fi
+}
+
+missing_packages() {
+  local installed package
+  installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null) "
+  for package in "$@"; do
+    [[ $installed == *" installed:$package "* ]] || printf '%s ' "$package"
+  done
+}
+
+# install_packages PACKAGE...: installs those that this Debian machine does not have.
+install_packages() {
+  if ! command -v dpkg-query >/dev/null; then
+    say "This is not a Debian system; it must provide what these Debian packages hold: $*"
+    return 0
+  fi
+  local missing as_root=()
+  missing=$(missing_packages "$@")
+  missing=${missing% }
+  [[ -n $missing ]] || return 0
+  if [[ $(id -u) != 0 ]]; then
+    if ! command -v sudo >/dev/null; then
+      say "Packages are missing. As root: apt-get install --no-install-recommends $missing"
+      return 1
+    fi
+    as_root=(sudo)
+  fi
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q)
+  step "Reading the package lists" "${apt[@]}" update &&
+    # The list is split into words on purpose.
+    # shellcheck disable=SC2086
+    step "Installing $missing" "${apt[@]}" install -y --no-install-recommends $missing
+}
+
+# cached PRESET VARIABLE: the variable's value in the preset's build folder.
+cached() {
+  sed -n "s/^$2:[A-Z]*=//p" "$root/build/$1/CMakeCache.txt" 2>/dev/null
+}
+
+# configure PRESET OPTION=ON|OFF...: only when the folder is not configured for this checkout yet or
+# an option that is asked for is off there. An option that is on already stays on.
+configure() {
+  local preset=$1 option needed=0
+  shift
+  [[ -f $root/build/$preset/build.ninja ]] || needed=1
+  [[ $(cached "$preset" CMAKE_HOME_DIRECTORY) == "$root" ]] || needed=1
+  for option in "$@"; do
+    [[ $option == *=OFF || $(cached "$preset" "${option%=ON}") == ON ]] || needed=1
+  done
+  ((needed)) || return 0
+  local arguments=(--fresh --preset "$preset")
+  for option in "$@"; do arguments+=("-D$option"); done
+  if command -v ccache >/dev/null; then
+    arguments+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  fi
+  (cd "$root" && step "Configuring ($preset)" cmake "${arguments[@]}")
+}
+
+# build PRESET TARGET
+build() {
+  step "Building $2 ($1)" cmake --build "$root/build/$1" --target "$2" -j "$(nproc)"
+}
+
+# Qt wants a UTF-8 locale; a bare machine has none but this.
+use_utf8() {
+  [[ $(locale charmap 2>/dev/null) == UTF-8 ]] || export LC_ALL=C.UTF-8
+}
