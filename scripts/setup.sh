@@ -1,5 +1,6 @@
 # What ./run and ./test share; sourced by both. Everything that a step prints goes into $log, which
 # is shown only when the step fails. Messages go to stderr: stdout belongs to the program.
+# shellcheck shell=bash disable=SC2034
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -31,11 +32,12 @@ step() {
   fi
 }
 
+# missing_packages PACKAGE...: prints those that are not installed, one a line.
 missing_packages() {
   local installed package
   installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null) "
   for package in "$@"; do
-    [[ $installed == *" installed:$package "* ]] || printf '%s ' "$package"
+    [[ $installed == *" installed:$package "* ]] || printf '%s\n' "$package"
   done
 }
 
@@ -46,21 +48,18 @@ install_packages() {
     return 0
   fi
   local missing as_root=()
-  missing=$(missing_packages "$@")
-  missing=${missing% }
-  [[ -n $missing ]] || return 0
+  mapfile -t missing < <(missing_packages "$@")
+  ((${#missing[@]})) || return 0
   if [[ $(id -u) != 0 ]]; then
     if ! command -v sudo >/dev/null; then
-      say "Packages are missing. As root: apt-get install --no-install-recommends $missing"
+      say "Packages are missing. As root: apt-get install --no-install-recommends ${missing[*]}"
       return 1
     fi
     as_root=(sudo)
   fi
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q)
   step "Reading the package lists" "${apt[@]}" update &&
-    # The list is split into words on purpose.
-    # shellcheck disable=SC2086
-    step "Installing $missing" "${apt[@]}" install -y --no-install-recommends $missing
+    step "Installing ${missing[*]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
 }
 
 # cached PRESET VARIABLE: the variable's value in the preset's build folder.
