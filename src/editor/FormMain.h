@@ -1,0 +1,138 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "batch/FormAddBatch.h"
+#include "controls/Controls.h"
+#include "controls/DateBox.h"
+#include "controls/FlexGrid.h"
+#include "controls/Form.h"
+#include "controls/Selector.h"
+#include "editor/Modes.h"
+#include "host/ProgramEditor.h"
+#include "host/modMain.h"
+#include "tools/ResizeRules.h"
+
+namespace editor {
+
+/// The editor of one promoter program: its header and its visits, grouped by promoter, day and
+/// notes. One instance serves the whole module. Errors of the database that a routine does not trap
+/// travel out of the event.
+class FormMain : public controls::Form, public host::ProgramEditor {
+ public:
+  explicit FormMain(host::modMain& module);
+
+  /// Both show the form, modally when modeless showing is refused (the host itself shows a modal
+  /// form); both return false.
+  bool ClearShow() override;
+  bool View(std::int32_t inProgramID) override;
+
+  Mode CurrentMode() const { return mode_; }
+  /// The batch form, made on first use.
+  batch::FormAddBatch& BatchForm();
+
+  controls::Button cmdNew{*this, "cmdNew", "جديد"};
+  controls::Button cmdEdit{*this, "cmdEdit", "اصلاح"};
+  controls::Button cmdDelete{*this, "cmdDelete", "حذف"};
+  controls::Button cmdTempSave{*this, "cmdTempSave", "ثبت موقت"};
+  controls::Button cmdFinalSave{*this, "cmdFinalSave", "ثبت نهايي"};
+  controls::Button cmdPreview{*this, "cmdPreview", "پيش نمايش"};
+  controls::Button cmdViewAccountDoc{*this, "cmdViewAccountDoc", "سند حسابداري"};
+  controls::Button cmdBackToTemp{*this, "cmdBackToTemp", "بازگشت به موقت"};
+  controls::Button cmdCancel{*this, "cmdCancel", "انصراف"};
+  controls::Button cmdSearch{*this, "cmdSearch", "جستجو"};
+
+  controls::Frame frameHeader{*this, "frameHeader", "مشخصات برنامه"};
+  controls::Label lblID{frameHeader, "lblID", "شماره رايانه اي:"};
+  controls::TextBox txtID{frameHeader, "txtID"};
+  controls::Label lblCode{frameHeader, "lblCode", "شماره برنامه:"};
+  controls::TextBox txtCode{frameHeader, "txtCode"};
+  controls::Label lblCreator{frameHeader, "lblCreator", "ايجاد کننده:"};
+  controls::Selector sltCreator;
+  controls::Label lblCreateDate{frameHeader, "lblCreateDate", "تاريخ ايجاد:"};
+  controls::DateBox datCreateDate{frameHeader, "datCreateDate"};
+  controls::Label lblSupervisor{frameHeader, "lblSupervisor", "مدير برنامه:"};
+  controls::Selector sltSupervisor;
+  controls::Label lblBranch{frameHeader, "lblBranch", "شعبه:"};
+  controls::Selector sltBranch;
+  controls::Label lblDescription{frameHeader, "lblDescription", "شرح:"};
+  controls::TextBox txtDescription{frameHeader, "txtDescription"};
+  /// The server's date of the day on which the form was loaded; never shown.
+  controls::DateBox datToday{*this, "datToday"};
+
+  controls::FlexGrid flxDetail{*this, "flxDetail"};
+  controls::Button cmdAddBatch{*this, "cmdAddBatch", "افزودن ويزيت"};
+  controls::Button cmdSelectAll{*this, "cmdSelectAll", "انتخاب همه"};
+  controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "انتخاب معکوس"};
+  controls::Button cmdSelectNone{*this, "cmdSelectNone", "لغو انتخاب"};
+  controls::Button cmdDeleteSelected{*this, "cmdDeleteSelected", "حذف از ليست"};
+
+ protected:
+  void FormLoad() override;
+  void FormResize() override;
+  /// The close box drops an open header only after the question of cmdCancel, and unloads, so that
+  /// the next opening reads the host context anew.
+  void FormClose() override;
+
+ private:
+  /// Asks for a right; a refusal is shown to the user.
+  bool Permitted(std::int32_t permission);
+
+  // FormMainLayout.cpp
+  void PlaceControls();
+  void PlaceHeader();
+  void SetTabOrder();
+  void SetResizeRules();
+  void SetDetailColumns();
+
+  // Opening.cpp
+  void ReadInstallDirectory();
+  void ShowForm();
+  void DisableComponents();
+  void ShowEmpty();
+  void ShowNew();
+  void OpenProgram(std::int32_t programId);
+  void OpenForEdit(std::int32_t programId);
+  void ClearControls();
+  void LoadHeader(std::int32_t programId);
+  void LoadDetails(std::int32_t programId);
+  std::int32_t ProgramID() const;
+
+  // HeaderSaving.cpp
+  void NewClick();
+  void EditClick();
+  void CancelClick();
+  bool SaveProgram(bool inFinal);
+  bool HeaderIsValid();
+  void InsertHeader();
+  void UpdateHeader(bool inFinal);
+  void LogAction(std::int32_t eventId, std::string_view whatHappened);
+
+  // BatchRoutine.cpp
+  void AddBatchClick();
+  void InsertBatchDetail(std::int32_t& promoterId, std::string& dates, std::string& customerIds,
+                         std::string& notes, bool& viewMode, std::int32_t& supervisor);
+
+  // DetailGrid.cpp
+  enum class Marking { kAll, kNone, kInverse };
+  bool IsRowMarked(int row);
+  void MarkRow(int row);
+  void UnmarkRow(int row);
+  void MarkRows(Marking marking);
+  void DetailMouseDown();
+  void DetailClick();
+  void DetailDblClick();
+  void DeleteSelectedClick();
+
+  host::modMain& module_;
+  tools::ResizeRules resizeRules_;
+  std::unique_ptr<batch::FormAddBatch> batchForm_;
+  std::string installDirectory_;
+  Mode mode_ = Mode::kEmpty;
+  int lastSort_ = 0;
+};
+
+}  // namespace editor

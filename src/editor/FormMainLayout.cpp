@@ -1,0 +1,124 @@
+// Where the controls of the editor stand, twips, and how they follow the form's size. The form
+// reads from right to left: the first button and the first field stand at the right.
+
+#include <array>
+#include <initializer_list>
+
+#include "editor/FormMain.h"
+
+namespace editor {
+
+namespace {
+
+using controls::Twips;
+
+constexpr Twips kWidth = 14400;
+constexpr Twips kHeight = 9300;
+constexpr Twips kMargin = 150;
+constexpr Twips kButtonHeight = 420;
+constexpr Twips kField = 375;
+constexpr Twips kGap = 60;
+constexpr Twips kLabel = 1350;
+
+}  // namespace
+
+void FormMain::PlaceControls() {
+  Resize(kWidth, kHeight);
+  SetMinimumSize(kWidth, 6600);
+
+  const Twips share = (kWidth - 2 * kMargin + kGap) / 10;
+  int place = 0;
+  for (controls::Button* button :
+       {&cmdNew, &cmdEdit, &cmdDelete, &cmdTempSave, &cmdFinalSave, &cmdPreview, &cmdViewAccountDoc,
+        &cmdBackToTemp, &cmdCancel, &cmdSearch}) {
+    ++place;
+    button->Move(kWidth - kMargin + kGap - share * place, kMargin, share - kGap, kButtonHeight);
+    // Each button takes a tenth of the form's change of width; those to the right push it along.
+    resizeRules_.Add(*button, {.width = 0.1, .left = 0.1 * (10 - place)});
+  }
+
+  frameHeader.Move(kMargin, 690, kWidth - 2 * kMargin, 2280);
+  PlaceHeader();
+  datToday.SetVisible(false);
+
+  flxDetail.Move(kMargin, 3090, kWidth - 2 * kMargin, kHeight - 3090 - 720);
+  place = 0;
+  for (controls::Button* button :
+       {&cmdAddBatch, &cmdSelectAll, &cmdSelectInverse, &cmdSelectNone, &cmdDeleteSelected}) {
+    const Twips width = 1560;
+    ++place;
+    button->Move(kWidth - kMargin + kGap - (width + kGap) * place, kHeight - 570, width,
+                 kButtonHeight);
+    resizeRules_.Add(*button, {.left = 1, .top = 1});
+  }
+  SetCancelButton(&cmdCancel);
+  SetTabOrder();
+  SetResizeRules();
+}
+
+void FormMain::PlaceHeader() {
+  const Twips right = frameHeader.Width() - 180;
+  const Twips half = frameHeader.Width() / 2 - 90;
+  const auto place = [](controls::Label& label, controls::Control& field, Twips edge, Twips top,
+                        Twips fieldWidth) {
+    label.Move(edge - kLabel, top + 60, kLabel, kField - 90);
+    field.Move(edge - kLabel - 90 - fieldWidth, top, fieldWidth, kField);
+  };
+  const Twips wide = right - half - kLabel - 90 - 120;
+  place(lblID, txtID, right, 360, 2100);
+  place(lblCode, txtCode, half, 360, 2100);
+  place(lblCreator, sltCreator, right, 825, wide);
+  place(lblCreateDate, datCreateDate, half, 825, 2100);
+  place(lblSupervisor, sltSupervisor, right, 1290, wide);
+  place(lblBranch, sltBranch, half, 1290, half - kLabel - 90 - 180);
+  place(lblDescription, txtDescription, right, 1755, right - kLabel - 90 - 180);
+}
+
+void FormMain::SetTabOrder() {
+  int tab = 0;
+  for (controls::Control* control : std::initializer_list<controls::Control*>{
+           &sltSupervisor, &sltBranch, &txtDescription, &flxDetail, &cmdAddBatch, &cmdSelectAll,
+           &cmdSelectInverse, &cmdSelectNone, &cmdDeleteSelected, &cmdNew, &cmdEdit, &cmdDelete,
+           &cmdTempSave, &cmdFinalSave, &cmdPreview, &cmdViewAccountDoc, &cmdBackToTemp, &cmdCancel,
+           &cmdSearch}) {
+    control->SetTabIndex(tab++);
+  }
+}
+
+void FormMain::SetResizeRules() {
+  resizeRules_.Add(frameHeader, {.width = 1});
+  for (controls::Control* control : std::initializer_list<controls::Control*>{
+           &lblID, &lblCreator, &lblSupervisor, &lblDescription, &txtID}) {
+    resizeRules_.Add(*control, {.left = 1});
+  }
+  for (controls::Control* control :
+       std::initializer_list<controls::Control*>{&sltCreator, &sltSupervisor}) {
+    resizeRules_.Add(*control, {.width = 0.5, .left = 0.5});
+  }
+  for (controls::Control* control : std::initializer_list<controls::Control*>{
+           &lblCode, &lblCreateDate, &lblBranch, &txtCode, &datCreateDate}) {
+    resizeRules_.Add(*control, {.left = 0.5});
+  }
+  resizeRules_.Add(sltBranch, {.width = 0.5});
+  resizeRules_.Add(txtDescription, {.width = 1});
+  resizeRules_.Add(flxDetail, {.width = 1, .height = 1});
+  resizeRules_.Start(kWidth, kHeight);
+}
+
+void FormMain::SetDetailColumns() {
+  static constexpr struct {
+    std::string_view caption;
+    Twips width;
+  } kColumns[] = {{"رديف", 800},   {"PromoterID", 0}, {"بازارياب", 3000},   {"", 0},
+                  {"تاريخ", 1500}, {"شرح", 2000},     {"تعداد مشتري", 1500}};
+  flxDetail.SetCols(static_cast<int>(std::size(kColumns)));
+  int col = 0;
+  for (const auto& column : kColumns) {
+    flxDetail.SetTextMatrix(0, col, column.caption);
+    flxDetail.SetColWidth(col, column.width);
+    flxDetail.SetColAlignment(col, controls::FlexGrid::Alignment::kCentreCentre);
+    ++col;
+  }
+}
+
+}  // namespace editor
