@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "controls/Control.h"
+#include "controls/FlexGridStore.h"
 #include "platform/RowSet.h"
-#include "platform/TextTable.h"
 
 namespace controls {
 
@@ -19,8 +19,12 @@ namespace controls {
 /// Col value" (Col, ColSel, ColWidth, ColAlignment), 381 "Subscript out of range" (TextMatrix),
 /// 30016 "FixedRows must be at least one less than Rows value", 30017 likewise for FixedCols and
 /// Cols, 30000 "Cannot do a RemoveItem on a fixed row", 30001 "Cannot use AddItem on a fixed row",
-/// 30002 "Grid does not contain that row", 380 "Invalid property value" (negative counts, an
-/// unknown sort). What throws changes nothing.
+/// 30002 "Grid does not contain that row", 380 "Invalid property value" (negative counts and
+/// widths, more than 32767 columns, an unknown sort), 7 "Out of memory" (more than 4 GiB of text).
+/// What throws changes nothing.
+///
+/// Notifications: kCells names the rows whose texts or colours are others; kRows says that any row
+/// may be another, and comes without kCells.
 class FlexGrid : public Control {
  public:
   enum class FillStyle { kSingle = 0, kRepeat = 1 };
@@ -36,26 +40,26 @@ class FlexGrid : public Control {
   /// A new grid has 2 rows and 2 columns, one of each fixed. Fewer rows than fixed ones lowers
   /// FixedRows to Rows; the same for columns. Row and RowSel (Col, ColSel) beyond the last row
   /// become the last row. Zero rows leave Row at 0.
-  int Rows() const;
+  int Rows() const { return store_.Rows(); }
   void SetRows(int rows);
-  int Cols() const;
+  int Cols() const { return store_.Cols(); }
   void SetCols(int cols);
   /// Setting needs FixedRows < Rows (0 is always allowed).
-  int FixedRows() const;
+  int FixedRows() const { return fixedRows_; }
   void SetFixedRows(int rows);
-  int FixedCols() const;
+  int FixedCols() const { return fixedCols_; }
   void SetFixedCols(int cols);
 
   /// The current cell and the far corner of the block. Setting Row moves RowSel to it and ColSel to
   /// Col; setting Col moves ColSel to it and RowSel to Row: a block is set as Row, Col, then RowSel
   /// and ColSel. Fixed cells may be current.
-  int Row() const;
+  int Row() const { return row_; }
   void SetRow(int row);
-  int Col() const;
+  int Col() const { return col_; }
   void SetCol(int col);
-  int RowSel() const;
+  int RowSel() const { return rowSel_; }
   void SetRowSel(int row);
-  int ColSel() const;
+  int ColSel() const { return colSel_; }
   void SetColSel(int col);
 
   /// The view is valid until the grid's texts change.
@@ -69,7 +73,8 @@ class FlexGrid : public Control {
   void SetColAlignment(int col, Alignment alignment);
 
   /// Background of the current cell, 0 where none was set. Setting it colours the current cell, or
-  /// with FillStyle kRepeat the whole block.
+  /// with FillStyle kRepeat the whole block; 0 takes the colour away. A grid without rows or
+  /// columns has no current cell: nothing is coloured.
   Colour CellBackColor() const;
   void SetCellBackColor(Colour colour);
   FillStyle GetFillStyle() const { return fillStyle_; }
@@ -134,17 +139,59 @@ class FlexGrid : public Control {
   /// Colour set on a cell, else the band or ground colour of its row.
   Colour EffectiveBackColor(int row, int col) const;
   bool InBlock(int row, int col) const;
+  /// The texts of the block, hidden columns left out: tabs between columns, CR LF between rows. A
+  /// tab or a line break within a text becomes a blank.
+  std::string BlockText() const;
 
   /// Bytes held by texts and bookkeeping.
   std::size_t MemoryBytes() const;
 
  private:
+  struct Column {
+    Twips width = kDefaultColWidth;
+    Alignment alignment = Alignment::kGeneral;
+  };
+  struct Span {
+    int first;
+    int last;
+  };
+  // What has changed since the last notification.
+  struct Pending {
+    bool columns = false;
+    bool rows = false;
+    bool selection = false;
+    Span cells{0, -1};
+  };
+
+  bool IsDataCell(int row, int col) const;
+  Span BlockRows() const;
+  Span BlockCols() const;
+  void CheckCell(int row, int col) const;
+  Column& ColumnAt(int col);
+  const Column& ColumnAt(int col) const;
+  void Select(int row, int col, int rowSel, int colSel);
+  void KeepSelectionInside();
+  void CellsChanged(int firstRow, int lastRow);
+  void Publish();
+  int NextVisibleCol(int col, int step) const;
+  int EdgeVisibleCol(int from, int step) const;
+
+  FlexGridStore store_{2, 2};
+  std::vector<Column> columns_{2};
+  Pending pending_;
+  int fixedRows_ = 1;
+  int fixedCols_ = 1;
+  int row_ = 1;
+  int col_ = 1;
+  int rowSel_ = 1;
+  int colSel_ = 1;
   FillStyle fillStyle_ = FillStyle::kSingle;
   HighLight highLight_ = HighLight::kAlways;
   Colour backColor_ = palette::kGridRow;
   Colour bandColor_ = palette::kGridBand;
   int mouseRow_ = -1;
   int mouseCol_ = -1;
+  bool dragging_ = false;  // the last press was on a data cell
   bool redraw_ = true;
 };
 
