@@ -21,13 +21,14 @@ start_log() {
 
 # step TITLE COMMAND...: runs the command; when it fails, shows the end of its output and fails.
 step() {
-  local title=$1
+  local title=$1 lines
   shift
   say "$title ..."
   printf '\n== %s\n' "$title" >>"$log"
+  lines=$(wc -l <"$log")
   if ! "$@" >>"$log" 2>&1; then
-    say "Failed: $title. The end of ${log#"$root"/}:"
-    tail -n 60 "$log" >&2
+    tail -n "+$((lines + 1))" "$log" | tail -n 60 >&2
+    say "Failed: $title. The whole output is in ${log#"$root"/}."
     return 1
   fi
 }
@@ -35,7 +36,8 @@ step() {
 # missing_packages PACKAGE...: prints those that are not installed, one a line.
 missing_packages() {
   local installed package
-  installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null) "
+  # Fails whenever it does not know one of them.
+  installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null || true) "
   for package in "$@"; do
     [[ $installed == *" installed:$package "* ]] || printf '%s\n' "$package"
   done
