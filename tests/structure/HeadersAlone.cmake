@@ -1,5 +1,9 @@
 # Each header must compile alone: one generated source a header, all in one object library. It
-# includes the header twice, so that a missing guard shows too.
+# includes the header twice, so that a missing guard shows too. Once is enough: not again under the
+# sanitizers.
+if(PROMOTER_SANITIZE)
+  return()
+endif()
 file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/src/*.h ${PROJECT_SOURCE_DIR}/demo/*.h)
 set(units)
