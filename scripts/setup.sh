@@ -27,7 +27,8 @@ step() {
   printf '\n== %s\n' "$title" >>"$log"
   lines=$(wc -l <"$log")
   if ! "$@" >>"$log" 2>&1; then
-    tail -n "+$((lines + 1))" "$log" | tail -n 60 >&2
+    tail -n "+$((lines + 1))" "$log" | grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' |
+      tail -n 60 >&2
     say "Failed: $title. The whole output is in ${log#"$root"/}."
     return 1
   fi
