@@ -57,7 +57,7 @@ void FlexGrid::SetCols(int cols) {
   store_.SetCols(cols);
   columns_.resize(static_cast<std::size_t>(cols));
   fixedCols_ = std::min(fixedCols_, cols);
-  pending_.columns = true;
+  pending_.columns = pending_.rows = true;
   KeepSelectionInside();
   Publish();
 }

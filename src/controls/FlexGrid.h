@@ -24,7 +24,7 @@ namespace controls {
 /// What throws changes nothing.
 ///
 /// Notifications: kCells names the rows whose texts or colours are others; kRows says that any row
-/// may be another, and comes without kCells.
+/// may be another, and comes without kCells. Another number of columns comes as kColumns and kRows.
 class FlexGrid : public Control {
  public:
   enum class FillStyle { kSingle = 0, kRepeat = 1 };
@@ -173,8 +173,7 @@ class FlexGrid : public Control {
   void KeepSelectionInside();
   void CellsChanged(int firstRow, int lastRow);
   void Publish();
-  int NextVisibleCol(int col, int step) const;
-  int EdgeVisibleCol(int from, int step) const;
+  int VisibleCol(int from, int step, int otherwise) const;
 
   FlexGridStore store_{2, 2};
   std::vector<Column> columns_{2};

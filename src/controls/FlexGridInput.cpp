@@ -57,25 +57,23 @@ void FlexGrid::DblClick() {
   if (Enabled() && onDblClick) onDblClick();
 }
 
-// The first visible data column from `from` on in the direction of `step`; -1 when there is none.
-int FlexGrid::EdgeVisibleCol(int from, int step) const {
+// The first visible data column from `from` on in the direction of `step`, else `otherwise`.
+int FlexGrid::VisibleCol(int from, int step, int otherwise) const {
   for (int col = from; col >= fixedCols_ && col < Cols(); col += step) {
     if (ColWidth(col) > 0) return col;
   }
-  return -1;
-}
-
-int FlexGrid::NextVisibleCol(int col, int step) const {
-  const int next = EdgeVisibleCol(col + step, step);
-  return next < 0 ? col : next;
+  return otherwise;
 }
 
 void FlexGrid::PressKey(Key key, bool extend, int pageRows) {
   if (!Enabled() || Rows() <= fixedRows_ || Cols() <= fixedCols_) return;
   const int lastRow = Rows() - 1;
+  const int lastCol = Cols() - 1;
   const int page = std::clamp(pageRows, 1, Rows());
   int row = extend ? rowSel_ : row_;
+  // The forms may have made a heading or a hidden cell current.
   int col = std::max(extend ? colSel_ : col_, fixedCols_);
+  col = VisibleCol(col, 1, VisibleCol(col, -1, col));
   switch (key) {
     case Key::kUp:
       row -= 1;
@@ -83,23 +81,11 @@ void FlexGrid::PressKey(Key key, bool extend, int pageRows) {
     case Key::kDown:
       row += 1;
       break;
-    case Key::kLeft:
-      col = NextVisibleCol(col, 1);
-      break;
-    case Key::kRight:
-      col = NextVisibleCol(col, -1);
-      break;
     case Key::kPageUp:
       row -= page;
       break;
     case Key::kPageDown:
       row += page;
-      break;
-    case Key::kHome:
-      col = NextVisibleCol(fixedCols_ - 1, 1);
-      break;
-    case Key::kEnd:
-      col = NextVisibleCol(Cols(), -1);
       break;
     case Key::kTop:
       row = fixedRows_;
@@ -107,9 +93,20 @@ void FlexGrid::PressKey(Key key, bool extend, int pageRows) {
     case Key::kBottom:
       row = lastRow;
       break;
+    case Key::kLeft:
+      col = VisibleCol(col + 1, 1, col);
+      break;
+    case Key::kRight:
+      col = VisibleCol(col - 1, -1, col);
+      break;
+    case Key::kHome:
+      col = VisibleCol(fixedCols_, 1, col);
+      break;
+    case Key::kEnd:
+      col = VisibleCol(lastCol, -1, col);
+      break;
   }
   row = std::clamp(row, fixedRows_, lastRow);
-  col = std::clamp(col, fixedCols_, Cols() - 1);
   Select(extend ? row_ : row, extend ? col_ : col, row, col);
 }
 
