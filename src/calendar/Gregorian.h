@@ -7,8 +7,8 @@
 
 namespace calendar {
 
-/// The day of a text that begins with yyyy-mm-dd (what a date column gives, with or without a time
-/// after it); nothing when it is no date.
+/// The day of a text yyyy-mm-dd, alone or with a blank (or T) and a time after it, as a date column
+/// gives it; nothing when it is no date.
 std::optional<std::chrono::sys_days> GregorianFromText(std::string_view text);
 /// yyyy-mm-dd.
 std::string GregorianText(std::chrono::sys_days day);

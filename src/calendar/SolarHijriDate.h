@@ -18,10 +18,11 @@ class SolarHijriDate {
   static std::optional<SolarHijriDate> FromYearMonthDay(int year, int month, int day);
   /// Reads yyyy/mm/dd, exactly ten characters with Latin digits; nothing when it is no such day.
   static std::optional<SolarHijriDate> FromText(std::string_view yyyymmdd);
-  /// Reads what a person types: Latin, Persian or Arabic digits; "/", "-", "." or blank between the
-  /// parts; one or two digits of month and day; a year of two digits is of the 1400s (below 50) or
-  /// the 1300s; eight digits alone are yyyymmdd.
+  /// Reads what a person types or pastes: Latin, Persian or Arabic digits; "/", "-", "." or blank
+  /// between the parts; one or two digits of month and day; a year of two digits is of the 1400s
+  /// (below 50) or the 1300s; eight digits alone are yyyymmdd.
   static std::optional<SolarHijriDate> FromTyped(std::string_view typed);
+  /// Throws std::out_of_range for a day outside the years 1 to 9377; so do the two steps below.
   static SolarHijriDate FromDays(std::chrono::sys_days gregorian);
 
   int Year() const { return year_; }

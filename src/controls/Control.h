@@ -84,21 +84,25 @@ class Observers {
  public:
   using Listener = std::function<void(const Change&)>;
   Subscription Subscribe(Listener listener);
-  /// A listener may subscribe or unsubscribe (itself too) while it is called.
+  /// A listener may subscribe or unsubscribe (itself too) while it is called, and may end the
+  /// model. Who subscribes meanwhile hears of the next change; who is unsubscribed hears no more.
   void Notify(const Change& change) const;
 
  private:
-  struct Entry;
-  std::shared_ptr<std::vector<std::shared_ptr<Entry>>> entries_ =
-      std::make_shared<std::vector<std::shared_ptr<Entry>>>();
+  struct Entry {
+    Listener listener;
+    bool subscribed = true;
+  };
+  using Entries = std::vector<std::shared_ptr<Entry>>;
+  std::shared_ptr<Entries> entries_ = std::make_shared<Entries>();
 };
 
 /// The model of one control on a form. Setters notify only when something changed.
 class Control {
  public:
-  /// Joins `parent`, which must outlive it.
+  /// Joins `parent`, which must outlive it; leaves it when destroyed.
   Control(Container& parent, std::string name);
-  virtual ~Control() = default;
+  virtual ~Control();
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
@@ -122,8 +126,10 @@ class Control {
   Twips Height() const { return height_; }
   void SetLeft(Twips left);
   void SetTop(Twips top);
-  virtual void SetWidth(Twips width);
+  void SetWidth(Twips width);
   virtual void SetHeight(Twips height);
+  /// All four at once: one notification. A form places its controls with it, those too that do not
+  /// let their height be set alone.
   void Move(Twips left, Twips top, Twips width, Twips height);
 
   /// Order in which the tab key visits the controls of a form; -1 for those it passes over.
@@ -136,8 +142,8 @@ class Control {
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string toolTip) { toolTip_ = std::move(toolTip); }
 
-  /// Moves the keyboard focus here. Throws RuntimeError 5 when the control is disabled or hidden or
-  /// its form is not shown.
+  /// Moves the keyboard focus here. Throws RuntimeError 5 when the control or a frame around it is
+  /// disabled or hidden, or its form is not shown.
   void SetFocus();
   /// The view calls this when the focus has arrived.
   virtual void GotFocus() {}
@@ -149,6 +155,8 @@ class Control {
  protected:
   void Notify(Aspect aspect) const { observers_.Notify({aspect}); }
   void Notify(const Change& change) const { observers_.Notify(change); }
+  /// Called when width or height changed, so that a composite control can lay out its parts.
+  virtual void Resized() {}
 
  private:
   Container& parent_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -73,7 +74,7 @@ class CheckBox : public Control {
   const std::string& Caption() const { return caption_; }
   bool Checked() const { return checked_; }
   void SetChecked(bool checked);
-  /// A user's click: turns the tick over; does nothing while disabled.
+  /// A user's click: turns the tick over; does nothing while disabled or hidden.
   void Click();
 
   std::function<void()> onClick;
@@ -88,7 +89,8 @@ class ComboBox : public Control {
  public:
   ComboBox(Container& parent, std::string name);
   void Accept(ControlVisitor& visitor) override;
-  /// The screen settles a combo box's height: throws RuntimeError 383 "Property is read-only".
+  /// The screen settles a combo box's height, whatever a form's Move said: throws RuntimeError 383
+  /// "Property is read-only".
   void SetHeight(Twips height) override;
 
   void Clear();
@@ -111,7 +113,7 @@ class ComboBox : public Control {
     std::string text;
     std::int32_t data = 0;
   };
-  Item& At(int index);
+  const Item& At(int index) const;
   std::vector<Item> items_;
   int listIndex_ = -1;
 };
@@ -126,12 +128,6 @@ class Frame : public Control, public Container {
   Form& OwnForm() override { return ParentForm(); }
   const std::string& Caption() const { return caption_; }
   Border BorderStyle() const { return border_; }
-  void SetWidth(Twips width) override;
-  void SetHeight(Twips height) override;
-
- protected:
-  /// Called when width or height changed, so that a composite control can lay out its parts.
-  virtual void Resized() {}
 
  private:
   std::string caption_;

@@ -26,6 +26,8 @@ class DateBox : public Control {
   /// Empty text clears. A text that is no date throws RuntimeError 380 and changes nothing.
   void SetText(std::string_view yyyymmdd);
   std::optional<std::chrono::sys_days> Value() const;
+  /// Throws RuntimeError 380 for a day outside the calendar's years, as StepDays does for a step
+  /// there; the date then stays.
   void SetValue(std::chrono::sys_days gregorian);
   std::optional<calendar::SolarHijriDate> Date() const { return date_; }
   /// The date value plus whole days; nothing happens while empty.
@@ -44,7 +46,8 @@ class DateBox : public Control {
   /// was.
   std::string EnterTyped(std::string_view typed);
   enum class Key { kUp, kDown, kPageUp, kPageDown };
-  /// Up and down step a day, page up and down a month; an empty box begins at `today`.
+  /// Up and page up go a day and a month forward, down and page down back; an empty box takes
+  /// `today`. Nothing happens at the ends of the calendar.
   void PressKey(Key key, std::chrono::sys_days today);
 
  private:
@@ -63,11 +66,13 @@ class MonthPage {
   int Year() const { return first_.Year(); }
   int Month() const { return first_.Month(); }
   /// Day at a week (0 to 5) and weekday (0 is Saturday); days of the neighbour months fill up.
+  /// Where the calendar ends, its first or last day fills up.
   calendar::SolarHijriDate DayAt(int week, int weekday) const;
   bool InMonth(const calendar::SolarHijriDate& date) const {
     return date.Year() == Year() && date.Month() == Month();
   }
-  MonthPage PlusMonths(int months) const { return MonthPage(first_.PlusMonths(months)); }
+  /// Stays where it is when the calendar ends before that month.
+  MonthPage PlusMonths(int months) const;
 
  private:
   calendar::SolarHijriDate first_;

@@ -15,7 +15,10 @@ class Button;
 class Form : public Container {
  public:
   enum class Border { kFixed, kSizable };
+  /// `screen` must outlive the form.
   Form(Screen& screen, std::string name, Border border);
+  /// Drops the window of a form that is still loaded; its controls are gone by then and FormUnload
+  /// does not run, so an owner unloads its forms first.
   ~Form() override;
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -31,7 +34,8 @@ class Form : public Container {
   Twips Width() const { return width_; }
   Twips Height() const { return height_; }
   /// Called by the form for its designed size and by the screen when the user resized the window;
-  /// lets the form lay out its controls. Negative sizes throw RuntimeError 380.
+  /// lets the form lay out its controls when the size is another one. Negative sizes throw
+  /// RuntimeError 380.
   void Resize(Twips width, Twips height);
   /// Smallest size that the screen lets a user drag the window to; 0 is no limit.
   Twips MinWidth() const { return minWidth_; }
@@ -45,11 +49,13 @@ class Form : public Container {
   /// unloaded.
   void Load();
   /// Loads and shows. Showing modeless throws what Screen::Show throws, the form then stays hidden;
-  /// showing a visible form modally throws RuntimeError 400. kModal returns when it is hidden.
+  /// showing a visible form modally throws RuntimeError 400, showing it modeless brings it to the
+  /// front. kModal returns when it is hidden.
   void Show(Modality modality);
   /// Ends a modal Show.
   void Hide();
-  /// Hides, runs FormUnload, and forgets that it was loaded.
+  /// Hides, runs FormUnload, and forgets that it was loaded. A form that is not loaded stays as it
+  /// is. What FormUnload throws leaves the form hidden and loaded.
   void Unload();
   /// The user pressed the window's close box.
   void CloseBox() { FormClose(); }
@@ -58,6 +64,7 @@ class Form : public Container {
   Button* DefaultButton() const { return defaultButton_; }
   Button* CancelButton() const { return cancelButton_; }
 
+  /// The caption changed (kText) or the size (kBounds).
   Subscription Subscribe(Observers::Listener listener) {
     return observers_.Subscribe(std::move(listener));
   }

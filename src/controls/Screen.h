@@ -17,7 +17,8 @@ class Screen {
   /// (of the module or of its host) is up.
   virtual void Show(Form& form, Modality modality) = 0;
   virtual void Hide(Form& form) = 0;
-  /// Drops the form's window; the form may be shown again later.
+  /// Drops the form's window, without a look at its controls; the form may be shown again later.
+  /// Throws nothing.
   virtual void Unload(Form& form) = 0;
   virtual void SetFocus(Control& control) = 0;
   virtual void SetMousePointer(MousePointer pointer) = 0;

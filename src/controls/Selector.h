@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,7 +32,8 @@ class Selector : public Control {
 
   void SetConnectionString(std::string connectionString);
   void SetViews(std::string major, std::string minor);
-  /// SQL conditions on the view's rows, joined by "and"; empty for none.
+  /// SQL conditions on the major view's rows, joined by "and" (a text that is both, once); empty
+  /// for none. An id that is selected stays selected, whether it meets them or not.
   void SetCondition(std::string condition);
   void SetStandingCondition(std::string condition);
   const std::string& Condition() const { return condition_; }
@@ -56,23 +58,26 @@ class Selector : public Control {
   struct Row {
     std::int32_t id = -1;
     std::string name;
-    std::string detail;  // code and the like, shown beside the name
+    std::string detail;  // code, then the other columns but ids, shown beside the name
   };
   /// Reads the rows of the major view that meet both conditions, in the order of their names.
-  /// Throws what the source throws; the list is then empty.
+  /// Throws what the source throws, and RuntimeError 3265 for a view without ID or Name; the list
+  /// is then empty.
   void LoadList();
   /// Rows of the loaded list that hold every word of `typed` in name or code (yeh/kaf, digits and
   /// letter case folded on both sides), as indexes into List(); those that begin with it come
   /// first.
   std::vector<std::size_t> Narrow(std::string_view typed) const;
   const std::vector<Row>& List() const { return list_; }
-  /// The user picked a row of List(). Does nothing while disabled.
+  /// The user picked a row of List(); another throws RuntimeError 381. Does nothing while disabled.
   void Choose(std::size_t row);
   /// The user emptied the box. Does nothing while disabled.
   void ChooseNone();
 
  private:
-  void AssignId(std::int32_t id);
+  /// `displayText` is the id's name where it is known already.
+  void AssignId(std::int32_t id, std::optional<std::string> displayText);
+  void ForgetTexts();
   LookupSource& source_;
   std::string connectionString_;
   std::string majorView_;
@@ -80,9 +85,9 @@ class Selector : public Control {
   std::string condition_;
   std::string standingCondition_;
   std::vector<Row> list_;
-  std::vector<std::string> folded_;  // beside list_: what a person's words are looked up in
-  std::string displayText_;
-  bool displayTextKnown_ = true;
+  // Beside list_, what a person's words are looked up in: name and detail folded, a line each.
+  std::vector<std::string> folded_;
+  std::optional<std::string> displayText_ = std::string();  // absent until it is asked for
   std::int32_t selectedId_ = -1;
 };
 

@@ -9,9 +9,9 @@ namespace text {
 std::string LatinDigits(std::string_view s);
 
 /// The form in which two texts are the same to a person who looks something up: both kinds of yeh
-/// and of kaf equal, alef with its marks as alef, teh marbuta as heh, all digits Latin, Latin
-/// letters small, zero-width marks, tatweel and harakat dropped, runs of blanks as one, no blanks
-/// at the ends.
+/// and of kaf equal, alef, waw and yeh with a madda or hamza as the bare letter, teh marbuta as
+/// heh, all digits Latin, Latin letters small, zero-width and direction marks, tatweel and harakat
+/// dropped, runs of blanks as one, no blanks at the ends.
 std::string FoldForLookup(std::string_view s);
 
 }  // namespace text

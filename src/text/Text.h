@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,11 +16,14 @@ std::string Replace(std::string_view s, std::string_view from, std::string_view 
 /// The number that a text begins with, 0 when it begins with none. Blanks, tabs and line feeds are
 /// skipped wherever they stand, also between digits; an optional sign, digits with one ".", and an
 /// exponent (E or D, its sign and digits) are read until the first character that fits no more.
-/// "&H" and "&O" begin hexadecimal and octal numbers. Never throws; too large gives infinity.
+/// "&H" and "&O" at the very beginning start hexadecimal and octal numbers; as in the languages
+/// that write them so, what fills 16 or 32 bits is negative ("&HFFFF" is -1). Digits are the Latin
+/// ones alone. Never throws; too large gives infinity.
 double LeadingNumber(std::string_view s);
 
 /// A number as decimal text the way statements carry it: "." as the decimal point, no exponent for
-/// whole numbers below 1E15, no trailing zeros, no grouping, up to 15 significant digits.
+/// whole numbers below 1E15, no trailing zeros, no grouping, up to 15 significant digits. Larger
+/// numbers and very small fractions take one ("1E+15", "1E-05").
 std::string DecimalText(double value);
 
 /// `count` characters (not bytes) from the first-based position `start`; shorter at the end.
