@@ -11,8 +11,9 @@ namespace host {
 /// One of the data environment's reusable recordsets. Use: close it if it is open, open it with a
 /// statement, read, close. A statement without rows (INSERT, UPDATE, DELETE) leaves it closed.
 ///
-/// Failures, all RuntimeError: opening an open one 3705, reading or closing a closed one 3704, no
-/// such field 3265, no row at the cursor 3021; what the database refuses keeps its own number.
+/// Failures, all RuntimeError: opening an open one or giving it another source 3705, reading or
+/// closing a closed one 3704, no such field 3265, no row at the cursor 3021; what the database
+/// refuses keeps its own number and leaves the recordset closed.
 class Recordset {
  public:
   enum class State { kClosed = 0, kOpen = 1 };
@@ -35,6 +36,7 @@ class Recordset {
   std::size_t RecordCount() const;
   bool Eof() const;
   void MoveFirst();
+  /// Past the last row it is Eof; from there it throws 3021.
   void MoveNext();
   bool IsNull(std::string_view field) const;
   /// The field's text at the cursor, NULL as empty text; valid until the recordset is closed.
@@ -45,6 +47,7 @@ class Recordset {
 
  private:
   void RequireOpen() const;
+  void RequireRow() const;
   std::size_t FieldIndex(std::string_view field) const;
 
   platform::Connection& connection_;

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,7 +24,7 @@ inline constexpr int kNo = 7;
 using calendar::FirstOfNextMonth;
 
 /// -1 for a text of blanks, 1 for "True", else the number that the text begins with once every "/"
-/// is gone: 1402/05/09 is 14020509.
+/// is gone: 1402/05/09 is 14020509. Never throws; a number too large for a double is 0.
 double NumericValue(std::string_view text);
 
 /// NumericValue as a 32-bit id, the fraction cut off; throws RuntimeError 6 "Overflow".
@@ -93,7 +94,8 @@ class modMain : public controls::LookupSource {
                           const std::string& statement) override;
 
  private:
-  int ShowNotice(std::string_view title, std::string_view message, std::int32_t formType);
+  std::optional<std::int32_t> ShowNotice(std::string_view title, std::string_view message,
+                                         std::int32_t formType);
 
   Services services_;
   HostContext context_;
