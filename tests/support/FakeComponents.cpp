@@ -1,0 +1,88 @@
+#include "support/FakeComponents.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace support {
+
+using platform::AutomationValue;
+using platform::RuntimeError;
+
+std::ostream& operator<<(std::ostream& out, const Message& message) {
+  return out << (message.type == 1 ? "question" : "message") << ": " << message.title << " | "
+             << message.text;
+}
+
+class FakeNotice : public platform::AutomationObject {
+ public:
+  explicit FakeNotice(FakeComponents& owner) : owner_(owner) {}
+
+  void Put(std::string_view member, const AutomationValue& value) override {
+    CheckMember(member);
+    owner_.told.emplace_back(member, value);
+    if (member == "FormTitle") message_.title = std::get<std::string>(value);
+    if (member == "FormMessage") message_.text = std::get<std::string>(value);
+    if (member == "FormType") message_.type = std::get<std::int32_t>(value);
+  }
+
+  AutomationValue Get(std::string_view member) override {
+    CheckMember(member);
+    if (member != "Resualt") NoSuchMember(member);
+    return static_cast<std::int32_t>(result_);
+  }
+
+  AutomationValue Call(std::string_view member, std::span<const AutomationValue>) override {
+    CheckMember(member);
+    if (member != "ClearShow") NoSuchMember(member);
+    owner_.told.emplace_back(member, std::monostate());
+    owner_.messages.push_back(message_);
+    owner_.events_.push_back(testing::PrintToString(message_));
+    if (message_.type == 1) result_ = owner_.NextAnswer(message_);
+    return {};
+  }
+
+ private:
+  void CheckMember(std::string_view member) const {
+    if (owner_.missingMembers.contains(member)) NoSuchMember(member);
+  }
+  [[noreturn]] static void NoSuchMember(std::string_view member) {
+    throw RuntimeError(platform::kNoSuchMember,
+                       "Object doesn't support this property or method: " + std::string(member));
+  }
+
+  FakeComponents& owner_;
+  Message message_;
+  Answer result_ = Answer::kClosed;
+};
+
+FakeComponents::~FakeComponents() {
+  EXPECT_TRUE(answers_.empty()) << answers_.size() << " questions were expected and not asked";
+}
+
+void FakeComponents::Unregister() {
+  createError =
+      RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
+}
+
+std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_view progId) {
+  created.emplace_back(progId);
+  if (const auto other = others.find(progId); other != others.end()) return other->second();
+  if (progId != "comNotice.comNTC") {
+    throw RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
+  }
+  if (createError) throw RuntimeError(*createError);
+  return std::make_unique<FakeNotice>(*this);
+}
+
+Answer FakeComponents::NextAnswer(const Message& question) {
+  if (answers_.empty()) {
+    ADD_FAILURE() << "nobody told how the user answers " << question;
+    return Answer::kClosed;
+  }
+  const Answer answer = answers_.front();
+  answers_.pop_front();
+  return answer;
+}
+
+}  // namespace support

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/Form.h"
+#include "controls/Screen.h"
+#include "support/Events.h"
+
+namespace support {
+
+/// A screen without windows. What the user does on a modal form is queued beforehand; the form is
+/// hidden afterwards if it still shows. A modal form without a queued action, and an action left
+/// over at the end, fail the test.
+class FakeScreen : public controls::Screen {
+ public:
+  explicit FakeScreen(Events& events) : events_(events) {}
+  ~FakeScreen() override;
+  FakeScreen(const FakeScreen&) = delete;
+  FakeScreen& operator=(const FakeScreen&) = delete;
+
+  /// What the user does on the next modal form.
+  void OnModal(std::function<void(controls::Form&)> action) {
+    actions_.push_back(std::move(action));
+  }
+  /// The same for a form of a known kind; another kind throws std::bad_cast.
+  template <typename FormKind>
+  void OnModalForm(std::function<void(FormKind&)> action) {
+    OnModal([action = std::move(action)](controls::Form& form) {
+      action(dynamic_cast<FormKind&>(form));
+    });
+  }
+  /// The host is showing a modal form: showing modeless throws 401, as it does while one of the
+  /// module's own is up.
+  bool hostIsModal = false;
+
+  /// "show FormMain modeless", "show FormAddBatch modal", "hide FormMain", "unload FormMain",
+  /// "focus txtNotes", "pointer 11", in order.
+  std::vector<std::string> log;
+  controls::MousePointer pointer = controls::MousePointer::kDefault;
+
+  void Show(controls::Form& form, controls::Modality modality) override;
+  void Hide(controls::Form& form) override;
+  void Unload(controls::Form& form) override;
+  void SetFocus(controls::Control& control) override;
+  void SetMousePointer(controls::MousePointer newPointer) override;
+
+ private:
+  void Note(const std::string& line);
+  Events& events_;
+  int modalDepth_ = 0;
+  std::deque<std::function<void(controls::Form&)>> actions_;
+};
+
+}  // namespace support

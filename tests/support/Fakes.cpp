@@ -1,0 +1,69 @@
+#include "support/Fakes.h"
+
+namespace support {
+
+using platform::PropertyValue;
+using platform::RuntimeError;
+
+std::string FakeFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
+  shown.emplace_back(fileName, filter);
+  if (!chosen) throw RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
+  return *chosen;
+}
+
+std::string FakeExcel::CellText(int row, int column) const {
+  std::string text;
+  for (const auto& [position, cell] : written) {
+    if (position == Position{row, column}) text = cell;
+  }
+  return text;
+}
+
+std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
+  class Application : public platform::ExcelApplication {
+   public:
+    explicit Application(FakeExcel& excel) : excel_(excel) {}
+    void AddWorkbook() override { ++excel_.workbooks; }
+    void SetVisible(bool visible) override { excel_.visible = visible; }
+    void SetCell(int row, int column, std::string_view text) override {
+      if (excel_.workbooks == 0) throw RuntimeError(9, "Subscript out of range");
+      if (excel_.failAt == Position{row, column}) throw RuntimeError(excel_.failure);
+      excel_.written.emplace_back(Position{row, column}, text);
+    }
+
+   private:
+    FakeExcel& excel_;
+  };
+  if (!installed) {
+    throw RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
+  }
+  return std::make_unique<Application>(*this);
+}
+
+PropertyValue FakePropertyBag::ReadProperty(std::string_view key,
+                                            const PropertyValue& defaultValue) {
+  keys.emplace_back(key);
+  const auto found = stored.find(key);
+  return found == stored.end() ? defaultValue : found->second;
+}
+
+void FakePropertyBag::WriteProperty(std::string_view key, const PropertyValue& value,
+                                    const PropertyValue& defaultValue) {
+  keys.emplace_back(key);
+  stored.erase(std::string(key));
+  if (value != defaultValue) stored.emplace(key, value);
+}
+
+void FakeControlSite::SetExtenderHeight(double height) {
+  log.push_back("height " + std::to_string(static_cast<int>(height)));
+}
+
+void FakeControlSite::SetExtenderWidth(double width) {
+  log.push_back("width " + std::to_string(static_cast<int>(width)));
+}
+
+void FakeControlSite::SetExtenderVisible(bool visible) {
+  log.push_back(visible ? "visible" : "invisible");
+}
+
+}  // namespace support

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/ControlSite.h"
+#include "platform/Excel.h"
+#include "platform/FileDialog.h"
+#include "platform/Keyboard.h"
+#include "platform/Progress.h"
+#include "platform/PropertyBag.h"
+#include "platform/RuntimeError.h"
+
+namespace support {
+
+/// Stands at 2025-03-21, 1404/01/01, 08:30 until told otherwise.
+class FakeClock : public platform::Clock {
+ public:
+  std::chrono::sys_days today = std::chrono::year{2025} / std::chrono::March / std::chrono::day{21};
+  int minutesSinceMidnight = 8 * 60 + 30;
+  std::chrono::sys_days Today() const override { return today; }
+  int MinutesSinceMidnight() const override { return minutesSinceMidnight; }
+};
+
+class FakeKeyboard : public platform::Keyboard {
+ public:
+  std::uint32_t version = 10;
+  /// The layouts loaded, in order.
+  std::vector<std::string> loaded;
+  std::uint32_t GetVersion() const override { return version; }
+  void LoadKeyboardLayout(std::string_view layout) override { loaded.emplace_back(layout); }
+};
+
+class FakeFileDialog : public platform::FileDialog {
+ public:
+  /// The path that the user chooses; none cancels the dialog.
+  std::optional<std::string> chosen;
+  /// File name and filter of every dialog shown.
+  std::vector<std::pair<std::string, std::string>> shown;
+  std::string ShowSave(const std::string& fileName, std::string_view filter) override;
+};
+
+/// A spreadsheet application whose cells the test can read.
+class FakeExcel : public platform::Excel {
+ public:
+  using Position = std::pair<int, int>;  // row and column, from 1
+  bool installed = true;
+  /// Writing this cell fails with failure.
+  std::optional<Position> failAt;
+  platform::RuntimeError failure{1004, "Application-defined or object-defined error"};
+
+  bool visible = false;
+  int workbooks = 0;
+  /// Every cell in the order of writing.
+  std::vector<std::pair<Position, std::string>> written;
+  /// Empty where nothing was written.
+  std::string CellText(int row, int column) const;
+  std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
+};
+
+class FakeProgress : public platform::Progress {
+ public:
+  /// The user asks to stop once this much is done.
+  std::optional<std::size_t> stopAt;
+  std::vector<std::pair<std::string, std::size_t>> begun;
+  std::vector<std::size_t> advanced;
+  int ended = 0;
+  void Begin(std::string_view what, std::size_t total) override { begun.emplace_back(what, total); }
+  bool Advance(std::size_t done) override {
+    advanced.push_back(done);
+    return !stopAt || done < *stopAt;
+  }
+  void End() override { ++ended; }
+};
+
+class FakePropertyBag : public platform::PropertyBag {
+ public:
+  std::map<std::string, platform::PropertyValue, std::less<>> stored;
+  /// Keys in the order in which they were read or written.
+  std::vector<std::string> keys;
+  platform::PropertyValue ReadProperty(std::string_view key,
+                                       const platform::PropertyValue& defaultValue) override;
+  void WriteProperty(std::string_view key, const platform::PropertyValue& value,
+                     const platform::PropertyValue& defaultValue) override;
+};
+
+class FakeControlSite : public platform::ControlSite {
+ public:
+  /// "changed UserID", "height 100", "width 100", "invisible", in order.
+  std::vector<std::string> log;
+  void PropertyChanged(std::string_view key) override {
+    log.push_back("changed " + std::string(key));
+  }
+  void SetExtenderHeight(double height) override;
+  void SetExtenderWidth(double width) override;
+  void SetExtenderVisible(bool visible) override;
+};
+
+}  // namespace support

@@ -1,0 +1,172 @@
+#include "support/ScriptedDatabase.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "calendar/Gregorian.h"
+
+namespace support {
+
+using platform::Parameter;
+using platform::RowSet;
+using platform::RuntimeError;
+
+namespace {
+
+std::string ValueText(const Parameter& parameter) {
+  if (const auto* number = std::get_if<std::int32_t>(&parameter.value)) {
+    return std::to_string(*number);
+  }
+  if (const auto* text = std::get_if<std::string>(&parameter.value)) return "'" + *text + "'";
+  return calendar::GregorianText(std::get<std::chrono::sys_days>(parameter.value));
+}
+
+bool IsSelect(std::string_view statement) {
+  constexpr std::string_view kSelect = "select";
+  const std::size_t start = std::min(statement.find_first_not_of(' '), statement.size());
+  const std::string_view word = statement.substr(start, kSelect.size());
+  return std::equal(word.begin(), word.end(), kSelect.begin(), kSelect.end(), [](char a, char b) {
+    return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
+  });
+}
+
+}  // namespace
+
+RowSet RowSetOf(const std::vector<std::string>& columns,
+                const std::vector<std::vector<Cell>>& rows) {
+  RowSet result(columns);
+  for (const std::vector<Cell>& row : rows) {
+    if (row.size() != columns.size()) throw std::logic_error("a row of another width");
+    for (const Cell& cell : row) {
+      if (cell) {
+        result.Append(*cell);
+      } else {
+        result.AppendNull();
+      }
+    }
+  }
+  return result;
+}
+
+bool Statement::Fits(std::string_view statement) const {
+  switch (match) {
+    case Match::kExact:
+      return statement == text;
+    case Match::kPrefix:
+      return statement.starts_with(text);
+    case Match::kContains:
+      return statement.find(text) != std::string_view::npos;
+  }
+  return false;
+}
+
+RowSet Replies::Next() {
+  if (replies_.empty()) throw std::logic_error("a scripted statement without a reply");
+  const auto reply = replies_.front();
+  if (replies_.size() > 1) replies_.pop_front();
+  if (const auto* error = std::get_if<RuntimeError>(&reply)) throw RuntimeError(*error);
+  return std::get<RowSet>(reply);
+}
+
+const decltype(Parameter::value)& ScriptedDatabase::Call::ValueOf(std::string_view name) const {
+  const auto found = std::find_if(parameters.begin(), parameters.end(),
+                                  [&](const Parameter& p) { return p.name == name; });
+  if (found == parameters.end()) throw std::logic_error("no parameter " + std::string(name));
+  return found->value;
+}
+
+Replies& ScriptedDatabase::When(Statement statement) {
+  script_.emplace_front(std::move(statement), Replies());
+  return script_.front().second;
+}
+
+void ScriptedDatabase::FailAtCall(int n, RuntimeError error) {
+  callsUntilFailure_ = n;
+  failOnce_ = std::move(error);
+}
+
+std::vector<std::string> ScriptedDatabase::Statements(std::string_view part) const {
+  std::vector<std::string> found;
+  for (const Call& call : calls_) {
+    if (!call.procedure && call.text.find(part) != std::string::npos) found.push_back(call.text);
+  }
+  return found;
+}
+
+std::vector<ScriptedDatabase::Call> ScriptedDatabase::ProcedureCalls(std::string_view name) const {
+  std::vector<Call> found;
+  for (const Call& call : calls_) {
+    if (call.procedure && call.text == name) found.push_back(call);
+  }
+  return found;
+}
+
+void ScriptedDatabase::ForgetCalls() {
+  calls_.clear();
+  log_.clear();
+}
+
+void ScriptedDatabase::Record(Call call, const std::string& line) {
+  events_.push_back((call.procedure ? "procedure: " : "statement: ") + line);
+  log_.push_back(line);
+  calls_.push_back(std::move(call));
+  if (failAlways_) throw RuntimeError(*failAlways_);
+  if (callsUntilFailure_ > 0 && --callsUntilFailure_ == 0) throw RuntimeError(*failOnce_);
+}
+
+RowSet ScriptedDatabase::Execute(const std::string& connectionString, std::string_view statement) {
+  Record({.connectionString = connectionString, .text = std::string(statement)},
+         std::string(statement));
+  for (auto& [kind, replies] : script_) {
+    if (kind.Fits(statement)) return replies.Next();
+  }
+  return IsSelect(statement) ? RowSet(defaultColumns_) : RowSet();
+}
+
+std::int32_t ScriptedDatabase::CallProcedure(const std::string& connectionString,
+                                             std::string_view name,
+                                             std::span<const Parameter> parameters) {
+  std::string line(name);
+  for (const Parameter& parameter : parameters) {
+    line += (&parameter == parameters.data() ? "(" : ", ") + parameter.name + "=";
+    line += ValueText(parameter);
+  }
+  line += parameters.empty() ? "()" : ")";
+  Call call{.connectionString = connectionString,
+            .text = std::string(name),
+            .procedure = true,
+            .parameters = {parameters.begin(), parameters.end()}};
+  Record(call, line);
+  if (name != "spZomirHasPermission") return 0;
+  return refused_.contains(call.Value<std::int32_t>("@FormPermissionID")) ? 0 : 1;
+}
+
+RowSet RecordingConnection::Execute(std::string_view statement) {
+  return database_.Execute(connectionString_, statement);
+}
+
+std::int32_t RecordingConnection::CallProcedure(std::string_view name,
+                                                std::span<const Parameter> parameters) {
+  return database_.CallProcedure(connectionString_, name, parameters);
+}
+
+std::unique_ptr<platform::Connection> FakeConnectionFactory::Create(
+    const std::string& connectionString) {
+  class Counted : public RecordingConnection {
+   public:
+    Counted(ScriptedDatabase& database, std::string text, std::shared_ptr<int> alive)
+        : RecordingConnection(database, std::move(text)), alive_(std::move(alive)) {
+      ++*alive_;
+    }
+    ~Counted() override { --*alive_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+
+   private:
+    std::shared_ptr<int> alive_;
+  };
+  connectionStrings.push_back(connectionString);
+  return std::make_unique<Counted>(database_, connectionString, alive_);
+}
+
+}  // namespace support

@@ -1,0 +1,152 @@
+#pragma once
+
+#include <deque>
+#include <initializer_list>
+#include <list>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/Connection.h"
+#include "platform/RuntimeError.h"
+#include "support/Events.h"
+
+namespace support {
+
+using Cell = std::optional<std::string>;
+
+/// A result: RowSetOf({"ID", "Name"}, {{"1", "a"}, {"2", std::nullopt}}). A row with another number
+/// of cells than columns throws std::logic_error.
+platform::RowSet RowSetOf(const std::vector<std::string>& columns,
+                          const std::vector<std::vector<Cell>>& rows = {});
+
+/// Which statements a reply is for.
+struct Statement {
+  enum class Match { kExact, kPrefix, kContains };
+  Match match;
+  std::string text;
+  bool Fits(std::string_view statement) const;
+};
+inline Statement Exact(std::string text) {
+  return {Statement::Match::kExact, std::move(text)};
+}
+inline Statement Beginning(std::string text) {
+  return {Statement::Match::kPrefix, std::move(text)};
+}
+inline Statement Holding(std::string text) {
+  return {Statement::Match::kContains, std::move(text)};
+}
+
+/// The replies to one kind of statement, in order; the last one stays for all later statements.
+class Replies {
+ public:
+  Replies& Gives(platform::RowSet rows) {
+    replies_.emplace_back(std::move(rows));
+    return *this;
+  }
+  Replies& Fails(platform::RuntimeError error) {
+    replies_.emplace_back(std::move(error));
+    return *this;
+  }
+
+ private:
+  friend class ScriptedDatabase;
+  platform::RowSet Next();
+  std::deque<std::variant<platform::RowSet, platform::RuntimeError>> replies_;
+};
+
+/// What stands behind every RecordingConnection of a test: the script of replies and the record of
+/// what was asked. Of several kinds that fit a statement the one scripted last replies. A SELECT
+/// that no script fits finds no rows; any other statement succeeds; every permission is held.
+class ScriptedDatabase {
+ public:
+  struct Call {
+    std::string connectionString;
+    std::string text;  // the statement, or the procedure's name
+    bool procedure = false;
+    std::vector<platform::Parameter> parameters = {};
+    /// A parameter's value; throws std::logic_error when there is none of that name or type.
+    template <typename T>
+    T Value(std::string_view name) const {
+      return std::get<T>(ValueOf(name));
+    }
+
+   private:
+    const decltype(platform::Parameter::value)& ValueOf(std::string_view name) const;
+  };
+
+  explicit ScriptedDatabase(Events& events) : events_(events) {}
+
+  /// Scripts replies: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
+  Replies& When(Statement statement);
+  /// The columns that a SELECT without a script returns.
+  void SetDefaultColumns(std::vector<std::string> columns) { defaultColumns_ = std::move(columns); }
+  /// The n-th call from now on (statement or procedure, 1 is the next) fails.
+  void FailAtCall(int n, platform::RuntimeError error);
+  /// Every call fails from now on, as with a server that is gone.
+  void FailAlways(platform::RuntimeError error) { failAlways_ = std::move(error); }
+  /// The user does not hold this permission.
+  void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
+  void Permit(std::int32_t formPermissionId) { refused_.erase(formPermissionId); }
+
+  /// All that was asked, in order. A procedure call reads "name(@A=1, @B='text')".
+  const std::vector<std::string>& Log() const { return log_; }
+  const std::vector<Call>& Calls() const { return calls_; }
+  /// The statements alone, without procedure calls; those that hold `part`.
+  std::vector<std::string> Statements(std::string_view part = {}) const;
+  /// Calls of one procedure.
+  std::vector<Call> ProcedureCalls(std::string_view name) const;
+  /// Forgets what was asked, keeps the script.
+  void ForgetCalls();
+
+ private:
+  friend class RecordingConnection;
+  platform::RowSet Execute(const std::string& connectionString, std::string_view statement);
+  std::int32_t CallProcedure(const std::string& connectionString, std::string_view name,
+                             std::span<const platform::Parameter> parameters);
+  void Record(Call call, const std::string& line);
+
+  Events& events_;
+  std::list<std::pair<Statement, Replies>> script_;
+  std::vector<std::string> defaultColumns_{"ID"};
+  std::set<std::int32_t> refused_;
+  std::optional<platform::RuntimeError> failAlways_;
+  std::optional<platform::RuntimeError> failOnce_;
+  int callsUntilFailure_ = 0;
+  std::vector<Call> calls_;
+  std::vector<std::string> log_;
+};
+
+/// One connection to a ScriptedDatabase.
+class RecordingConnection : public platform::Connection {
+ public:
+  RecordingConnection(ScriptedDatabase& database, std::string connectionString)
+      : database_(database), connectionString_(std::move(connectionString)) {}
+  platform::RowSet Execute(std::string_view statement) override;
+  std::int32_t CallProcedure(std::string_view name,
+                             std::span<const platform::Parameter> parameters) override;
+
+ private:
+  ScriptedDatabase& database_;
+  std::string connectionString_;
+};
+
+class FakeConnectionFactory : public platform::ConnectionFactory {
+ public:
+  explicit FakeConnectionFactory(ScriptedDatabase& database) : database_(database) {}
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+  /// The strings of all connections made, in order.
+  std::vector<std::string> connectionStrings;
+  /// Connections that live now.
+  int Alive() const { return *alive_; }
+
+ private:
+  ScriptedDatabase& database_;
+  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
+};
+
+}  // namespace support

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/Services.h"
+#include "support/Events.h"
+#include "support/FakeComponents.h"
+#include "support/FakeScreen.h"
+#include "support/Fakes.h"
+#include "support/ScriptedDatabase.h"
+
+namespace support {
+
+/// Everything outside the module, scripted:
+///
+///   support::ScriptedPlatform outside;
+///   host::modMain module(outside.Services());
+///   outside.database.When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}}));
+///   outside.components.WillAnswer({Answer::kYes});
+///   outside.screen.OnModalForm<batch::FormAddBatch>([](auto& form) { form.cmdCancel.Click(); });
+///   ... act ...
+///   EXPECT_THAT(outside.database.Log(), ElementsAre("Select ..."));
+///   EXPECT_THAT(outside.components.messages, ElementsAre(Message{"title", "text"}));
+struct ScriptedPlatform {
+  Events events;
+  ScriptedDatabase database{events};
+  FakeConnectionFactory connections{database};
+  FakeScreen screen{events};
+  FakeComponents components{events};
+  FakeClock clock;
+  FakeKeyboard keyboard;
+  FakeFileDialog fileDialog;
+  FakeExcel excel;
+  FakeProgress progress;
+  FakePropertyBag propertyBag;
+  FakeControlSite controlSite;
+
+  host::Services Services() {
+    return {.screen = screen,
+            .connections = connections,
+            .components = components,
+            .clock = clock,
+            .keyboard = keyboard,
+            .fileDialog = fileDialog,
+            .excel = excel,
+            .progress = progress};
+  }
+};
+
+}  // namespace support
