@@ -161,12 +161,8 @@ TEST_F(SampleOffice, Views_Read_NameEveryRowAndAgreeInPairs) {
                             " WHERE ID IS NULL OR ifnull(Name, '') = '' OR Code = ''"),
               "0")
         << name;
-    EXPECT_EQ(
-        office_->Query("SELECT ID, Name FROM " + major + " EXCEPT SELECT ID, Name FROM " + minor),
-        Rows{});
-    EXPECT_EQ(
-        office_->Query("SELECT ID, Name FROM " + minor + " EXCEPT SELECT ID, Name FROM " + major),
-        Rows{});
+    const Rows named = office_->Query("SELECT ID, Name FROM " + major + " ORDER BY ID");
+    EXPECT_EQ(named, office_->Query("SELECT ID, Name FROM " + minor + " ORDER BY ID")) << name;
   }
   EXPECT_EQ(office_->Query("SELECT ID, BasePath FROM vwZomirBasePath"), (Rows{{"1", "NULL"}}));
 }
