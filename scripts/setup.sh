@@ -34,24 +34,18 @@ step() {
   fi
 }
 
-# missing_packages PACKAGE...: prints those that are not installed, one a line.
-missing_packages() {
-  local installed package
-  # Fails whenever it does not know one of them.
-  installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null || true) "
-  for package in "$@"; do
-    [[ $installed == *" installed:$package "* ]] || printf '%s\n' "$package"
-  done
-}
-
 # install_packages PACKAGE...: installs those that this Debian machine does not have.
 install_packages() {
   if ! command -v dpkg-query >/dev/null; then
     say "This is not a Debian system; it must provide what these Debian packages hold: $*"
     return 0
   fi
-  local missing as_root=()
-  mapfile -t missing < <(missing_packages "$@")
+  local installed package missing=() as_root=()
+  # Fails whenever it does not know one of them.
+  installed=" $(dpkg-query -W -f '${db:Status-Status}:${Package} ' "$@" 2>/dev/null || true) "
+  for package in "$@"; do
+    [[ $installed == *" installed:$package "* ]] || missing+=("$package")
+  done
   ((${#missing[@]})) || return 0
   if [[ $(id -u) != 0 ]]; then
     if ! command -v sudo >/dev/null; then
