@@ -1,19 +1,39 @@
 #pragma once
 
+#include <cstdint>
+
 #include "controls/FlexGrid.h"
 
+/// Marks and sorting of a grid with one header row. A row's mark is the yellow of its cells
+/// (controls::palette::kMark) and stands nowhere else.
 namespace tools {
 
-/// Paints a row from column `firstCol` to the last one, with highlighting off; leaves the painted
-/// block as the grid's current block.
+/// Keeps a grid's drawing off while it lives; it comes back also when the work in between fails.
+class RedrawOff {
+ public:
+  explicit RedrawOff(controls::FlexGrid& grid) : grid_(grid) { grid_.SetRedraw(false); }
+  ~RedrawOff() { grid_.SetRedraw(true); }
+  RedrawOff(const RedrawOff&) = delete;
+  RedrawOff& operator=(const RedrawOff&) = delete;
+
+ private:
+  controls::FlexGrid& grid_;
+};
+
+/// Paints a row from column `firstCol` to the last one, with highlighting off and the fill style
+/// on repeat from then on; leaves the painted block as the grid's current block. Throws 30009 or
+/// 30010 where the grid has no such row or column.
 void PaintRow(controls::FlexGrid& grid, int row, int firstCol, controls::Colour colour);
 
-/// Moves the current cell to (row, col) and tells whether that cell is yellow.
+/// Moves the current cell to (row, col), leaves it there, and tells whether that cell is yellow.
+/// Throws 30009 or 30010 where the grid has no such cell.
 bool IsRowMarked(controls::FlexGrid& grid, int row, int col);
 
 /// Sorts by the header cell under the mouse, that column and all to its right as keys, the
-/// direction turned over by every call through `lastSort` (7 ascending, 8 descending). Returns
-/// false, having done nothing, when the mouse is not on the header row or there is no data row.
-bool SortByHeader(controls::FlexGrid& grid, int& lastSort);
+/// direction turned over by every call through `lastSort` (7 ascending, 8 descending, 0 before the
+/// first). Marks move with their rows. Leaves the current block from the first non-fixed column to
+/// the last one, and the drawing on. Returns false, having done nothing, when the mouse is not on
+/// the header row or there is no data row.
+bool SortByHeader(controls::FlexGrid& grid, std::int32_t& lastSort);
 
 }  // namespace tools

@@ -19,8 +19,8 @@ class comFlex : public controls::Frame {
 
   /// The grid itself.
   controls::FlexGrid& getFlex() { return Flex; }
-  /// Moves the grid's current cell to the asked row, and leaves it there. Throws 30009 for a row
-  /// that does not exist.
+  /// Tells whether a row is marked. Moves the grid's current cell to that row, and leaves it there.
+  /// Throws 30009 for a row that does not exist.
   bool IsSelected(std::int32_t inRow);
 
   /// A row has just been marked or unmarked; raised for every row that a command touches, also for
@@ -35,6 +35,7 @@ class comFlex : public controls::Frame {
   controls::Button cmdExcel{*this, "cmdExcel", "x"};
 
  protected:
+  /// The grid above, the buttons on the bottom edge, packed from the right one to the left.
   void Resized() override;
 
  private:
@@ -44,10 +45,9 @@ class comFlex : public controls::Frame {
   void ToggleRow(std::int32_t row);
   void MarkRows(Marking marking);
   void FlexMouseDown();
-  void FlexClick();
 
   host::modMain& module_;
-  int lastSort_ = 0;
+  std::int32_t lastSort_ = 0;
 };
 
 }  // namespace tools
