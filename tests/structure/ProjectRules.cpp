@@ -82,6 +82,7 @@ const Rules& ProjectRules() {
                           "stdexcept",
                           "string",
                           "string_view",
+                          "system_error",
                           "tuple",
                           "type_traits",
                           "typeinfo",
