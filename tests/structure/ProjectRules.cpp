@@ -1,6 +1,34 @@
+#include <algorithm>
+#include <set>
+#include <string>
+#include <string_view>
+
 #include "structure/IncludeRules.h"
 
 namespace structure {
+namespace {
+
+// Left out on purpose: whatever reads the clock, files, locale or environment by itself (ctime,
+// filesystem, fstream, iostream, locale, regex, cstdlib), and threads.
+constexpr std::string_view kStandardHeaders =
+    "algorithm array bit bitset cassert cctype charconv chrono climits cmath "
+    "compare concepts cstddef cstdint cstring deque exception functional "
+    "initializer_list iterator limits list map memory memory_resource new "
+    "numeric optional queue ranges ratio set span stack stdexcept string "
+    "string_view system_error tuple type_traits typeinfo unordered_map "
+    "unordered_set utility variant vector";
+
+std::set<std::string> Words(std::string_view text) {
+  std::set<std::string> words;
+  while (!text.empty()) {
+    const auto end = std::min(text.find(' '), text.size());
+    words.emplace(text.substr(0, end));
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return words;
+}
+
+}  // namespace
 
 const Rules& ProjectRules() {
   using enum LayerRule::Outside;
@@ -43,54 +71,7 @@ const Rules& ProjectRules() {
                 "editor", "module", "adapters/*", "demo"},
                kAny},
           },
-      // Left out on purpose: whatever reads the clock, files, locale or environment by itself
-      // (ctime, filesystem, fstream, iostream, locale, regex, cstdlib) and threads.
-      .standardHeaders = {"algorithm",
-                          "array",
-                          "bit",
-                          "bitset",
-                          "cassert",
-                          "cctype",
-                          "charconv",
-                          "chrono",
-                          "climits",
-                          "cmath",
-                          "compare",
-                          "concepts",
-                          "cstddef",
-                          "cstdint",
-                          "cstring",
-                          "deque",
-                          "exception",
-                          "functional",
-                          "initializer_list",
-                          "iterator",
-                          "limits",
-                          "list",
-                          "map",
-                          "memory",
-                          "memory_resource",
-                          "new",
-                          "numeric",
-                          "optional",
-                          "queue",
-                          "ranges",
-                          "ratio",
-                          "set",
-                          "span",
-                          "stack",
-                          "stdexcept",
-                          "string",
-                          "string_view",
-                          "system_error",
-                          "tuple",
-                          "type_traits",
-                          "typeinfo",
-                          "unordered_map",
-                          "unordered_set",
-                          "utility",
-                          "variant",
-                          "vector"},
+      .standardHeaders = Words(kStandardHeaders),
       .exceptions = {},
   };
   return rules;
