@@ -103,9 +103,10 @@ class FlexGrid : public Control {
   /// row").
   void RemoveItem(int row);
 
-  /// Takes a result's rows without copying their texts: FixedRows and FixedCols stay, Rows becomes
-  /// FixedRows + its rows, Cols becomes FixedCols + its columns, the columns' names stand in row 0
-  /// (where there is a fixed row), all colours are dropped, Row and Col are the first data cell.
+  /// Takes a result's rows with the arena of their texts, none of which is copied by itself:
+  /// FixedRows and FixedCols stay, Rows becomes FixedRows + its rows, Cols becomes FixedCols + its
+  /// columns, the columns' names stand in row 0 (where there is a fixed row), all colours are
+  /// dropped, Row and Col are the first data cell.
   void Bind(platform::RowSet rows);
 
   /// Where the mouse was at the last mouse event: -1 before any; Rows() below the last row and

@@ -1,9 +1,10 @@
 #include "controls/FlexGridSort.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstddef>
 #include <numeric>
 #include <string>
+#include <utility>
 
 #include "text/PersianOrder.h"
 
@@ -11,88 +12,103 @@ namespace controls {
 
 namespace {
 
-// A row's sort key in one column: its first bytes as a number, so that most comparisons touch no
-// text, and the place of all of it.
-struct Entry {
-  std::uint64_t prefix;
-  std::size_t offset;
-  std::uint32_t length;
-  std::uint32_t row;
-};
-
 struct Run {
   std::size_t begin;
   std::size_t end;
 };
 
-// The bytes big end first, the missing ones 0, which is below all bytes of a key.
-std::uint64_t PrefixOf(const char* key, std::size_t length) {
-  std::uint64_t prefix = 0;
-  for (std::size_t i = 0; i < sizeof(prefix); ++i) {
-    prefix = prefix << 8U | (i < length ? static_cast<unsigned char>(key[i]) : 0U);
-  }
-  return prefix;
-}
-
+/// Orders rows by the sort keys of one column's texts, eight bytes of the keys at a time: a
+/// comparison is one of numbers and reaches for no text.
 class ColumnSorter {
  public:
   ColumnSorter(const FlexGridStore& store, int firstRow, SortDirection direction)
-      : store_(store), firstRow_(firstRow), direction_(direction) {}
+      : store_(store),
+        firstRow_(firstRow),
+        flip_(direction == SortDirection::kDescending ? ~std::uint64_t{0} : 0) {}
 
-  // Sorts rows[run] by one column; appends the runs of equal texts to `ties`.
+  // Sorts the rows of `run` by a column; appends the runs of equal texts to `ties`.
   void Sort(std::vector<std::uint32_t>& rows, Run run, int col, std::vector<Run>& ties) {
     BuildKeys(rows, run, col);
-    if (direction_ == SortDirection::kAscending) {
-      std::sort(entries_.begin(), entries_.end(), [this](const Entry& a, const Entry& b) {
-        const int order = Compare(a, b);
-        return order < 0 || (order == 0 && a.row < b.row);
-      });
-    } else {
-      std::sort(entries_.begin(), entries_.end(), [this](const Entry& a, const Entry& b) {
-        const int order = Compare(b, a);
-        return order < 0 || (order == 0 && a.row < b.row);
-      });
+    std::vector<Part> parts = {{0, entries_.size(), 0}};
+    while (!parts.empty()) {
+      const Part part = parts.back();
+      parts.pop_back();
+      SortPart(part);
+      for (std::size_t i = part.begin; i < part.end;) {
+        std::size_t end = i + 1;
+        while (end < part.end && entries_[end].bytes == entries_[i].bytes) ++end;
+        // No end of a key looks like a part of another (bytes begin no character with 0), so when
+        // one ends within these equal bytes, all do.
+        const bool ended = LengthOf(entries_[i].key) < part.depth + kStep;
+        if (end - i > 1 && ended) ties.push_back({run.begin + i, run.begin + end});
+        if (end - i > 1 && !ended) parts.push_back({i, end, part.depth + kStep});
+        i = end;
+      }
     }
-    std::size_t equalFrom = 0;
+    const std::vector<std::uint32_t> before(rows.begin() + static_cast<std::ptrdiff_t>(run.begin),
+                                            rows.begin() + static_cast<std::ptrdiff_t>(run.end));
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-      rows[run.begin + i] = entries_[i].row;
-      if (i + 1 < entries_.size() && Compare(entries_[i], entries_[i + 1]) == 0) continue;
-      if (i > equalFrom) ties.push_back({run.begin + equalFrom, run.begin + i + 1});
-      equalFrom = i + 1;
+      rows[run.begin + i] = before[entries_[i].key];
     }
   }
 
  private:
+  static constexpr std::size_t kStep = sizeof(std::uint64_t);
+  struct Entry {
+    std::uint64_t bytes;  // of the key, at the depth looked at
+    std::uint32_t key;    // which one, in the order before the sort
+  };
+  // Entries whose keys are equal up to `depth`.
+  struct Part {
+    std::size_t begin;
+    std::size_t end;
+    std::size_t depth;
+  };
+
   void BuildKeys(const std::vector<std::uint32_t>& rows, Run run, int col) {
     keys_.clear();
+    ends_.clear();
     entries_.clear();
-    entries_.reserve(run.end - run.begin);
     for (std::size_t i = run.begin; i < run.end; ++i) {
-      const std::size_t offset = keys_.size();
       text::AppendSortKey(store_.Text(firstRow_ + static_cast<int>(rows[i]), col), keys_);
-      const std::size_t length = keys_.size() - offset;
-      entries_.push_back({PrefixOf(keys_.data() + offset, length), offset,
-                          static_cast<std::uint32_t>(length), rows[i]});
+      entries_.push_back({0, static_cast<std::uint32_t>(ends_.size())});
+      ends_.push_back(keys_.size());
     }
   }
 
-  int Compare(const Entry& a, const Entry& b) const {
-    if (a.prefix != b.prefix) return a.prefix < b.prefix ? -1 : 1;
-    const std::size_t common = std::min(a.length, b.length);
-    if (common > sizeof(a.prefix)) {
-      const int order =
-          std::memcmp(keys_.data() + a.offset + sizeof(a.prefix),
-                      keys_.data() + b.offset + sizeof(a.prefix), common - sizeof(a.prefix));
-      if (order != 0) return order;
+  std::size_t BeginOf(std::uint32_t key) const { return key == 0 ? 0 : ends_[key - 1]; }
+  std::size_t LengthOf(std::uint32_t key) const { return ends_[key] - BeginOf(key); }
+
+  // The key's bytes from `depth` on as a number that orders like them; 0 beyond its end.
+  std::uint64_t BytesAt(std::uint32_t key, std::size_t depth) const {
+    const std::size_t begin = std::min(BeginOf(key) + depth, ends_[key]);
+    const std::size_t count = std::min(ends_[key] - begin, kStep);
+    std::uint64_t bytes = 0;
+    for (std::size_t i = 0; i < kStep; ++i) {
+      bytes = bytes << 8U | (i < count ? static_cast<unsigned char>(keys_[begin + i]) : 0U);
     }
-    if (a.length == b.length) return 0;
-    return a.length < b.length ? -1 : 1;
+    return bytes;
+  }
+
+  void SortPart(const Part& part) {
+    const auto begin = entries_.begin() + static_cast<std::ptrdiff_t>(part.begin);
+    const auto end = entries_.begin() + static_cast<std::ptrdiff_t>(part.end);
+    bool differ = false;
+    for (auto entry = begin; entry != end; ++entry) {
+      entry->bytes = BytesAt(entry->key, part.depth) ^ flip_;
+      differ = differ || entry->bytes != begin->bytes;
+    }
+    if (!differ) return;
+    std::sort(begin, end, [](const Entry& a, const Entry& b) {
+      return a.bytes < b.bytes || (a.bytes == b.bytes && a.key < b.key);
+    });
   }
 
   const FlexGridStore& store_;
   int firstRow_;
-  SortDirection direction_;
+  std::uint64_t flip_;  // turns the order of the bytes over, not that of equal rows
   std::string keys_;
+  std::vector<std::size_t> ends_;
   std::vector<Entry> entries_;
 };
 

@@ -28,11 +28,26 @@ std::size_t LengthOf(const TextSlice& slice) {
   return slice.IsNull() ? 0 : slice.length;
 }
 
-// By half instead of by double: the slack of a large list stays small.
+// Large lists grow by a quarter instead of by double, so that their slack stays small.
+std::size_t GrownCapacity(std::size_t capacity, std::size_t needed) {
+  return std::max(needed, capacity + capacity / 4);
+}
+
+bool IsSlack(std::size_t size, std::size_t capacity) {
+  return capacity - size > size / 4;
+}
+
 template <typename T>
-void ReserveByHalf(T& container, std::size_t size) {
-  if (size <= container.capacity()) return;
-  container.reserve(std::max(size, container.capacity() + container.capacity() / 2));
+void Reserve(std::vector<T>& items, std::size_t size) {
+  if (size > items.capacity()) items.reserve(GrownCapacity(items.capacity(), size));
+}
+
+// std::string::reserve doubles at least; a new string takes what it is told.
+void SetCapacity(std::string& text, std::size_t capacity) {
+  std::string moved;
+  moved.reserve(capacity);
+  moved.append(text);
+  text = std::move(moved);
 }
 
 }  // namespace
@@ -134,7 +149,9 @@ bool FlexGridStore::IsOwnText(std::string_view text) const {
 // Makes room for so many more bytes, or throws.
 void FlexGridStore::ReserveText(std::size_t bytes) {
   if (bytes >= TextSlice::kNull - texts_.arena.size()) ThrowOutOfMemory();
-  ReserveByHalf(texts_.arena, texts_.arena.size() + bytes);
+  const std::size_t needed = texts_.arena.size() + bytes;
+  const std::size_t capacity = texts_.arena.capacity();
+  if (needed > capacity) SetCapacity(texts_.arena, GrownCapacity(capacity, needed));
 }
 
 bool FlexGridStore::SetText(int row, int col, std::string_view text) {
@@ -166,10 +183,10 @@ void FlexGridStore::WriteCell(TextSlice& cell, std::string_view text) {
 }
 
 void FlexGridStore::ReserveRows(std::size_t rows) {
-  ReserveByHalf(order_, rows);
+  Reserve(order_, rows);
   const std::size_t ids = std::max(colours_.size(), rows);
-  ReserveByHalf(colours_, ids);
-  ReserveByHalf(texts_.cells, ids * static_cast<std::size_t>(cols_));
+  Reserve(colours_, ids);
+  Reserve(texts_.cells, ids * static_cast<std::size_t>(cols_));
 }
 
 // An empty row without colour, in room that ReserveRows has made.
@@ -303,6 +320,10 @@ void FlexGridStore::Take(platform::TextTable table, int dataCols, int fixedRows,
 
   cols_ = dataCols + fixedCols;
   texts_ = std::move(table);
+  // What the reader of the result has reserved too much; a little is left for the headings' texts.
+  const std::size_t bytes = texts_.arena.size();
+  if (IsSlack(bytes, texts_.arena.capacity())) SetCapacity(texts_.arena, bytes + bytes / 16);
+  if (IsSlack(texts_.cells.size(), texts_.cells.capacity())) texts_.cells.shrink_to_fit();
   liveBytes_ = texts_.arena.size();
   colours_ = std::vector<RowColour>(all);
   mixed_ = {};

@@ -277,13 +277,20 @@ TEST_F(FlexGridTest, bind_result_textsUnderTheirNamesWithoutColours) {
   EXPECT_EQ(grid.TextMatrix(2, 1), "8");
 }
 
-TEST_F(FlexGridTest, bind_largeTexts_stayWhereTheyAre) {
+TEST_F(FlexGridTest, bind_resultThatReservedNoMore_textsStayWhereTheyAre) {
   platform::RowSet result({"Notes"});
-  for (int i = 0; i < 3; ++i) result.Append(std::string(3000, 'x'));
-  const void* place = result.Text(1, 0).data();
+  result.Append(std::string(3000, 'x'));
+  const void* place = result.Text(0, 0).data();
   grid.SetFixedRows(0);  // a heading's text might make the arena grow
   grid.Bind(std::move(result));
-  EXPECT_EQ(static_cast<const void*>(grid.TextMatrix(1, 1).data()), place);
+  EXPECT_EQ(static_cast<const void*>(grid.TextMatrix(0, 1).data()), place);
+}
+
+TEST_F(FlexGridTest, bind_resultThatReservedTooMuch_givesItBack) {
+  platform::RowSet result({"Notes"});
+  for (int i = 0; i < 65537; ++i) result.Append("x");
+  grid.Bind(std::move(result));
+  EXPECT_LE(grid.MemoryBytes(), 65538U * (1 + 2 * 8 + 8 + 4) * 5 / 4);
 }
 
 TEST_F(FlexGridTest, bind_noRows_headingRowCurrent) {
