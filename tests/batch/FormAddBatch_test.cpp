@@ -1,0 +1,342 @@
+#include "batch/FormAddBatch.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "batch/BatchInsert.h"
+#include "support/ScriptedPlatform.h"
+
+namespace {
+
+using batch::FormAddBatch;
+using support::Answer;
+using support::Beginning;
+using support::Exact;
+using support::Holding;
+using support::Message;
+using support::RowSetOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string kRegionsOf7 =
+    "Select distinct r.Description as RegionName, r.ID   from tblDistributionPathPromoters inner "
+    "join tblDistributionPath p on PathID=p.ID inner join tblDistributionRegion r on r.ID = "
+    "p.RegionID  where EmployeeID=7";
+const std::string kPathsBeginning =
+    "Select distinct p.Name + ' ('+isnull(r.Description,'')+')'as PathName, p.ID  from "
+    "tblDistributionPathPromoters inner join tblDistributionPath p on p.ID=PathID inner join "
+    "tblDistributionRegion r on r.ID = p.RegionID  where EmployeeID=";
+const std::string kCustomersBeginning =
+    "Select ID, Code , ltrim(rtrim(isnull(FirstName,'')+' '+isnull(Name,''))) as 'Name', Address, "
+    "CellPhone, Phone1, Phone2, Address , (Select p.Name from tblDistributionPath p where "
+    "p.ID=do.PathID) as PathName, (Select r.Description from tblDistributionRegion r where r.ID in "
+    "(Select p.RegionID from tblDistributionPath p where p.ID=do.PathID)) as RegionName, (Select "
+    "w.Name from tblZomirWorkActivity w where w.ID=WorkActivityID) as WorkActivityName from "
+    "tblOrganization left outer join tblDistributionOrganization do on "
+    "tblOrganization.ID=do.OrganizationID  where ";
+
+platform::RowSet Customers(const std::vector<std::string>& ids) {
+  std::vector<std::vector<support::Cell>> rows;
+  for (const std::string& id : ids) {
+    rows.push_back({id, "C" + id, "نام " + id, "آدرس", std::nullopt, "021", std::nullopt, "آدرس",
+                    "مسير", "منطقه", std::nullopt});
+  }
+  return RowSetOf({"ID", "Code", "Name", "Address", "CellPhone", "Phone1", "Phone2", "Address",
+                   "PathName", "RegionName", "WorkActivityName"},
+                  rows);
+}
+
+/// The batch form over a scripted office: promoter 7 works in regions 1 and 2, on paths 11 and 12.
+class FormAddBatchTest : public testing::Test {
+ protected:
+  FormAddBatchTest() {
+    outside.clock.today = std::chrono::year{2025} / 4 / 20;  // 1404/01/31
+    outside.database.When(Exact(kRegionsOf7))
+        .Gives(RowSetOf({"RegionName", "ID"}, {{"شمال", "1"}, {"جنوب", "2"}}));
+    outside.database.When(Beginning(kPathsBeginning + "7 and p.RegionID in (1"))
+        .Gives(RowSetOf({"PathName", "ID"}, {{"الف (شمال)", "11"}, {"ب (جنوب)", "12"}}));
+    outside.database.When(Beginning(kCustomersBeginning)).Gives(Customers({"5", "9"}));
+    module.SetContext(
+        {.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "office"});
+  }
+
+  /// Calls getProgramDetail with members of this fixture while the user does `action`.
+  bool Ask(std::function<void(FormAddBatch&)> action) {
+    outside.screen.OnModalForm<FormAddBatch>(std::move(action));
+    return form.getProgramDetail(programId, promoterId, dates, customerIds, notes, viewMode,
+                                 supervisor);
+  }
+  static void Press(tools::comFlex& list, int row) {
+    list.Flex.MouseDown(row, list.Flex.FixedCols(), 1, 0);
+    list.Flex.Click();
+  }
+  static std::vector<std::string> Column(const tools::comFlex& list, int col) {
+    std::vector<std::string> texts;
+    for (int row = 0; row < list.Flex.Rows(); ++row) {
+      texts.emplace_back(list.Flex.TextMatrix(row, col));
+    }
+    return texts;
+  }
+  static void PickEverything(FormAddBatch& f) {
+    f.sltPromoter.Select(7);
+    Press(f.flxRegion, 1);
+    Press(f.flxPath, 1);
+    f.cmdSearch.Click();
+    f.flxCustomer.cmdSelectAll.Click();
+    Press(f.flxDate, 1);
+  }
+
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  FormAddBatch form{module};
+  std::int32_t programId = 40;
+  std::int32_t promoterId = 0;
+  std::string dates;
+  std::string customerIds;
+  std::string notes;
+  bool viewMode = false;
+  std::int32_t supervisor = 3;
+};
+
+TEST_F(FormAddBatchTest, Load_EndsTheRangeWithTheMonthAndListsEveryDay) {
+  form.Load();
+  EXPECT_EQ(form.datDateFrom.Text(), "1404/01/31");
+  EXPECT_EQ(form.datDateTo.Text(), "1404/01/31");
+  form.datDateFrom.SetText("1404/01/30");
+  form.datDateTo.SetText("1404/02/02");
+  EXPECT_THAT(Column(form.flxDate, 0),
+              ElementsAre("روز", "1404/01/30", "1404/01/31", "1404/02/01", "1404/02/02"));
+  EXPECT_THAT(Column(form.flxDate, 2),
+              ElementsAre("ماه", "فروردين", "فروردين", "ارديبهشت", "ارديبهشت"));
+  EXPECT_EQ(form.flxDate.Flex.TextMatrix(1, 1), calendar::WeekdayName(0));  // a Saturday
+  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429"));
+}
+
+TEST_F(FormAddBatchTest, Range_EmptyOrInverted_KeepsTheDays) {
+  form.Load();
+  form.datDateFrom.SetText("1404/02/05");
+  EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "1404/01/31"));
+  form.datDateTo.Clear();
+  EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "1404/01/31"));
+  form.datDateTo.SetText("1404/02/05");
+  EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "1404/02/05"));
+}
+
+TEST_F(FormAddBatchTest, Commit_ReturnsPickedDaysCustomersAndNotes) {
+  outside.components.WillAnswer({Answer::kYes});
+  const bool committed = Ask([](FormAddBatch& f) {
+    PickEverything(f);
+    f.datDateFrom.SetText("1404/02/01");
+    f.datDateTo.SetText("1404/02/03");
+    Press(f.flxDate, 3);
+    Press(f.flxDate, 1);
+    f.txtNotes.SetText("  a'b  ");
+    f.cmdAdd.Click();
+  });
+  EXPECT_TRUE(committed);
+  EXPECT_EQ(promoterId, 7);
+  EXPECT_EQ(dates, "14040201,14040203");
+  EXPECT_EQ(customerIds, "5,9");
+  EXPECT_EQ(notes, "a''b");
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{
+                  "اطلاع", "اگر برنامه اي تکراري باشد، بازنويسي نخواهد شد. آيا ادامه ميدهيد؟", 1}));
+  const std::string condition =
+      " ID in (select x.PromoterID from tblSaleSupervisorPromoter x where x.SupervisorID=3)";
+  EXPECT_EQ(form.sltPromoter.Condition(), condition);
+  EXPECT_EQ(form.sltPromoter.StandingCondition(), condition);
+}
+
+TEST_F(FormAddBatchTest, Commit_NamesOnlyTheFirstThingMissing) {
+  outside.components.WillAnswer({Answer::kNo, Answer::kYes});
+  const bool committed = Ask([](FormAddBatch& f) {
+    f.cmdAdd.Click();
+    f.sltPromoter.Select(7);
+    f.cmdAdd.Click();
+    Press(f.flxDate, 1);
+    f.cmdAdd.Click();
+    PickEverything(f);
+    Press(f.flxDate, 1);  // PickEverything took the day's mark away
+    f.cmdNewsearch.Click();
+    f.cmdAdd.Click();
+    f.cmdCancel.Click();
+    EXPECT_TRUE(f.Visible()) << "the answer was no";
+    f.cmdCancel.Click();
+    EXPECT_FALSE(f.Visible());
+  });
+  EXPECT_FALSE(committed);
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"اشکال", "بازارياب مشخص نشده است!", 0},
+                          Message{"اشکال", "روز انتخاب نشده است!", 0},
+                          Message{"اشکال", "مشتري انتخاب نشده است!", 0},
+                          Message{"اشکال", "مشتري انتخاب نشده است!", 0},
+                          Message{"پرسش", "آيا براي انصراف مطمئن هستيد؟", 1},
+                          Message{"پرسش", "آيا براي انصراف مطمئن هستيد؟", 1}));
+  EXPECT_THAT(outside.screen.log, testing::IsSupersetOf({"focus sltPromoter", "focus Flex"}));
+}
+
+TEST_F(FormAddBatchTest, Commit_AnsweredNo_StaysOpenWithItsPicks) {
+  outside.components.WillAnswer({Answer::kNo});
+  EXPECT_FALSE(Ask([](FormAddBatch& f) {
+    PickEverything(f);
+    f.cmdAdd.Click();
+    EXPECT_TRUE(f.Visible());
+    EXPECT_TRUE(f.flxCustomer.IsSelected(2));
+  }));
+  EXPECT_EQ(promoterId, 0);
+}
+
+TEST_F(FormAddBatchTest, Promoter_ChangedEmptiesWhatDependsOnIt) {
+  form.Load();
+  PickEverything(form);
+  ASSERT_EQ(form.flxCustomer.Flex.Rows(), 3);
+  form.sltPromoter.Select(8);
+  EXPECT_THAT(Column(form.flxRegion, 0), ElementsAre("عنوان منطقه"));
+  EXPECT_EQ(form.flxPath.Flex.Rows(), 1);
+  EXPECT_EQ(form.flxCustomer.Flex.Rows(), 1);
+}
+
+TEST_F(FormAddBatchTest, RegionPicks_AskForThePathsOfExactlyThose) {
+  form.Load();
+  form.sltPromoter.Select(7);
+  outside.database.ForgetCalls();
+  Press(form.flxRegion, 1);
+  Press(form.flxRegion, 2);
+  Press(form.flxRegion, 1);
+  Press(form.flxRegion, 2);
+  const std::string paths = kPathsBeginning + "7 and p.RegionID in (";
+  EXPECT_THAT(outside.database.Log(),
+              ElementsAre(paths + "1)", paths + "1,2)", paths + "2)", paths + "-1)"));
+  EXPECT_THAT(Column(form.flxPath, 0), ElementsAre("عنوان مسير"));
+}
+
+TEST_F(FormAddBatchTest, Search_PutsEveryFilterIntoItsPlace) {
+  form.Load();
+  form.sltPromoter.Select(7);
+  Press(form.flxRegion, 1);
+  form.cmdSearch.Click();
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"اشکال", "مسيري انتخاب نشده است!", 0}));
+
+  form.flxPath.cmdSelectAll.Click();
+  outside.database.ForgetCalls();
+  form.cmdSearch.Click();
+  form.txtCodeFrom.SetText(" 100 ");
+  form.txtCodeTo.SetText("200");
+  form.sltBranch.Select(4);
+  form.txtName.SetText(" o'k ");
+  form.sltCustomer.Select(5);
+  form.sltWorkActivity.Select(6);
+  form.cmdSearch.Click();
+  const std::string onPaths = kCustomersBeginning + " do.PathID in (11,12)  and 1=1";
+  EXPECT_THAT(
+      outside.database.Log(),
+      ElementsAre(onPaths,
+                  onPaths +
+                      " and  Code >= '100' and  Code <= '200' and  do.BranchID = 4"
+                      " and  ltrim(rtrim(isnull(FirstName,'')+' '+isnull(Name,''))) like '%o'k%'"
+                      " and  ID = 5 and  WorkActivityID = 6"));
+  EXPECT_THAT(Column(form.flxCustomer, 0), ElementsAre("رديف", "1", "2"));
+  EXPECT_THAT(Column(form.flxCustomer, 4), ElementsAre("موبايل", "", ""));
+  EXPECT_THAT(Column(form.flxCustomer, 10), ElementsAre("", "5", "9"));
+}
+
+TEST_F(FormAddBatchTest, Group_OpensOnItsDayAndCustomersWithNothingMarked) {
+  promoterId = 7;
+  dates = "1404/02/05";
+  notes = "يادداشت";
+  outside.database.When(Exact("select x.ID from dbo.fnZomirStringToTable('14040205') x"))
+      .Gives(RowSetOf({"ID"}, {{"14040205"}}));
+  outside.database
+      .When(Exact("select CustomerID from tblDistributionPromoterProgramDetail pd where "
+                  "pd.ProgramID=40 and FarsiVisitDate='1404/02/05' and pd.PromoterID=7"))
+      .Gives(RowSetOf({"CustomerID"}, {{"9"}, {"5"}}));
+  EXPECT_FALSE(Ask([](FormAddBatch& f) {
+    EXPECT_THAT(Column(f.flxDate, 0), ElementsAre("روز", "1404/02/05"));
+    EXPECT_THAT(Column(f.flxDate, 2), ElementsAre("ماه", "ارديبهشت"));
+    EXPECT_EQ(f.flxCustomer.Flex.Rows(), 3);
+    EXPECT_FALSE(f.flxCustomer.IsSelected(1));
+    EXPECT_FALSE(f.flxDate.IsSelected(1));
+    EXPECT_EQ(f.txtNotes.Text(), "يادداشت");
+  }));
+  EXPECT_EQ(outside.database.Log().back(), kCustomersBeginning + "ID in (9,5)");
+  EXPECT_EQ(dates, "14040205") << "the slashes go even when nothing is committed";
+  EXPECT_EQ(customerIds, "");
+}
+
+TEST_F(FormAddBatchTest, ViewMode_CanOnlyBeCancelled_AndTheFormKeepsItsContents) {
+  viewMode = true;
+  EXPECT_FALSE(Ask([](FormAddBatch& f) {
+    EXPECT_FALSE(f.cmdAdd.Enabled());
+    EXPECT_FALSE(f.cmdSearch.Enabled());
+    EXPECT_FALSE(f.cmdNewsearch.Enabled());
+    EXPECT_TRUE(f.cmdCancel.Enabled());
+    f.sltPromoter.Select(7);
+    Press(f.flxRegion, 1);
+  }));
+  viewMode = false;
+  EXPECT_FALSE(Ask([](FormAddBatch& f) {
+    EXPECT_TRUE(f.cmdAdd.Enabled());
+    EXPECT_EQ(f.sltPromoter.SelectedID(), 7);
+    EXPECT_TRUE(f.flxRegion.IsSelected(1));
+  }));
+  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(1)) << "loaded once";
+}
+
+TEST_F(FormAddBatchTest, CloseBox_AsksLikeCancel) {
+  outside.components.WillAnswer({Answer::kNo, Answer::kYes});
+  EXPECT_FALSE(Ask([](FormAddBatch& f) {
+    f.CloseBox();
+    EXPECT_TRUE(f.Visible());
+    f.CloseBox();
+    EXPECT_FALSE(f.Visible());
+  }));
+}
+
+TEST_F(FormAddBatchTest, Search_ThatFails_LeavesPointerAndDrawingInOrder) {
+  form.Load();
+  form.sltPromoter.Select(7);
+  Press(form.flxRegion, 1);
+  form.flxPath.cmdSelectAll.Click();
+  outside.database.When(Beginning(kCustomersBeginning))
+      .Fails(platform::RuntimeError(105, "Unclosed quotation mark"));
+  EXPECT_THROW(form.cmdSearch.Click(), platform::RuntimeError);
+  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
+  EXPECT_TRUE(form.flxCustomer.Flex.Redraw());
+}
+
+TEST_F(FormAddBatchTest, Resize_LeavesNoControlOutsideTheForm) {
+  for (const auto& [width, height] : {std::pair(14400.0, 9600.0), {21600.0, 14400.0}}) {
+    form.Resize(width, height);
+    for (const controls::Control* control : form.Controls()) {
+      EXPECT_GE(control->Left(), 0) << control->Name();
+      EXPECT_LE(control->Left() + control->Width(), width) << control->Name();
+      EXPECT_LE(control->Top() + control->Height(), height) << control->Name();
+    }
+    EXPECT_DOUBLE_EQ(form.flxCustomer.Left() + form.flxCustomer.Width(), width - 150);
+  }
+  form.Resize(1500, 1500);  // below the limit nothing moves
+  EXPECT_DOUBLE_EQ(form.flxCustomer.Left() + form.flxCustomer.Width(), 21600 - 150);
+}
+
+TEST(BatchInsertStatement, StandsAsTheServerExpectsIt) {
+  EXPECT_EQ(
+      batch::BatchInsertStatement({.programId = 40,
+                                   .promoterId = 7,
+                                   .dates = "13920705,13920712",
+                                   .customerIds = "5,9",
+                                   .notesLiteral = "'a''b'"}),
+      "insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, "
+      "VisitDate, CustomerID, Notes, Sequence) select 40, 7 , substring(convert(varchar,d.ID), "
+      "1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2) , "
+      "dbo.getEnglishDate(substring(convert(varchar,d.ID), 1,4)+'/'+"
+      "substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2)) , o.ID, "
+      "'a''b', ROW_NUMBER() OVER(ORDER BY d.id, o.ID ASC) AS aRow  from  "
+      "dbo.fnZomirStringToTable('13920705,13920712') d , dbo.fnZomirStringToTable('5,9') o  left "
+      "outer join tblDistributionOrganization do on o.ID=do.OrganizationID  where not exists("
+      "select pd.* from tblDistributionPromoterProgramDetail pd  where pd.ProgramID=40 and "
+      "pd.PromoterID=7 and replace(pd.FarsiVisitDate,'/','')=convert(varchar,d.ID)  and "
+      "pd.CustomerID=o.ID) ");
+}
+
+}  // namespace
