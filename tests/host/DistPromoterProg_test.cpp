@@ -1,0 +1,130 @@
+#include "host/DistPromoterProg.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/ScriptedPlatform.h"
+
+namespace {
+
+using support::Message;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Opens nothing; notes what it was asked for.
+class NotedEditor : public host::ProgramEditor {
+ public:
+  std::vector<std::string> opened;
+  bool ClearShow() override {
+    opened.emplace_back("empty");
+    return true;
+  }
+  bool View(std::int32_t inProgramID) override {
+    opened.push_back("program " + std::to_string(inProgramID));
+    return true;
+  }
+};
+
+class DistPromoterProgTest : public testing::Test {
+ protected:
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  NotedEditor editor;
+  host::DistPromoterProg control{module, editor, outside.controlSite};
+};
+
+TEST_F(DistPromoterProgTest, Let_eachProperty_marksItsKey) {
+  control.SetUserID(1);
+  control.SetEmployeeID(2);
+  control.SetPositionID(3);
+  control.SetOLEConnectionString("server");
+  EXPECT_THAT(outside.controlSite.log,
+              ElementsAre("changed UserID", "changed UserID", "changed PositionID",
+                          "changed OLEConnectionString"));
+}
+
+TEST_F(DistPromoterProgTest, ReadProperties_emptyBag_givesDefaults) {
+  control.SetUserID(1);
+  control.SetEmployeeID(2);
+  control.SetPositionID(3);
+  control.SetOLEConnectionString("server");
+  control.ReadProperties(outside.propertyBag);
+  EXPECT_EQ(control.UserID(), -1);
+  EXPECT_EQ(control.EmployeeID(), -1);
+  EXPECT_EQ(control.PositionID(), -1);
+  EXPECT_EQ(control.OLEConnectionString(), "");
+  EXPECT_THAT(outside.propertyBag.keys,
+              ElementsAre("UserID", "PositionID", "OLEConnectionString", "EmployeeID"));
+}
+
+TEST_F(DistPromoterProgTest, InitProperties_afterUse_givesDefaults) {
+  control.SetEmployeeID(2);
+  control.SetOLEConnectionString("server");
+  control.InitProperties();
+  EXPECT_EQ(control.EmployeeID(), -1);
+  EXPECT_EQ(control.OLEConnectionString(), "");
+}
+
+TEST_F(DistPromoterProgTest, WriteProperties_thenRead_bringsAllFourBackAndStoresNoDefault) {
+  control.SetEmployeeID(2);
+  control.SetPositionID(3);
+  control.SetOLEConnectionString("server");
+  control.WriteProperties(outside.propertyBag);
+  EXPECT_THAT(outside.propertyBag.keys,
+              ElementsAre("UserID", "PositionID", "OLEConnectionString", "EmployeeID"));
+  EXPECT_FALSE(outside.propertyBag.stored.contains("UserID"));
+
+  host::DistPromoterProg restored(module, editor, outside.controlSite);
+  restored.ReadProperties(outside.propertyBag);
+  EXPECT_EQ(restored.UserID(), -1);
+  EXPECT_EQ(restored.EmployeeID(), 2);
+  EXPECT_EQ(restored.PositionID(), 3);
+  EXPECT_EQ(restored.OLEConnectionString(), "server");
+}
+
+TEST_F(DistPromoterProgTest, Paint_shrinksThenHides) {
+  control.Paint();
+  EXPECT_THAT(outside.controlSite.log, ElementsAre("height 100", "width 100", "invisible"));
+}
+
+TEST_F(DistPromoterProgTest, Open_permitted_asksOnTheHostsConnectionAndOpensTheEditor) {
+  control.SetUserID(7);
+  control.SetEmployeeID(8);
+  control.SetPositionID(9);
+  control.SetOLEConnectionString("server A");
+  EXPECT_FALSE(control.View(42));
+  EXPECT_EQ(module.Context().userId, 7);
+  EXPECT_EQ(module.Context().employeeId, 8);
+  EXPECT_EQ(module.Context().positionId, 9);
+  EXPECT_EQ(module.Context().connectionString, "server A");
+
+  control.SetUserID(17);
+  control.SetOLEConnectionString("server B");
+  EXPECT_FALSE(control.ClearShow());
+  EXPECT_THAT(outside.database.Log(),
+              ElementsAre("spZomirHasPermission(@UserID=7, @FormPermissionID=111)",
+                          "spZomirHasPermission(@UserID=17, @FormPermissionID=111)"));
+  EXPECT_EQ(outside.database.Calls().at(0).connectionString, "server A");
+  EXPECT_EQ(outside.database.Calls().at(1).connectionString, "server B");
+  EXPECT_THAT(editor.opened, ElementsAre("program 42", "empty"));
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+TEST_F(DistPromoterProgTest, Open_refused_saysSoAndOpensNothing) {
+  outside.database.Refuse(111);
+  const Message denied{"خطا", "شما مجاز به انجام اين عمليات نيستيد. نقش ”111“"};
+  EXPECT_FALSE(control.ClearShow());
+  EXPECT_FALSE(control.View(5));
+  EXPECT_THAT(editor.opened, IsEmpty());
+  EXPECT_THAT(outside.components.messages, ElementsAre(denied, denied));
+}
+
+TEST_F(DistPromoterProgTest, Open_unreachableServer_letsTheErrorOut) {
+  outside.database.FailAlways({17, "SQL Server does not exist or access denied."});
+  EXPECT_THROW(control.ClearShow(), platform::RuntimeError);
+  EXPECT_THROW(control.View(5), platform::RuntimeError);
+  EXPECT_THAT(editor.opened, IsEmpty());
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+}  // namespace

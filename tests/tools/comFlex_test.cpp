@@ -1,0 +1,280 @@
+#include "tools/comFlex.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/Form.h"
+#include "platform/ResumeNext.h"
+#include "support/ScriptedPlatform.h"
+
+namespace {
+
+using controls::palette::kMark;
+using support::Message;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class EmptyForm : public controls::Form {
+ public:
+  explicit EmptyForm(controls::Screen& screen) : Form(screen, "EmptyForm", Border::kSizable) {}
+};
+
+// A selectable grid with one fixed column, two texts a row, and the events it raises.
+class comFlexTest : public testing::Test {
+ protected:
+  comFlexTest() {
+    list.Selected = [this](std::int32_t row) { raised.push_back("+" + std::to_string(row)); };
+    list.UnSelected = [this](std::int32_t row) { raised.push_back("-" + std::to_string(row)); };
+    list.getFlex().SetCols(3);
+    Fill({});
+  }
+
+  void Fill(const std::vector<std::pair<std::string, std::string>>& rows) {
+    controls::FlexGrid& grid = list.getFlex();
+    grid.SetRows(1);
+    for (const auto& [first, second] : rows) grid.AddItem("\t" + first + "\t" + second);
+    if (!rows.empty()) grid.SetFixedRows(1);
+  }
+
+  // The marked rows, read without IsSelected.
+  std::vector<int> Yellow() {
+    std::vector<int> rows;
+    for (int row = 1; row < list.getFlex().Rows(); ++row) {
+      if (list.getFlex().EffectiveBackColor(row, 1) == kMark) rows.push_back(row);
+    }
+    return rows;
+  }
+
+  std::vector<std::string> Column(int col) {
+    std::vector<std::string> texts;
+    for (int row = 1; row < list.getFlex().Rows(); ++row) {
+      texts.emplace_back(list.getFlex().TextMatrix(row, col));
+    }
+    return texts;
+  }
+
+  void Press(int row, int col, int button = 1, int shift = 0) {
+    list.getFlex().MouseDown(row, col, button, shift);
+  }
+  void ClickAt(int row, int col) {
+    Press(row, col);
+    list.getFlex().Click();
+  }
+
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  EmptyForm form{outside.screen};
+  tools::comFlex list{form, "flxList", module};
+  std::vector<std::string> raised;
+};
+
+TEST_F(comFlexTest, Commands_onEveryRow_markAndRaiseForEachRowInOrder) {
+  Fill({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  Press(2, 1);
+  EXPECT_THAT(raised, ElementsAre("+2"));
+  raised.clear();
+
+  list.cmdSelectInverse.Click();
+  EXPECT_THAT(raised, ElementsAre("+1", "-2", "+3"));
+  EXPECT_THAT(Yellow(), ElementsAre(1, 3));
+  raised.clear();
+
+  list.cmdSelectAll.Click();
+  EXPECT_THAT(raised, ElementsAre("+1", "+2", "+3"));
+  EXPECT_THAT(Yellow(), ElementsAre(1, 2, 3));
+  raised.clear();
+
+  list.cmdSelectNone.Click();
+  list.cmdSelectNone.Click();
+  EXPECT_THAT(raised, ElementsAre("-1", "-2", "-3", "-1", "-2", "-3"));
+  EXPECT_THAT(Yellow(), IsEmpty());
+}
+
+TEST_F(comFlexTest, Marking_aRow_paintsItsDataColumnsAloneAndUnmarkingGivesTheGroundBack) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  controls::FlexGrid& grid = list.getFlex();
+  Press(2, 2, 2, 7);
+  EXPECT_NE(grid.EffectiveBackColor(2, 0), kMark);
+  EXPECT_EQ(grid.EffectiveBackColor(2, 1), kMark);
+  EXPECT_EQ(grid.EffectiveBackColor(2, 2), kMark);
+  EXPECT_EQ(grid.GetHighLight(), controls::FlexGrid::HighLight::kNever);
+  Press(2, 1);
+  grid.SetRow(2);
+  grid.SetCol(2);
+  EXPECT_EQ(grid.CellBackColor(), grid.BackColor());
+}
+
+TEST_F(comFlexTest, MouseDown_offTheDataRows_changesNoMark) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  for (const int row : {-1, 0, 3}) Press(row, 1);
+  EXPECT_THAT(raised, IsEmpty());
+  EXPECT_THAT(Yellow(), IsEmpty());
+}
+
+TEST_F(comFlexTest, MouseDown_anyPlace_leavesThePointerAlone) {
+  Fill({{"a", "1"}});
+  Press(1, 1);
+  EXPECT_THAT(outside.screen.log, IsEmpty());
+  list.cmdSelectAll.Click();
+  EXPECT_THAT(outside.screen.log, ElementsAre("pointer 11", "pointer 0"));
+}
+
+TEST_F(comFlexTest, HeaderOnly_everyCommand_doesNothing) {
+  list.cmdSelectAll.Click();
+  list.cmdSelectNone.Click();
+  list.cmdSelectInverse.Click();
+  Press(1, 1);
+  ClickAt(0, 1);
+  EXPECT_THAT(raised, IsEmpty());
+  EXPECT_EQ(list.getFlex().Rows(), 1);
+  Fill({{"b", "1"}, {"a", "2"}});
+  ClickAt(0, 1);  // the click before did not count: this one sorts ascending
+  EXPECT_THAT(Column(1), ElementsAre("a", "b"));
+}
+
+TEST_F(comFlexTest, IsSelected_yellowFromTheHost_isTrueAndTheRowBecomesCurrent) {
+  Fill({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  controls::FlexGrid& grid = list.getFlex();
+  grid.SetRow(3);
+  grid.SetCol(1);
+  grid.SetCellBackColor(65535);
+  EXPECT_FALSE(list.IsSelected(2));
+  EXPECT_EQ(grid.Row(), 2);
+  EXPECT_TRUE(list.IsSelected(3));
+  EXPECT_EQ(grid.Row(), 3);
+  EXPECT_EQ(grid.Col(), grid.FixedCols());
+}
+
+TEST_F(comFlexTest, IsSelected_noSuchRow_throwsTheGridsError) {
+  EXPECT_EQ(platform::ResumeNext([&] { list.IsSelected(1); }), platform::kInvalidRowValue);
+}
+
+TEST_F(comFlexTest, HeaderClicks_anyColumn_flipOneSharedDirection) {
+  Fill({{"b", "1"}, {"a", "3"}, {"c", "2"}});
+  ClickAt(0, 1);
+  EXPECT_THAT(Column(1), ElementsAre("a", "b", "c"));
+  ClickAt(0, 2);
+  EXPECT_THAT(Column(2), ElementsAre("3", "2", "1"));
+  ClickAt(0, 2);
+  EXPECT_THAT(Column(2), ElementsAre("1", "2", "3"));
+  const controls::FlexGrid& grid = list.getFlex();
+  EXPECT_EQ(grid.Col(), 1);
+  EXPECT_EQ(grid.ColSel(), 2);
+  EXPECT_TRUE(grid.Redraw());
+}
+
+TEST_F(comFlexTest, HeaderClick_equalTexts_fallBackOnTheColumnsToTheRight) {
+  Fill({{"a", "2"}, {"b", "1"}, {"a", "1"}});
+  ClickAt(0, 1);
+  EXPECT_THAT(Column(1), ElementsAre("a", "a", "b"));
+  EXPECT_THAT(Column(2), ElementsAre("1", "2", "1"));
+}
+
+TEST_F(comFlexTest, HeaderClick_markedRows_takeTheirMarksAlong) {
+  Fill({{"c", "1"}, {"a", "2"}, {"b", "3"}});
+  Press(1, 1);
+  ClickAt(0, 1);
+  EXPECT_THAT(Column(1), ElementsAre("a", "b", "c"));
+  EXPECT_THAT(Yellow(), ElementsAre(3));
+}
+
+TEST_F(comFlexTest, Click_offTheHeader_doesNotSort) {
+  Fill({{"b", "1"}, {"a", "2"}});
+  for (const auto& [row, col] : {std::pair{1, 1}, {3, 1}, {0, -1}, {0, 3}}) ClickAt(row, col);
+  EXPECT_THAT(Column(1), ElementsAre("b", "a"));
+}
+
+TEST_F(comFlexTest, HandlerFails_inACommand_comesOutWithDrawingAndPointerBack) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  list.Selected = [](std::int32_t) { throw platform::RuntimeError(13, "Type mismatch"); };
+  EXPECT_THROW(list.cmdSelectAll.Click(), platform::RuntimeError);
+  EXPECT_TRUE(list.getFlex().Redraw());
+  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
+  EXPECT_THROW(Press(2, 1), platform::RuntimeError);
+  EXPECT_TRUE(list.getFlex().Redraw());
+}
+
+TEST_F(comFlexTest, Commands_manyRows_notifyTheViewOnceForTheirCells) {
+  Fill({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  int painted = 0;
+  const controls::Subscription subscription =
+      list.getFlex().Subscribe([&](const controls::Change& change) {
+        if (change.aspect == controls::Aspect::kCells) ++painted;
+      });
+  list.cmdSelectAll.Click();
+  EXPECT_EQ(painted, 1);
+}
+
+TEST_F(comFlexTest, Resize_anySize_packsTheButtonsAtTheRightBottom) {
+  const double width = list.cmdSelectAll.Width();
+  const double height = list.cmdSelectAll.Height();
+  list.Move(50, 60, 4000, 3000);
+  list.SetWidth(5000);
+  EXPECT_EQ(list.Flex.Left(), 0);
+  EXPECT_EQ(list.Flex.Top(), 0);
+  EXPECT_EQ(list.Flex.Width(), 5000);
+  EXPECT_EQ(list.Flex.Height(), 3000 - height);
+  double right = 5000;
+  for (const controls::Button* button :
+       {&list.cmdSelectAll, &list.cmdSelectNone, &list.cmdSelectInverse, &list.cmdExcel}) {
+    EXPECT_EQ(button->Left() + button->Width(), right) << button->Name();
+    EXPECT_EQ(button->Top() + button->Height(), 3000) << button->Name();
+    EXPECT_EQ(button->Width(), width) << button->Name();
+    right = button->Left();
+  }
+  list.SetHeight(height / 2);  // lower than the buttons
+  EXPECT_EQ(list.Flex.Height(), 0);
+}
+
+TEST_F(comFlexTest, Excel_wholeGrid_isWrittenRowByRowAndAnnounced) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  list.getFlex().SetTextMatrix(0, 1, "نام");
+  list.getFlex().SetTextMatrix(2, 0, "#");
+  list.cmdExcel.Click();
+  std::vector<support::FakeExcel::Position> positions;
+  for (const auto& [position, text] : outside.excel.written) positions.push_back(position);
+  using P = support::FakeExcel::Position;
+  EXPECT_THAT(positions, ElementsAre(P{1, 1}, P{1, 2}, P{1, 3}, P{2, 1}, P{2, 2}, P{2, 3}, P{3, 1},
+                                     P{3, 2}, P{3, 3}));
+  EXPECT_EQ(outside.excel.CellText(1, 2), "نام");
+  EXPECT_EQ(outside.excel.CellText(2, 3), "1");
+  EXPECT_EQ(outside.excel.CellText(3, 1), "#");
+  EXPECT_TRUE(outside.excel.visible);
+  EXPECT_THAT(outside.progress.advanced, ElementsAre(1U, 2U, 3U));
+  EXPECT_EQ(outside.progress.ended, 1);
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"موفقيت", "انتقال به اكسل با موفقيت انجام شد"}));
+}
+
+TEST_F(comFlexTest, Excel_missing_showsTheSystemsDescription) {
+  outside.excel.installed = false;
+  list.cmdExcel.Click();
+  EXPECT_THAT(
+      outside.components.messages,
+      ElementsAre(Message{"اشکال در انتقال به اکسل", "ActiveX component can't create object"}));
+  EXPECT_TRUE(outside.progress.begun.empty());
+}
+
+TEST_F(comFlexTest, Excel_failsHalfway_keepsWhatIsWrittenAndSaysWhy) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  outside.excel.failAt = {2, 2};
+  outside.excel.failure = platform::RuntimeError(1004, "پر شد");
+  list.cmdExcel.Click();
+  EXPECT_EQ(outside.excel.written.size(), 4U);
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"اشکال در انتقال به اکسل", "پر شد"}));
+  EXPECT_EQ(outside.progress.ended, 1);
+}
+
+TEST_F(comFlexTest, Excel_stoppedByTheUser_endsInTheFailureMessage) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  outside.progress.stopAt = 2;
+  list.cmdExcel.Click();
+  EXPECT_EQ(outside.excel.written.size(), 6U);
+  EXPECT_EQ(outside.progress.ended, 1);
+  EXPECT_THAT(
+      outside.components.messages,
+      ElementsAre(Message{"اشکال در انتقال به اکسل", "انتقال به اكسل توسط كاربر متوقف شد."}));
+}
+
+}  // namespace
