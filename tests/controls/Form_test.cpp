@@ -1,0 +1,195 @@
+#include "controls/Form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/Controls.h"
+#include "controls/FlexGridHarness.h"
+#include "controls/RecordingScreen.h"
+
+namespace {
+
+using controls::Modality;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SampleForm : public controls::Form {
+ public:
+  explicit SampleForm(controls::Screen& screen, std::string name = "FormSample")
+      : Form(screen, std::move(name), Border::kSizable) {}
+
+  std::vector<std::string> events;
+  bool loadFails = false;
+  bool unloadFails = false;
+  using Form::SetMinimumSize;
+
+  controls::Frame frame{*this, "frame"};
+  controls::TextBox inner{frame, "inner"};
+  controls::TextBox outer{*this, "outer"};
+
+ protected:
+  void FormLoad() override {
+    events.emplace_back("load");
+    Load();  // finds the form loaded
+    if (loadFails) throw platform::RuntimeError(1, "load");
+  }
+  void FormUnload() override {
+    events.emplace_back("unload");
+    if (unloadFails) throw platform::RuntimeError(2, "unload");
+  }
+  void FormResize() override { events.emplace_back("resize"); }
+};
+
+class FormTest : public testing::Test {
+ protected:
+  RecordingScreen screen;
+  SampleForm form{screen};
+};
+
+TEST_F(FormTest, ShownHiddenAndShown_IsLoadedOnce) {
+  form.Show(Modality::kModeless);
+  EXPECT_TRUE(form.Visible());
+  EXPECT_FALSE(form.ShownModal());
+  form.Hide();
+  form.Hide();
+  EXPECT_TRUE(form.Loaded());
+  form.Show(Modality::kModeless);
+  form.CloseBox();
+  EXPECT_FALSE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("load"));
+  EXPECT_THAT(screen.calls, ElementsAre("show FormSample", "hide FormSample", "show FormSample",
+                                        "hide FormSample"));
+}
+
+TEST_F(FormTest, Unloaded_IsLoadedAnewByTheNextUse) {
+  form.Unload();
+  EXPECT_THAT(screen.calls, IsEmpty());
+  form.Show(Modality::kModeless);
+  form.Unload();
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+  form.Load();
+  EXPECT_THAT(form.events, ElementsAre("load", "unload", "load"));
+  EXPECT_THAT(screen.calls, ElementsAre("show FormSample", "hide FormSample", "unload FormSample"));
+}
+
+TEST_F(FormTest, FormLoadThrows_StaysUnloadedAndUnseen) {
+  form.loadFails = true;
+  EXPECT_EQ(ErrorOf([&] { form.Show(Modality::kModal); }), 1);
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+  EXPECT_THAT(screen.calls, IsEmpty());
+  form.loadFails = false;
+  form.Load();
+  EXPECT_THAT(form.events, ElementsAre("load", "load"));
+}
+
+TEST_F(FormTest, FormUnloadThrows_IsHiddenAndStillLoaded) {
+  form.Show(Modality::kModeless);
+  form.unloadFails = true;
+  EXPECT_EQ(ErrorOf([&] { form.Unload(); }), 2);
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(FormTest, ShownModal_IsVisibleUntilHidden) {
+  bool wasModal = false;
+  screen.whileModal = [&] {
+    wasModal = form.ShownModal();
+    form.Hide();
+  };
+  form.Show(Modality::kModal);
+  EXPECT_TRUE(wasModal);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_THAT(screen.calls, ElementsAre("show modal FormSample", "hide FormSample"));
+}
+
+TEST_F(FormTest, ShownModelessWhileAModalIsUp_StaysHiddenButLoaded) {
+  SampleForm other{screen, "FormOther"};
+  int error = 0;
+  screen.whileModal = [&] { error = ErrorOf([&] { form.Show(Modality::kModeless); }); };
+  other.Show(Modality::kModal);
+  EXPECT_EQ(error, 401);
+  EXPECT_FALSE(form.Visible());
+  EXPECT_TRUE(form.Loaded());
+}
+
+TEST_F(FormTest, VisibleFormShownAgain_ModalIsRefusedModelessComesToTheFront) {
+  form.Show(Modality::kModeless);
+  EXPECT_EQ(ErrorOf([&] { form.Show(Modality::kModal); }), 400);
+  form.Show(Modality::kModeless);
+  EXPECT_TRUE(form.Visible());
+  EXPECT_THAT(screen.calls, ElementsAre("show FormSample", "show FormSample"));
+}
+
+TEST_F(FormTest, ModalFormShownAgain_StaysModal) {
+  bool stillModal = false;
+  std::vector<int> errors;
+  screen.whileModal = [&] {
+    for (const Modality modality : {Modality::kModal, Modality::kModeless}) {
+      errors.push_back(ErrorOf([&] { form.Show(modality); }));
+    }
+    stillModal = form.ShownModal();
+  };
+  form.Show(Modality::kModal);
+  EXPECT_THAT(errors, ElementsAre(400, 401));
+  EXPECT_TRUE(stillModal);
+}
+
+TEST_F(FormTest, DestroyedWhileLoaded_LetsItsWindowGo) {
+  {
+    SampleForm brief{screen, "FormBrief"};
+    brief.Load();
+    SampleForm never{screen, "FormNever"};
+  }
+  EXPECT_THAT(screen.calls, ElementsAre("unload FormBrief"));
+}
+
+TEST_F(FormTest, Resize_LaysOutOnlyForAnotherSize) {
+  int notified = 0;
+  const auto subscription = form.Subscribe([&](const controls::Change& change) {
+    if (change.aspect == controls::Aspect::kBounds) ++notified;
+  });
+  form.Resize(9000, 6000);
+  form.Resize(9000, 6000);
+  EXPECT_EQ(ErrorOf([&] { form.Resize(-1, 6000); }), 380);
+  EXPECT_EQ(ErrorOf([&] { form.SetMinimumSize(0, -1); }), 380);
+  EXPECT_EQ(form.Width(), 9000);
+  EXPECT_THAT(form.events, ElementsAre("resize"));
+  EXPECT_EQ(notified, 1);
+}
+
+TEST_F(FormTest, SetFocus_ReachesOnlyWhatAUserCanReach) {
+  const auto focusError = [&] { return ErrorOf([&] { form.inner.SetFocus(); }); };
+  EXPECT_EQ(focusError(), 5);
+  form.Show(Modality::kModeless);
+  EXPECT_EQ(focusError(), 0);
+  EXPECT_EQ(screen.calls.back(), "focus inner");
+  for (controls::Control* part : {static_cast<controls::Control*>(&form.inner),
+                                  static_cast<controls::Control*>(&form.frame)}) {
+    part->SetEnabled(false);
+    EXPECT_EQ(focusError(), 5) << part->Name();
+    part->SetEnabled(true);
+    part->SetVisible(false);
+    EXPECT_EQ(focusError(), 5) << part->Name();
+    part->SetVisible(true);
+  }
+  EXPECT_EQ(focusError(), 0);
+  form.Hide();
+  EXPECT_EQ(focusError(), 5);
+}
+
+TEST_F(FormTest, Controls_AreFoundByNameThroughFrames) {
+  EXPECT_EQ(form.FindControl("inner"), &form.inner);
+  EXPECT_EQ(form.FindControl("outer"), &form.outer);
+  EXPECT_EQ(form.FindControl("Outer"), nullptr);
+  EXPECT_EQ(&form.inner.ParentForm(), &form);
+  EXPECT_THAT(form.Controls(), ElementsAre(&form.frame, &form.outer));
+  {
+    const controls::Label brief{form.frame, "brief"};
+    EXPECT_EQ(form.FindControl("brief"), &brief);
+  }
+  EXPECT_EQ(form.FindControl("brief"), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,187 @@
+#include "controls/Selector.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "controls/FlexGridHarness.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Answers every statement with the same rows and keeps the statements.
+class RecordingSource : public controls::LookupSource {
+ public:
+  platform::RowSet Lookup(const std::string& connectionString,
+                          const std::string& statement) override {
+    statements.push_back(connectionString + ": " + statement);
+    if (fails) throw platform::RuntimeError(208, "Invalid object name.");
+    platform::RowSet answer(columns);
+    for (const auto& row : rows) {
+      for (const std::string& cell : row) answer.Append(cell);
+    }
+    return answer;
+  }
+  std::vector<std::string> columns{"ID", "Name"};
+  std::vector<std::vector<std::string>> rows;
+  std::vector<std::string> statements;
+  bool fails = false;
+};
+
+class SelectorTest : public testing::Test {
+ protected:
+  SelectorTest() {
+    selector.SetConnectionString("cs");
+    selector.SetViews("vwMajor", "vwMinor");
+    selector.onChange = [this] { ++changes; };
+  }
+  std::vector<std::string> Narrowed(std::string_view typed) const {
+    std::vector<std::string> names;
+    for (const std::size_t row : selector.Narrow(typed)) names.push_back(selector.List()[row].name);
+    return names;
+  }
+  // The statement that loading the list sends under two conditions.
+  std::string Statement(std::string condition, std::string standing) {
+    selector.SetCondition(std::move(condition));
+    selector.SetStandingCondition(std::move(standing));
+    selector.LoadList();
+    return source.statements.back();
+  }
+
+  LoneContainer form;
+  RecordingSource source;
+  controls::Selector selector{form, "selector", source};
+  int changes = 0;
+};
+
+TEST_F(SelectorTest, Select_RaisesOnlyForAnotherIdAndReadsNothing) {
+  EXPECT_EQ(selector.SelectedID(), -1);
+  selector.Clear();
+  selector.Select(0);
+  EXPECT_EQ(changes, 0);
+  selector.Select(17);
+  selector.Select(17);
+  EXPECT_TRUE(selector.HasSelection());
+  EXPECT_EQ(changes, 1);
+  selector.Select(-5);
+  EXPECT_EQ(selector.SelectedID(), -1);
+  EXPECT_FALSE(selector.HasSelection());
+  EXPECT_EQ(changes, 2);
+  EXPECT_THAT(source.statements, IsEmpty());
+}
+
+TEST_F(SelectorTest, DisplayText_IsReadOnceFromTheMinorView) {
+  EXPECT_EQ(selector.DisplayText(), "");
+  EXPECT_THAT(source.statements, IsEmpty());
+  source.rows = {{"17", "علي"}};
+  selector.Select(17);
+  EXPECT_EQ(selector.DisplayText(), "علي");
+  EXPECT_EQ(selector.DisplayText(), "علي");
+  EXPECT_THAT(source.statements, ElementsAre("cs: Select ID, Name from vwMinor where ID=17"));
+  source.rows.clear();
+  selector.Select(18);
+  EXPECT_EQ(selector.DisplayText(), "(18)");
+  selector.Clear();
+  EXPECT_EQ(selector.DisplayText(), "");
+}
+
+TEST_F(SelectorTest, DisplayTextFails_IsAskedForAgain) {
+  selector.Select(17);
+  source.fails = true;
+  EXPECT_EQ(ErrorOf([&] { selector.DisplayText(); }), 208);
+  source.fails = false;
+  source.rows = {{"17", "علي"}};
+  EXPECT_EQ(selector.DisplayText(), "علي");
+  EXPECT_EQ(selector.SelectedID(), 17);
+}
+
+TEST_F(SelectorTest, Conditions_AreJoinedAndTheSameTextUsedOnce) {
+  EXPECT_EQ(Statement("", ""), "cs: Select * from vwMajor");
+  EXPECT_EQ(Statement(" ID in (1)", ""), "cs: Select * from vwMajor where ID in (1)");
+  EXPECT_EQ(Statement("", "x=1 "), "cs: Select * from vwMajor where x=1");
+  EXPECT_EQ(Statement(" x=1", "x=1"), "cs: Select * from vwMajor where x=1");
+  EXPECT_EQ(Statement("x=1", "y=2"), "cs: Select * from vwMajor where x=1 and y=2");
+}
+
+TEST_F(SelectorTest, NewCondition_KeepsTheSelection) {
+  selector.Select(17);
+  selector.SetCondition("ID in (1)");
+  selector.LoadList();
+  EXPECT_EQ(selector.SelectedID(), 17);
+  EXPECT_EQ(changes, 1);
+}
+
+TEST_F(SelectorTest, LoadList_OrdersByNameAndGathersTheDetail) {
+  source.columns = {"id", "BranchID", "Phone", "name", "Code"};
+  source.rows = {{"3", "9", "021", "یاس", "C3"},
+                 {"1", "9", "", "پارس", "C1"},
+                 {"2", "9", "", "بهار", ""},
+                 {"", "9", "", "بي شماره", ""},
+                 {"99999999999", "9", "", "شماره بلند", ""}};
+  selector.LoadList();
+  std::vector<std::string> rows;
+  for (const auto& row : selector.List()) {
+    rows.push_back(std::to_string(row.id) + " " + row.name + " " + row.detail);
+  }
+  EXPECT_THAT(rows, ElementsAre("2 بهار ", "1 پارس C1", "3 یاس C3 - 021"));
+}
+
+TEST_F(SelectorTest, LoadListFails_LeavesAnEmptyList) {
+  source.rows = {{"1", "a"}};
+  selector.LoadList();
+  ASSERT_EQ(selector.List().size(), 1U);
+  source.fails = true;
+  EXPECT_EQ(ErrorOf([&] { selector.LoadList(); }), 208);
+  EXPECT_THAT(selector.List(), IsEmpty());
+  EXPECT_THAT(selector.Narrow(""), IsEmpty());
+  source.fails = false;
+  source.columns = {"ID", "Title"};
+  EXPECT_EQ(ErrorOf([&] { selector.LoadList(); }), 3265);
+}
+
+TEST_F(SelectorTest, Narrow_FoldsBothSidesAndPutsBeginningsFirst) {
+  source.columns = {"ID", "Name", "Code"};
+  source.rows = {{"1", "اکبري علي", "10"},
+                 {"2", "علی كريمی", "۲۰"},
+                 {"3", "Tehran ABC", "30"},
+                 {"4", "نيا علیزاده", "204"}};
+  selector.LoadList();
+  EXPECT_THAT(Narrowed(""), ElementsAre("Tehran ABC", "اکبري علي", "علی كريمی", "نيا علیزاده"));
+  EXPECT_THAT(Narrowed(" علي "), ElementsAre("علی كريمی", "اکبري علي", "نيا علیزاده"));
+  EXPECT_THAT(Narrowed("کریمی علي"), ElementsAre("علی كريمی"));
+  EXPECT_THAT(Narrowed("۲۰"), ElementsAre("علی كريمی", "نيا علیزاده"));
+  EXPECT_THAT(Narrowed("abc teh"), ElementsAre("Tehran ABC"));
+  EXPECT_THAT(Narrowed("علي 99"), IsEmpty());
+}
+
+TEST_F(SelectorTest, Choose_TakesIdAndNameFromTheList) {
+  source.rows = {{"5", "الف"}, {"6", "ب"}};
+  selector.LoadList();
+  selector.Choose(1);
+  EXPECT_EQ(selector.SelectedID(), 6);
+  EXPECT_EQ(selector.DisplayText(), "ب");
+  EXPECT_EQ(source.statements.size(), 1U);
+  EXPECT_EQ(ErrorOf([&] { selector.Choose(2); }), 381);
+  selector.SetEnabled(false);
+  selector.Choose(0);
+  selector.ChooseNone();
+  EXPECT_EQ(selector.SelectedID(), 6);
+  selector.SetEnabled(true);
+  selector.ChooseNone();
+  EXPECT_FALSE(selector.HasSelection());
+  EXPECT_EQ(changes, 2);
+}
+
+TEST_F(SelectorTest, NewViews_DropTheListAndTheKnownName) {
+  source.rows = {{"5", "الف"}};
+  selector.LoadList();
+  selector.Choose(0);
+  selector.SetViews("vwOtherMajor", "vwOtherMinor");
+  EXPECT_THAT(selector.List(), IsEmpty());
+  EXPECT_EQ(selector.SelectedID(), 5);
+  selector.DisplayText();
+  EXPECT_EQ(source.statements.back(), "cs: Select ID, Name from vwOtherMinor where ID=5");
+}
+
+}  // namespace
