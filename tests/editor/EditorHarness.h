@@ -1,0 +1,95 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "editor/FormMain.h"
+#include "support/ScriptedPlatform.h"
+
+namespace editor {
+
+using support::Answer;
+using support::Beginning;
+using support::Exact;
+using support::Holding;
+using support::Message;
+using support::RowSetOf;
+using testing::ElementsAre;
+
+inline const Message kRefused{"خطا", "شما به انجام اين عمليات مجاز نيستيد.", 0};
+
+/// The editor over a scripted office: user 1, employee 3; program 40 is temporary with the groups
+/// a, b, c, d, program 41 is final and has no visits; the server's day is 1404/02/01.
+class EditorTest : public testing::Test {
+ protected:
+  EditorTest() {
+    outside.database.When(Exact("Select getdate() as today"))
+        .Gives(RowSetOf({"today"}, {{"2025-04-21 10:11:12"}}));
+    ScriptHeader("40", std::nullopt);
+    ScriptHeader("41", "41");
+    outside.database.When(Holding(" Where ProgramID=40 group by"))
+        .Gives(Groups({{"7", "1404/02/01", "a"},
+                       {"8", "1404/02/02", "b"},
+                       {"9", "1404/02/03", "c"},
+                       {"10", "1404/02/04", "d"}}));
+    module.SetContext(
+        {.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "office"});
+  }
+
+  void ScriptHeader(const std::string& id, const support::Cell& code) {
+    outside.database.When(Exact("select * from tblDistributionPromoterProgram Where ID=" + id))
+        .Gives(RowSetOf({"ID", "CreatorID", "CreateDate", "FarsiCreateDate", "BranchID",
+                         "SupervisorID", "Notes", "Code"},
+                        {{id, "1", "2025-04-01", "1404/01/12", "4", "6", "يادداشت", code}}));
+  }
+  static platform::RowSet Groups(const std::vector<std::array<std::string, 3>>& groups) {
+    std::vector<std::vector<support::Cell>> rows;
+    for (const auto& [promoter, day, notes] : groups) {
+      rows.push_back({promoter, "نام " + promoter, "2025-04-21", day, notes, "25"});
+    }
+    return RowSetOf({"PromoterID", "PromoterName", "VisitDate", "FarsiVisitDate", "Notes", "cnt"},
+                    rows);
+  }
+  /// Names of the enabled controls among those of the form and its header.
+  std::vector<std::string> EnabledControls() {
+    std::vector<std::string> names;
+    for (const std::vector<controls::Control*>* all :
+         {&form.Controls(), &form.frameHeader.Controls()}) {
+      for (const controls::Control* control : *all) {
+        if (FindEnabledIn(control->Name()) != nullptr && control->Enabled()) {
+          names.push_back(control->Name());
+        }
+      }
+    }
+    return names;
+  }
+  std::vector<std::string> Column(int col) {
+    std::vector<std::string> texts;
+    for (int row = 1; row < form.flxDetail.Rows(); ++row) {
+      texts.emplace_back(form.flxDetail.TextMatrix(row, col));
+    }
+    return texts;
+  }
+  std::vector<int> MarkedRows() {
+    std::vector<int> rows;
+    for (int row = 1; row < form.flxDetail.Rows(); ++row) {
+      if (form.flxDetail.EffectiveBackColor(row, 1) == controls::palette::kMark) {
+        rows.push_back(row);
+      }
+    }
+    return rows;
+  }
+  void Press(int row, int col = 2) {
+    form.flxDetail.MouseDown(row, col, 1, 0);
+    form.flxDetail.Click();
+  }
+
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  FormMain form{module};
+};
+
+}  // namespace editor

@@ -1,0 +1,151 @@
+#include "EditorHarness.h"
+
+namespace editor {
+namespace {
+
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+TEST_F(EditorTest, ClearShow_FirstUse_LoadsOnceAndOpensEmpty) {
+  EXPECT_FALSE(form.ClearShow());
+  EXPECT_FALSE(form.ClearShow());
+  EXPECT_EQ(form.Caption(), "برنامه بازارياب ");
+  EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdSearch"));
+  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429"));
+  EXPECT_THAT(outside.database.Statements("vwZomirBasePath"),
+              ElementsAre("Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath "
+                          "Where ID=1 "));
+  EXPECT_EQ(form.datToday.Text(), "1404/02/01");
+  EXPECT_EQ(form.datCreateDate.Text(), "1404/02/01");
+  EXPECT_EQ(form.sltCreator.SelectedID(), 1);
+  EXPECT_EQ(form.sltSupervisor.SelectedID(), 3);
+  EXPECT_FALSE(form.sltBranch.HasSelection());
+  EXPECT_EQ(outside.screen.log.back(), "show FormMain modeless");
+}
+
+TEST_F(EditorTest, View_TemporaryProgram_ShowsHeaderAndGroups) {
+  EXPECT_FALSE(form.View(40));
+  EXPECT_EQ(form.Caption(), "برنامه بازارياب  (مشاهده)");
+  EXPECT_EQ(form.txtID.Text(), "40");
+  EXPECT_EQ(form.txtCode.Text(), "");
+  EXPECT_EQ(form.datCreateDate.Text(), "1404/01/12");
+  EXPECT_EQ(form.sltBranch.SelectedID(), 4);
+  EXPECT_EQ(form.sltSupervisor.SelectedID(), 6);
+  EXPECT_EQ(form.txtDescription.Text(), "يادداشت");
+  EXPECT_THAT(Column(0), ElementsAre("1", "2", "3", "4"));
+  EXPECT_THAT(Column(1), ElementsAre("7", "8", "9", "10"));
+  EXPECT_THAT(Column(4), ElementsAre("1404/02/01", "1404/02/02", "1404/02/03", "1404/02/04"));
+  EXPECT_THAT(Column(6), ElementsAre("25", "25", "25", "25"));
+  EXPECT_EQ(form.flxDetail.TextMatrix(0, 6), "تعداد مشتري");
+  EXPECT_THAT(EnabledControls(),
+              UnorderedElementsAre("cmdNew", "cmdEdit", "cmdDelete", "cmdPreview",
+                                   "cmdViewAccountDoc", "cmdSearch", "cmdAddBatch", "cmdSelectAll",
+                                   "cmdSelectInverse", "cmdSelectNone", "cmdDeleteSelected"));
+  EXPECT_EQ(
+      outside.database.Log().back(),
+      "select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as "
+      "PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from "
+      "tblDistributionPromoterProgramDetail  Where ProgramID=40 group by PromoterID, VisitDate, "
+      "FarsiVisitDate, Notes");
+}
+
+TEST_F(EditorTest, View_FinalProgram_OffersOnlyTheWayBack) {
+  form.View(41);
+  EXPECT_EQ(form.txtCode.Text(), "41");
+  EXPECT_EQ(form.flxDetail.Rows(), 1);
+  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdPreview", "cmdViewAccountDoc",
+                                                      "cmdBackToTemp", "cmdSearch"));
+}
+
+TEST_F(EditorTest, View_NoSuchProgram_SaysSoAndShowsNothing) {
+  form.View(99);
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"خطا", "ركورد مورد نظر يافت نشد.", 0}));
+  EXPECT_EQ(form.Caption(), "برنامه بازارياب  (مشاهده)");
+  EXPECT_EQ(form.txtID.Text(), "");
+  EXPECT_EQ(form.flxDetail.Rows(), 1);
+}
+
+TEST_F(EditorTest, View_ZeroOrLess_OpensEmptyAndAsksForNoHeader) {
+  for (const int id : {0, -5}) {
+    form.View(40);
+    outside.database.ForgetCalls();
+    form.View(id);
+    EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+    EXPECT_EQ(form.txtID.Text(), "");
+    EXPECT_THAT(outside.database.Statements("select * from"), IsEmpty());
+    EXPECT_THAT(outside.database.Statements("ProgramID=-1 group"), testing::SizeIs(1));
+  }
+}
+
+TEST_F(EditorTest, View_HeaderWithNulls_SelectsNothing) {
+  outside.database.When(Holding("Where ID=42"))
+      .Gives(
+          RowSetOf({"ID", "CreatorID", "CreateDate", "BranchID", "SupervisorID", "Notes", "Code"},
+                   {{"42", std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt,
+                     std::nullopt}}));
+  form.View(42);
+  EXPECT_FALSE(form.sltCreator.HasSelection());
+  EXPECT_FALSE(form.sltBranch.HasSelection());
+  EXPECT_FALSE(form.sltSupervisor.HasSelection());
+  EXPECT_EQ(form.datCreateDate.Text(), "1404/02/01") << "keeps the day it was cleared to";
+}
+
+TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModal) {
+  outside.screen.hostIsModal = true;
+  outside.screen.OnModal([](controls::Form&) {});
+  form.ClearShow();
+  EXPECT_EQ(outside.screen.log.at(outside.screen.log.size() - 2), "show FormMain modal");
+}
+
+TEST_F(EditorTest, Load_ThatFails_IsTriedAgainByTheNextCall) {
+  outside.database.FailAtCall(1, platform::RuntimeError(17, "server gone"));
+  EXPECT_THROW(form.ClearShow(), platform::RuntimeError);
+  EXPECT_FALSE(form.Visible());
+  form.ClearShow();
+  EXPECT_TRUE(form.Visible());
+  EXPECT_EQ(form.datToday.Text(), "1404/02/01");
+}
+
+TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
+  form.ClearShow();
+  outside.database.When(Holding(" Where ProgramID=40 group by"))
+      .Fails(platform::RuntimeError(17, "server gone"));
+  EXPECT_THROW(form.View(40), platform::RuntimeError);
+  EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
+  EXPECT_TRUE(form.flxDetail.Redraw());
+}
+
+TEST_F(EditorTest, CloseBox_WithAnOpenHeader_AsksFirst) {
+  outside.components.WillAnswer({Answer::kNo, Answer::kYes});
+  form.ClearShow();
+  form.cmdNew.Click();
+  form.CloseBox();
+  EXPECT_TRUE(form.Visible());
+  form.CloseBox();
+  EXPECT_FALSE(form.Loaded());
+  form.ClearShow();
+  form.CloseBox();
+  EXPECT_FALSE(form.Loaded()) << "nothing is open: no question";
+}
+
+TEST_F(EditorTest, Resize_LeavesNoControlOutsideTheForm) {
+  for (const auto& [width, height] : {std::pair(14400.0, 9300.0), {24000.0, 15000.0}}) {
+    form.Resize(width, height);
+    for (const std::vector<controls::Control*>* all :
+         {&form.Controls(), &form.frameHeader.Controls()}) {
+      for (const controls::Control* control : *all) {
+        EXPECT_GE(control->Left(), 0) << control->Name();
+        EXPECT_LE(control->Left() + control->Width(), width) << control->Name();
+        EXPECT_LE(control->Top() + control->Height(), height) << control->Name();
+      }
+    }
+    EXPECT_NEAR(form.cmdSearch.Left(), 150, 0.01);
+    EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), width - 150, 0.01);
+  }
+}
+
+}  // namespace
+}  // namespace editor
