@@ -106,11 +106,30 @@ class ColumnSorter {
 
   const FlexGridStore& store_;
   int firstRow_;
-  std::uint64_t flip_;  // turns the order of the bytes over, not that of equal rows
+  std::uint64_t flip_;  // turns the order of the bytes over, but not that of equal rows
   std::string keys_;
   std::vector<std::size_t> ends_;
   std::vector<Entry> entries_;
 };
+
+// So few rows are compared text by text: most differ early, and a key would be built for the whole
+// text.
+constexpr std::size_t kFew = 8;
+
+// As ColumnSorter, with all columns from `firstCol` on at once.
+void SortFew(const FlexGridStore& store, std::vector<std::uint32_t>& rows, Run run, int firstRow,
+             int firstCol, int lastCol, SortDirection direction) {
+  const auto begin = rows.begin() + static_cast<std::ptrdiff_t>(run.begin);
+  const auto end = rows.begin() + static_cast<std::ptrdiff_t>(run.end);
+  std::sort(begin, end, [&](std::uint32_t a, std::uint32_t b) {
+    for (int col = firstCol; col <= lastCol; ++col) {
+      const auto order = text::ComparePersian(store.Text(firstRow + static_cast<int>(a), col),
+                                              store.Text(firstRow + static_cast<int>(b), col));
+      if (order != 0) return (order < 0) == (direction == SortDirection::kAscending);
+    }
+    return a < b;
+  });
+}
 
 }  // namespace
 
@@ -124,7 +143,13 @@ std::vector<std::uint32_t> SortedRows(const FlexGridStore& store, int firstRow, 
   if (rows.size() > 1) runs.push_back({0, rows.size()});
   for (int col = firstCol; col <= lastCol && !runs.empty(); ++col) {
     std::vector<Run> ties;
-    for (const Run& run : runs) sorter.Sort(rows, run, col, ties);
+    for (const Run& run : runs) {
+      if (run.end - run.begin <= kFew) {
+        SortFew(store, rows, run, firstRow, col, lastCol, direction);
+      } else {
+        sorter.Sort(rows, run, col, ties);
+      }
+    }
     runs = std::move(ties);
   }
   return rows;

@@ -3,12 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "controls/FlexGridHarness.h"
+#include "text/PersianOrder.h"
 
 namespace {
 
@@ -248,6 +251,41 @@ TEST_F(FlexGridTest, sort_tiesInTheFirstColumn_laterColumnsDecideThenTheOldOrder
   SetBlock(1, 3, 1, 3);
   grid.Sort(8);
   EXPECT_THAT(Column(0), ElementsAre("5", "4", "3", "2", "1"));
+}
+
+TEST_F(FlexGridTest, sort_manyRowsWithLongBeginningsInCommon_orderOfAStableSort) {
+  std::mt19937 random(1403);
+  const std::vector<std::string> beginnings = {"", "شرکت پخش سراسری نمونه، شعبه ",
+                                               "شرکت پخش سراسری ", "\xE6\xBC\xA2\xE6\xBC\xA2",
+                                               "12345678"};
+  const std::vector<std::string> ends = {
+      "", "ی", "ي", "ک", "تهران", "تهرانپارس غربی", "\xE4\xB8\x80"};
+  struct Line {
+    std::string first, second, number;
+  };
+  std::vector<Line> lines;
+  grid.SetCols(3);
+  grid.SetRows(1);
+  for (int i = 0; i < 3000; ++i) {
+    const Line& line = lines.emplace_back(
+        Line{beginnings[random() % beginnings.size()] + ends[random() % ends.size()],
+             beginnings[random() % beginnings.size()] + ends[random() % ends.size()] +
+                 ends[random() % ends.size()],
+             std::to_string(i)});
+    grid.AddItem(line.first + "\t" + line.second + "\t" + line.number);
+  }
+  SetBlock(1, 0, 1, 1);
+  for (const int order : {7, 8, 8, 7}) {
+    std::stable_sort(lines.begin(), lines.end(), [order](const Line& a, const Line& b) {
+      auto result = text::ComparePersian(a.first, b.first);
+      if (result == 0) result = text::ComparePersian(a.second, b.second);
+      return order == 7 ? result < 0 : result > 0;
+    });
+    grid.Sort(order);
+    for (int i = 0; i < 3000; ++i) {
+      ASSERT_EQ(grid.TextMatrix(i + 1, 2), lines[static_cast<std::size_t>(i)].number);
+    }
+  }
 }
 
 TEST_F(FlexGridTest, sort_headingsAlone_nothing) {
