@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QColor>
+#include <QRect>
+#include <QString>
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+
+namespace adapters::qt {
+
+inline QString ToQString(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+inline std::string ToUtf8(const QString& text) {
+  return text.toStdString();
+}
+
+/// A form's colour (0x00BBGGRR).
+inline QColor ToQColor(controls::Colour colour) {
+  return QColor(static_cast<int>(colour & 0xFFU), static_cast<int>(colour >> 8U & 0xFFU),
+                static_cast<int>(colour >> 16U & 0xFFU));
+}
+
+/// Twips to pixels of the screen that `widget` is on, and back: 15 twips at 96 dpi.
+inline int ToPixels(const QWidget& widget, controls::Twips twips) {
+  return qRound(twips * widget.logicalDpiX() / 1440.0);
+}
+inline controls::Twips ToTwips(const QWidget& widget, int pixels) {
+  return pixels * 1440.0 / widget.logicalDpiX();
+}
+
+/// A control's place in its container. Edges are rounded, not sizes, so that controls that touch in
+/// twips touch in pixels.
+inline QRect PixelBounds(const QWidget& widget, const controls::Control& control) {
+  const int left = ToPixels(widget, control.Left());
+  const int top = ToPixels(widget, control.Top());
+  const int right = ToPixels(widget, control.Left() + control.Width());
+  const int bottom = ToPixels(widget, control.Top() + control.Height());
+  return {left, top, right - left, bottom - top};
+}
+
+}  // namespace adapters::qt

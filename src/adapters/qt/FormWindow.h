@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QWidget>
+
+#include "adapters/qt/WidgetFactory.h"
+#include "controls/Form.h"
+
+namespace adapters::qt {
+
+/// The window of a form. Like the widgets in it, it survives the form once detached.
+class FormWindow : public QWidget {
+ public:
+  FormWindow(controls::Form& form, const Surroundings& surroundings);
+  ~FormWindow() override;
+  /// The form and its controls are not touched from here on.
+  void Detach();
+  /// Null for a control of another form.
+  QWidget* WidgetOf(const controls::Control& control) const;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  /// Enter and Esc, where the focused widget has no use for them.
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Refresh(const controls::Change& change);
+  void FitToForm();
+  void SetTabOrder();
+
+  controls::Form* form_;
+  Surroundings surroundings_;
+  WidgetFactory::Views views_;
+  controls::Subscription subscription_;
+  bool fitting_ = false;
+};
+
+}  // namespace adapters::qt

@@ -1,0 +1,136 @@
+#include "adapters/qt/MessageDialog.h"
+
+#include <QFrame>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "adapters/qt/Theme.h"
+
+namespace adapters::qt {
+
+namespace {
+
+constexpr int kBadge = 40;
+
+/// A round badge with "i", "?" or "!".
+QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
+  QColor ground = theme::kAccent;
+  QString sign = QStringLiteral("i");
+  if (kind == MessageDialog::Kind::kQuestion) sign = QStringLiteral("؟");
+  if (kind == MessageDialog::Kind::kError) {
+    sign = QStringLiteral("!");
+    ground = theme::kRefused;
+  }
+  QPixmap pixmap(QSize(kBadge, kBadge) * ratio);
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(ground);
+  painter.setPen(Qt::NoPen);
+  painter.drawEllipse(1, 1, kBadge - 2, kBadge - 2);
+  QFont font = QGuiApplication::font();
+  font.setPixelSize(24);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(Qt::white);
+  painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, sign);
+  return pixmap;
+}
+
+void SetGround(QWidget& widget, const QColor& colour) {
+  if (!colour.isValid()) return;
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, colour);
+  widget.setPalette(palette);
+  widget.setAutoFillBackground(true);
+}
+
+QLabel* TechnicalBox(const QString& text) {
+  auto* label = new QLabel(text);
+  label->setObjectName(QStringLiteral("technical"));
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setLayoutDirection(Qt::LeftToRight);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop | Qt::AlignAbsolute);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+}  // namespace
+
+MessageDialog::MessageDialog(const Content& content) {
+  setWindowTitle(content.title);
+  setWindowModality(Qt::ApplicationModal);
+  SetGround(*this, content.formGround);
+
+  auto* frame = new QFrame;
+  frame->setObjectName(QStringLiteral("messageFrame"));
+  if (content.frameGround.isValid()) {
+    frame->setStyleSheet(
+        QStringLiteral("QFrame#messageFrame { background: %1; }").arg(content.frameGround.name()));
+  }
+  auto* badge = new QLabel;
+  badge->setPixmap(Badge(content.kind, devicePixelRatioF()));
+  auto* message = new QLabel(content.message);
+  message->setObjectName(QStringLiteral("message"));
+  message->setTextFormat(Qt::PlainText);
+  message->setWordWrap(true);
+  message->setMinimumWidth(300);
+  message->setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
+  auto* inside = new QVBoxLayout(frame);
+  inside->setContentsMargins(18, 16, 18, 16);
+  inside->setSpacing(12);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(16);
+  row->addWidget(badge, 0, Qt::AlignTop);
+  row->addWidget(message, 1);
+  inside->addLayout(row);
+  if (!content.technical.isEmpty()) inside->addWidget(TechnicalBox(content.technical));
+
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  const auto addButton = [&](const QString& caption, Answer answer) {
+    auto* button = new QPushButton(caption);
+    button->setMinimumWidth(88);
+    button->setMinimumHeight(28);
+    if (content.buttonGround.isValid()) {
+      button->setStyleSheet(QStringLiteral("QPushButton:!hover { background: %1; }")
+                                .arg(content.buttonGround.name()));
+    }
+    connect(button, &QPushButton::clicked, this, [this, answer] {
+      answer_ = answer;
+      accept();
+    });
+    buttons->addWidget(button);
+    return button;
+  };
+  const bool question = content.kind == Kind::kQuestion;
+  QPushButton* first =
+      addButton(question ? QStringLiteral("بله") : QStringLiteral("تأیید"), Answer::kYes);
+  if (question) addButton(QStringLiteral("خیر"), Answer::kNo);
+  first->setDefault(true);
+  first->setFocus();
+
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(14, 14, 14, 14);
+  all->setSpacing(12);
+  all->addWidget(frame, 1);
+  all->addLayout(buttons);
+  all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+MessageDialog::Answer MessageDialog::Run() {
+  // An hourglass of the work that asked would hide that the buttons can be pressed.
+  QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+  exec();
+  QGuiApplication::restoreOverrideCursor();
+  return answer_;
+}
+
+}  // namespace adapters::qt

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QColor>
+#include <QDialog>
+#include <QString>
+
+namespace adapters::qt {
+
+/// The suite's message window: information with one button, a question with yes and no, or an
+/// error. Modal to the whole program.
+class MessageDialog : public QDialog {
+ public:
+  enum class Kind { kInformation, kQuestion, kError };
+  enum class Answer { kClosed = -1, kNo = 0, kYes = 1 };
+  struct Content {
+    QString title;
+    QString message;
+    /// Left-to-right text in a box of its own, which can be copied; empty for none.
+    QString technical;
+    Kind kind = Kind::kInformation;
+    QColor formGround;  // the three grounds: invalid colours leave the theme's
+    QColor buttonGround;
+    QColor frameGround;
+  };
+  explicit MessageDialog(const Content& content);
+
+  /// Shows it and waits. The single button of an information answers yes.
+  Answer Run();
+
+ private:
+  Answer answer_ = Answer::kClosed;
+};
+
+}  // namespace adapters::qt

@@ -1,0 +1,129 @@
+#include "adapters/qt/QtScreen.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QTimer>
+#include <QWindow>
+
+#include "platform/RuntimeError.h"
+
+namespace adapters::qt {
+
+using controls::Control;
+using controls::Form;
+using controls::Modality;
+using controls::MousePointer;
+using platform::RuntimeError;
+
+QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
+
+QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
+  // A routine that failed under the hourglass will not take it away any more.
+  guard_.SetBeforeShow([this] { SetMousePointer(MousePointer::kDefault); });
+}
+
+QtScreen::~QtScreen() {
+  guard_.SetBeforeShow(nullptr);
+  SetMousePointer(MousePointer::kDefault);
+}
+
+FormWindow& QtScreen::WindowFor(Form& form) {
+  std::unique_ptr<FormWindow>& window = windows_[&form];
+  if (!window) window = std::make_unique<FormWindow>(form, Surroundings{guard_, clock_});
+  return *window;
+}
+
+void QtScreen::Show(Form& form, Modality modality) {
+  if (modality == Modality::kModeless && (!modal_.empty() || QApplication::activeModalWidget())) {
+    throw RuntimeError(platform::kNonModalWhileModal,
+                       "Can't show non-modal form when modal form is displayed");
+  }
+  FormWindow& window = WindowFor(form);
+  if (!window.isVisible()) {
+    const bool modal = modality == Modality::kModal;
+    QWidget* const before = QApplication::activeWindow();
+    window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    window.winId();  // creates the native window, which can then be tied to the one before it
+    window.windowHandle()->setTransientParent(modal && before ? before->windowHandle() : nullptr);
+  }
+  if (window.isMinimized()) {
+    window.showNormal();
+  } else {
+    window.show();
+  }
+  window.raise();
+  window.activateWindow();
+  if (modality == Modality::kModal) RunModal(form);
+}
+
+void QtScreen::RunModal(Form& form) {
+  QEventLoop loop;
+  ModalRun run{&form, &loop};
+  modal_.push_back(&run);
+  loop.exec();
+  std::erase(modal_, &run);
+  // The program was told to quit while the form was up.
+  if (!run.ended) form.Hide();
+}
+
+void QtScreen::EndModal(const Form& form) {
+  for (ModalRun* run : modal_) {
+    if (run->form != &form) continue;
+    run->ended = true;
+    run->loop->quit();
+  }
+}
+
+void QtScreen::Hide(Form& form) {
+  EndModal(form);
+  if (const auto found = windows_.find(&form); found != windows_.end()) found->second->hide();
+}
+
+void QtScreen::Unload(Form& form) {
+  EndModal(form);
+  const auto found = windows_.find(&form);
+  if (found == windows_.end()) return;
+  // The form's own destructor may be what unloads it: nothing of it may be asked from here on.
+  std::unique_ptr<FormWindow> window = std::move(found->second);
+  windows_.erase(found);
+  window->Detach();
+  window->hide();
+  retired_.push_back(std::move(window));
+  QTimer::singleShot(0, QCoreApplication::instance(), [this] { DropRetired(); });
+}
+
+void QtScreen::DropRetired() {
+  // Waiting costs nothing but memory: the next unloading tries again.
+  if (guard_.Depth() == 0) retired_.clear();
+}
+
+void QtScreen::SetFocus(Control& control) {
+  QWidget* widget = WidgetOf(control);
+  if (!widget) {
+    throw RuntimeError(platform::kInvalidProcedureCall, "Invalid procedure call or argument");
+  }
+  widget->setFocus(Qt::OtherFocusReason);
+}
+
+void QtScreen::SetMousePointer(MousePointer pointer) {
+  const bool hourglass = pointer == MousePointer::kHourglass;
+  if (hourglass == hourglass_) return;
+  hourglass_ = hourglass;
+  if (hourglass) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+QWidget* QtScreen::WindowOf(Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : found->second.get();
+}
+
+QWidget* QtScreen::WidgetOf(Control& control) const {
+  const auto found = windows_.find(&control.ParentForm());
+  return found == windows_.end() ? nullptr : found->second->WidgetOf(control);
+}
+
+}  // namespace adapters::qt

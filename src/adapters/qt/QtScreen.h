@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "adapters/qt/ErrorGuard.h"
+#include "adapters/qt/FormWindow.h"
+#include "adapters/qt/Services.h"
+#include "controls/Screen.h"
+
+class QEventLoop;
+
+namespace adapters::qt {
+
+/// The Qt desktop as forms see it. Needs a QApplication; outlives the forms shown on it.
+class QtScreen : public controls::Screen {
+ public:
+  explicit QtScreen(ErrorGuard& guard);
+  /// With a clock of one's own, for what date boxes call today.
+  QtScreen(ErrorGuard& guard, const platform::Clock& clock);
+  ~QtScreen() override;
+
+  void Show(controls::Form& form, controls::Modality modality) override;
+  void Hide(controls::Form& form) override;
+  void Unload(controls::Form& form) override;
+  /// Throws RuntimeError 5 when the control's form has no window.
+  void SetFocus(controls::Control& control) override;
+  void SetMousePointer(controls::MousePointer pointer) override;
+
+  /// The form's window; null before it was first shown and after it was unloaded.
+  QWidget* WindowOf(controls::Form& form) const;
+  /// The control's widget; null where its form has no window.
+  QWidget* WidgetOf(controls::Control& control) const;
+
+ private:
+  struct ModalRun {
+    const controls::Form* form;
+    QEventLoop* loop;
+    bool ended = false;
+  };
+  FormWindow& WindowFor(controls::Form& form);
+  void RunModal(controls::Form& form);
+  void EndModal(const controls::Form& form);
+  void DropRetired();
+
+  QtClock ownClock_;
+  ErrorGuard& guard_;
+  const platform::Clock& clock_;
+  std::unordered_map<const controls::Form*, std::unique_ptr<FormWindow>> windows_;
+  // Windows of unloaded forms that a call from one of their own widgets may still return to.
+  std::vector<std::unique_ptr<FormWindow>> retired_;
+  std::vector<ModalRun*> modal_;
+  bool hourglass_ = false;
+};
+
+}  // namespace adapters::qt
