@@ -1,6 +1,7 @@
 #include "adapters/sqlite/Database.h"
 
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "adapters/sqlite/Errors.h"
@@ -10,10 +11,13 @@ namespace adapters::sqlite {
 
 namespace {
 
+std::filesystem::path PathOf(const std::string& utf8) {
+  return {std::u8string(utf8.begin(), utf8.end())};
+}
+
 void RequireFile(const std::string& path) {
-  const std::filesystem::path file(std::u8string(path.begin(), path.end()));
   std::error_code error;
-  const auto status = std::filesystem::status(file, error);
+  const auto status = std::filesystem::status(PathOf(path), error);
   if (path.empty() || status.type() == std::filesystem::file_type::not_found) {
     throw MakeError(kCannotOpenDatabase, "فایل پایگاه داده «" + path +
                                              "» پیدا نشد. Cannot open database. (no such file)");
@@ -32,13 +36,10 @@ void Run(sqlite3* database, const char* sql, const std::string& path) {
   }
 }
 
-}  // namespace
-
-DatabaseHandle OpenDatabase(const std::string& path, int flags,
-                            std::chrono::milliseconds busyTimeout) {
-  if ((flags & SQLITE_OPEN_CREATE) == 0) RequireFile(path);
+DatabaseHandle Open(const std::string& name, int flags, std::chrono::milliseconds busyTimeout,
+                    const std::string& path) {
   sqlite3* opened = nullptr;
-  const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
+  const int result = sqlite3_open_v2(name.c_str(), &opened, flags, nullptr);
   DatabaseHandle database(opened);
   if (result != SQLITE_OK) throw LastError(opened, path);
   sqlite3_extended_result_codes(opened, 1);
@@ -46,11 +47,52 @@ DatabaseHandle OpenDatabase(const std::string& path, int flags,
   sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegisterFunctions(opened);
+  return database;
+}
+
+/// The file's address by which SQLite takes no locks and expects nobody to change the file.
+std::string UnchangingAddress(const std::string& path) {
+  std::string address = "file:";
+  for (const char c : path) {
+    if (c == '%' || c == '?' || c == '#') {
+      constexpr std::string_view kDigits = "0123456789ABCDEF";
+      const auto byte = static_cast<unsigned char>(c);
+      address.append({'%', kDigits[byte >> 4U], kDigits[byte & 15U]});
+    } else {
+      address.push_back(c);
+    }
+  }
+  return address + "?immutable=1";
+}
+
+/// Even reading a file with a write-ahead log needs a file beside it. In a folder where none may be
+/// made, and none is left from a program that writes, the file is read as one that never changes.
+bool IsUnreadableForItsLog(sqlite3* database, const std::string& path) {
+  const int code = sqlite3_errcode(database) & 0xFF;
+  std::error_code error;
+  return (code == SQLITE_READONLY || code == SQLITE_CANTOPEN) &&
+         sqlite3_db_readonly(database, "main") == 1 &&
+         !std::filesystem::exists(PathOf(path + "-wal"), error);
+}
+
+}  // namespace
+
+DatabaseHandle OpenDatabase(const std::string& path, int flags,
+                            std::chrono::milliseconds busyTimeout) {
+  if ((flags & SQLITE_OPEN_CREATE) == 0) RequireFile(path);
+  DatabaseHandle database = Open(path, flags, busyTimeout, path);
   // Reads the file for the first time: what is no database shows here.
-  Run(opened, "PRAGMA schema_version", path);
-  if (sqlite3_db_readonly(opened, "main") == 0) {
-    Run(opened, "PRAGMA journal_mode = WAL", path);
-    Run(opened, "PRAGMA synchronous = NORMAL", path);
+  constexpr const char* kFirstRead = "PRAGMA schema_version";
+  if (sqlite3_exec(database.get(), kFirstRead, nullptr, nullptr, nullptr) != SQLITE_OK) {
+    if (!IsUnreadableForItsLog(database.get(), path)) throw LastError(database.get(), path);
+    const int readOnly = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) |
+                         SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
+    database = Open(UnchangingAddress(path), readOnly, busyTimeout, path);
+    Run(database.get(), kFirstRead, path);
+  }
+  if (sqlite3_db_readonly(database.get(), "main") == 0) {
+    Run(database.get(), "PRAGMA journal_mode = WAL", path);
+    Run(database.get(), "PRAGMA synchronous = NORMAL", path);
   }
   return database;
 }
