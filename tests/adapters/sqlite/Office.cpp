@@ -88,7 +88,7 @@ TestFolder::~TestFolder() {
   std::filesystem::remove_all(path_, ignored);
 }
 
-Office::Office() : file(folder.File("office.db")), connection("sqlite:" + file) {
+Office::Office() : file(folder.File("office #1%.db")), connection("sqlite:" + file) {
   const DatabaseHandle database = OpenDatabase(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   if (sqlite3_exec(database.get(), std::string(kSchema).c_str(), nullptr, nullptr, nullptr) !=
       SQLITE_OK) {
