@@ -89,7 +89,7 @@ void QtScreen::Unload(Form& form) {
   window->Detach();
   window->hide();
   retired_.push_back(std::move(window));
-  QTimer::singleShot(0, QCoreApplication::instance(), [this] { DropRetired(); });
+  QTimer::singleShot(0, &idle_, [this] { DropRetired(); });
 }
 
 void QtScreen::DropRetired() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -52,6 +53,7 @@ class QtScreen : public controls::Screen {
   std::vector<std::unique_ptr<FormWindow>> retired_;
   std::vector<ModalRun*> modal_;
   bool hourglass_ = false;
+  QObject idle_;  // what is left for later dies with the screen
 };
 
 }  // namespace adapters::qt

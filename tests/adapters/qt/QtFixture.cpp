@@ -1,0 +1,91 @@
+#include "adapters/qt/QtFixture.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+#include "adapters/qt/Convert.h"
+
+namespace adapters::qt {
+
+SampleForm::SampleForm(controls::Screen& onScreen, controls::LookupSource& source)
+    : Form(onScreen, "SampleForm", Border::kSizable), sltCity(frame, "sltCity", source) {
+  SetCaption("فرم نمونه");
+  Resize(10500, 7800);
+  SetMinimumSize(7500, 6000);
+  lblName.Move(9000, 210, 1300, 285);
+  txtName.Move(5700, 150, 3200, 375);
+  lblNumber.Move(3900, 210, 1300, 285);
+  txtNumber.Move(1800, 150, 2000, 375);
+  frame.Move(150, 660, 10200, 1750);
+  lblCity.Move(8850, 360, 1200, 285);
+  sltCity.Move(5550, 300, 3200, 375);
+  lblDate.Move(3750, 360, 1300, 285);
+  datFrom.Move(1650, 300, 2000, 375);
+  lblEmpty.Move(3750, 825, 1300, 285);
+  datTo.Move(1650, 765, 2000, 375);
+  lblReport.Move(8850, 825, 1200, 285);
+  cmbReport.Move(5550, 765, 3200, 0);
+  chkActive.Move(5550, 1260, 3200, 330);
+  lblNotes.Move(9000, 2580, 1300, 285);
+  txtNotes.Move(150, 2550, 8750, 1050);
+  flx.Move(150, 3750, 10200, 3300);
+  cmdOK.Move(8850, 7230, 1500, 420);
+  cmdOff.Move(7250, 7230, 1500, 420);
+  cmdCancel.Move(5650, 7230, 1500, 420);
+  for (const char* title : {"قالب ساده", "قالب ماهانه", "قالب با تلفن"}) cmbReport.AddItem(title);
+  int tab = 0;
+  for (controls::Control* control : std::vector<controls::Control*>{
+           &txtNumber, &txtName, &sltCity, &datFrom, &flx, &cmdOK, &cmdCancel}) {
+    control->SetTabIndex(tab++);
+  }
+  SetDefaultButton(&cmdOK);
+  SetCancelButton(&cmdCancel);
+}
+
+void QtTest::ShowForm() {
+  form.Show(controls::Modality::kModeless);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(screen.WindowOf(form)));
+}
+
+void QtTest::Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+  QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+  QApplication::sendEvent(&widget, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+  QApplication::sendEvent(&widget, &release);
+}
+
+void QtTest::Type(QWidget& widget, const QString& text) {
+  for (const QChar letter : text) Press(widget, 0, Qt::NoModifier, QString(letter));
+}
+
+void QtTest::OnModalWindow(std::function<void(QWidget&)> action) {
+  QTimer::singleShot(0, qApp, [action = std::move(action)] {
+    QWidget* window = QApplication::activeModalWidget();
+    if (window) {
+      action(*window);
+    } else {
+      ADD_FAILURE() << "no modal window came up";
+    }
+  });
+}
+
+void QtTest::AnswerDialog(const QString& caption, QString* message) {
+  OnModalWindow([=](QWidget& window) {
+    if (message) {
+      for (const QLabel* label : window.findChildren<QLabel*>()) *message += label->text() + "\n";
+    }
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+      if (button->text() == caption) return button->click();
+    }
+    ADD_FAILURE() << "no button " << ToUtf8(caption);
+    window.close();
+  });
+}
+
+void QtTest::SavePicture(QWidget& widget, const QString& name) {
+  const QString folder = qEnvironmentVariable("PROMOTER_PICTURES");
+  if (folder.isEmpty()) return;
+  EXPECT_TRUE(widget.grab().save(folder + "/" + name + ".png"));
+}
+
+}  // namespace adapters::qt
