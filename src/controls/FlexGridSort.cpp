@@ -1,6 +1,7 @@
 #include "controls/FlexGridSort.h"
 
 #include <algorithm>
+#include <compare>
 #include <cstddef>
 #include <numeric>
 #include <string>
@@ -125,7 +126,9 @@ void SortFew(const FlexGridStore& store, std::vector<std::uint32_t>& rows, Run r
     for (int col = firstCol; col <= lastCol; ++col) {
       const auto order = text::ComparePersian(store.Text(firstRow + static_cast<int>(a), col),
                                               store.Text(firstRow + static_cast<int>(b), col));
-      if (order != 0) return (order < 0) == (direction == SortDirection::kAscending);
+      if (std::is_neq(order)) {
+        return std::is_lt(order) == (direction == SortDirection::kAscending);
+      }
     }
     return a < b;
   });

@@ -18,7 +18,7 @@ using platform::TextSlice;
 
 constexpr std::size_t kMaxCells = std::size_t{1} << 28U;
 // Below this, unused text is not worth a compaction.
-constexpr std::size_t kSmallArena = 64U * 1024U;
+constexpr std::size_t kSmallArena = std::size_t{64} * 1024;
 
 [[noreturn]] void ThrowOutOfMemory() {
   throw platform::RuntimeError(7, "Out of memory");
@@ -335,9 +335,10 @@ std::size_t FlexGridStore::MemoryBytes() const {
   std::size_t bytes = texts_.arena.capacity() + texts_.cells.capacity() * sizeof(TextSlice) +
                       colours_.capacity() * sizeof(RowColour) +
                       (order_.capacity() + freeIds_.capacity()) * sizeof(std::uint32_t);
-  constexpr std::size_t kNodeBytes = 3 * sizeof(void*);
+  // What a node of the table takes, its bucket and its link counted.
+  constexpr std::size_t kNodeBytes = sizeof(decltype(mixed_)::value_type) + 2 * sizeof(void*);
   for (const auto& [id, several] : mixed_) {
-    bytes += sizeof(id) + sizeof(several) + kNodeBytes + several.capacity() * sizeof(Colour);
+    bytes += kNodeBytes + several.capacity() * sizeof(Colour);
   }
   return bytes;
 }

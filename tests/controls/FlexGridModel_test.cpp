@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <compare>
 #include <random>
 #include <string>
 #include <vector>
@@ -132,7 +133,7 @@ class PlainGrid {
     std::stable_sort(p.rows.begin() + p.fixedRows, p.rows.end(), [&](const auto& a, const auto& b) {
       for (int col = first; col <= last; ++col) {
         const auto result = text::ComparePersian(a[Size(col)].text, b[Size(col)].text);
-        if (result != 0) return order == 7 ? result < 0 : result > 0;
+        if (std::is_neq(result)) return order == 7 ? std::is_lt(result) : std::is_gt(result);
       }
       return false;
     });
@@ -327,7 +328,11 @@ class Trial {
   }
 
   void StepRows(int choice, int row) {
-    if (choice < 78) {
+    if (choice < 70 && plain_.Rows() > 0 && plain_.Cols() > 0) {
+      const int from = Upto(plain_.Rows() - 1);
+      const std::string text = plain_.p.rows[static_cast<std::size_t>(from)][0].text;
+      Both([&] { grid_.AddItem(grid_.TextMatrix(from, 0)); }, plain_.AddItem(text, plain_.Rows()));
+    } else if (choice < 78) {
       const std::string text = RandomText() + "\t" + RandomText() + "\t" + RandomText();
       Both([&] { grid_.AddItem(text); }, plain_.AddItem(text, plain_.Rows()));
     } else if (choice < 82) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <compare>
 #include <functional>
 #include <random>
 #include <string>
@@ -192,6 +193,26 @@ TEST_F(FlexGridTest, removeItem_mostRowsOneByOne_givesMemoryBack) {
   EXPECT_THAT(Column(0), ElementsAre(std::string(100, 'x'), std::string(100, 'x')));
 }
 
+TEST_F(FlexGridTest, removeAndAdd_againAndAgain_newRowsEmptyWithoutColourInTheSameRoom) {
+  grid.SetCols(4);
+  Fill({"a", "b", "c"});
+  for (int i = 0; i < 3000; ++i) {
+    grid.AddItem("\t" + std::string(500, 'x'));
+    // Two colours in one row, each time at other places.
+    grid.SetRow(4);
+    for (int col = 0; col < 4; ++col) ASSERT_EQ(grid.EffectiveBackColor(4, col), grid.BandColor());
+    grid.SetCol(i % 2);
+    grid.SetCellBackColor(3);
+    grid.SetCol(i % 2 + 2);
+    grid.SetCellBackColor(4);
+    ASSERT_EQ(grid.EffectiveBackColor(4, i % 2), 3U);
+    ASSERT_EQ(grid.EffectiveBackColor(4, 1 - i % 2), grid.BandColor());
+    ASSERT_EQ(grid.EffectiveBackColor(4, 3 - i % 2), grid.BandColor());
+    grid.RemoveItem(4);
+  }
+  EXPECT_LE(grid.MemoryBytes(), 150U * 1024U);
+}
+
 TEST_F(FlexGridTest, cellBackColor_fillStyles_currentCellOrWholeBlock) {
   grid.SetRows(4);
   grid.SetCols(4);
@@ -278,8 +299,8 @@ TEST_F(FlexGridTest, sort_manyRowsWithLongBeginningsInCommon_orderOfAStableSort)
   for (const int order : {7, 8, 8, 7}) {
     std::stable_sort(lines.begin(), lines.end(), [order](const Line& a, const Line& b) {
       auto result = text::ComparePersian(a.first, b.first);
-      if (result == 0) result = text::ComparePersian(a.second, b.second);
-      return order == 7 ? result < 0 : result > 0;
+      if (std::is_eq(result)) result = text::ComparePersian(a.second, b.second);
+      return order == 7 ? std::is_lt(result) : std::is_gt(result);
     });
     grid.Sort(order);
     for (int i = 0; i < 3000; ++i) {
@@ -405,6 +426,12 @@ TEST_F(FlexGridTest, notify_redrawOff_onceForEachKindWhenSwitchedOn) {
   grid.SetColWidth(1, 0);
   grid.SetRedraw(true);
   EXPECT_THAT(heard.Take(), ElementsAre("columns", "rows", "selection"));
+
+  grid.SetRedraw(false);
+  grid.SetCols(1);  // the texts of the other column are lost
+  grid.SetCols(2);
+  grid.SetRedraw(true);
+  EXPECT_THAT(heard.Take(), testing::IsSupersetOf({"columns", "rows"}));
 }
 
 TEST_F(FlexGridTest, mouse_pressOnDataCell_currentBeforeTheHandlerHears) {

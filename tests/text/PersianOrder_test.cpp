@@ -4,6 +4,7 @@
 #include <unicode/coll.h>
 #include <unicode/unistr.h>
 
+#include <compare>
 #include <memory>
 #include <random>
 #include <string>
@@ -12,7 +13,7 @@
 namespace {
 
 int Sign(std::weak_ordering order) {
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
+  return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 
 int Sign(int order) {
