@@ -6,12 +6,20 @@
 #include <QTextOption>
 #include <algorithm>
 
+#include "adapters/qt/Signs.h"
 #include "adapters/qt/Theme.h"
 
 namespace adapters::qt {
 
 using controls::Aspect;
 using controls::Change;
+
+namespace {
+
+/// The screen settles the height of a combo box: that of the forms' other fields.
+constexpr controls::Twips kComboHeight = 375;
+
+}  // namespace
 
 LabelWidget::LabelWidget(controls::Label& model, const Surroundings& surroundings, QWidget* parent)
     : ViewOf(model, surroundings, parent) {
@@ -56,6 +64,7 @@ MemoWidget::MemoWidget(controls::TextBox& model, const Surroundings& surrounding
     : ViewOf(model, surroundings, parent) {
   QTextOption option = document()->defaultTextOption();
   option.setTextDirection(Qt::RightToLeft);
+  option.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   document()->setDefaultTextOption(option);
   setTabChangesFocus(true);
@@ -147,8 +156,7 @@ ComboWidget::ComboWidget(controls::ComboBox& model, const Surroundings& surround
 void ComboWidget::Refresh(const Change& change) {
   switch (change.aspect) {
     case Aspect::kBounds:
-      // The screen settles the height.
-      if (Model()->Height() <= 0) resize(width(), sizeHint().height());
+      resize(width(), ToPixels(*this, kComboHeight));
       break;
     case Aspect::kItems: {
       clear();
@@ -162,6 +170,14 @@ void ComboWidget::Refresh(const Change& change) {
     default:
       break;
   }
+}
+
+void ComboWidget::paintEvent(QPaintEvent* event) {
+  ViewOf::paintEvent(event);
+  QPainter painter(this);
+  const bool mirrored = layoutDirection() == Qt::RightToLeft;
+  PaintDropArrow(painter, QPointF(mirrored ? 12 : width() - 12, height() / 2.0),
+                 isEnabled() ? theme::kText : theme::kLine);
 }
 
 FrameWidget::FrameWidget(controls::Frame& model, const Surroundings& surroundings, QWidget* parent)

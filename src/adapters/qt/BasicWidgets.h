@@ -69,6 +69,7 @@ class ComboWidget : public ViewOf<QComboBox, controls::ComboBox> {
   ComboWidget(controls::ComboBox& model, const Surroundings& surroundings, QWidget* parent);
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void Refresh(const controls::Change& change) override;
 };
 

@@ -3,13 +3,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
-#include <QPainterPath>
 #include <QScreen>
 #include <QStyle>
 #include <QTimer>
 #include <QVariant>
 #include <algorithm>
 
+#include "adapters/qt/Signs.h"
 #include "adapters/qt/Theme.h"
 
 namespace adapters::qt {
@@ -19,7 +19,6 @@ namespace {
 constexpr int kButtonWidth = 20;
 constexpr int kNoteMilliseconds = 5000;
 
-/// Draws its own sign, so that no icon theme is needed.
 class SignButton : public QToolButton {
  public:
   SignButton(FieldWithButton::Sign sign, QWidget* parent) : QToolButton(parent), sign_(sign) {
@@ -31,23 +30,13 @@ class SignButton : public QToolButton {
   void paintEvent(QPaintEvent* event) override {
     QToolButton::paintEvent(event);
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const QColor ink = isEnabled() ? theme::kText : theme::kLine;
     const QPointF centre = QRectF(rect()).center();
     if (sign_ == FieldWithButton::Sign::kArrow) {
-      painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-      QPainterPath arrow(centre + QPointF(-4, -2));
-      arrow.lineTo(centre + QPointF(0, 2));
-      arrow.lineTo(centre + QPointF(4, -2));
-      painter.drawPath(arrow);
-      return;
+      PaintDropArrow(painter, centre, ink);
+    } else {
+      PaintCalendar(painter, centre, ink);
     }
-    painter.setPen(QPen(ink, 1.2));
-    const QRectF page(centre + QPointF(-5.5, -4.5), QSizeF(11, 10));
-    painter.drawRoundedRect(page, 1.5, 1.5);
-    painter.drawLine(page.topLeft() + QPointF(0, 3), page.topRight() + QPointF(0, 3));
-    painter.drawLine(page.topLeft() + QPointF(3, -1.5), page.topLeft() + QPointF(3, 1));
-    painter.drawLine(page.topRight() + QPointF(-3, -1.5), page.topRight() + QPointF(-3, 1));
   }
 
  private:

@@ -189,12 +189,12 @@ void FlexGridView::keyPressEvent(QKeyEvent* event) {
 
 void FlexGridView::focusInEvent(QFocusEvent* event) {
   ViewOf::focusInEvent(event);
-  viewport()->update();
+  ShowFocus(true);
 }
 
 void FlexGridView::focusOutEvent(QFocusEvent* event) {
   ViewOf::focusOutEvent(event);
-  viewport()->update();
+  ShowFocus(false);
 }
 
 bool FlexGridView::viewportEvent(QEvent* event) {

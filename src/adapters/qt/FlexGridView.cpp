@@ -3,6 +3,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "adapters/qt/Theme.h"
+
 namespace adapters::qt {
 
 using controls::Aspect;
@@ -11,8 +13,8 @@ using controls::FlexGrid;
 
 FlexGridView::FlexGridView(FlexGrid& model, const Surroundings& surroundings, QWidget* parent)
     : ViewOf(model, surroundings, parent) {
-  setFrameShape(QFrame::NoFrame);
-  setViewportMargins(1, 1, 1, 1);
+  setFrameStyle(QFrame::Box | QFrame::Plain);
+  ShowFocus(false);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setMouseTracking(true);
   viewport()->setAutoFillBackground(false);
@@ -37,6 +39,13 @@ void FlexGridView::Refresh(const Change& change) {
       viewport()->update();
       break;
   }
+}
+
+void FlexGridView::ShowFocus(bool focused) {
+  QPalette framed = palette();
+  framed.setColor(QPalette::WindowText, focused ? theme::kAccent : theme::kLine);
+  setPalette(framed);
+  viewport()->update();
 }
 
 void FlexGridView::MeasureColumns() {

@@ -51,6 +51,7 @@ class FlexGridView : public ViewOf<QAbstractScrollArea, controls::FlexGrid> {
     int near = 0;
     int far = 0;
   };
+  void ShowFocus(bool focused);
   void MeasureColumns();
   void UpdateScrollBars();
   void UpdateRows(int firstRow, int lastRow);

@@ -52,10 +52,21 @@ QLineEdit:disabled, QPlainTextEdit:disabled { background: %7; color: %1; }
 QLineEdit[refused="true"] { border: 2px solid %8; }
 QComboBox { background: %4; color: %1; border: 1px solid %3; border-radius: 3px;
               padding: 0px 4px; }
+QComboBox::drop-down { border: none; width: 22px; }
+QComboBox::down-arrow { image: none; }
 QComboBox:focus { border-color: %5; }
 QComboBox:disabled { background: %7; color: %2; }
 QComboBox QAbstractItemView, QListView { background: %4; color: %1; border: 1px solid %3;
               selection-background-color: %9; selection-color: %1; outline: none; }
+QScrollBar { background: %7; border: none; }
+QScrollBar:vertical { width: 13px; }
+QScrollBar:horizontal { height: 13px; }
+QScrollBar::handle { background: %3; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:hover { background: %5; }
+QScrollBar::handle:vertical { min-height: 28px; }
+QScrollBar::handle:horizontal { min-width: 28px; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 QCheckBox { color: %1; spacing: 6px; }
 QCheckBox:disabled { color: %2; }
 QCheckBox:focus { color: %5; }

@@ -1,10 +1,10 @@
 #include <QLabel>
 
-#include "adapters/qt/QtFixture.h"
 #include "adapters/qt/DateBoxWidget.h"
 #include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/MessageDialog.h"
 #include "adapters/qt/MonthPopup.h"
+#include "adapters/qt/QtFixture.h"
 #include "adapters/qt/SelectorWidget.h"
 #include "adapters/qt/Theme.h"
 
@@ -45,7 +45,9 @@ class SampleFormPicture : public QtTest {
       grid.SetTextMatrix(row, 0, std::to_string(row));
       grid.SetTextMatrix(row, 1, row % 2 ? "علی رضایی" : "فاطمه یوسفی کاشمری");
       grid.SetTextMatrix(row, 2, "1404/02/" + std::to_string(10 + row % 20));
-      grid.SetTextMatrix(row, 3, "بازدید دوره‌ای مشتریان خیابان امام رضا و کوهسنگی");
+      grid.SetTextMatrix(row, 3,
+                         "بازدید دوره‌ای مشتریان خیابان امام رضا و "
+                         "کوهسنگی");
       grid.SetTextMatrix(row, 4, std::to_string(row * 7));
     }
     grid.SetHighLight(controls::FlexGrid::HighLight::kNever);
