@@ -32,9 +32,9 @@ class Selector : public Control {
 
   void SetConnectionString(std::string connectionString);
   void SetViews(std::string major, std::string minor);
-  /// SQL conditions on the major view's rows, joined by "and" (a text that is both, once), so that an
-  /// "or" needs its own brackets; empty for none. An id that is selected stays selected, whether it
-  /// meets them or not.
+  /// SQL conditions on the major view's rows, joined by "and" (a text that is both, once), so that
+  /// an "or" needs its own brackets; empty for none. An id that is selected stays selected, whether
+  /// it meets them or not.
   void SetCondition(std::string condition);
   void SetStandingCondition(std::string condition);
   const std::string& Condition() const { return condition_; }
