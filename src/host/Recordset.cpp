@@ -41,7 +41,6 @@ void Recordset::Open(std::string source) {
 void Recordset::Close() {
   RequireOpen();
   rows_ = {};
-  cursor_ = 0;
   open_ = false;
 }
 

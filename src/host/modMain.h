@@ -85,6 +85,13 @@ class modMain : public controls::LookupSource {
   /// is not known keeps the layout chosen before.
   void SwitchKeyboard();
 
+  /// Gives a selector the context's connection string and its pair of lookup views.
+  void SetViews(controls::Selector& selector, const std::string& major,
+                const std::string& minor) const {
+    selector.SetConnectionString(context_.connectionString);
+    selector.SetViews(major, minor);
+  }
+
   void SetMousePointer(controls::MousePointer pointer) {
     services_.screen.SetMousePointer(pointer);
   }

@@ -42,8 +42,11 @@ TEST_F(RecordsetTest, Open_query_walksItsRowsAndReadsFieldsByName) {
   EXPECT_TRUE(rows.Eof());
   rows.MoveFirst();
   EXPECT_EQ(rows.Text("ID"), "1");
+  rows.MoveNext();
   rows.Close();
   EXPECT_EQ(rows.GetState(), Recordset::State::kClosed);
+  rows.Open();
+  EXPECT_EQ(rows.Text("ID"), "1");
 }
 
 TEST_F(RecordsetTest, Open_statementWithoutRows_staysClosedAndCanRunTheNext) {

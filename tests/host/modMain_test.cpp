@@ -48,6 +48,7 @@ TEST(NumericId_, texts_giveWholeIdsOrOverflow) {
   EXPECT_EQ(host::NumericId("2147483647"), 2147483647);
   EXPECT_EQ(host::NumericId("-2147483648"), -2147483647 - 1);
   EXPECT_EQ(ResumeNext([] { (void)host::NumericId("2147483648"); }), platform::kOverflow);
+  EXPECT_EQ(ResumeNext([] { (void)host::NumericId("-2147483649"); }), platform::kOverflow);
 }
 
 class EmptyForm : public controls::Form {
@@ -217,12 +218,12 @@ TEST_F(modMainTest, AskSaveFileName_chosenOrCancelled_isTrueAndTheNameTells) {
 }
 
 TEST_F(modMainTest, SwitchKeyboard_versions_chooseOrKeepTheLayout) {
-  for (const std::uint32_t version : {3U, 0x0A280104U, 3U, 5U, 0x47BB000AU, 0x00000003U}) {
+  for (const std::uint32_t version : {3U, 0x0A280104U, 3U, 0x47BB000AU, 4U, 5U, 3U}) {
     outside.keyboard.version = version;
     module.SwitchKeyboard();
   }
-  EXPECT_THAT(outside.keyboard.loaded,
-              ElementsAre("", "00000401", "00000401", "00000429", "00000429", "00000429"));
+  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("", "00000401", "00000401", "00000429",
+                                                   "00000401", "00000429", "00000429"));
 }
 
 TEST_F(modMainTest, ConnectDataEnvironment_twice_leavesOneWithTheLastStringAndTouchesNoServer) {
@@ -232,6 +233,7 @@ TEST_F(modMainTest, ConnectDataEnvironment_twice_leavesOneWithTheLastStringAndTo
   module.SetContext({.connectionString = "second"});
   module.ConnectDataEnvironment();
   EXPECT_EQ(outside.connections.Alive(), 1);
+  EXPECT_EQ(outside.connections.MostAlive(), 1);
   EXPECT_THAT(outside.database.Log(), IsEmpty());
   EXPECT_EQ(ResumeNext([&] { module.DtEn().sqlCommon().Open("Select 1"); }), 17);
   EXPECT_EQ(outside.database.Calls().at(0).connectionString, "second");

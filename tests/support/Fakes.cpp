@@ -24,7 +24,7 @@ std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
    public:
     explicit Application(FakeExcel& excel) : excel_(excel) {}
     void AddWorkbook() override { ++excel_.workbooks; }
-    void SetVisible(bool visible) override { excel_.visible = visible; }
+    void SetVisible(bool shown) override { excel_.visible = shown; }
     void SetCell(int row, int column, std::string_view text) override {
       if (excel_.workbooks == 0) throw RuntimeError(9, "Subscript out of range");
       if (excel_.failAt == Position{row, column}) throw RuntimeError(excel_.failure);

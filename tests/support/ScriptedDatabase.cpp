@@ -150,23 +150,26 @@ std::int32_t RecordingConnection::CallProcedure(std::string_view name,
   return database_.CallProcedure(connectionString_, name, parameters);
 }
 
+// A connection may outlive its factory: both share the count.
+class CountedConnection : public RecordingConnection {
+ public:
+  CountedConnection(ScriptedDatabase& database, const std::string& connectionString,
+                    std::shared_ptr<FakeConnectionFactory::Count> count)
+      : RecordingConnection(database, connectionString), count_(std::move(count)) {
+    count_->most = std::max(count_->most, ++count_->alive);
+  }
+  ~CountedConnection() override { --count_->alive; }
+  CountedConnection(const CountedConnection&) = delete;
+  CountedConnection& operator=(const CountedConnection&) = delete;
+
+ private:
+  std::shared_ptr<FakeConnectionFactory::Count> count_;
+};
+
 std::unique_ptr<platform::Connection> FakeConnectionFactory::Create(
     const std::string& connectionString) {
-  class Counted : public RecordingConnection {
-   public:
-    Counted(ScriptedDatabase& database, std::string text, std::shared_ptr<int> alive)
-        : RecordingConnection(database, std::move(text)), alive_(std::move(alive)) {
-      ++*alive_;
-    }
-    ~Counted() override { --*alive_; }
-    Counted(const Counted&) = delete;
-    Counted& operator=(const Counted&) = delete;
-
-   private:
-    std::shared_ptr<int> alive_;
-  };
   connectionStrings.push_back(connectionString);
-  return std::make_unique<Counted>(database_, connectionString, alive_);
+  return std::make_unique<CountedConnection>(database_, connectionString, count_);
 }
 
 }  // namespace support

@@ -142,11 +142,18 @@ class FakeConnectionFactory : public platform::ConnectionFactory {
   /// The strings of all connections made, in order.
   std::vector<std::string> connectionStrings;
   /// Connections that live now.
-  int Alive() const { return *alive_; }
+  int Alive() const { return count_->alive; }
+  /// Most that ever lived at once.
+  int MostAlive() const { return count_->most; }
 
  private:
+  friend class CountedConnection;
+  struct Count {
+    int alive = 0;
+    int most = 0;
+  };
   ScriptedDatabase& database_;
-  std::shared_ptr<int> alive_ = std::make_shared<int>(0);
+  std::shared_ptr<Count> count_ = std::make_shared<Count>();
 };
 
 }  // namespace support

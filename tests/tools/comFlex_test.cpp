@@ -32,7 +32,11 @@ class comFlexTest : public testing::Test {
   void Fill(const std::vector<std::pair<std::string, std::string>>& rows) {
     controls::FlexGrid& grid = list.getFlex();
     grid.SetRows(1);
-    for (const auto& [first, second] : rows) grid.AddItem("\t" + first + "\t" + second);
+    for (const auto& [first, second] : rows) {
+      grid.AddItem("");
+      grid.SetTextMatrix(grid.Rows() - 1, 1, first);
+      grid.SetTextMatrix(grid.Rows() - 1, 2, second);
+    }
     if (!rows.empty()) grid.SetFixedRows(1);
   }
 
