@@ -101,8 +101,8 @@ void FlexGridView::PaintCell(QPainter& painter, int row, int col) const {
 
 void FlexGridView::PaintBlockFrame(QPainter& painter) const {
   if (Model()->Rows() <= Model()->FixedRows()) return;
-  const auto [firstRow, lastRow] = std::minmax(Model()->Row(), Model()->RowSel());
-  const auto [firstCol, lastCol] = std::minmax(Model()->Col(), Model()->ColSel());
+  const auto [firstRow, lastRow] = std::minmax({Model()->Row(), Model()->RowSel()});
+  const auto [firstCol, lastCol] = std::minmax({Model()->Col(), Model()->ColSel()});
   if (firstRow < Model()->FixedRows() || lastCol >= static_cast<int>(columns_.size())) return;
   const QRect right = ColumnPlace(firstCol);
   const QRect left = ColumnPlace(lastCol);

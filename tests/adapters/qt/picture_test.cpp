@@ -45,9 +45,10 @@ class SampleFormPicture : public QtTest {
       grid.SetTextMatrix(row, 0, std::to_string(row));
       grid.SetTextMatrix(row, 1, row % 2 ? "علی رضایی" : "فاطمه یوسفی کاشمری");
       grid.SetTextMatrix(row, 2, "1404/02/" + std::to_string(10 + row % 20));
-      grid.SetTextMatrix(row, 3,
-                         "بازدید دوره‌ای مشتریان خیابان امام رضا و "
-                         "کوهسنگی");
+      grid.SetTextMatrix(
+          row, 3,
+          "بازدید دوره‌ای مشتریان خیابان امام رضا و "
+          "کوهسنگی");
       grid.SetTextMatrix(row, 4, std::to_string(row * 7));
     }
     grid.SetHighLight(controls::FlexGrid::HighLight::kNever);
