@@ -104,14 +104,10 @@ void FormAddBatch::FormLoad() {
   resizeRules_.Start(Width(), Height());
   module_.SwitchKeyboard();
 
-  const auto giveViews = [this](controls::Selector& selector, const std::string& subject) {
-    selector.SetConnectionString(module_.Context().connectionString);
-    selector.SetViews("vw" + subject + "Major", "vw" + subject + "Minor");
-  };
-  giveViews(sltCustomer, "Organization");
-  giveViews(sltBranch, "AccountBranch");
-  giveViews(sltPromoter, "SalePromoter");
-  giveViews(sltWorkActivity, "ZomirWorkActivity");
+  module_.SetViews(sltCustomer, "vwOrganizationMajor", "vwOrganizationMinor");
+  module_.SetViews(sltBranch, "vwAccountBranchMajor", "vwAccountBranchMinor");
+  module_.SetViews(sltPromoter, "vwSalePromoterMajor", "vwSalePromoterMinor");
+  module_.SetViews(sltWorkActivity, "vwZomirWorkActivityMajor", "vwZomirWorkActivityMinor");
 
   const std::chrono::sys_days today = module_.GetServices().clock.Today();
   datDateFrom.SetValue(today);

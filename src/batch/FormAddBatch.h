@@ -76,12 +76,14 @@ class FormAddBatch : public controls::Form {
   void FormClose() override { cmdCancel.Click(); }
 
  private:
+  static constexpr int kCustomerCols = 11;
+
   // FormAddBatchLayout.cpp
   void PlaceControls();
   void PlaceFilters();
   void SetResizeRules();
   void SetGridColumns();
-  void SetCustomerColumns();
+  void ShareSpareWidths();
   void SetCustomerHeadings();
 
   // FormAddBatchDates.cpp

@@ -115,7 +115,7 @@ void FormAddBatch::LoadCustomers(std::string_view condition) {
   controls::FlexGrid& grid = flxCustomer.Flex;
   const tools::BusyGrid busy(module_, grid);
   grid.SetRows(1);
-  SetCustomerColumns();
+  grid.SetCols(kCustomerCols);
   for (; !sqlCommon.Eof(); sqlCommon.MoveNext()) {
     grid.AddItem("");
     const int row = grid.Rows() - 1;

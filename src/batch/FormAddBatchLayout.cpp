@@ -2,24 +2,19 @@
 // reads from right to left: promoter and regions at the right, days at the left, customers below.
 
 #include "batch/FormAddBatch.h"
+#include "tools/Placing.h"
 
 namespace batch {
 
 namespace {
 
 using controls::Twips;
+using tools::kFieldHeight;
+using tools::PlaceField;
 
-constexpr Twips kWidth = 14400;
+constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
-constexpr Twips kField = 375;
-
-/// Places a label and its field side by side, the label at the right, its right edge at `right`.
-void PlacePair(controls::Label& label, Twips labelWidth, controls::Control& field, Twips fieldWidth,
-               Twips right, Twips top) {
-  label.Move(right - labelWidth, top + 60, labelWidth, kField - 90);
-  field.Move(right - labelWidth - 90 - fieldWidth, top, fieldWidth, kField);
-}
 
 }  // namespace
 
@@ -28,50 +23,60 @@ void FormAddBatch::PlaceControls() {
   SetMinimumSize(kWidth, 8400);
 
   const Twips right = kWidth - kMargin;
-  PlacePair(lblPromoter, 900, sltPromoter, 4300, right, 150);
-  PlacePair(lblDateFrom, 780, datDateFrom, 1650, 5400, 150);
-  PlacePair(lblDateTo, 780, datDateTo, 1650, 2820, 150);
+  PlaceField(lblPromoter, sltPromoter,
+             {.right = right, .top = 150, .labelWidth = 900, .fieldWidth = 4500});
+  const Twips next = PlaceField(lblDateFrom, datDateFrom,
+                                {.right = 5550, .top = 150, .labelWidth = 780, .fieldWidth = 1770});
+  PlaceField(lblDateTo, datDateTo,
+             {.right = next, .top = 150, .labelWidth = 780, .fieldWidth = 1770});
   datTemp.SetVisible(false);
 
   const Twips gridTop = 660;
   const Twips gridHeight = 2850;
-  flxRegion.Move(10620, gridTop, right - 10620, gridHeight);
-  flxPath.Move(5520, gridTop, 4980, gridHeight);
-  flxDate.Move(kMargin, gridTop, 5250, gridHeight);
+  flxRegion.Move(11250, gridTop, right - 11250, gridHeight);
+  flxPath.Move(5700, gridTop, 5430, gridHeight);
+  flxDate.Move(kMargin, gridTop, 5430, gridHeight);
 
-  frameFilter.Move(kMargin, 3630, kWidth - 2 * kMargin, 1320);
+  frameFilter.Move(kMargin, 3630, kWidth - 2 * kMargin, 1380);
   PlaceFilters();
 
-  flxCustomer.Move(kMargin, 5070, kWidth - 2 * kMargin, 3900);
-  PlacePair(lblNotes, 600, txtNotes, 10300, right, 9090);
-  cmdAdd.Move(1560, 9090, 1320, kField);
-  cmdCancel.Move(kMargin, 9090, 1320, kField);
-
-  SetDefaultButton(nullptr);
+  flxCustomer.Move(kMargin, 5130, kWidth - 2 * kMargin, 3840);
+  PlaceField(lblNotes, txtNotes,
+             {.right = right, .top = 9075, .labelWidth = 600, .fieldWidth = 11550});
+  cmdAdd.Move(1560, 9075, 1320, kFieldHeight);
+  cmdCancel.Move(kMargin, 9075, 1320, kFieldHeight);
   SetCancelButton(&cmdCancel);
 
-  int tab = 0;
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &sltPromoter, &flxRegion.Flex, &flxPath.Flex, &datDateFrom, &datDateTo, &flxDate.Flex,
-           &txtCodeFrom, &txtCodeTo, &txtName, &cmdSearch, &sltCustomer, &sltBranch,
-           &sltWorkActivity, &cmdNewsearch, &flxCustomer.Flex, &txtNotes, &cmdAdd, &cmdCancel}) {
-    control->SetTabIndex(tab++);
-  }
+  tools::SetTabOrder({&sltPromoter, &flxRegion.Flex, &flxPath.Flex, &datDateFrom, &datDateTo,
+                      &flxDate.Flex, &txtCodeFrom, &txtCodeTo, &txtName, &cmdSearch, &sltCustomer,
+                      &sltBranch, &sltWorkActivity, &cmdNewsearch, &flxCustomer.Flex, &txtNotes,
+                      &cmdAdd, &cmdCancel});
   SetResizeRules();
 }
 
 void FormAddBatch::PlaceFilters() {
   const Twips right = frameFilter.Width() - 150;
-  const Twips first = 330;
-  const Twips second = 810;
-  PlacePair(lblCodeFrom, 700, txtCodeFrom, 1500, right, first);
-  PlacePair(lblCodeTo, 600, txtCodeTo, 1500, right - 2440, first);
-  PlacePair(lblName, 1080, txtName, 5000, right - 4780, first);
-  PlacePair(lblCustomer, 700, sltCustomer, 3790, right, second);
-  PlacePair(lblBranch, 600, sltBranch, 2000, right - 4780 + 480, second);
-  PlacePair(lblWorkActivity, 1080, sltWorkActivity, 2460, right - 4780 - 2540, second);
-  cmdSearch.Move(150, first, 1500, kField);
-  cmdNewsearch.Move(150, second, 1500, kField);
+  const auto placeRow = [right](Twips top, auto&&... pairs) {
+    Twips edge = right;
+    ((edge = PlaceField(pairs.label, pairs.field,
+                        {.right = edge,
+                         .top = top,
+                         .labelWidth = pairs.labelWidth,
+                         .fieldWidth = pairs.fieldWidth})),
+     ...);
+  };
+  struct Pair {
+    controls::Label& label;
+    controls::Control& field;
+    Twips labelWidth;
+    Twips fieldWidth;
+  };
+  placeRow(330, Pair{lblCodeFrom, txtCodeFrom, 700, 1560}, Pair{lblCodeTo, txtCodeTo, 600, 1560},
+           Pair{lblName, txtName, 1140, 6450});
+  placeRow(825, Pair{lblCustomer, sltCustomer, 700, 3990}, Pair{lblBranch, sltBranch, 1140, 2400},
+           Pair{lblWorkActivity, sltWorkActivity, 1200, 2580});
+  cmdSearch.Move(150, 330, 1500, kFieldHeight);
+  cmdNewsearch.Move(150, 825, 1500, kFieldHeight);
 }
 
 void FormAddBatch::SetResizeRules() {
@@ -98,36 +103,25 @@ void FormAddBatch::SetResizeRules() {
 
 void FormAddBatch::SetGridColumns() {
   // Regions, paths and days have no row numbers: the mark begins at their first column.
-  for (tools::comFlex* list : {&flxRegion, &flxPath}) {
+  for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate}) {
     list->Flex.SetFixedCols(0);
     list->Flex.SetRows(1);
-    list->Flex.SetCols(2);
-    list->Flex.SetColWidth(1, 0);
+    list->Flex.SetCols(list == &flxDate ? 3 : 2);
   }
-  flxRegion.Flex.SetColWidth(0, 3200);
-  flxPath.Flex.SetColWidth(0, 4500);
-
-  flxDate.Flex.SetFixedCols(0);
-  flxDate.Flex.SetRows(1);
-  flxDate.Flex.SetCols(3);
-  flxDate.Flex.SetColWidth(0, 1700);
-  flxDate.Flex.SetColWidth(1, 1600);
-  flxDate.Flex.SetColWidth(2, 1600);
-  for (int col = 0; col < 3; ++col) {
-    flxDate.Flex.SetColAlignment(col, controls::FlexGrid::Alignment::kCentreCentre);
-  }
-
   flxCustomer.Flex.SetRows(1);
-  SetCustomerColumns();
+  flxCustomer.Flex.SetCols(kCustomerCols);
   SetCustomerHeadings();
+  ShareSpareWidths();
 }
 
-void FormAddBatch::SetCustomerColumns() {
-  controls::FlexGrid& grid = flxCustomer.Flex;
-  static constexpr Twips kWidths[] = {700, 1100, 2300, 3300, 1300, 1300, 1300, 1500, 1300, 1500, 0};
-  grid.SetCols(static_cast<int>(std::size(kWidths)));
-  int col = 0;
-  for (const Twips width : kWidths) grid.SetColWidth(col++, width);
+void FormAddBatch::ShareSpareWidths() {
+  tools::ShareSpareWidth(flxRegion.Flex, {3000, 0}, {0});
+  tools::ShareSpareWidth(flxPath.Flex, {4500, 0}, {0});
+  tools::ShareSpareWidth(flxDate.Flex, {1700, 1500, 1500}, {0, 1, 2});
+  // Number, code, name, address, mobile, two telephones, path, region, activity; the id is hidden.
+  tools::ShareSpareWidth(flxCustomer.Flex,
+                         {660, 1080, 2280, 3000, 1440, 1440, 1440, 1440, 990, 1230, 0},
+                         {2, 3, 7, 9});
 }
 
 void FormAddBatch::SetCustomerHeadings() {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "editor/FormMain.h"
+#include "tools/Placing.h"
 
 namespace editor {
 
@@ -12,11 +13,10 @@ namespace {
 
 using controls::Twips;
 
-constexpr Twips kWidth = 14400;
+constexpr Twips kWidth = 15300;
 constexpr Twips kHeight = 9300;
 constexpr Twips kMargin = 150;
 constexpr Twips kButtonHeight = 420;
-constexpr Twips kField = 375;
 constexpr Twips kGap = 60;
 constexpr Twips kLabel = 1350;
 
@@ -59,30 +59,35 @@ void FormMain::PlaceControls() {
 void FormMain::PlaceHeader() {
   const Twips right = frameHeader.Width() - 180;
   const Twips half = frameHeader.Width() / 2 - 90;
-  const auto place = [](controls::Label& label, controls::Control& field, Twips edge, Twips top,
-                        Twips fieldWidth) {
-    label.Move(edge - kLabel, top + 60, kLabel, kField - 90);
-    field.Move(edge - kLabel - 90 - fieldWidth, top, fieldWidth, kField);
+  const Twips narrow = 2100;
+  const Twips wide = half - kLabel - 270;
+  const struct {
+    controls::Label& label;
+    controls::Control& field;
+    Twips right;
+    Twips top;
+    Twips width;
+  } fields[] = {
+      {lblID, txtID, right, 360, narrow},
+      {lblCode, txtCode, half, 360, narrow},
+      {lblCreator, sltCreator, right, 825, wide},
+      {lblCreateDate, datCreateDate, half, 825, narrow},
+      {lblSupervisor, sltSupervisor, right, 1290, wide},
+      {lblBranch, sltBranch, half, 1290, wide},
+      {lblDescription, txtDescription, right, 1755, right - kLabel - 270},
   };
-  const Twips wide = right - half - kLabel - 90 - 120;
-  place(lblID, txtID, right, 360, 2100);
-  place(lblCode, txtCode, half, 360, 2100);
-  place(lblCreator, sltCreator, right, 825, wide);
-  place(lblCreateDate, datCreateDate, half, 825, 2100);
-  place(lblSupervisor, sltSupervisor, right, 1290, wide);
-  place(lblBranch, sltBranch, half, 1290, half - kLabel - 90 - 180);
-  place(lblDescription, txtDescription, right, 1755, right - kLabel - 90 - 180);
+  for (const auto& place : fields) {
+    tools::PlaceField(
+        place.label, place.field,
+        {.right = place.right, .top = place.top, .labelWidth = kLabel, .fieldWidth = place.width});
+  }
 }
 
 void FormMain::SetTabOrder() {
-  int tab = 0;
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &sltSupervisor, &sltBranch, &txtDescription, &flxDetail, &cmdAddBatch, &cmdSelectAll,
-           &cmdSelectInverse, &cmdSelectNone, &cmdDeleteSelected, &cmdNew, &cmdEdit, &cmdDelete,
-           &cmdTempSave, &cmdFinalSave, &cmdPreview, &cmdViewAccountDoc, &cmdBackToTemp, &cmdCancel,
-           &cmdSearch}) {
-    control->SetTabIndex(tab++);
-  }
+  tools::SetTabOrder({&sltSupervisor, &sltBranch, &txtDescription, &flxDetail, &cmdAddBatch,
+                      &cmdSelectAll, &cmdSelectInverse, &cmdSelectNone, &cmdDeleteSelected, &cmdNew,
+                      &cmdEdit, &cmdDelete, &cmdTempSave, &cmdFinalSave, &cmdPreview,
+                      &cmdViewAccountDoc, &cmdBackToTemp, &cmdCancel, &cmdSearch});
 }
 
 void FormMain::SetResizeRules() {

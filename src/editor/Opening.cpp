@@ -21,13 +21,9 @@ std::chrono::sys_days DateOf(std::string_view text) {
 void FormMain::FormLoad() {
   module_.SwitchKeyboard();
   ReadInstallDirectory();
-  const auto giveViews = [this](controls::Selector& selector, const std::string& subject) {
-    selector.SetConnectionString(module_.Context().connectionString);
-    selector.SetViews("vw" + subject + "Major", "vw" + subject + "Minor");
-  };
-  giveViews(sltCreator, "User");
-  giveViews(sltSupervisor, "SaleSupervisor");
-  giveViews(sltBranch, "AccountBranch");
+  module_.SetViews(sltCreator, "vwUserMajor", "vwUserMinor");
+  module_.SetViews(sltSupervisor, "vwSaleSupervisorMajor", "vwSaleSupervisorMinor");
+  module_.SetViews(sltBranch, "vwAccountBranchMajor", "vwAccountBranchMinor");
   datToday.SetValue(module_.GetServerDate());
   SetDetailColumns();
   ShowEmpty();

@@ -306,7 +306,7 @@ TEST_F(FormAddBatchTest, Search_ThatFails_LeavesPointerAndDrawingInOrder) {
 }
 
 TEST_F(FormAddBatchTest, Resize_LeavesNoControlOutsideTheForm) {
-  for (const auto& [width, height] : {std::pair(14400.0, 9600.0), {21600.0, 14400.0}}) {
+  for (const auto& [width, height] : {std::pair(15600.0, 9600.0), {21600.0, 14400.0}}) {
     form.Resize(width, height);
     for (const controls::Control* control : form.Controls()) {
       EXPECT_GE(control->Left(), 0) << control->Name();

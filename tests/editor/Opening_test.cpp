@@ -132,7 +132,7 @@ TEST_F(EditorTest, CloseBox_WithAnOpenHeader_AsksFirst) {
 }
 
 TEST_F(EditorTest, Resize_LeavesNoControlOutsideTheForm) {
-  for (const auto& [width, height] : {std::pair(14400.0, 9300.0), {24000.0, 15000.0}}) {
+  for (const auto& [width, height] : {std::pair(15300.0, 9300.0), {24000.0, 15000.0}}) {
     form.Resize(width, height);
     for (const std::vector<controls::Control*>* all :
          {&form.Controls(), &form.frameHeader.Controls()}) {

@@ -1,0 +1,139 @@
+// The Linux desktop host: puts the module on Qt screens and an embedded database, and stands in for
+// the suite that would host its control.
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+
+#include "Office.h"
+#include "Options.h"
+#include "Tour.h"
+#include "TourSteps.h"
+#include "adapters/qt/Components.h"
+#include "adapters/qt/QtScreen.h"
+#include "adapters/qt/Services.h"
+#include "adapters/qt/Theme.h"
+#include "module/Module.h"
+
+namespace {
+
+/// The control stands on no document and has no surface here: there is nothing to mark as changed
+/// and nothing to size.
+class NoContainer : public platform::ControlSite {
+ public:
+  void PropertyChanged(std::string_view) override {}
+  void SetExtenderHeight(double) override {}
+  void SetExtenderWidth(double) override {}
+  void SetExtenderVisible(bool) override {}
+};
+
+bool HasDisplay() {
+  const auto set = [](const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+  };
+  return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
+}
+
+/// Everything that the module stands on, for as long as the program runs.
+class Desktop {
+ public:
+  adapters::qt::ErrorGuard& Guard() { return guard_; }
+  adapters::qt::QtScreen& Screen() { return screen_; }
+  module::Module& Module() { return module_; }
+
+ private:
+  adapters::qt::ErrorGuard guard_;
+  adapters::qt::QtScreen screen_{guard_};
+  desktop::Connections connections_;
+  adapters::qt::Components components_;
+  adapters::qt::QtClock clock_;
+  adapters::qt::QtKeyboard keyboard_;
+  adapters::qt::QtFileDialog fileDialog_;
+  adapters::qt::NoExcel excel_;
+  adapters::qt::QtProgress progress_;
+  NoContainer site_;
+  host::Services services_{.screen = screen_,
+                           .connections = connections_,
+                           .components = components_,
+                           .clock = clock_,
+                           .keyboard = keyboard_,
+                           .fileDialog = fileDialog_,
+                           .excel = excel_,
+                           .progress = progress_};
+  module::Module module_{services_, site_};
+};
+
+/// Opens the editor as the suite would; true when it is open.
+bool OpenEditor(Desktop& desktop, const desktop::Options& options, const std::string& database) {
+  host::DistPromoterProg& control = desktop.Module().Control();
+  desktop.Guard().Run([&] {
+    const std::string connectionString = "sqlite:" + database;
+    control.SetUserID(options.user);
+    control.SetEmployeeID(desktop::EmployeeOfUser(connectionString, options.user));
+    control.SetOLEConnectionString(connectionString);
+    if (options.program > 0) {
+      control.View(options.program);
+    } else {
+      control.ClearShow();
+    }
+  });
+  return desktop.Module().Editor().Visible();
+}
+
+int Run(QApplication& application, const desktop::Options& options) {
+  Desktop desktop;
+  const bool tour = !options.tourDirectory.empty();
+  std::optional<QTemporaryDir> dropped;
+  std::string database = options.database;
+  if (database.empty()) {
+    if (tour) dropped.emplace();
+    database = tour ? dropped->filePath("office.db").toStdString()
+                    : desktop::SampleOfficePath(options.customers);
+    bool made = false;
+    desktop.Guard().Run([&] {
+      desktop::EnsureSampleOffice(database, options.customers);
+      made = true;
+    });
+    if (!made) return EXIT_FAILURE;
+  }
+  if (!tour) return OpenEditor(desktop, options, database) ? application.exec() : EXIT_FAILURE;
+
+  application.setQuitOnLastWindowClosed(false);
+  desktop::Tour play(desktop.Screen(), QString::fromStdString(options.tourDirectory));
+  desktop::AddSteps(play, desktop.Module());
+  play.Start();
+  if (!OpenEditor(desktop, options, database)) return EXIT_FAILURE;
+  application.exec();
+  return play.Ended() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  desktop::Options options;
+  try {
+    options = desktop::ParseOptions({argv + 1, argv + argc});
+  } catch (const desktop::UsageError& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 2;
+  }
+  if (options.help) {
+    std::fputs(desktop::HelpText(), stdout);
+    return EXIT_SUCCESS;
+  }
+  if (!HasDisplay()) {
+    if (options.tourDirectory.empty()) {
+      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
+                 stderr);
+      return EXIT_FAILURE;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("promoter-desktop");
+  adapters::qt::ApplyTheme(application);
+  return Run(application, options);
+}
