@@ -39,18 +39,31 @@ void Guarded(sqlite3_context* context, int, Arguments arguments) {
   }
 }
 
+/// The last day that a handle's getEnglishDate converted: a batch insert asks for the same day once
+/// for every customer.
+struct LastDay {
+  std::string farsi;
+  std::string literal;
+};
+
 void EnglishDate(sqlite3_context* context, Arguments arguments) {
   if (IsNull(arguments[0])) return;
   const std::string_view farsi = TextOf(arguments[0]);
-  const auto date = calendar::SolarHijriDate::FromText(farsi);
-  if (!date) {
-    SetFunctionError(context, kDateConversion,
-                     "Conversion failed when converting date and/or time from character string '" +
-                         std::string(farsi) + "'.");
-    return;
+  auto& last = *static_cast<LastDay*>(sqlite3_user_data(context));
+  if (last.farsi != farsi) {
+    const auto date = calendar::SolarHijriDate::FromText(farsi);
+    if (!date) {
+      SetFunctionError(context, kDateConversion,
+                       "Conversion failed when converting date and/or time from character "
+                       "string '" +
+                           std::string(farsi) + "'.");
+      return;
+    }
+    last.literal = calendar::GregorianLiteral(date->Days());
+    last.farsi = farsi;
   }
-  const std::string literal = calendar::GregorianLiteral(date->Days());
-  sqlite3_result_text(context, literal.data(), static_cast<int>(literal.size()), SQLITE_TRANSIENT);
+  sqlite3_result_text(context, last.literal.data(), static_cast<int>(last.literal.size()),
+                      SQLITE_TRANSIENT);
 }
 
 void ScopeIdentity(sqlite3_context* context, Arguments) {
@@ -153,7 +166,6 @@ struct Scalar {
 void RegisterFunctions(sqlite3* database) {
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   const Scalar scalars[] = {
-      {kEnglishDateFunction, 1, kPure, Guarded<EnglishDate>},
       {kIdentityFunction, 0, SQLITE_UTF8, Guarded<ScopeIdentity>},
       {kPlusFunction, 2, kPure, Guarded<Plus>},
       {kToIntegerFunction, 1, kPure, Guarded<ToInteger>},
@@ -166,8 +178,12 @@ void RegisterFunctions(sqlite3* database) {
                                                  scalar.flags, nullptr, scalar.function, nullptr,
                                                  nullptr, nullptr) == SQLITE_OK;
   }
+  // SQLite hands the user data to the destructor when it refuses the function, too.
   registered =
       registered &&
+      sqlite3_create_function_v2(
+          database, kEnglishDateFunction.data(), 1, kPure, new LastDay, Guarded<EnglishDate>,
+          nullptr, nullptr, [](void* last) { delete static_cast<LastDay*>(last); }) == SQLITE_OK &&
       sqlite3_create_function_v2(database, kOnlyValueFunction.data(), 1, kPure, nullptr, nullptr,
                                  OnlyValueStep, OnlyValueFinal, nullptr) == SQLITE_OK &&
       sqlite3_create_collation_v2(database, kPersianCollation.data(), SQLITE_UTF8, nullptr,

@@ -38,6 +38,15 @@ constexpr std::array<std::array<std::string_view, 2>, 9> kComparisons{{{"=", "="
                                                                        {"!<", ">="},
                                                                        {"!>", "<="}}};
 
+constexpr std::string_view kCastToText = "CAST(";
+constexpr std::string_view kCastEnd = " AS TEXT)";
+
+/// Whether the text is one cast of a plain column to text, and nothing behind it.
+bool IsWholeCast(std::string_view sql) {
+  return sql.starts_with(kCastToText) && sql.find(')') == sql.size() - 1 &&
+         sql.ends_with(kCastEnd) && sql.find('(', kCastToText.size()) == std::string_view::npos;
+}
+
 bool IsTextType(std::string_view type) {
   return type == "varchar" || type == "nvarchar" || type == "char" || type == "nchar";
 }
@@ -289,14 +298,18 @@ Parser::Expression Parser::ConvertCall() {
   if (!IsTextType(type)) {
     return {std::string(kToIntegerFunction) + "(" + value.sql + ")", Kind::kNumber};
   }
-  std::string sql = "CAST(" + value.sql + " AS TEXT)";
+  std::string sql = std::string(kCastToText) + value.sql + std::string(kCastEnd);
   if (!length.empty()) sql = "substr(" + sql + ", 1, " + length + ")";
   return {std::move(sql), Kind::kText};
 }
 
 /// Positions must be written numbers: below 1 the two engines disagree.
 Parser::Expression Parser::SubstringCall() {
-  const std::string text = Value().sql;
+  std::string text = Value().sql;
+  // substr() takes a number's text by itself; a batch insert has six such casts a row.
+  if (IsWholeCast(text)) {
+    text = text.substr(kCastToText.size(), text.size() - kCastToText.size() - kCastEnd.size());
+  }
   reader_.ExpectSymbol(",");
   if (reader_.Peek().text == "0") reader_.Refuse();
   const std::string start = WholeNumber();
