@@ -155,7 +155,7 @@ SolarHijriDate SolarHijriDate::PlusDays(int days) const {
 
 SolarHijriDate SolarHijriDate::PlusMonths(int months) const {
   const std::int64_t sinceYear0 = std::int64_t{12} * year_ + month_ - 1 + months;
-  if (sinceYear0 < 12 || sinceYear0 >= 12 * (kLastYear + 1)) {
+  if (sinceYear0 < 12 || sinceYear0 >= std::int64_t{12} * (kLastYear + 1)) {
     throw std::out_of_range("a month outside the years 1 to 9377");
   }
   const auto year = static_cast<int>(sinceYear0 / 12);

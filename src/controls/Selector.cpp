@@ -1,6 +1,7 @@
 #include "controls/Selector.h"
 
 #include <algorithm>
+#include <compare>
 #include <limits>
 
 #include "controls/Controls.h"
@@ -155,7 +156,7 @@ void Selector::LoadList() {
         {id, std::string(rows.Text(row, nameColumn)), Detail(rows, row, detailColumns)});
   }
   std::stable_sort(list_.begin(), list_.end(), [](const Row& a, const Row& b) {
-    return text::ComparePersian(a.name, b.name) < 0;
+    return std::is_lt(text::ComparePersian(a.name, b.name));
   });
   folded_.reserve(list_.size());
   for (const Row& row : list_) {
