@@ -125,7 +125,7 @@ void PaintRow(FlexGrid& grid, int row, controls::Colour colour) {
 void ReadIntoStrings(benchmark::State& state) {
   double bytes = 0;
   (void)Customers();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     std::vector<std::string> cells;
     for (std::size_t row = 0; row < kRows; ++row) {
       for (std::size_t col = 0; col < kCols; ++col) cells.emplace_back(Customers().Text(row, col));
@@ -143,7 +143,7 @@ void Fill(benchmark::State& state, void (*fill)(FlexGrid&)) {
   LoneContainer container;
   double bytes = 0;
   (void)Customers();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     FlexGrid grid(container, "flx");
     fill(grid);
     benchmark::DoNotOptimize(grid.Rows());
@@ -157,7 +157,7 @@ void MarkAllRows(benchmark::State& state) {
   FlexGrid grid(container, "flx");
   FillByRows(grid);
   controls::Colour colour = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     colour = colour == controls::palette::kMark ? grid.BackColor() : controls::palette::kMark;
     grid.SetRedraw(false);
     for (int row = 1; row <= kRows; ++row) PaintRow(grid, row, colour);
@@ -171,7 +171,7 @@ void AskEveryRowWhetherMarked(benchmark::State& state) {
   FlexGrid grid(container, "flx");
   FillByRows(grid);
   for (int row = 1; row <= kRows; row += 2) PaintRow(grid, row, controls::palette::kMark);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     int marked = 0;
     grid.SetRedraw(false);
     for (int row = 1; row <= kRows; ++row) {
@@ -186,7 +186,7 @@ void AskEveryRowWhetherMarked(benchmark::State& state) {
 
 void SortByName(benchmark::State& state) {
   LoneContainer container;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     FlexGrid grid(container, "flx");
     FillByRows(grid);
@@ -199,7 +199,7 @@ void SortByName(benchmark::State& state) {
 
 // What SortByName's first column would cost as bare bytes, in the wrong order.
 void SortNamesAsBytes(benchmark::State& state) {
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     state.PauseTiming();
     std::vector<std::string> names;
     for (std::size_t row = 0; row < kRows; ++row)
@@ -214,7 +214,7 @@ void ReadAllCells(benchmark::State& state) {
   LoneContainer container;
   FlexGrid grid(container, "flx");
   FillByRows(grid);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     std::size_t bytes = 0;
     for (int row = 0; row < grid.Rows(); ++row) {
       for (int col = 0; col < grid.Cols(); ++col) bytes += grid.TextMatrix(row, col).size();

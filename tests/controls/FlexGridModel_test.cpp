@@ -197,6 +197,7 @@ Cell CellOf(const FlexGrid& grid, int row, int col) {
 
 std::vector<Cell> RowOf(const FlexGrid& grid, int row) {
   std::vector<Cell> cells;
+  cells.reserve(static_cast<std::size_t>(grid.Cols()));
   for (int col = 0; col < grid.Cols(); ++col) cells.push_back(CellOf(grid, row, col));
   return cells;
 }
