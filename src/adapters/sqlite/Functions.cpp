@@ -1,9 +1,7 @@
 #include "adapters/sqlite/Functions.h"
 
-#include <algorithm>
-#include <charconv>
+#include <compare>
 #include <new>
-#include <optional>
 #include <string>
 
 #include "adapters/sqlite/Errors.h"
@@ -43,7 +41,7 @@ void Guarded(sqlite3_context* context, int, Arguments arguments) {
 /// for every customer.
 struct LastDay {
   std::string farsi;
-  std::string literal;
+  sqlite3_int64 literal = 0;
 };
 
 void EnglishDate(sqlite3_context* context, Arguments arguments) {
@@ -59,11 +57,10 @@ void EnglishDate(sqlite3_context* context, Arguments arguments) {
                            std::string(farsi) + "'.");
       return;
     }
-    last.literal = calendar::GregorianLiteral(date->Days());
+    last.literal = std::stoll(calendar::GregorianLiteral(date->Days()));
     last.farsi = farsi;
   }
-  sqlite3_result_text(context, last.literal.data(), static_cast<int>(last.literal.size()),
-                      SQLITE_TRANSIENT);
+  sqlite3_result_int64(context, last.literal);
 }
 
 void ScopeIdentity(sqlite3_context* context, Arguments) {
@@ -151,7 +148,7 @@ int ComparePersianTexts(void*, int firstSize, const void* first, int secondSize,
   const auto order = text::ComparePersian(
       {static_cast<const char*>(first), static_cast<std::size_t>(firstSize)},
       {static_cast<const char*>(second), static_cast<std::size_t>(secondSize)});
-  return order < 0 ? -1 : order > 0 ? 1 : 0;
+  return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 
 struct Scalar {

@@ -7,9 +7,9 @@
 namespace adapters::sqlite {
 
 /// Names under which translated statements call what SQLite has not.
-/// The suite's own: a Solar Hijri text yyyy/mm/dd to its Gregorian day yyyymmdd, NULL to NULL; any
-/// other text is error 241. An ID list to a table with the column ID, one whole number a row in the
-/// list's order; an element that is no number is error 245.
+/// The suite's own: a Solar Hijri text yyyy/mm/dd to its Gregorian day, the whole number yyyymmdd,
+/// NULL to NULL; any other text is error 241. An ID list to a table with the column ID, one whole
+/// number a row in the list's order; an element that is no number is error 245.
 inline constexpr std::string_view kEnglishDateFunction = "getEnglishDate";
 inline constexpr std::string_view kIdListFunction = "fnZomirStringToTable";
 /// The id that this connection gave last, NULL before the first.

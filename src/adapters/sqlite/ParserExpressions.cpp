@@ -166,7 +166,8 @@ Parser::Expression Parser::Sum() {
   std::string sql = operands.front().sql;
   for (auto operand = operands.begin() + 1; operand != operands.end(); ++operand) {
     if (kind == Kind::kUnknown) {
-      sql = std::string(kPlusFunction) + "(" + sql + ", " + operand->sql + ")";
+      sql.insert(0, std::string(kPlusFunction) + "(");
+      sql.append(", ").append(operand->sql).append(")");
     } else {
       sql += (kind == Kind::kText ? " || " : " + ") + operand->sql;
     }
