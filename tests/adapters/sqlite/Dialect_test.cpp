@@ -9,7 +9,6 @@ namespace {
 
 using testing::HasSubstr;
 using testing::MatchesRegex;
-using testing::StartsWith;
 
 TEST(Dialect, Query_returnsWhatTheServerWould) {
   struct Case {
