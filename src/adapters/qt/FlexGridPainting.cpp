@@ -95,7 +95,8 @@ void FlexGridView::PaintCell(QPainter& painter, int row, int col) const {
   if (text.isEmpty()) return;
   painter.setPen(isEnabled() ? theme::kText : theme::kMutedText);
   const QRect inside = place.adjusted(kTextMargin, 0, -kTextMargin, -1);
-  painter.drawText(inside, TextAlignment(Model()->ColAlignment(col)) | Qt::TextSingleLine,
+  painter.drawText(inside,
+                   TextAlignment(Model()->ColAlignment(col)).toInt() | int{Qt::TextSingleLine},
                    fontMetrics().elidedText(text, Qt::ElideRight, inside.width()));
 }
 

@@ -1,7 +1,7 @@
 #include "adapters/qt/MessageDialog.h"
 
+#include <QApplication>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -64,7 +64,7 @@ QLabel* TechnicalBox(const QString& text) {
 
 }  // namespace
 
-MessageDialog::MessageDialog(const Content& content) {
+MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::activeWindow()) {
   setWindowTitle(content.title);
   setWindowModality(Qt::ApplicationModal);
   SetGround(*this, content.formGround);

@@ -7,7 +7,8 @@
 namespace adapters::qt {
 
 /// The suite's message window: information with one button, a question with yes and no, or an
-/// error. Modal to the whole program.
+/// error. Modal to the whole program, in the middle of
+/// the window that was active.
 class MessageDialog : public QDialog {
  public:
   enum class Kind { kInformation, kQuestion, kError };

@@ -40,6 +40,7 @@ MonthPopup::MonthPopup(QWidget* parent)
       today_(SolarHijriDate::FromDays(std::chrono::sys_days())),
       cursor_(today_),
       page_(today_) {
+  setAttribute(Qt::WA_NoMouseReplay);  // a click beside it only closes it
   setFixedSize(kPopupSize);
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);

@@ -2,8 +2,9 @@
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QTimer>
+#include <QScreen>
 #include <QWindow>
+#include <algorithm>
 
 #include "platform/RuntimeError.h"
 
@@ -15,6 +16,19 @@ using controls::Modality;
 using controls::MousePointer;
 using platform::RuntimeError;
 
+namespace {
+
+/// To the middle of `below`, as far as the screen has room.
+void MoveOver(const QWidget& below, QWidget& window) {
+  const QRect room = below.screen()->availableGeometry();
+  const QPoint corner = below.geometry().center() - window.rect().center();
+  window.move(
+      std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - window.width())),
+      std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));
+}
+
+}  // namespace
+
 QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
 
 QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
@@ -24,7 +38,7 @@ QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(gua
 
 QtScreen::~QtScreen() {
   guard_.SetBeforeShow(nullptr);
-  SetMousePointer(MousePointer::kDefault);
+  QtScreen::SetMousePointer(MousePointer::kDefault);
 }
 
 FormWindow& QtScreen::WindowFor(Form& form) {
@@ -45,6 +59,7 @@ void QtScreen::Show(Form& form, Modality modality) {
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     window.winId();  // creates the native window, which can then be tied to the one before it
     window.windowHandle()->setTransientParent(modal && before ? before->windowHandle() : nullptr);
+    if (modal && before) MoveOver(*before, window);
   }
   if (window.isMinimized()) {
     window.showNormal();
@@ -89,7 +104,8 @@ void QtScreen::Unload(Form& form) {
   window->Detach();
   window->hide();
   retired_.push_back(std::move(window));
-  QTimer::singleShot(0, &idle_, [this] { DropRetired(); });
+  QMetaObject::invokeMethod(
+      &idle_, [this] { DropRetired(); }, Qt::QueuedConnection);
 }
 
 void QtScreen::DropRetired() {

@@ -22,6 +22,10 @@ namespace {
 constexpr int kShownRows = 12;
 constexpr int kRowPadding = 7;
 constexpr int kLeastPopupWidth = 260;
+constexpr int kMostPopupWidth = 560;
+constexpr int kMeasuredRows = 200;
+constexpr int kRowMargin = 8;
+constexpr int kDetailGap = 16;
 
 /// A row of the list: the name at the right, code and the like muted at the left.
 class RowDelegate : public QStyledItemDelegate {
@@ -37,7 +41,7 @@ class RowDelegate : public QStyledItemDelegate {
     } else if (option.state & QStyle::State_MouseOver) {
       painter->fillRect(option.rect, ToQColor(controls::palette::kGridRow));
     }
-    const QRect inside = option.rect.adjusted(8, 0, -8, 0);
+    const QRect inside = option.rect.adjusted(kRowMargin, 0, -kRowMargin, 0);
     const QString detail = index.data(SelectorRows::kDetail).toString();
     int detailWidth = 0;
     if (!detail.isEmpty()) {
@@ -46,7 +50,7 @@ class RowDelegate : public QStyledItemDelegate {
       painter->drawText(QRect(inside.left(), inside.top(), detailWidth, inside.height()),
                         Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute,
                         option.fontMetrics.elidedText(detail, Qt::ElideRight, detailWidth));
-      detailWidth += 12;
+      detailWidth += kDetailGap;
     }
     const QRect place = inside.adjusted(detailWidth, 0, 0, 0);
     painter->setPen(theme::kText);
@@ -88,6 +92,8 @@ QVariant SelectorRows::data(const QModelIndex& index, int role) const {
 SelectorWidget::SelectorWidget(Selector& model, const Surroundings& surroundings, QWidget* parent)
     : ViewOf(model, surroundings, parent, Sign::kArrow), popup_(new QListView(this)) {
   popup_->setWindowFlags(Qt::Popup);
+  // A click beside the list only closes it, also one on the button that opened it.
+  popup_->setAttribute(Qt::WA_NoMouseReplay);
   popup_->setModel(&rows_);
   popup_->setItemDelegate(new RowDelegate(popup_));
   popup_->setUniformItemSizes(true);
@@ -158,12 +164,26 @@ void SelectorWidget::Open() {
   ShowRows(edited_ ? text() : QString());
   const int rowHeight = popup_->fontMetrics().height() + kRowPadding;
   const int shown = std::clamp(rows_.rowCount(), 1, kShownRows);
-  popup_->resize(std::max(width(), kLeastPopupWidth), shown * rowHeight + 4);
+  popup_->resize(std::max(width(), WidthForRows()), shown * rowHeight + 4);
   popup_->move(PopupPlace(popup_->size()));
   popup_->show();
   if (const QModelIndex current = popup_->currentIndex(); current.isValid()) {
     popup_->scrollTo(current, QAbstractItemView::PositionAtCenter);
   }
+}
+
+int SelectorWidget::WidthForRows() const {
+  const QFontMetrics metrics = popup_->fontMetrics();
+  int widest = 0;
+  for (int i = 0; i < std::min(rows_.rowCount(), kMeasuredRows); ++i) {
+    const QModelIndex row = rows_.index(i);
+    const QString detail = row.data(SelectorRows::kDetail).toString();
+    widest = std::max(widest, metrics.horizontalAdvance(row.data().toString()) +
+                                  metrics.horizontalAdvance(detail));
+  }
+  const int around =
+      kDetailGap + 2 * kRowMargin + popup_->verticalScrollBar()->sizeHint().width() + 4;
+  return std::clamp(widest + around, kLeastPopupWidth, kMostPopupWidth);
 }
 
 void SelectorWidget::ShowRows(const QString& typed) {

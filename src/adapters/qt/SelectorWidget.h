@@ -48,6 +48,8 @@ class SelectorWidget : public ViewOf<FieldWithButton, controls::Selector> {
   void Typed();
   void Open();
   void Close(Leaving leaving);
+  /// What the first rows take, within limits.
+  int WidthForRows() const;
   void ShowRows(const QString& typed);
   void ChooseCurrent();
   /// Ends an edit: an emptied box selects nothing, any other text gives way to the selected name.

@@ -1,6 +1,6 @@
 #include "adapters/qt/Services.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDateTime>
 #include <QFileDialog>
 #include <QStringList>
@@ -47,8 +47,9 @@ QString QtFilter(std::string_view filter) {
 }
 
 std::string QtFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
-  const QString chosen = QFileDialog::getSaveFileName(nullptr, QStringLiteral("ذخیره در فایل"),
-                                                      ToQString(fileName), QtFilter(filter));
+  const QString chosen =
+      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("ذخیره در فایل"),
+                                   ToQString(fileName), QtFilter(filter));
   if (chosen.isEmpty()) {
     throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   }
@@ -70,7 +71,8 @@ void QtProgress::Begin(std::string_view what, std::size_t total) {
 bool QtProgress::Advance(std::size_t done) {
   if (!bar_) {
     if (!sinceBegin_.isValid() || sinceBegin_.elapsed() < kPatienceMilliseconds) return true;
-    bar_ = new QProgressDialog(what_, QStringLiteral("انصراف"), 0, kBarSteps);
+    bar_ = new QProgressDialog(what_, QStringLiteral("انصراف"), 0, kBarSteps,
+                               QApplication::activeWindow());
     bar_->setWindowTitle(QStringLiteral("لطفاً صبر کنید"));
     bar_->setWindowModality(Qt::ApplicationModal);
     bar_->setMinimumWidth(340);
@@ -94,6 +96,11 @@ void QtProgress::End() {
 }
 
 std::unique_ptr<platform::ExcelApplication> NoExcel::CreateApplication() {
+  throw platform::RuntimeError(platform::kCannotCreateComponent,
+                               "ActiveX component can't create object");
+}
+
+std::unique_ptr<platform::ReportEngine> NoReports::Create() {
   throw platform::RuntimeError(platform::kCannotCreateComponent,
                                "ActiveX component can't create object");
 }

@@ -10,6 +10,7 @@
 #include "platform/FileDialog.h"
 #include "platform/Keyboard.h"
 #include "platform/Progress.h"
+#include "platform/ReportEngine.h"
 
 namespace adapters::qt {
 
@@ -55,6 +56,12 @@ class QtProgress : public platform::Progress {
 class NoExcel : public platform::Excel {
  public:
   std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
+};
+
+/// A desktop without a report engine.
+class NoReports : public platform::ReportEngineFactory {
+ public:
+  std::unique_ptr<platform::ReportEngine> Create() override;
 };
 
 /// Qt's pattern list ("Text (*.txt);;All (*)") for a filter of pairs parted by "|".

@@ -41,6 +41,7 @@ QPalette WarmPalette() {
 constexpr auto kSheet = R"(
 QPushButton { background: %6; color: %1; border: 1px solid %3; border-radius: 4px;
               padding: 0px 2px; }
+QDialog QPushButton { padding: 4px 14px; min-width: 56px; }
 QPushButton:hover { background: %9; border-color: %5; }
 QPushButton:pressed { background: %3; }
 QPushButton:focus { border: 2px solid %5; }

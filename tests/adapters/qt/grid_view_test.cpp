@@ -158,6 +158,7 @@ TEST_F(GridViewTest, NarrowView_ScrolledAcross_KeepsFixedColumnInPlace) {
 
 TEST_F(GridViewTest, EmptyGrid_PaintedAndClicked_IsHarmless) {
   form.flx.SetRows(0);
+  QCoreApplication::processEvents();
   SavePicture(*screen.WindowOf(form), "grid-empty");
   Mouse(QEvent::MouseButtonPress, {60, 60});
   Mouse(QEvent::MouseButtonRelease, {60, 60});
