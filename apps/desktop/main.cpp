@@ -12,6 +12,7 @@
 #include "Tour.h"
 #include "TourSteps.h"
 #include "adapters/qt/Components.h"
+#include "adapters/qt/Files.h"
 #include "adapters/qt/QtScreen.h"
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
@@ -54,6 +55,9 @@ class Desktop {
   adapters::qt::QtFileDialog fileDialog_;
   adapters::qt::NoExcel excel_;
   adapters::qt::QtProgress progress_;
+  adapters::qt::QtFileSystem fileSystem_;
+  adapters::qt::QtLauncher launcher_;
+  adapters::qt::NoReports reports_;
   NoContainer site_;
   host::Services services_{.screen = screen_,
                            .connections = connections_,
@@ -62,7 +66,10 @@ class Desktop {
                            .keyboard = keyboard_,
                            .fileDialog = fileDialog_,
                            .excel = excel_,
-                           .progress = progress_};
+                           .progress = progress_,
+                           .fileSystem = fileSystem_,
+                           .launcher = launcher_,
+                           .reports = reports_};
   module::Module module_{services_, site_};
 };
 

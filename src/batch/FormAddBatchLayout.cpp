@@ -26,9 +26,9 @@ void FormAddBatch::PlaceControls() {
   PlaceField(lblPromoter, sltPromoter,
              {.right = right, .top = 150, .labelWidth = 900, .fieldWidth = 4500});
   const Twips next = PlaceField(lblDateFrom, datDateFrom,
-                                {.right = 5550, .top = 150, .labelWidth = 780, .fieldWidth = 1770});
+                                {.right = 5550, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
   PlaceField(lblDateTo, datDateTo,
-             {.right = next, .top = 150, .labelWidth = 780, .fieldWidth = 1770});
+             {.right = next, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
   datTemp.SetVisible(false);
 
   const Twips gridTop = 660;
@@ -120,7 +120,7 @@ void FormAddBatch::ShareSpareWidths() {
   tools::ShareSpareWidth(flxDate.Flex, {1700, 1500, 1500}, {0, 1, 2});
   // Number, code, name, address, mobile, two telephones, path, region, activity; the id is hidden.
   tools::ShareSpareWidth(flxCustomer.Flex,
-                         {660, 1080, 2280, 3000, 1440, 1440, 1440, 1440, 990, 1230, 0},
+                         {600, 1020, 2550, 2970, 1350, 1350, 1350, 1500, 930, 1350, 0},
                          {2, 3, 7, 9});
 }
 

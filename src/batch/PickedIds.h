@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "tools/BusyGrid.h"
 #include "tools/comFlex.h"
 
 namespace batch {
@@ -17,13 +18,11 @@ inline void AppendId(std::string& list, std::string_view id) {
 /// draws once at the end, since asking for a pick moves its current cell.
 template <typename IdOf>
 std::string PickedIds(tools::comFlex& grid, IdOf&& idOf) {
-  const bool redraw = grid.Flex.Redraw();
-  grid.Flex.SetRedraw(false);
+  const tools::RedrawOff redrawOff(grid.Flex);
   std::string list;
   for (int row = 1; row < grid.Flex.Rows(); ++row) {
     if (grid.IsSelected(row)) AppendId(list, idOf(row));
   }
-  grid.Flex.SetRedraw(redraw);
   return list;
 }
 

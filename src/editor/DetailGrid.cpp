@@ -60,22 +60,20 @@ void FormMain::DetailMouseDown() {
   const int row = flxDetail.MouseRow();
   if (row < 1 || row > flxDetail.Rows() - 1) return;
   if (!cmdAddBatch.Enabled()) return;
-  flxDetail.SetRedraw(false);
+  const tools::RedrawOff redrawOff(flxDetail);
   if (IsRowMarked(row)) {
     UnmarkRow(row);
   } else {
     MarkRow(row);
   }
-  flxDetail.SetRedraw(true);
 }
 
 void FormMain::DetailClick() {
+  const tools::RedrawOff redrawOff(flxDetail);
   if (!tools::SortByHeader(flxDetail, lastSort_)) return;
-  flxDetail.SetRedraw(false);
   for (int row = 1; row < flxDetail.Rows(); ++row) {
     flxDetail.SetTextMatrix(row, 0, std::to_string(row));
   }
-  flxDetail.SetRedraw(true);
 }
 
 void FormMain::DetailDblClick() {

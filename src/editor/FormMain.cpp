@@ -16,6 +16,11 @@ FormMain::FormMain(host::modMain& module)
   cmdCancel.onClick = [this] { CancelClick(); };
   cmdTempSave.onClick = [this] { SaveProgram(false); };
   cmdFinalSave.onClick = [this] { SaveProgram(true); };
+  cmdDelete.onClick = [this] { DeleteClick(); };
+  cmdBackToTemp.onClick = [this] { BackToTempClick(); };
+  cmdViewAccountDoc.onClick = [this] { ViewAccountDocClick(); };
+  cmdPreview.onClick = [this] { PreviewClick(); };
+  cmdSearch.onClick = [this] { SearchClick(); };
   cmdAddBatch.onClick = [this] { AddBatchClick(); };
   cmdSelectAll.onClick = [this] { MarkRows(Marking::kAll); };
   cmdSelectInverse.onClick = [this] { MarkRows(Marking::kInverse); };
@@ -26,13 +31,48 @@ FormMain::FormMain(host::modMain& module)
   flxDetail.onDblClick = [this] { DetailDblClick(); };
 }
 
+namespace {
+
+template <typename FormKind>
+FormKind& MadeOnce(std::unique_ptr<FormKind>& form, host::modMain& module) {
+  if (!form) form = std::make_unique<FormKind>(module);
+  return *form;
+}
+
+/// Unloads first, while the form's controls still live.
+template <typename FormKind>
+void Drop(std::unique_ptr<FormKind>& form) {
+  if (form) form->Unload();
+  form.reset();
+}
+
+}  // namespace
+
 batch::FormAddBatch& FormMain::BatchForm() {
-  if (!batchForm_) batchForm_ = std::make_unique<batch::FormAddBatch>(module_);
-  return *batchForm_;
+  return MadeOnce(batchForm_, module_);
+}
+
+search::FormSearch& FormMain::SearchForm() {
+  return MadeOnce(searchForm_, module_);
+}
+
+tools::FormPrint& FormMain::PrintForm() {
+  return MadeOnce(printForm_, module_);
+}
+
+void FormMain::SearchClick() {
+  const std::int32_t programId = SearchForm().PickProgram();
+  if (programId > 0) OpenProgram(programId);
 }
 
 void FormMain::FormResize() {
   resizeRules_.Apply(Width(), Height());
+}
+
+void FormMain::FormUnload() {
+  Drop(batchForm_);
+  Drop(searchForm_);
+  Drop(printForm_);
 }
 
 void FormMain::FormClose() {

@@ -14,6 +14,8 @@
 #include "editor/Modes.h"
 #include "host/ProgramEditor.h"
 #include "host/modMain.h"
+#include "search/FormSearch.h"
+#include "tools/FormPrint.h"
 #include "tools/ResizeRules.h"
 
 namespace editor {
@@ -31,8 +33,19 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   bool View(std::int32_t inProgramID) override;
 
   Mode CurrentMode() const { return mode_; }
-  /// The batch form, made on first use.
+  /// For modules that post accounting documents: ties an object of a class to a document's line,
+  /// once a class; a branch (class 19) is copied onto the line. Does nothing for ids below 1. The
+  /// result is always false.
+  bool InsertDocumentObject(std::int32_t& inDocID, std::int32_t& inRowNumber,
+                            std::int32_t& inAccountID, std::int32_t& inClassID,
+                            std::int32_t& inObjectID);
+  /// For the same modules: the account of an asset group, -1 for a group that does not exist.
+  std::int32_t GetAssetGroupAccountID(std::int32_t inGroupID);
+
+  /// The dialogs, each made on first use.
   batch::FormAddBatch& BatchForm();
+  search::FormSearch& SearchForm();
+  tools::FormPrint& PrintForm();
 
   controls::Button cmdNew{*this, "cmdNew", "جديد"};
   controls::Button cmdEdit{*this, "cmdEdit", "اصلاح"};
@@ -73,6 +86,8 @@ class FormMain : public controls::Form, public host::ProgramEditor {
  protected:
   void FormLoad() override;
   void FormResize() override;
+  /// The dialogs go with the editor, so that they too are loaded for the next host context.
+  void FormUnload() override;
   /// The close box drops an open header only after the question of cmdCancel, and unloads, so that
   /// the next opening reads the host context anew.
   void FormClose() override;
@@ -111,6 +126,20 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void UpdateHeader(bool inFinal);
   void LogAction(std::int32_t eventId, std::string_view whatHappened);
 
+  void SearchClick();
+
+  // Finalising.cpp, Deletion.cpp
+  void BackToTempClick();
+  void DeleteClick();
+
+  // DocumentLink.cpp
+  void ViewAccountDocClick();
+  std::unique_ptr<platform::AutomationObject> CreateDocumentViewer();
+
+  // Printing.cpp
+  void PreviewClick();
+  bool PrintProgram(bool inPreview);
+
   // BatchRoutine.cpp
   void AddBatchClick();
   void InsertBatchDetail(std::int32_t& promoterId, std::string& dates, std::string& customerIds,
@@ -130,9 +159,11 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   host::modMain& module_;
   tools::ResizeRules resizeRules_;
   std::unique_ptr<batch::FormAddBatch> batchForm_;
+  std::unique_ptr<search::FormSearch> searchForm_;
+  std::unique_ptr<tools::FormPrint> printForm_;
   std::string installDirectory_;
   Mode mode_ = Mode::kEmpty;
-  int lastSort_ = 0;
+  std::int32_t lastSort_ = 0;
 };
 
 }  // namespace editor

@@ -6,8 +6,11 @@
 #include "platform/Connection.h"
 #include "platform/Excel.h"
 #include "platform/FileDialog.h"
+#include "platform/FileSystem.h"
 #include "platform/Keyboard.h"
+#include "platform/ProcessLauncher.h"
 #include "platform/Progress.h"
+#include "platform/ReportEngine.h"
 
 namespace host {
 
@@ -22,6 +25,9 @@ struct Services {
   platform::FileDialog& fileDialog;
   platform::Excel& excel;
   platform::Progress& progress;
+  platform::FileSystem& fileSystem;
+  platform::ProcessLauncher& launcher;
+  platform::ReportEngineFactory& reports;
 };
 
 }  // namespace host

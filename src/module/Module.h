@@ -13,6 +13,11 @@ class Module {
   Module(const host::Services& services, platform::ControlSite& site)
       : main_(services), editor_(main_), control_(main_, editor_, site) {}
 
+  /// Forms are unloaded while their controls still live.
+  ~Module() { editor_.Unload(); }
+  Module(const Module&) = delete;
+  Module& operator=(const Module&) = delete;
+
   host::DistPromoterProg& Control() { return control_; }
   editor::FormMain& Editor() { return editor_; }
 

@@ -5,24 +5,45 @@
 
 namespace tools {
 
-/// While it lives, a grid's drawing is off and the hourglass shows; both come back in this order,
-/// also when the work between them fails.
-class BusyGrid {
+/// Keeps a grid's drawing off while it lives; afterwards it is as it was before, also when the work
+/// in between fails. May be nested: the outermost draws.
+class RedrawOff {
  public:
-  BusyGrid(host::modMain& module, controls::FlexGrid& grid) : module_(module), grid_(grid) {
-    module_.SetMousePointer(controls::MousePointer::kHourglass);
+  explicit RedrawOff(controls::FlexGrid& grid) : grid_(grid), before_(grid.Redraw()) {
     grid_.SetRedraw(false);
   }
-  ~BusyGrid() {
-    grid_.SetRedraw(true);
-    module_.SetMousePointer(controls::MousePointer::kDefault);
+  ~RedrawOff() { grid_.SetRedraw(before_); }
+  RedrawOff(const RedrawOff&) = delete;
+  RedrawOff& operator=(const RedrawOff&) = delete;
+
+ private:
+  controls::FlexGrid& grid_;
+  bool before_;
+};
+
+/// The hourglass while it lives, also when the work in between fails.
+class Hourglass {
+ public:
+  explicit Hourglass(host::modMain& module) : module_(module) {
+    module_.SetMousePointer(controls::MousePointer::kHourglass);
   }
-  BusyGrid(const BusyGrid&) = delete;
-  BusyGrid& operator=(const BusyGrid&) = delete;
+  ~Hourglass() { module_.SetMousePointer(controls::MousePointer::kDefault); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
 
  private:
   host::modMain& module_;
-  controls::FlexGrid& grid_;
+};
+
+/// Both, for long work on a grid: the drawing comes back first, then the pointer.
+class BusyGrid {
+ public:
+  BusyGrid(host::modMain& module, controls::FlexGrid& grid)
+      : hourglass_(module), redrawOff_(grid) {}
+
+ private:
+  Hourglass hourglass_;
+  RedrawOff redrawOff_;
 };
 
 }  // namespace tools

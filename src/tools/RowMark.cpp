@@ -1,5 +1,7 @@
 #include "tools/RowMark.h"
 
+#include "tools/BusyGrid.h"
+
 namespace tools {
 
 namespace {

@@ -8,18 +8,6 @@
 /// (controls::palette::kMark) and stands nowhere else.
 namespace tools {
 
-/// Keeps a grid's drawing off while it lives; it comes back also when the work in between fails.
-class RedrawOff {
- public:
-  explicit RedrawOff(controls::FlexGrid& grid) : grid_(grid) { grid_.SetRedraw(false); }
-  ~RedrawOff() { grid_.SetRedraw(true); }
-  RedrawOff(const RedrawOff&) = delete;
-  RedrawOff& operator=(const RedrawOff&) = delete;
-
- private:
-  controls::FlexGrid& grid_;
-};
-
 /// Paints a row from column `firstCol` to the last one, with highlighting off and the fill style
 /// on repeat from then on; leaves the painted block as the grid's current block. Throws 30009 or
 /// 30010 where the grid has no such row or column.

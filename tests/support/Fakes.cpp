@@ -66,4 +66,59 @@ void FakeControlSite::SetExtenderVisible(bool visible) {
   log.push_back(visible ? "visible" : "invisible");
 }
 
+namespace {
+
+class FakeTextFile : public platform::TextFile {
+ public:
+  FakeTextFile(FakeFileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+  void Write(std::string_view text) override {
+    if (files_.failAfterBytes && text_.size() + text.size() > *files_.failAfterBytes) {
+      throw platform::RuntimeError(files_.failure);
+    }
+    text_ += text;
+  }
+  void WriteLineBreak() override { Write("\r\n"); }
+  void Close() override { files_.files[path_] = text_; }
+
+ private:
+  FakeFileSystem& files_;
+  std::string path_;
+  std::string text_;
+};
+
+class FakeReportEngine : public platform::ReportEngine {
+ public:
+  explicit FakeReportEngine(FakeReports& reports) : reports_(reports) {}
+  void LoadReportFile(const std::string& path) override { reports_.Note("load " + path); }
+  void SetConnectionString(const std::string& connectionString) override {
+    reports_.Note("connect " + connectionString);
+  }
+  void SetSelectionFormula(int number, std::string_view formula) override {
+    reports_.Note("formula " + std::to_string(number) + ": " + std::string(formula));
+  }
+  void Produce(platform::ReportOutput output) override {
+    reports_.Note(output == platform::ReportOutput::kScreen ? "produce screen" : "produce printer");
+  }
+
+ private:
+  FakeReports& reports_;
+};
+
+}  // namespace
+
+std::unique_ptr<platform::TextFile> FakeFileSystem::CreateTextFile(const std::string& path) {
+  if (failCreate) throw platform::RuntimeError(failure);
+  return std::make_unique<FakeTextFile>(*this, path);
+}
+
+void FakeReports::Note(const std::string& line) {
+  log.push_back(line);
+  if (!failAt.empty() && line.starts_with(failAt)) throw platform::RuntimeError(failure);
+}
+
+std::unique_ptr<platform::ReportEngine> FakeReports::Create() {
+  Note("create");
+  return std::make_unique<FakeReportEngine>(*this);
+}
+
 }  // namespace support

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -13,9 +14,12 @@
 #include "platform/ControlSite.h"
 #include "platform/Excel.h"
 #include "platform/FileDialog.h"
+#include "platform/FileSystem.h"
 #include "platform/Keyboard.h"
+#include "platform/ProcessLauncher.h"
 #include "platform/Progress.h"
 #include "platform/PropertyBag.h"
+#include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
 
 namespace support {
@@ -101,6 +105,41 @@ class FakeControlSite : public platform::ControlSite {
   void SetExtenderHeight(double height) override;
   void SetExtenderWidth(double width) override;
   void SetExtenderVisible(bool visible) override;
+};
+
+/// Files by path; a text file's content is there once it was closed, its line breaks as "\r\n".
+class FakeFileSystem : public platform::FileSystem {
+ public:
+  std::map<std::string, std::string> files;
+  /// Creating any file, or writing after this many bytes, fails with failure.
+  bool failCreate = false;
+  std::optional<std::size_t> failAfterBytes;
+  platform::RuntimeError failure{70, "Permission denied"};
+  bool FileExists(const std::string& path) override { return files.contains(path); }
+  std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
+};
+
+class FakeLauncher : public platform::ProcessLauncher {
+ public:
+  /// The command lines started, in order.
+  std::vector<std::string> started;
+  std::function<void()> onStart;
+  void Start(const std::string& commandLine) override {
+    started.push_back(commandLine);
+    if (onStart) onStart();
+  }
+};
+
+/// Report engines that note what they are told: "create", "load a.html", "connect office",
+/// "formula 1: fmlID = 7", "produce screen".
+class FakeReports : public platform::ReportEngineFactory {
+ public:
+  std::vector<std::string> log;
+  /// The call with this beginning fails with failure.
+  std::string failAt;
+  platform::RuntimeError failure{20534, "Error detected by database DLL"};
+  std::unique_ptr<platform::ReportEngine> Create() override;
+  void Note(const std::string& line);
 };
 
 }  // namespace support

@@ -30,6 +30,9 @@ struct ScriptedPlatform {
   FakeFileDialog fileDialog;
   FakeExcel excel;
   FakeProgress progress;
+  FakeFileSystem fileSystem;
+  FakeLauncher launcher;
+  FakeReports reports;
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
 
@@ -41,7 +44,10 @@ struct ScriptedPlatform {
             .keyboard = keyboard,
             .fileDialog = fileDialog,
             .excel = excel,
-            .progress = progress};
+            .progress = progress,
+            .fileSystem = fileSystem,
+            .launcher = launcher,
+            .reports = reports};
   }
 };
 

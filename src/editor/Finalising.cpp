@@ -1,0 +1,37 @@
+// From final back to temporary. The way forward is the final save of HeaderSaving.cpp.
+
+#include "editor/FormMain.h"
+
+namespace editor {
+
+namespace {
+
+constexpr std::int32_t kPermissionBackToTemp = 330807;
+
+}  // namespace
+
+void FormMain::BackToTempClick() {
+  if (!Permitted(kPermissionBackToTemp)) return;
+  // Only a plain no stops: a dialog closed without an answer goes on.
+  if (module_.AskQuestion("پرسش", "آيا براي بازگشت به حالت موقت مطئمن هستيد؟") == host::kNo) return;
+
+  host::Recordset& documents = module_.DtEn().sqlList();
+  host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
+  documents.CloseIfOpen();
+  documents.Open(
+      "Select distinct x.DocumentID from tblAccountDocumentDetail x Where x.FormTypeID= 3308 and "
+      "x.FormID=" +
+      std::to_string(ProgramID()));
+  for (; !documents.Eof(); documents.MoveNext()) {
+    const std::string documentId = std::to_string(host::NumericId(documents.Text("DocumentID")));
+    sqlCommon.CloseIfOpen();
+    sqlCommon.Open("Delete tblAccountDocumentDetail Where DocumentID=" + documentId);
+    sqlCommon.Open("Delete tblAccountDocument Where ID=" + documentId);
+  }
+  documents.Close();
+  documents.Open("Update tblDistributionPromoterProgram Set Code=null Where ID=" +
+                 std::to_string(ProgramID()));
+  OpenProgram(ProgramID());
+}
+
+}  // namespace editor

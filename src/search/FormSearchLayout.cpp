@@ -1,0 +1,125 @@
+// Where the controls of the search stand, twips, and how they follow the form's size.
+
+#include <algorithm>
+#include <array>
+
+#include "search/FormSearch.h"
+#include "tools/Placing.h"
+
+namespace search {
+
+namespace {
+
+using controls::Twips;
+using tools::kFieldHeight;
+
+constexpr Twips kWidth = 15600;
+constexpr Twips kHeight = 9600;
+constexpr Twips kMargin = 150;
+constexpr Twips kLabel = 1350;
+
+struct Column {
+  std::string_view header;
+  Twips width;
+};
+constexpr std::array<Column, 12> kColumns{{{"رديف", 800},
+                                           {"شماره رايانه اي", 800},
+                                           {"بازارياب", 2000},
+                                           {"تاريخ ويزيت", 1200},
+                                           {"كد مشتري", 2000},
+                                           {"نام مشتري", 2000},
+                                           {"منطقه", 2000},
+                                           {"مسير", 2000},
+                                           {"شرح", 2000},
+                                           {"تاريخ ايجاد", 1200},
+                                           {"مدير برنامه", 2000},
+                                           {"شعبه", 2000}}};
+
+}  // namespace
+
+void FormSearch::PlaceControls() {
+  Resize(kWidth, kHeight);
+  SetMinimumSize(kWidth, 6600);
+  frameFilter.Move(kMargin, kMargin, kWidth - 2 * kMargin, 2310);
+  PlaceFilters();
+
+  flxSearch.Move(kMargin, 2610, kWidth - 2 * kMargin, kHeight - 2610 - 720);
+  int place = 0;
+  for (controls::Button* button :
+       {&cmdSearch, &cmdNewsearch, &cmdExcel, &cmdSentToText, &cmdExit}) {
+    const Twips width = 1560;
+    ++place;
+    button->Move(kWidth - kMargin + 60 - (width + 60) * place, kHeight - 570, width, 420);
+    resizeRules_.Add(*button, {.left = 1, .top = 1});
+  }
+  SetDefaultButton(&cmdSearch);
+  SetCancelButton(&cmdExit);
+  tools::SetTabOrder({&txtID, &sltProgram, &sltCreator, &datCreateDate, &sltBranch, &sltSupervisor,
+                      &datVisit, &sltPromoter, &sltCustomer, &txtDescription, &flxSearch,
+                      &cmdSearch, &cmdNewsearch, &cmdExcel, &cmdSentToText, &cmdExit});
+  resizeRules_.Add(flxSearch, {.width = 1, .height = 1});
+  resizeRules_.Start(kWidth, kHeight);
+}
+
+void FormSearch::PlaceFilters() {
+  const Twips right = frameFilter.Width() - 180;
+  const Twips third = right / 3;
+  const struct {
+    controls::Label& label;
+    controls::Control& field;
+  } fields[] = {{lblID, txtID},
+                {lblProgram, sltProgram},
+                {lblCreator, sltCreator},
+                {lblCreateDate, datCreateDate},
+                {lblBranch, sltBranch},
+                {lblSupervisor, sltSupervisor},
+                {lblVisit, datVisit},
+                {lblPromoter, sltPromoter},
+                {lblCustomer, sltCustomer}};
+  int place = 0;
+  for (const auto& [label, field] : fields) {
+    const int col = place % 3;
+    tools::PlaceField(label, field,
+                      {.right = right - third * col,
+                       .top = 345.0 + 480 * (place / 3),
+                       .labelWidth = kLabel,
+                       .fieldWidth = third - kLabel - 270});
+    // Every column of fields takes a third of the form's change of width.
+    resizeRules_.Add(label, {.left = (3 - col) / 3.0});
+    resizeRules_.Add(field, {.width = 1 / 3.0, .left = (2 - col) / 3.0});
+    ++place;
+  }
+  tools::PlaceField(
+      lblDescription, txtDescription,
+      {.right = right, .top = 1785, .labelWidth = kLabel, .fieldWidth = 3 * third - kLabel - 270});
+  resizeRules_.Add(lblDescription, {.left = 1});
+  resizeRules_.Add(txtDescription, {.width = 1});
+  resizeRules_.Add(frameFilter, {.width = 1});
+}
+
+void FormSearch::SetUpGrid() {
+  flxSearch.SetCols(static_cast<int>(kColumns.size()));
+  // A result without rows has its header row alone, which is fixed already.
+  if (flxSearch.FixedRows() != 1) flxSearch.SetFixedRows(1);
+  flxSearch.SetFixedCols(1);
+  int col = 0;
+  for (const Column& column : kColumns) {
+    flxSearch.SetTextMatrix(0, col, column.header);
+    flxSearch.SetColWidth(col, column.width);
+    flxSearch.SetColAlignment(col, controls::FlexGrid::Alignment::kCentreCentre);
+    ++col;
+  }
+}
+
+void FormSearch::ShareSpareWidth() {
+  std::vector<Twips> designed;
+  std::vector<int> sharing;
+  for (const Column& column : kColumns) {
+    const bool date = column.header.find("تاريخ") != std::string_view::npos;
+    if (!date) sharing.push_back(static_cast<int>(designed.size()));
+    designed.push_back(column.width);
+  }
+  tools::ShareSpareWidth(flxSearch, designed, sharing);
+}
+
+}  // namespace search

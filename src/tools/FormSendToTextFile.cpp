@@ -1,0 +1,94 @@
+#include "tools/FormSendToTextFile.h"
+
+#include "text/Text.h"
+
+namespace tools {
+
+namespace {
+
+/// What an untouched box holds; a hint to the user, and by itself a delimiter as good as any text.
+constexpr std::string_view kTabHint = "^t=Tab";
+
+}  // namespace
+
+FormSendToTextFile::FormSendToTextFile(host::modMain& module)
+    : Form(module.GetServices().screen, "FormSendToTextFile", Border::kFixed), module_(module) {
+  SetCaption("تهيه فايل متني از روي گزارش");
+  PlaceControls();
+  txtDelimiter.SetSelectAllOnFocus(true);
+  cmdSave.onClick = [this] { SaveClick(); };
+  cmdOk.onClick = [this] { OkClick(); };
+  cmdCancel.onClick = [this] { CancelClick(); };
+}
+
+void FormSendToTextFile::PlaceControls() {
+  Resize(7200, 3900);
+  lblExcell_1.Move(150, 150, 6900, 600);
+  lblExcell_2.Move(5850, 960, 1200, 285);
+  txtDelimiter.Move(3900, 900, 1860, 375);
+  txtDelimiter.SetToolTip(std::string(kTabHint));
+  chkNewLine.Move(2400, 1410, 4650, 330);
+  chkHeader.Move(2400, 1770, 4650, 330);
+  chkRemoveMoney.Move(2400, 2130, 4650, 330);
+  cmdSave.Move(5730, 2640, 1320, 375);
+  txtSaveFileName.Move(150, 2640, 5460, 375);
+  cmdOk.Move(1590, 3300, 1320, 420);
+  cmdCancel.Move(150, 3300, 1320, 420);
+  SetDefaultButton(&cmdOk);
+  SetCancelButton(&cmdCancel);
+  int tab = 0;
+  for (controls::Control* control : std::initializer_list<controls::Control*>{
+           &txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &txtSaveFileName,
+           &cmdOk, &cmdCancel}) {
+    control->SetTabIndex(tab++);
+  }
+}
+
+void FormSendToTextFile::FormLoad() {
+  txtDelimiter.SetText("^t");
+  chkNewLine.SetChecked(false);
+  chkHeader.SetChecked(true);
+  chkRemoveMoney.SetChecked(false);
+  txtSaveFileName.SetText("");
+  fileName_.clear();
+}
+
+bool FormSendToTextFile::getTextFileName(std::int32_t& /*inReportID*/, std::string& outFileName,
+                                         std::string& outDelimiter, bool& addNewLine,
+                                         bool& AddHeaders, bool& removeMoneySep) {
+  confirmed_ = false;
+  Show(controls::Modality::kModal);
+  outFileName = fileName_;
+  const std::string_view trimmed = text::Trim(txtDelimiter.Text());
+  outDelimiter = trimmed == "^t" || trimmed == "^T" ? "\t" : txtDelimiter.Text();
+  addNewLine = chkNewLine.Checked();
+  AddHeaders = chkHeader.Checked();
+  removeMoneySep = chkRemoveMoney.Checked();
+  Unload();
+  return confirmed_;
+}
+
+void FormSendToTextFile::SaveClick() {
+  if (!module_.AskSaveFileName(fileName_, "فايل متني") || fileName_.empty()) return;
+  if (module_.GetServices().fileSystem.FileExists(fileName_) &&
+      module_.AskQuestion("هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟") == host::kNo) {
+    return;  // fileName_ keeps the declined path: the caller is given what was last chosen
+  }
+  txtSaveFileName.SetText(fileName_);
+}
+
+void FormSendToTextFile::OkClick() {
+  if (txtSaveFileName.Text().empty()) {
+    module_.ShowMessage("خطا", "لطفاً با دكمه ذخيره در، نام فايل را مشخص كنيد.");
+    return;
+  }
+  confirmed_ = true;
+  Hide();
+}
+
+void FormSendToTextFile::CancelClick() {
+  confirmed_ = false;
+  Hide();
+}
+
+}  // namespace tools
