@@ -94,10 +94,10 @@ void FlexGridView::PaintCell(QPainter& painter, int row, int col) const {
   const QString text = CellText(row, col);
   if (text.isEmpty()) return;
   painter.setPen(isEnabled() ? theme::kText : theme::kMutedText);
+  const auto alignment = TextAlignment(Model()->ColAlignment(col)).toInt();
+  const int flags = static_cast<int>(alignment) | int{Qt::TextSingleLine};
   const QRect inside = place.adjusted(kTextMargin, 0, -kTextMargin, -1);
-  painter.drawText(inside,
-                   TextAlignment(Model()->ColAlignment(col)).toInt() | int{Qt::TextSingleLine},
-                   fontMetrics().elidedText(text, Qt::ElideRight, inside.width()));
+  painter.drawText(inside, flags, fontMetrics().elidedText(text, Qt::ElideRight, inside.width()));
 }
 
 void FlexGridView::PaintBlockFrame(QPainter& painter) const {

@@ -50,9 +50,12 @@ void FlexGridView::ShowFocus(bool focused) {
 
 void FlexGridView::MeasureColumns() {
   columns_.clear();
+  controls::Twips spare = ToTwips(*this, viewport()->width());
+  for (int col = 0; col < Model()->Cols(); ++col) spare -= Model()->ColWidth(col);
   controls::Twips sum = 0;
   for (int col = 0; col < Model()->Cols(); ++col) {
-    const controls::Twips width = std::max(0.0, Model()->ColWidth(col));
+    const bool stretches = col == Model()->StretchCol();
+    const controls::Twips width = Model()->ColWidth(col) + (stretches ? std::max(0.0, spare) : 0.0);
     columns_.push_back({ToPixels(*this, sum), ToPixels(*this, sum + width)});
     sum += width;
   }
@@ -172,7 +175,9 @@ void FlexGridView::EnsureVisible(int row, int col) {
 
 void FlexGridView::resizeEvent(QResizeEvent* event) {
   ViewOf::resizeEvent(event);
-  if (Model()) UpdateScrollBars();
+  if (!Model()) return;
+  MeasureColumns();  // the stretched column takes what room there is
+  UpdateScrollBars();
 }
 
 void FlexGridView::scrollContentsBy(int /*dx*/, int /*dy*/) {

@@ -32,6 +32,8 @@ void MoveOver(const QWidget& below, QWidget& window) {
 QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
 
 QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
+  dropTimer_.setSingleShot(true);
+  QObject::connect(&dropTimer_, &QTimer::timeout, &dropTimer_, [this] { DropRetired(); });
   // A routine that failed under the hourglass will not take it away any more.
   guard_.SetBeforeShow([this] { SetMousePointer(MousePointer::kDefault); });
 }
@@ -104,8 +106,7 @@ void QtScreen::Unload(Form& form) {
   window->Detach();
   window->hide();
   retired_.push_back(std::move(window));
-  QMetaObject::invokeMethod(
-      &idle_, [this] { DropRetired(); }, Qt::QueuedConnection);
+  dropTimer_.start(0);
 }
 
 void QtScreen::DropRetired() {

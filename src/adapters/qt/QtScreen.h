@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QObject>
+#include <QTimer>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -53,7 +53,7 @@ class QtScreen : public controls::Screen {
   std::vector<std::unique_ptr<FormWindow>> retired_;
   std::vector<ModalRun*> modal_;
   bool hourglass_ = false;
-  QObject idle_;  // what is left for later dies with the screen
+  QTimer dropTimer_;
 };
 
 }  // namespace adapters::qt

@@ -60,6 +60,21 @@ class RowDelegate : public QStyledItemDelegate {
   }
 };
 
+/// A list that says so when it is empty.
+class PopupList : public QListView {
+ public:
+  using QListView::QListView;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QListView::paintEvent(event);
+    if (!model() || model()->rowCount() > 0) return;
+    QPainter painter(viewport());
+    painter.setPen(theme::kMutedText);
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("موردی یافت نشد"));
+  }
+};
+
 }  // namespace
 
 void SelectorRows::Show(const Selector* selector, std::vector<std::size_t> rows) {
@@ -90,7 +105,7 @@ QVariant SelectorRows::data(const QModelIndex& index, int role) const {
 }
 
 SelectorWidget::SelectorWidget(Selector& model, const Surroundings& surroundings, QWidget* parent)
-    : ViewOf(model, surroundings, parent, Sign::kArrow), popup_(new QListView(this)) {
+    : ViewOf(model, surroundings, parent, Sign::kArrow), popup_(new PopupList(this)) {
   popup_->setWindowFlags(Qt::Popup);
   // A click beside the list only closes it, also one on the button that opened it.
   popup_->setAttribute(Qt::WA_NoMouseReplay);
@@ -162,10 +177,6 @@ void SelectorWidget::Open() {
   });
   if (!loaded || !Model()) return;
   ShowRows(edited_ ? text() : QString());
-  const int rowHeight = popup_->fontMetrics().height() + kRowPadding;
-  const int shown = std::clamp(rows_.rowCount(), 1, kShownRows);
-  popup_->resize(std::max(width(), WidthForRows()), shown * rowHeight + 4);
-  popup_->move(PopupPlace(popup_->size()));
   popup_->show();
   if (const QModelIndex current = popup_->currentIndex(); current.isValid()) {
     popup_->scrollTo(current, QAbstractItemView::PositionAtCenter);
@@ -201,6 +212,10 @@ void SelectorWidget::ShowRows(const QString& typed) {
   }
   rows_.Show(Model(), std::move(rows));
   popup_->setCurrentIndex(current < 0 ? QModelIndex() : rows_.index(current));
+  const int rowHeight = popup_->fontMetrics().height() + kRowPadding;
+  const int shown = std::clamp(rows_.rowCount(), 1, kShownRows);
+  popup_->resize(std::max(width(), WidthForRows()), shown * rowHeight + 4);
+  popup_->move(PopupPlace(popup_->size()));
 }
 
 void SelectorWidget::ChooseCurrent() {

@@ -58,8 +58,18 @@ void QtTest::Type(QWidget& widget, const QString& text) {
   for (const QChar letter : text) Press(widget, 0, Qt::NoModifier, QString(letter));
 }
 
+void QtTest::Later(std::function<void()> action) {
+  auto* timer = new QTimer(qApp);
+  timer->setSingleShot(true);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, action = std::move(action)] {
+    timer->deleteLater();
+    action();
+  });
+  timer->start(0);
+}
+
 void QtTest::OnModalWindow(std::function<void(QWidget&)> action) {
-  QTimer::singleShot(0, qApp, [action = std::move(action)] {
+  Later([action = std::move(action)] {
     QWidget* window = QApplication::activeModalWidget();
     if (window) {
       action(*window);

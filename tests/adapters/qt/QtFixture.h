@@ -101,6 +101,8 @@ class QtTest : public testing::Test {
                     const QString& text = {});
   /// Types character by character.
   static void Type(QWidget& widget, const QString& text);
+  /// Runs `action` from the event loop.
+  static void Later(std::function<void()> action);
   /// Runs `action` on the modal window that comes up next.
   static void OnModalWindow(std::function<void(QWidget&)> action);
   /// Presses the button with this caption in the modal window that comes up next.

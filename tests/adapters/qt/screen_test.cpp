@@ -56,7 +56,7 @@ TEST_F(QtTest, Unload_FormOfTheWidgetThatCalled_WaitsForTheCallToReturn) {
   ShowForm();
   OnModalWindow([&](QWidget&) {
     form.Unload();
-    QTimer::singleShot(0, qApp, [&] { other.Hide(); });
+    Later([&] { other.Hide(); });
   });
   WidgetOf<QPushButton>(form.cmdOK).click();
   EXPECT_FALSE(form.Loaded());

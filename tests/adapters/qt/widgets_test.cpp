@@ -116,6 +116,11 @@ TEST_F(SelectorWidgetTest, Typing_NarrowsWithYehFolded_AndEnterChooses) {
   const std::size_t lookups = cities.statements.size();
   Press(box->Popup(), Qt::Key_Backspace);
   EXPECT_EQ(box->text(), "شهر ر");
+  const int narrow = box->Popup().height();
+  for (int i = 0; i < 5; ++i) Press(box->Popup(), Qt::Key_Backspace);
+  EXPECT_EQ(Shown().size(), 6U);
+  EXPECT_GT(box->Popup().height(), narrow);
+  Type(box->Popup(), "ري");
   EXPECT_EQ(cities.statements.size(), lookups) << "the list is read when it opens, not by each key";
   Press(box->Popup(), Qt::Key_Return);
   EXPECT_FALSE(box->Popup().isVisible());
@@ -156,6 +161,7 @@ TEST_F(SelectorWidgetTest, UnknownText_ThenLeft_GivesWayToTheSelectedName) {
   box->selectAll();
   Type(*box, "zzz");
   EXPECT_TRUE(Shown().empty());
+  SavePicture(box->Popup(), "selector-empty");
   Press(box->Popup(), Qt::Key_Tab);
   EXPECT_EQ(form.sltCity.SelectedID(), 4);
   EXPECT_EQ(box->text(), "تهران");
