@@ -83,7 +83,6 @@ class FormAddBatch : public controls::Form {
   void PlaceFilters();
   void SetResizeRules();
   void SetGridColumns();
-  void ShareSpareWidths();
   void SetCustomerHeadings();
 
   // FormAddBatchDates.cpp

@@ -108,20 +108,19 @@ void FormAddBatch::SetGridColumns() {
     list->Flex.SetRows(1);
     list->Flex.SetCols(list == &flxDate ? 3 : 2);
   }
+  for (int col = 0; col < 3; ++col) flxDate.Flex.SetColWidth(col, 1650);
+  flxRegion.Flex.SetColWidth(1, 0);
+  flxPath.Flex.SetColWidth(1, 0);
+  for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate}) list->Flex.SetStretchCol(0);
+
+  // Number, code, name, address, mobile, two telephones, path, region, activity; the id is hidden.
+  static constexpr Twips kWidths[kCustomerCols] = {600,  1080, 2400, 2760, 1440, 1440,
+                                                   1440, 1500, 900,  1350, 0};
   flxCustomer.Flex.SetRows(1);
   flxCustomer.Flex.SetCols(kCustomerCols);
+  for (int col = 0; col < kCustomerCols; ++col) flxCustomer.Flex.SetColWidth(col, kWidths[col]);
+  flxCustomer.Flex.SetStretchCol(3);
   SetCustomerHeadings();
-  ShareSpareWidths();
-}
-
-void FormAddBatch::ShareSpareWidths() {
-  tools::ShareSpareWidth(flxRegion.Flex, {3000, 0}, {0});
-  tools::ShareSpareWidth(flxPath.Flex, {4500, 0}, {0});
-  tools::ShareSpareWidth(flxDate.Flex, {1700, 1500, 1500}, {0, 1, 2});
-  // Number, code, name, address, mobile, two telephones, path, region, activity; the id is hidden.
-  tools::ShareSpareWidth(flxCustomer.Flex,
-                         {600, 1020, 2550, 2970, 1350, 1350, 1350, 1500, 930, 1350, 0},
-                         {2, 3, 7, 9});
 }
 
 void FormAddBatch::SetCustomerHeadings() {

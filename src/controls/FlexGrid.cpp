@@ -57,6 +57,7 @@ void FlexGrid::SetCols(int cols) {
   store_.SetCols(cols);
   columns_.resize(static_cast<std::size_t>(cols));
   fixedCols_ = std::min(fixedCols_, cols);
+  if (stretchCol_ >= cols) stretchCol_ = -1;
   pending_.columns = pending_.rows = true;
   KeepSelectionInside();
   Publish();
@@ -172,6 +173,13 @@ void FlexGrid::SetColAlignment(int col, Alignment alignment) {
   Column& column = ColumnAt(col);
   if (column.alignment == alignment) return;
   column.alignment = alignment;
+  pending_.columns = true;
+  Publish();
+}
+
+void FlexGrid::SetStretchCol(int col) {
+  if (col != -1) CheckCol(col, Cols());
+  if (std::exchange(stretchCol_, col) == col) return;
   pending_.columns = true;
   Publish();
 }

@@ -71,6 +71,10 @@ class FlexGrid : public Control {
   void SetColWidth(int col, Twips width);
   Alignment ColAlignment(int col) const;
   void SetColAlignment(int col, Alignment alignment);
+  /// The column that a view widens by whatever width the columns leave free; -1 for none. ColWidth
+  /// stays what was set. A column that does not exist throws 30010.
+  int StretchCol() const { return stretchCol_; }
+  void SetStretchCol(int col);
 
   /// Background of the current cell, 0 where none was set. Setting it colours the current cell, or
   /// with FillStyle kRepeat the whole block; 0 takes the colour away. A grid without rows or
@@ -189,6 +193,7 @@ class FlexGrid : public Control {
   HighLight highLight_ = HighLight::kAlways;
   Colour backColor_ = palette::kGridRow;
   Colour bandColor_ = palette::kGridBand;
+  int stretchCol_ = -1;
   int mouseRow_ = -1;
   int mouseCol_ = -1;
   bool dragging_ = false;  // the last press was on a data cell

@@ -124,6 +124,7 @@ void FormMain::SetDetailColumns() {
     flxDetail.SetColAlignment(col, controls::FlexGrid::Alignment::kCentreCentre);
     ++col;
   }
+  flxDetail.SetStretchCol(5);
 }
 
 }  // namespace editor

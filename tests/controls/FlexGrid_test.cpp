@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "controls/FlexGridHarness.h"
+#include "platform/RuntimeError.h"
 #include "text/PersianOrder.h"
 
 namespace {
@@ -60,6 +61,17 @@ class FlexGridTest : public testing::Test {
   LoneContainer container;
   FlexGrid grid{container, "flx"};
 };
+
+TEST_F(FlexGridTest, stretchCol_keepsTheSetWidthAndGoesWithItsColumn) {
+  grid.SetCols(4);
+  grid.SetColWidth(3, 500);
+  grid.SetStretchCol(3);
+  EXPECT_EQ(grid.ColWidth(3), 500);
+  EXPECT_THROW(grid.SetStretchCol(4), platform::RuntimeError);
+  EXPECT_EQ(grid.StretchCol(), 3);
+  grid.SetCols(3);
+  EXPECT_EQ(grid.StretchCol(), -1);
+}
 
 TEST_F(FlexGridTest, new_twoByTwoWithHeadings_firstDataCellCurrent) {
   EXPECT_EQ(grid.Rows(), 2);
