@@ -14,6 +14,12 @@ void ControlView::Follow(Control& control) {
   }
   subscription_ =
       control.Subscribe([this, &control](const Change& change) { Apply(control, change); });
+  // Where a frame stands decides how the edges in it are rounded.
+  if (auto* frame = dynamic_cast<controls::Frame*>(&control.Parent())) {
+    frameSubscription_ = frame->Subscribe([this, &control](const Change& change) {
+      if (change.aspect == Aspect::kBounds) Apply(control, change);
+    });
+  }
 }
 
 void ControlView::Apply(Control& control, const Change& change) {

@@ -32,11 +32,15 @@ class ControlView {
  protected:
   /// Shows one aspect of the model. Bounds, enabled and visible are seen to already.
   virtual void Refresh(const controls::Change& change) = 0;
-  void Unfollow() { subscription_.Reset(); }
+  void Unfollow() {
+    subscription_.Reset();
+    frameSubscription_.Reset();
+  }
 
  private:
   void Apply(controls::Control& control, const controls::Change& change);
   controls::Subscription subscription_;
+  controls::Subscription frameSubscription_;
 };
 
 /// A Qt widget that shows `Model`. Derived classes override Refresh and call the model through

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "controls/Control.h"
+#include "controls/Controls.h"
 
 namespace adapters::qt {
 
@@ -33,13 +33,24 @@ inline controls::Twips ToTwips(const QWidget& widget, int pixels) {
   return pixels * 1440.0 / widget.logicalDpiX();
 }
 
-/// A control's place in its container. Edges are rounded, not sizes, so that controls that touch in
-/// twips touch in pixels.
+/// A control's place in its container. Edges are rounded, not sizes, and on the form, not in the
+/// container, so that controls that touch in twips touch in pixels, also those in different frames.
 inline QRect PixelBounds(const QWidget& widget, const controls::Control& control) {
-  const int left = ToPixels(widget, control.Left());
-  const int top = ToPixels(widget, control.Top());
-  const int right = ToPixels(widget, control.Left() + control.Width());
-  const int bottom = ToPixels(widget, control.Top() + control.Height());
+  controls::Twips originX = 0;
+  controls::Twips originY = 0;
+  const auto* frame = dynamic_cast<const controls::Frame*>(&control.Parent());
+  while (frame != nullptr) {
+    originX += frame->Left();
+    originY += frame->Top();
+    frame = dynamic_cast<const controls::Frame*>(&frame->Parent());
+  }
+  const auto edge = [&widget](controls::Twips origin, controls::Twips place) {
+    return ToPixels(widget, origin + place) - ToPixels(widget, origin);
+  };
+  const int left = edge(originX, control.Left());
+  const int top = edge(originY, control.Top());
+  const int right = edge(originX, control.Left() + control.Width());
+  const int bottom = edge(originY, control.Top() + control.Height());
   return {left, top, right - left, bottom - top};
 }
 
