@@ -23,7 +23,7 @@ void FormMain::BackToTempClick() {
       "x.FormID=" +
       std::to_string(ProgramID()));
   for (; !documents.Eof(); documents.MoveNext()) {
-    const std::string documentId = std::to_string(host::NumericId(documents.Text("DocumentID")));
+    const std::string documentId(documents.Text("DocumentID"));
     sqlCommon.CloseIfOpen();
     sqlCommon.Open("Delete tblAccountDocumentDetail Where DocumentID=" + documentId);
     sqlCommon.Open("Delete tblAccountDocument Where ID=" + documentId);

@@ -115,9 +115,11 @@ void FormSearch::ShareSpareWidth() {
   std::vector<Twips> designed;
   std::vector<int> sharing;
   for (const Column& column : kColumns) {
+    const int col = static_cast<int>(designed.size());
+    const bool hidden = col < flxSearch.Cols() && flxSearch.ColWidth(col) == 0;
     const bool date = column.header.find("تاريخ") != std::string_view::npos;
-    if (!date) sharing.push_back(static_cast<int>(designed.size()));
-    designed.push_back(column.width);
+    if (!hidden && !date) sharing.push_back(col);
+    designed.push_back(hidden ? 0 : column.width);
   }
   tools::ShareSpareWidth(flxSearch, designed, sharing);
 }

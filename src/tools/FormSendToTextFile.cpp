@@ -6,7 +6,7 @@ namespace tools {
 
 namespace {
 
-/// What an untouched box holds; a hint to the user, and by itself a delimiter as good as any text.
+/// Shown on hovering; inside the box it would be the delimiter of whoever leaves the box alone.
 constexpr std::string_view kTabHint = "^t=Tab";
 
 }  // namespace
@@ -32,14 +32,14 @@ void FormSendToTextFile::PlaceControls() {
   chkRemoveMoney.Move(2400, 2130, 4650, 330);
   cmdSave.Move(5730, 2640, 1320, 375);
   txtSaveFileName.Move(150, 2640, 5460, 375);
+  txtSaveFileName.SetEnabled(false);  // shows the chosen path; one typed here would not be written
   cmdOk.Move(1590, 3300, 1320, 420);
   cmdCancel.Move(150, 3300, 1320, 420);
   SetDefaultButton(&cmdOk);
   SetCancelButton(&cmdCancel);
   int tab = 0;
   for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &txtSaveFileName,
-           &cmdOk, &cmdCancel}) {
+           &txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &cmdOk, &cmdCancel}) {
     control->SetTabIndex(tab++);
   }
 }
