@@ -38,6 +38,13 @@ bool HasDisplay() {
   return set("DISPLAY") || set("WAYLAND_DISPLAY") || set("QT_QPA_PLATFORM");
 }
 
+QtMessageHandler previousHandler = nullptr;
+
+void WithoutOffscreenNotes(QtMsgType type, const QMessageLogContext& context,
+                           const QString& message) {
+  if (!message.startsWith("This plugin does not support")) previousHandler(type, context, message);
+}
+
 /// Everything that the module stands on, for as long as the program runs.
 class Desktop {
  public:
@@ -138,6 +145,8 @@ int main(int argc, char* argv[]) {
       return EXIT_FAILURE;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    // Not worth a line for every window: what a screen without a display cannot do.
+    previousHandler = qInstallMessageHandler(WithoutOffscreenNotes);
   }
   QApplication application(argc, argv);
   QApplication::setApplicationName("promoter-desktop");

@@ -9,6 +9,15 @@ namespace adapters::qt {
 
 namespace {
 
+/// Where the Persian sentences at the beginning of a description end: behind the last letter of an
+/// Arabic script and its full stop. 0 when there is none.
+qsizetype PersianEnd(const QString& description) {
+  qsizetype end = description.size();
+  while (end > 0 && description[end - 1].script() != QChar::Script_Arabic) --end;
+  if (end > 0 && end < description.size() && description[end] == QLatin1Char('.')) ++end;
+  return end;
+}
+
 void ShowDialog(const QString& sentence, const QString& technical) {
   qWarning().noquote() << technical;
   MessageDialog::Content content;
@@ -24,12 +33,17 @@ void ShowDialog(const QString& sentence, const QString& technical) {
 void ErrorGuard::Show(const platform::RuntimeError& error) {
   if (beforeShow_) beforeShow_();
   const QString number = QString::number(error.Number());
-  QString technical =
-      QStringLiteral("Run-time error '%1': %2").arg(number, ToQString(error.Description()));
+  const QString description = ToQString(error.Description());
+  const qsizetype persian = PersianEnd(description);
+  QString technical = QStringLiteral("Run-time error '%1'").arg(number);
+  const QString rest = description.mid(persian).trimmed();
+  if (!rest.isEmpty()) technical += QStringLiteral(": ") + rest;
   if (!error.Source().empty()) {
     technical += QStringLiteral(" (%1)").arg(ToQString(error.Source()));
   }
-  ShowDialog(QStringLiteral("خطای شماره %1 هنگام اجرا رخ داد.").arg(number), technical);
+  QString sentence = QStringLiteral("خطای شماره %1 هنگام اجرا رخ داد.").arg(number);
+  if (persian > 0) sentence += QLatin1Char('\n') + description.left(persian);
+  ShowDialog(sentence, technical);
 }
 
 void ErrorGuard::Show(const std::exception& error) {
