@@ -38,6 +38,7 @@ void CopyCells(const host::Services& services, const controls::FlexGrid& grid) {
       throw platform::RuntimeError(kUserInterrupt, "انتقال به اكسل توسط كاربر متوقف شد.");
     }
   }
+  application->Finish();
 }
 
 }  // namespace

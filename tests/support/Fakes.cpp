@@ -30,6 +30,10 @@ std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
       if (excel_.failAt == Position{row, column}) throw RuntimeError(excel_.failure);
       excel_.written.emplace_back(Position{row, column}, text);
     }
+    void Finish() override {
+      if (excel_.failFinish) throw RuntimeError(excel_.failure);
+      ++excel_.finished;
+    }
 
    private:
     FakeExcel& excel_;

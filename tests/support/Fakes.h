@@ -58,10 +58,14 @@ class FakeExcel : public platform::Excel {
   bool installed = true;
   /// Writing this cell fails with failure.
   std::optional<Position> failAt;
+  /// Finishing fails with failure.
+  bool failFinish = false;
   platform::RuntimeError failure{1004, "Application-defined or object-defined error"};
 
   bool visible = false;
   int workbooks = 0;
+  /// How many copies were finished.
+  int finished = 0;
   /// Every cell in the order of writing.
   std::vector<std::pair<Position, std::string>> written;
   /// Empty where nothing was written.

@@ -244,6 +244,7 @@ TEST_F(comFlexTest, Excel_wholeGrid_isWrittenRowByRowAndAnnounced) {
   EXPECT_EQ(outside.excel.CellText(2, 3), "1");
   EXPECT_EQ(outside.excel.CellText(3, 1), "#");
   EXPECT_TRUE(outside.excel.visible);
+  EXPECT_EQ(outside.excel.finished, 1);
   EXPECT_THAT(outside.progress.advanced, ElementsAre(1U, 2U, 3U));
   EXPECT_EQ(outside.progress.ended, 1);
   EXPECT_THAT(outside.components.messages,
@@ -270,11 +271,22 @@ TEST_F(comFlexTest, Excel_failsHalfway_keepsWhatIsWrittenAndSaysWhy) {
   EXPECT_EQ(outside.progress.ended, 1);
 }
 
+TEST_F(comFlexTest, Excel_cannotBeFinished_saysWhy) {
+  Fill({{"a", "1"}});
+  outside.excel.failFinish = true;
+  outside.excel.failure = platform::RuntimeError(61, "جا نيست");
+  list.cmdExcel.Click();
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"اشکال در انتقال به اکسل", "جا نيست"}));
+  EXPECT_EQ(outside.progress.ended, 1);
+}
+
 TEST_F(comFlexTest, Excel_stoppedByTheUser_endsInTheFailureMessage) {
   Fill({{"a", "1"}, {"b", "2"}});
   outside.progress.stopAt = 2;
   list.cmdExcel.Click();
   EXPECT_EQ(outside.excel.written.size(), 6U);
+  EXPECT_EQ(outside.excel.finished, 0);
   EXPECT_EQ(outside.progress.ended, 1);
   EXPECT_THAT(
       outside.components.messages,
