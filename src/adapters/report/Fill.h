@@ -1,0 +1,49 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "adapters/report/ReportTemplate.h"
+#include "platform/Connection.h"
+
+namespace adapters::report {
+
+/// "name = whole number", as "fmlID = 17".
+struct SelectionFormula {
+  std::string field;
+  std::int64_t value;
+};
+
+/// Blanks around the parts do not matter. Throws ReportError 5 for anything else: the number goes
+/// into statements.
+SelectionFormula ParseFormula(std::string_view formula);
+
+struct FilledReport {
+  std::string title;      // plain text
+  std::string header;     // plain text
+  std::string printDate;  // yyyy/mm/dd of today in the template's digits
+  std::string html;       // values escaped; tables as the template has them
+  Orientation orientation;
+  Digits digits;
+};
+
+/// Runs the template's queries on `connection`, restricted by the formula, and puts their rows into
+/// the template. Fields of a row are the query's columns; an item of a group has the columns that
+/// it is grouped by. Besides:
+/// - `RowNumber` counts the items of one section from 1; `RowCount` of a group is how many rows it
+///   holds; `First` is set in a section's first item.
+/// - A column whose name begins with "Farsi" and holds a date has the day's name beside it, under
+///   its name and "Weekday".
+/// - `Today`, everywhere, is today's Solar Hijri date.
+/// An empty value counts as absent in `{{#Name}}` and `{{^Name}}`.
+/// Throws ReportError: 5 for the formula, 321 with the line when the template names what is not
+/// there, and with the database's number when a query fails.
+FilledReport Fill(const ReportTemplate& report, platform::Connection& connection,
+                  std::string_view formula, std::chrono::sys_days today);
+
+/// Latin digits as `digits` wants them; everything else as it is.
+std::string WithDigits(std::string_view text, Digits digits);
+
+}  // namespace adapters::report
