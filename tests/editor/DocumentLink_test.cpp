@@ -1,0 +1,184 @@
+#include "EditorHarness.h"
+
+namespace editor {
+namespace {
+
+using platform::AutomationValue;
+using testing::IsEmpty;
+
+const std::string kViewer = "comVoucherView.comVoucherView1";
+const std::string kLookup =
+    "Select Top 1 DocumentID from tblAccountDocumentDetail Where FormID=40 and FormTypeID=3308";
+const Message kNotAllowed{"خطا", "شما مجاز به انجام اين عمليات نيستيد.", 0};
+
+/// A document viewer that notes what it is told: "UserID=1", "View(70)".
+class FakeViewer : public platform::AutomationObject {
+ public:
+  FakeViewer(std::vector<std::string>& told, std::string refused)
+      : told_(told), refused_(std::move(refused)) {}
+  void Put(std::string_view member, const AutomationValue& value) override {
+    Note(member, std::string(member) + "=" + TextOf(value));
+  }
+  AutomationValue Get(std::string_view /*member*/) override { return {}; }
+  AutomationValue Call(std::string_view member,
+                       std::span<const AutomationValue> arguments) override {
+    Note(member, std::string(member) + "(" + TextOf(arguments.front()) + ")");
+    return {};
+  }
+
+ private:
+  static std::string TextOf(const AutomationValue& value) {
+    if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
+    return std::get<std::string>(value);
+  }
+  void Note(std::string_view member, const std::string& line) {
+    if (member == refused_) throw platform::RuntimeError(438, "no such member");
+    told_.push_back(line);
+  }
+  std::vector<std::string>& told_;
+  std::string refused_;
+};
+
+class DocumentLinkTest : public EditorTest {
+ protected:
+  DocumentLinkTest() {
+    outside.database.When(Beginning("Select Isnull(BasePath,'')"))
+        .Gives(RowSetOf({"InstallDirectory"}, {{"C:\\Suite\\"}}));
+    form.View(40);
+    outside.database.ForgetCalls();
+    outside.components.created.clear();
+  }
+  void Register(std::string refusedMember = {}) {
+    outside.components.others[kViewer] = [this, refusedMember] {
+      return std::make_unique<FakeViewer>(told, refusedMember);
+    };
+  }
+  /// Creating the viewer fails with this number.
+  void FailCreation(std::int32_t number) {
+    outside.components.others[kViewer] = [number]() -> std::unique_ptr<platform::AutomationObject> {
+      throw platform::RuntimeError(number, "failed");
+    };
+  }
+
+  std::vector<std::string> told;
+};
+
+TEST_F(DocumentLinkTest, Viewer_IsToldTheContextAndTheDocument) {
+  Register();
+  outside.database.When(Exact(kLookup))
+      .Gives(RowSetOf({"DocumentID"}, {{"70"}}))
+      .Gives(RowSetOf({"DocumentID"}));
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(outside.database.Log(),
+              ElementsAre("spZomirHasPermission(@UserID=1, @FormPermissionID=303)", kLookup));
+  EXPECT_THAT(told,
+              ElementsAre("UserID=1", "PositionID=2", "OLEConnectionString=office", "View(70)"));
+  told.clear();
+  form.cmdViewAccountDoc.Click();
+  EXPECT_EQ(told.back(), "View(-1)") << "opened too when there is none";
+  EXPECT_THAT(outside.launcher.started, IsEmpty());
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+  EXPECT_EQ(module.DtEn().sqlCommon().GetState(), host::Recordset::State::kClosed);
+}
+
+TEST_F(DocumentLinkTest, RefusedRight_SaysSoInItsOwnWords) {
+  Register();
+  outside.database.Refuse(303);
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(outside.components.messages, ElementsAre(kNotAllowed));
+  EXPECT_THAT(outside.database.Statements(), IsEmpty());
+  EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(DocumentLinkTest, MissingViewer_IsRegisteredAndTriedOnceMore) {
+  const std::string command = "Regsvr32  \"C:\\Suite\\System\\comVoucherView.ocx\" /s";
+  outside.launcher.onStart = [this] { Register(); };
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(outside.launcher.started, ElementsAre(command));
+  EXPECT_EQ(told.back(), "View(-1)");
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+
+  // Registration that does not help, and one that cannot even be started.
+  for (const bool starts : {true, false}) {
+    outside.components.others.clear();
+    outside.components.messages.clear();
+    outside.components.created.clear();
+    outside.launcher.started.clear();
+    told.clear();
+    outside.launcher.onStart = [starts] {
+      if (!starts) throw platform::RuntimeError(53, "File not found");
+    };
+    form.cmdViewAccountDoc.Click();
+    EXPECT_THAT(outside.launcher.started, ElementsAre(command));
+    EXPECT_THAT(outside.components.created, ElementsAre(kViewer, kViewer, "comNotice.comNTC"));
+    EXPECT_THAT(outside.components.messages, ElementsAre(kNotAllowed));
+    EXPECT_THAT(told, IsEmpty());
+  }
+}
+
+TEST_F(DocumentLinkTest, OtherFailures_AreIgnored) {
+  FailCreation(70);
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(outside.launcher.started, IsEmpty());
+  // The component is there after registration, but fails otherwise.
+  FailCreation(429);
+  outside.launcher.onStart = [this] { FailCreation(70); };
+  form.cmdViewAccountDoc.Click();
+  EXPECT_EQ(outside.launcher.started.size(), 1U);
+  Register("PositionID");
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(told, ElementsAre("UserID=1", "OLEConnectionString=office", "View(-1)"));
+  Register("View");
+  form.cmdViewAccountDoc.Click();
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+TEST_F(DocumentLinkTest, FailingLookup_TravelsOut) {
+  Register();
+  outside.database.FailAtCall(2, platform::RuntimeError(208, "Invalid object name"));
+  EXPECT_THROW(form.cmdViewAccountDoc.Click(), platform::RuntimeError);
+  EXPECT_THAT(outside.components.created, IsEmpty());
+}
+
+TEST_F(DocumentLinkTest, InsertDocumentObject_TiesTheObjectAndCopiesABranch) {
+  const auto insert = [this](std::int32_t classId, std::int32_t objectId) {
+    outside.database.ForgetCalls();
+    std::int32_t documentId = 70;
+    std::int32_t rowNumber = 2;
+    std::int32_t accountId = 5;
+    EXPECT_FALSE(form.InsertDocumentObject(documentId, rowNumber, accountId, classId, objectId));
+    return outside.database.Log();
+  };
+  const auto tie = [](const std::string& classId) {
+    return "insert into tblAccountDocumentObjects (DocumentID, RowNumber, Sequence, ClassID, "
+           "ObjectID)  Select 70, 2, Sequence, " +
+           classId +
+           ", 8 from tblAccountRelatedClasses ac  Where ac.AccountID=5 and ac.ClassID=" + classId +
+           " and not Exists(Select x.* from tblAccountDocumentObjects x where x.ClassID= " +
+           classId + " and x.DocumentID=70 and x.RowNumber=2)";
+  };
+  EXPECT_THAT(insert(18, 8), ElementsAre(tie("18")));
+  EXPECT_THAT(insert(19, 8), ElementsAre(tie("19"),
+                                         "update tblAccountDocumentDetail set BranchID=8 Where "
+                                         "DocumentID=70 and RowNumber=2"));
+  EXPECT_THAT(insert(0, 8), IsEmpty());
+  EXPECT_THAT(insert(19, 0), IsEmpty());
+  outside.database.FailAtCall(1, platform::RuntimeError(547, "conflict"));
+  EXPECT_THROW(insert(19, 8), platform::RuntimeError);
+  EXPECT_EQ(outside.database.Log().size(), 1U);
+}
+
+TEST_F(DocumentLinkTest, GetAssetGroupAccountID_GivesTheAccountOrMinusOne) {
+  const std::string statement = "Select x.AssetGroupAccountID from tblAssetGroup x Where x.ID=3";
+  outside.database.When(Exact(statement))
+      .Gives(RowSetOf({"AssetGroupAccountID"}, {{"55"}}))
+      .Gives(RowSetOf({"AssetGroupAccountID"}, {{std::nullopt}}))
+      .Gives(RowSetOf({"AssetGroupAccountID"}));
+  EXPECT_EQ(form.GetAssetGroupAccountID(3), 55);
+  EXPECT_EQ(form.GetAssetGroupAccountID(3), -1) << "a group without account";
+  EXPECT_EQ(form.GetAssetGroupAccountID(3), -1) << "no such group";
+  EXPECT_THAT(outside.database.Log(), ElementsAre(statement, statement, statement));
+}
+
+}  // namespace
+}  // namespace editor

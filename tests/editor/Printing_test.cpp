@@ -1,0 +1,129 @@
+#include "EditorHarness.h"
+
+namespace editor {
+namespace {
+
+using testing::IsEmpty;
+
+const std::string kTemplates = "Select * from tblZomirReportTemplate where FormTypeID = 3308";
+
+/// Two templates: 31 by its full path, 32 relative to the install directory.
+class PrintingTest : public EditorTest {
+ protected:
+  PrintingTest() {
+    outside.database.When(Beginning("Select Isnull(BasePath,'')"))
+        .Gives(RowSetOf({"InstallDirectory"}, {{"/suite/"}}));
+    outside.database.When(Exact(kTemplates))
+        .Gives(RowSetOf({"ID", "Title"}, {{"31", "by day"}, {"32", "by promoter"}}));
+    Template("31", "/t/day.html");
+    Template("32", "road.html");
+    outside.fileSystem.files = {{"/t/day.html", ""}, {"/suite/road.html", ""}};
+    form.View(40);
+    outside.database.ForgetCalls();
+    outside.events.clear();
+  }
+  void Template(const std::string& id, const std::string& path) {
+    outside.database.When(Exact("Select * From tblZomirReportTemplate Where ID = " + id))
+        .Gives(RowSetOf({"FilePath"}, {{path}}));
+  }
+  /// The user picks the n-th template of the list; -1 closes the dialog.
+  void WillPick(int item) {
+    outside.screen.OnModalForm<tools::FormPrint>([this, item](tools::FormPrint& choice) {
+      EXPECT_FALSE(form.cmdPreview.Enabled()) << "not twice at once";
+      EXPECT_EQ(choice.cmbReport().ListCount(), 2);
+      if (item < 0) {
+        choice.CloseBox();
+      } else {
+        choice.cmbReport().SetListIndex(item);
+        choice.cmdOk.Click();
+      }
+    });
+  }
+  void ExpectReady() {
+    EXPECT_TRUE(form.cmdPreview.Enabled());
+    EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
+  }
+};
+
+TEST_F(PrintingTest, Preview_RunsTheChosenTemplateForTheProgram) {
+  for (const auto& [item, path] :
+       {std::pair(0, "load /t/day.html"), std::pair(1, "load /suite/road.html")}) {
+    outside.reports.log.clear();
+    WillPick(item);
+    form.cmdPreview.Click();
+    EXPECT_THAT(outside.reports.log, ElementsAre("create", path, "connect office",
+                                                 "formula 1: fmlID = 40", "produce screen"));
+    ExpectReady();
+  }
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+TEST_F(PrintingTest, Preview_ShowsTheHourglassOverTheReport) {
+  WillPick(0);
+  form.cmdPreview.Click();
+  const auto pointer = std::find(outside.events.begin(), outside.events.end(), "pointer 11");
+  ASSERT_NE(pointer, outside.events.end());
+  EXPECT_EQ(*(pointer - 1), "unload FormPrint");
+  EXPECT_EQ(outside.events.back(), "pointer 0");
+}
+
+TEST_F(PrintingTest, Preview_WithoutAChoice_EndsQuietly) {
+  WillPick(0);
+  form.cmdPreview.Click();
+  outside.reports.log.clear();
+  WillPick(-1);
+  form.cmdPreview.Click();
+  EXPECT_THAT(outside.reports.log, IsEmpty()) << "the choice of the last time is not taken again";
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+  ExpectReady();
+}
+
+TEST_F(PrintingTest, Preview_WithoutTemplates_SaysSoAndShowsNoDialog) {
+  outside.database.When(Exact(kTemplates)).Gives(RowSetOf({"ID", "Title"}));
+  form.cmdPreview.Click();
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{
+                  "اطلاع ", "قالبي براي گزارش گيري در سيستم موجود نيست .آن را ايجاد كنيد .", 0}));
+  EXPECT_THAT(outside.reports.log, IsEmpty());
+  ExpectReady();
+}
+
+TEST_F(PrintingTest, Preview_OfAMissingFile_NamesThePathTriedLast) {
+  outside.fileSystem.files.clear();
+  for (const auto& [item, path] :
+       {std::pair<int, std::string>(0, "/suite//t/day.html"), {1, "/suite/road.html"}}) {
+    outside.components.messages.clear();
+    WillPick(item);
+    form.cmdPreview.Click();
+    EXPECT_THAT(
+        outside.components.messages,
+        ElementsAre(Message{"اشکال", "فايل چاپي در مسير مورد نظر «" + path + "» وجود ندارد.", 0}));
+    EXPECT_EQ(form.PrintForm().TemplateFilePath(), path);
+    ExpectReady();
+  }
+  EXPECT_THAT(outside.reports.log, IsEmpty());
+}
+
+TEST_F(PrintingTest, Failures_OfTheEngineOrDatabase_LeaveTheButtonReady) {
+  const struct {
+    std::string failAt;
+    bool travels;
+  } cases[] = {
+      {"create", true}, {"load", true}, {"connect", true}, {"formula", true}, {"produce", false}};
+  for (const auto& c : cases) {
+    outside.reports.failAt = c.failAt;
+    WillPick(0);
+    if (c.travels) {
+      EXPECT_THROW(form.cmdPreview.Click(), platform::RuntimeError) << c.failAt;
+    } else {
+      EXPECT_NO_THROW(form.cmdPreview.Click()) << c.failAt;
+    }
+    ExpectReady();
+  }
+  outside.database.FailAtCall(1, platform::RuntimeError(208, "Invalid object name"));
+  EXPECT_THROW(form.cmdPreview.Click(), platform::RuntimeError);
+  ExpectReady();
+}
+
+}  // namespace
+}  // namespace editor

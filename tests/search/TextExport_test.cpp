@@ -1,0 +1,193 @@
+#include "SearchHarness.h"
+
+namespace search {
+namespace {
+
+using testing::IsEmpty;
+
+/// What the user enters in the export's dialog.
+struct Entry {
+  std::string delimiter = ";";
+  bool newLine = false;
+  bool headers = false;
+  bool withoutMoneySeparators = false;
+};
+
+class TextExportTest : public SearchTest {
+ protected:
+  TextExportTest() { outside.fileDialog.chosen = "/out/list.txt"; }
+
+  void Export(const Entry& entry) {
+    outside.screen.OnModalForm<tools::FormSendToTextFile>(
+        [entry](tools::FormSendToTextFile& dialog) {
+          dialog.txtDelimiter.SetText(entry.delimiter);
+          dialog.chkNewLine.SetChecked(entry.newLine);
+          dialog.chkHeader.SetChecked(entry.headers);
+          dialog.chkRemoveMoney.SetChecked(entry.withoutMoneySeparators);
+          dialog.cmdSave.Click();
+          dialog.cmdOk.Click();
+        });
+    form.cmdSentToText.Click();
+  }
+  /// Two lines of three visible columns: program, promoter, notes.
+  void FindTwoLines() {
+    Finds({{"5", "p\r\nq", "1,000"}, {"6", "\rr\n\n", ""}});
+    Search();
+    for (const int col : {3, 4, 5, 6, 7, 9, 10, 11}) form.flxSearch.SetColWidth(col, 0);
+  }
+  std::string Written() { return outside.fileSystem.files["/out/list.txt"]; }
+};
+
+TEST_F(TextExportTest, Export_ByTheSettings_WritesEveryCellWithTheDelimiterBehindIt) {
+  const struct {
+    Entry entry;
+    std::string content;
+  } cases[] = {
+      {{}, "5;pq;1,000;\r\n6;r;;"},
+      {{.newLine = true}, "5;pq;1,000;\r\n6;r;;\r\n"},
+      {{.headers = true}, "شماره رايانه اي;بازارياب;شرح;\r\n5;pq;1,000;\r\n6;r;;"},
+      {{.delimiter = " ^T "}, "5\tpq\t1,000\t\r\n6\tr\t\t"},
+      {{.delimiter = "", .withoutMoneySeparators = true}, "5pq1,000\r\n6r"},
+      {{.delimiter = " | "}, "5 | pq | 1,000 | \r\n6 | r |  | "},
+  };
+  FindTwoLines();
+  for (const auto& c : cases) {
+    outside.fileSystem.files.clear();
+    Export(c.entry);
+    EXPECT_EQ(Written(), c.content);
+  }
+  EXPECT_EQ(outside.components.messages.back(),
+            (Message{"اطلاع", "فايل متني با نام «/out/list.txt» ذخيره شد.", 0}));
+}
+
+TEST_F(TextExportTest, Export_OfAResultWithoutRows_WritesTheHeaderOrNothing) {
+  Finds({});
+  Search();
+  for (int col = 2; col < 12; ++col) form.flxSearch.SetColWidth(col, 0);
+  Export({.newLine = true});
+  EXPECT_EQ(Written(), "");
+  outside.fileSystem.files.clear();
+  Export({.newLine = true, .headers = true});
+  EXPECT_EQ(Written(), "شماره رايانه اي;\r\n");
+}
+
+TEST_F(TextExportTest, Export_Works_InTheOrderPointerDrawingFileMessage) {
+  FindTwoLines();
+  outside.events.clear();
+  Export({});
+  EXPECT_EQ(outside.events,
+            (support::Events{"show FormSendToTextFile modal", "hide FormSendToTextFile",
+                             "unload FormSendToTextFile", "pointer 11", "pointer 0",
+                             "message: اطلاع | فايل متني با نام «/out/list.txt» ذخيره شد."}));
+}
+
+TEST_F(TextExportTest, Export_Cancelled_WritesAndSaysNothing) {
+  FindTwoLines();
+  outside.screen.OnModalForm<tools::FormSendToTextFile>([](tools::FormSendToTextFile& dialog) {
+    dialog.cmdSave.Click();
+    dialog.cmdCancel.Click();
+  });
+  form.cmdSentToText.Click();
+  EXPECT_THAT(outside.fileSystem.files, IsEmpty());
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+TEST_F(TextExportTest, Export_ThatFails_TravelsOutAndLeavesTheOldFile) {
+  FindTwoLines();
+  const struct {
+    std::string what;
+    std::function<void()> breakIt;
+  } cases[] = {
+      {"cannot be created", [this] { outside.fileSystem.failCreate = true; }},
+      {"disk full in the middle",
+       [this] {
+         outside.fileSystem.failCreate = false;
+         outside.fileSystem.failAfterBytes = 14;
+       }},
+  };
+  for (const auto& c : cases) {
+    outside.fileSystem.files["/out/list.txt"] = "old";
+    outside.components.messages.clear();
+    outside.components.WillAnswer({Answer::kYes});  // over the old file
+    c.breakIt();
+    try {
+      Export({});
+      ADD_FAILURE() << c.what;
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Description(), "Permission denied");
+    }
+    EXPECT_EQ(Written(), "old") << c.what;
+    EXPECT_TRUE(form.flxSearch.Redraw()) << c.what;
+    EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault) << c.what;
+    EXPECT_EQ(outside.components.messages.size(), 1U) << "the question alone: " << c.what;
+  }
+}
+
+/// Counts instead of keeping: what a file receives, and the longest piece that reached it at once.
+class CountingFiles : public platform::FileSystem {
+ public:
+  std::size_t bytes = 0;
+  std::size_t longest = 0;
+  std::size_t breaks = 0;
+  bool closed = false;
+  bool FileExists(const std::string&) override { return false; }
+  std::unique_ptr<platform::TextFile> CreateTextFile(const std::string&) override {
+    class File : public platform::TextFile {
+     public:
+      explicit File(CountingFiles& files) : files_(files) {}
+      void Write(std::string_view text) override {
+        files_.bytes += text.size();
+        files_.longest = std::max(files_.longest, text.size());
+      }
+      void WriteLineBreak() override { ++files_.breaks; }
+      void Close() override { files_.closed = true; }
+
+     private:
+      CountingFiles& files_;
+    };
+    return std::make_unique<File>(*this);
+  }
+};
+
+TEST(LargeTextExport, Export_OfAHundredThousandRows_ReachesTheFileRowByRow) {
+  support::ScriptedPlatform outside;
+  CountingFiles files;
+  host::modMain module({.screen = outside.screen,
+                        .connections = outside.connections,
+                        .components = outside.components,
+                        .clock = outside.clock,
+                        .keyboard = outside.keyboard,
+                        .fileDialog = outside.fileDialog,
+                        .excel = outside.excel,
+                        .progress = outside.progress,
+                        .fileSystem = files,
+                        .launcher = outside.launcher,
+                        .reports = outside.reports});
+  FormSearch form(module);
+  form.Load();
+  platform::RowSet rows({"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"});
+  for (int cell = 0; cell < 100000 * 11; ++cell) rows.Append("0123456789");
+  outside.database.When(Beginning("Select ID as")).Gives(std::move(rows));
+  form.txtID.SetText("1");
+  form.cmdSearch.Click();
+  ASSERT_EQ(form.flxSearch.Rows(), 100001);
+  EXPECT_EQ(form.flxSearch.TextMatrix(100000, 0), "100000");
+  EXPECT_EQ(form.flxSearch.EffectiveBackColor(100000, 11), 13561085U);
+  const std::size_t held = form.flxSearch.MemoryBytes();
+
+  outside.fileDialog.chosen = "list.txt";
+  outside.screen.OnModalForm<tools::FormSendToTextFile>([](tools::FormSendToTextFile& dialog) {
+    dialog.chkHeader.SetChecked(false);
+    dialog.cmdSave.Click();
+    dialog.cmdOk.Click();
+  });
+  form.cmdSentToText.Click();
+  EXPECT_TRUE(files.closed);
+  EXPECT_EQ(files.bytes, 100000U * 11 * 11);
+  EXPECT_EQ(files.breaks, 99999U);
+  EXPECT_LE(files.longest, 11U * 11);
+  EXPECT_EQ(form.flxSearch.MemoryBytes(), held);
+}
+
+}  // namespace
+}  // namespace search

@@ -1,0 +1,145 @@
+#include "tools/FormSendToTextFile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "support/ScriptedPlatform.h"
+
+namespace {
+
+using support::Answer;
+using support::Message;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using tools::FormSendToTextFile;
+
+class FormSendToTextFileTest : public testing::Test {
+ protected:
+  struct Result {
+    bool confirmed = false;
+    std::string fileName;
+    std::string delimiter;
+    bool newLine = false;
+    bool headers = false;
+    bool withoutMoneySeparators = false;
+  };
+  Result Ask(const std::function<void(FormSendToTextFile&)>& user) {
+    outside.screen.OnModalForm<FormSendToTextFile>(user);
+    Result r;
+    std::int32_t reportId = -1;
+    r.confirmed = form.getTextFileName(reportId, r.fileName, r.delimiter, r.newLine, r.headers,
+                                       r.withoutMoneySeparators);
+    EXPECT_FALSE(form.Loaded()) << "unloaded after each use";
+    return r;
+  }
+  void Choose(const std::string& path) {
+    outside.fileDialog.chosen = path;
+    form.cmdSave.Click();
+  }
+
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  FormSendToTextFile form{module};
+};
+
+TEST_F(FormSendToTextFileTest, Confirmed_GivesTheSettings) {
+  const struct {
+    std::string typed;
+    std::string delimiter;
+  } cases[] = {{"^t", "\t"}, {" ^T  ", "\t"},      {" ; ", " ; "},
+               {"", ""},     {"^t=Tab", "^t=Tab"}, {"^tt", "^tt"}};
+  for (const auto& c : cases) {
+    const Result r = Ask([&](FormSendToTextFile& f) {
+      f.txtDelimiter.SetText(c.typed);
+      Choose("a.txt");
+      f.cmdOk.Click();
+    });
+    EXPECT_TRUE(r.confirmed);
+    EXPECT_EQ(r.fileName, "a.txt");
+    EXPECT_EQ(r.delimiter, c.delimiter);
+  }
+  for (int ticked = 0; ticked < 3; ++ticked) {
+    const Result r = Ask([&](FormSendToTextFile& f) {
+      f.chkNewLine.SetChecked(ticked == 0);
+      f.chkHeader.SetChecked(ticked == 1);
+      f.chkRemoveMoney.SetChecked(ticked == 2);
+      Choose("a.txt");
+      f.cmdOk.Click();
+    });
+    EXPECT_THAT((std::vector{r.newLine, r.headers, r.withoutMoneySeparators}),
+                ElementsAre(ticked == 0, ticked == 1, ticked == 2));
+  }
+  const Result untouched = Ask([&](FormSendToTextFile& f) {
+    EXPECT_EQ(f.txtSaveFileName.Text(), "") << "the path of the last time is not offered as chosen";
+    Choose("a.txt");
+    f.cmdOk.Click();
+  });
+  EXPECT_EQ(untouched.delimiter, "\t");
+}
+
+TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
+  const Result r = Ask([this](FormSendToTextFile& f) {
+    f.cmdSave.Click();  // the dialog is cancelled: nothing chosen
+    EXPECT_EQ(f.txtSaveFileName.Text(), "");
+    f.cmdOk.Click();
+    EXPECT_TRUE(f.Visible());
+    f.cmdCancel.Click();
+  });
+  EXPECT_FALSE(r.confirmed);
+  EXPECT_THAT(outside.components.messages,
+              ElementsAre(Message{"خطا", "لطفاً با دكمه ذخيره در، نام فايل را مشخص كنيد.", 0}));
+  EXPECT_THAT(outside.fileDialog.shown,
+              ElementsAre(std::pair<std::string, std::string>{"", "فايل متني"}));
+}
+
+TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAbout) {
+  outside.fileSystem.files = {{"old.txt", ""}};
+  const struct {
+    Answer answer;
+    std::string shown;
+  } cases[] = {{Answer::kNo, "first.txt"}, {Answer::kYes, "old.txt"}, {Answer::kClosed, "old.txt"}};
+  for (const auto& c : cases) {
+    outside.components.messages.clear();
+    outside.fileDialog.shown.clear();
+    outside.components.WillAnswer({c.answer});
+    const Result r = Ask([&](FormSendToTextFile& f) {
+      Choose("first.txt");
+      Choose("old.txt");
+      EXPECT_EQ(f.txtSaveFileName.Text(), c.shown);
+      f.cmdOk.Click();
+    });
+    EXPECT_TRUE(r.confirmed);
+    EXPECT_EQ(r.fileName, "old.txt") << "the declined path too stays the stored one";
+    EXPECT_THAT(outside.components.messages,
+                ElementsAre(Message{"هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟", 1}));
+    EXPECT_EQ(outside.fileDialog.shown.back().first, "first.txt") << "offers the current name";
+  }
+}
+
+TEST_F(FormSendToTextFileTest, Cancelled_ByButtonOrCloseBox_IsFalse) {
+  for (const bool box : {false, true}) {
+    const Result r = Ask([&](FormSendToTextFile& f) {
+      Choose("a.txt");
+      if (box) {
+        f.CloseBox();
+      } else {
+        f.cmdCancel.Click();
+      }
+    });
+    EXPECT_FALSE(r.confirmed);
+  }
+  EXPECT_THAT(outside.components.messages, IsEmpty());
+}
+
+TEST_F(FormSendToTextFileTest, Controls_AreThoseOfTheDialog) {
+  EXPECT_EQ(form.Caption(), "تهيه فايل متني از روي گزارش");
+  EXPECT_TRUE(form.txtDelimiter.SelectAllOnFocus());
+  EXPECT_EQ(form.txtDelimiter.ToolTip(), "^t=Tab");
+  EXPECT_FALSE(form.txtSaveFileName.Enabled()) << "a typed path would not be the one written";
+  EXPECT_EQ(form.DefaultButton(), &form.cmdOk);
+  EXPECT_EQ(form.CancelButton(), &form.cmdCancel);
+}
+
+}  // namespace
