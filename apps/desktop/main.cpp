@@ -2,7 +2,10 @@
 // the suite that would host its control.
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -16,6 +19,7 @@
 #include "adapters/qt/QtScreen.h"
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
+#include "adapters/xlsx/XlsxExcel.h"
 #include "module/Module.h"
 
 namespace {
@@ -45,9 +49,30 @@ void WithoutOffscreenNotes(QtMsgType type, const QMessageLogContext& context,
   if (!message.startsWith("This plugin does not support")) previousHandler(type, context, message);
 }
 
+/// Where copied lists go: a tour keeps them with its pictures.
+adapters::xlsx::XlsxExcel::Place WorkbookPlace(const desktop::Options& options) {
+  std::string folder = options.tourDirectory;
+  if (folder.empty()) {
+    folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+  }
+  return {.folder = folder, .name = "promoter-list"};
+}
+
+/// With the desktop's program for it.
+void OpenWorkbook(const std::string& path) {
+  if (QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)))) return;
+  throw platform::RuntimeError(
+      53, "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
+}
+
 /// Everything that the module stands on, for as long as the program runs.
 class Desktop {
  public:
+  explicit Desktop(const desktop::Options& options)
+      : excel_(WorkbookPlace(options), clock_,
+               options.tourDirectory.empty() ? OpenWorkbook : adapters::xlsx::XlsxExcel::Opener()) {
+  }
+
   adapters::qt::ErrorGuard& Guard() { return guard_; }
   adapters::qt::QtScreen& Screen() { return screen_; }
   module::Module& Module() { return module_; }
@@ -56,11 +81,11 @@ class Desktop {
   adapters::qt::ErrorGuard guard_;
   adapters::qt::QtScreen screen_{guard_};
   desktop::Connections connections_;
-  adapters::qt::Components components_;
+  adapters::qt::Components components_{connections_};
   adapters::qt::QtClock clock_;
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
-  adapters::qt::NoExcel excel_;
+  adapters::xlsx::XlsxExcel excel_;
   adapters::qt::QtProgress progress_;
   adapters::qt::QtFileSystem fileSystem_;
   adapters::qt::QtLauncher launcher_;
@@ -98,7 +123,7 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options, const std::st
 }
 
 int Run(QApplication& application, const desktop::Options& options) {
-  Desktop desktop;
+  Desktop desktop(options);
   const bool tour = !options.tourDirectory.empty();
   std::optional<QTemporaryDir> dropped;
   std::string database = options.database;

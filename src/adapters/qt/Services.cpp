@@ -95,11 +95,6 @@ void QtProgress::End() {
   sinceBegin_.invalidate();
 }
 
-std::unique_ptr<platform::ExcelApplication> NoExcel::CreateApplication() {
-  throw platform::RuntimeError(platform::kCannotCreateComponent,
-                               "ActiveX component can't create object");
-}
-
 std::unique_ptr<platform::ReportEngine> NoReports::Create() {
   throw platform::RuntimeError(platform::kCannotCreateComponent,
                                "ActiveX component can't create object");

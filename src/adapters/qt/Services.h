@@ -6,7 +6,6 @@
 #include <string>
 
 #include "platform/Clock.h"
-#include "platform/Excel.h"
 #include "platform/FileDialog.h"
 #include "platform/Keyboard.h"
 #include "platform/Progress.h"
@@ -50,12 +49,6 @@ class QtProgress : public platform::Progress {
   std::size_t total_ = 0;
   QElapsedTimer sinceBegin_;
   QElapsedTimer sincePaint_;
-};
-
-/// A desktop without a spreadsheet application.
-class NoExcel : public platform::Excel {
- public:
-  std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
 };
 
 /// A desktop without a report engine.
