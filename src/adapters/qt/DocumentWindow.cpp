@@ -22,7 +22,8 @@ namespace {
 using Column = AccountingDocument::Column;
 
 constexpr int kRowHeight = 26;
-constexpr int kWidth = 860;
+constexpr int kNarrowestColumn = 48;
+constexpr int kWidth = 920;
 constexpr int kFewestRows = 6;
 constexpr int kMostRows = 16;
 
@@ -30,10 +31,17 @@ bool IsAmount(int column) {
   return column == Column::kDebit || column == Column::kCredit;
 }
 
+/// The side on which a line has nothing stays empty.
+QString LineAmount(const QString& amount) {
+  const QString grouped = GroupedAmount(amount);
+  return grouped == QLatin1String("0") ? QString() : grouped;
+}
+
 QLineEdit* ReadOnlyField(const QString& text, const char* name) {
   auto* field = new QLineEdit(text);
   field->setObjectName(QLatin1String(name));
   field->setReadOnly(true);
+  field->setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
   field->setCursorPosition(0);
   field->setMinimumHeight(kRowHeight);
   return field;
@@ -73,11 +81,11 @@ QTableWidget* Lines(const AccountingDocument& document) {
     const AccountingDocument::Line& line = document.lines[static_cast<std::size_t>(row)];
     for (int column = 0; column < Column::kColumns; ++column) {
       const QString& text = line[static_cast<std::size_t>(column)];
-      auto* item = new QTableWidgetItem(IsAmount(column) ? GroupedAmount(text) : text);
+      auto* item = new QTableWidgetItem(IsAmount(column) ? LineAmount(text) : text);
       const bool centred = column == Column::kRow || column == Column::kAccountCode;
-      const Qt::Alignment side = IsAmount(column) ? Qt::AlignLeft : Qt::AlignRight;
+      // Amounts too, so that their units stand one below the other.
       item->setTextAlignment(Qt::AlignVCenter | Qt::AlignAbsolute |
-                             (centred ? Qt::AlignHCenter : side));
+                             (centred ? Qt::AlignHCenter : Qt::AlignRight));
       item->setToolTip(item->text());
       table->setItem(row, column, item);
     }
@@ -93,16 +101,18 @@ QTableWidget* Lines(const AccountingDocument& document) {
   QHeaderView& header = *table->horizontalHeader();
   header.setHighlightSections(false);
   header.setMinimumHeight(kRowHeight + 2);
-  table->resizeColumnsToContents();
-  header.setSectionResizeMode(Column::kDescription, QHeaderView::Stretch);
+  header.setMinimumSectionSize(kNarrowestColumn);
   const int rows = qBound(kFewestRows, table->rowCount(), kMostRows);
   table->setMinimumHeight((kFewestRows + 1) * kRowHeight + 8);
   table->resize(kWidth, (rows + 1) * kRowHeight + 8);
   table->setStyleSheet(QStringLiteral("QTableWidget { border: 1px solid %1; gridline-color: %2; }"
+                                      "QTableWidget::item { padding: 0px 7px; }"
                                       "QHeaderView::section { background: %3; color: %4;"
                                       " border: none; border-bottom: 1px solid %1; padding: 4px; }")
                            .arg(theme::kLine.name(), theme::kFaintLine.name(),
                                 ToQColor(controls::palette::kButton).name(), theme::kText.name()));
+  table->resizeColumnsToContents();  // after the sheet, which has a say in it
+  header.setSectionResizeMode(Column::kDescription, QHeaderView::Stretch);
   return table;
 }
 
