@@ -122,13 +122,16 @@ CREATE TABLE tblDistributionPromoterProgramDetail (
   Notes TEXT,
   Sequence INTEGER NOT NULL
 );
--- The batch insert asks for every new row whether the visit is there already.
+-- The batch insert asks for every new row whether the visit is there already, comparing its date
+-- without slashes, and adds a program's visits in the order of this index.
 CREATE INDEX ixPromoterProgramDetailVisit
-  ON tblDistributionPromoterProgramDetail (ProgramID, PromoterID, CustomerID, FarsiVisitDate);
--- The editor shows a program grouped so; the index gives it the groups without sorting the visits.
+  ON tblDistributionPromoterProgramDetail
+    (ProgramID, PromoterID, replace(FarsiVisitDate, '/', ''), CustomerID);
+-- The editor shows a program grouped so; the index gives it the groups without sorting the visits,
+-- and the batch form one promoter's day.
 CREATE INDEX ixPromoterProgramDetailGroup
   ON tblDistributionPromoterProgramDetail
-    (ProgramID, PromoterID, VisitDate, FarsiVisitDate, Notes);
+    (ProgramID, PromoterID, FarsiVisitDate, VisitDate, Notes);
 
 -- What a promoter reported of a visit. It keeps its program from being deleted.
 CREATE TABLE tblDistributionPromoterProgramVisitResult (

@@ -7,6 +7,7 @@
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/IdListTable.h"
 #include "adapters/sqlite/Like.h"
+#include "adapters/sqlite/TextPieces.h"
 #include "calendar/Gregorian.h"
 #include "calendar/SolarHijriDate.h"
 #include "text/PersianOrder.h"
@@ -185,7 +186,7 @@ void RegisterFunctions(sqlite3* database) {
                                  OnlyValueStep, OnlyValueFinal, nullptr) == SQLITE_OK &&
       sqlite3_create_collation_v2(database, kPersianCollation.data(), SQLITE_UTF8, nullptr,
                                   ComparePersianTexts, nullptr) == SQLITE_OK &&
-      RegisterIdListTable(database);
+      RegisterIdListTable(database) && RegisterTextPieces(database);
   if (!registered) throw LastError(database, {});
 }
 

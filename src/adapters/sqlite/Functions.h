@@ -18,6 +18,9 @@ inline constexpr std::string_view kIdentityFunction = "scope_identity";
 inline constexpr std::string_view kPlusFunction = "server_plus";
 /// An aggregate: the one value of its rows, NULL without rows, error 512 for a second row.
 inline constexpr std::string_view kOnlyValueFunction = "only_value";
+/// pieces(value, ...): pieces of the value's text joined, NULL for NULL. A text among the arguments
+/// stands as it is, two numbers are the place and the length of a piece, in characters from 1.
+inline constexpr std::string_view kPiecesFunction = "pieces";
 /// A value as a whole number, error 245 for a text that is none.
 inline constexpr std::string_view kToIntegerFunction = "to_integer";
 /// Texts in the order of text::ComparePersian.

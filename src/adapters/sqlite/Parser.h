@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/sqlite/TokenReader.h"
 #include "adapters/sqlite/Translator.h"
@@ -23,6 +24,10 @@ class Parser {
   struct Expression {
     std::string sql;
     Kind kind = Kind::kUnknown;
+    /// For a text that may be a piece of a joined one: its arguments in a call of kPiecesFunction,
+    /// and the value it is cut from, empty for a literal.
+    std::string pieceArguments = {};
+    std::string pieceOf = {};
   };
 
   /// Counts nesting while it lives; throws 191 when a statement nests deeper than any honest one.
@@ -62,6 +67,7 @@ class Parser {
   Expression Predicate();
   Expression InList(const Expression& left, std::string_view negation);
   Expression Sum();
+  static std::string JoinedPieces(const std::vector<Expression>& operands);
   Expression Operand();
   Expression Parenthesized();
   Expression NameOrCall();

@@ -38,6 +38,9 @@ constexpr std::array<std::array<std::string_view, 2>, 9> kComparisons{{{"=", "="
                                                                        {"!<", ">="},
                                                                        {"!>", "<="}}};
 
+/// SQLite takes 127 arguments at most, and a piece has two.
+constexpr std::size_t kMostPieces = 60;
+
 constexpr std::string_view kCastToText = "CAST(";
 constexpr std::string_view kCastEnd = " AS TEXT)";
 
@@ -45,6 +48,11 @@ constexpr std::string_view kCastEnd = " AS TEXT)";
 bool IsWholeCast(std::string_view sql) {
   return sql.starts_with(kCastToText) && sql.find(')') == sql.size() - 1 &&
          sql.ends_with(kCastEnd) && sql.find('(', kCastToText.size()) == std::string_view::npos;
+}
+
+/// Whether the text is a call of replace(), whose result is text.
+bool IsReplace(std::string_view sql) {
+  return sql.starts_with("replace(");
 }
 
 bool IsTextType(std::string_view type) {
@@ -132,7 +140,11 @@ Parser::Expression Parser::Predicate() {
     if (!reader_.AcceptSymbol(symbol)) continue;
     const Expression right = Sum();
     if (right.kind == Kind::kCondition) reader_.Refuse();
-    return {left.sql + " " + std::string(sqlite) + " " + right.sql, Kind::kCondition};
+    // A plus takes the affinity from a cast: beside what is text anyway it changes no result, and
+    // an index on the other side's expression can serve.
+    const std::string_view plus = IsReplace(left.sql) && IsWholeCast(right.sql) ? "+" : "";
+    return {left.sql.append(" ").append(sqlite).append(" ").append(plus).append(right.sql),
+            Kind::kCondition};
   }
   return left;
 }
@@ -163,7 +175,9 @@ Parser::Expression Parser::Sum() {
   const Kind kind = has(Kind::kText)      ? Kind::kText
                     : has(Kind::kUnknown) ? Kind::kUnknown
                                           : Kind::kNumber;
-  std::string sql = operands.front().sql;
+  std::string sql = JoinedPieces(operands);
+  if (!sql.empty()) return {std::move(sql), Kind::kText};
+  sql = operands.front().sql;
   for (auto operand = operands.begin() + 1; operand != operands.end(); ++operand) {
     if (kind == Kind::kUnknown) {
       sql.insert(0, std::string(kPlusFunction) + "(");
@@ -175,12 +189,30 @@ Parser::Expression Parser::Sum() {
   return {"(" + sql + ")", kind};
 }
 
+/// Pieces of one value's text and literals between them, as the batch insert makes a date of an id,
+/// in one call; empty for any other sum.
+std::string Parser::JoinedPieces(const std::vector<Expression>& operands) {
+  const auto first = std::find_if(operands.begin(), operands.end(), [](const Expression& operand) {
+    return !operand.pieceOf.empty();
+  });
+  if (first == operands.end() || operands.size() > kMostPieces) return {};
+  std::string sql = std::string(kPiecesFunction) + "(" + first->pieceOf;
+  for (const Expression& operand : operands) {
+    if (operand.pieceArguments.empty()) return {};
+    if (!operand.pieceOf.empty() && operand.pieceOf != first->pieceOf) return {};
+    sql.append(", ").append(operand.pieceArguments);
+  }
+  return sql + ")";
+}
+
 Parser::Expression Parser::Operand() {
   switch (reader_.Peek().kind) {
     case TokenKind::kNumber:
       return {reader_.Take().text, Kind::kNumber};
-    case TokenKind::kText:
-      return {QuotedText(reader_.Take().text), Kind::kText};
+    case TokenKind::kText: {
+      const std::string text = QuotedText(reader_.Take().text);
+      return {text, Kind::kText, text};
+    }
     case TokenKind::kName:
     case TokenKind::kQuotedName:
       return NameOrCall();
@@ -306,10 +338,10 @@ Parser::Expression Parser::ConvertCall() {
 
 /// Positions must be written numbers: below 1 the two engines disagree.
 Parser::Expression Parser::SubstringCall() {
-  std::string text = Value().sql;
-  // substr() takes a number's text by itself; a batch insert has six such casts a row.
+  const std::string text = Value().sql;
+  std::string castValue;
   if (IsWholeCast(text)) {
-    text = text.substr(kCastToText.size(), text.size() - kCastToText.size() - kCastEnd.size());
+    castValue = text.substr(kCastToText.size(), text.size() - kCastToText.size() - kCastEnd.size());
   }
   reader_.ExpectSymbol(",");
   if (reader_.Peek().text == "0") reader_.Refuse();
@@ -317,7 +349,8 @@ Parser::Expression Parser::SubstringCall() {
   reader_.ExpectSymbol(",");
   const std::string length = WholeNumber();
   reader_.ExpectSymbol(")");
-  return {"substr(" + text + ", " + start + ", " + length + ")", Kind::kText};
+  return {"substr(" + text + ", " + start + ", " + length + ")", Kind::kText,
+          castValue.empty() ? "" : start + ", " + length, castValue};
 }
 
 Parser::Expression Parser::CountCall() {

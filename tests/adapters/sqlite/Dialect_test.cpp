@@ -38,6 +38,21 @@ TEST(Dialect, Query_returnsWhatTheServerWould) {
       {"select isnull(FirstName,'')+' '+isnull(Name,'') from tblOrganization",
        "رضا کاظمی\n نیک‌پی"},
       {"select substring(convert(varchar,14040102),1,4)+'/'+substring('abc',2,9)", "1404/bc"},
+      // Pieces of one value: of each row's own, by characters, also where the value ends early.
+      {"select substring(convert(varchar,ID),1,1)+'/'+substring(convert(varchar,ID),2,1)+'.' from "
+       "dbo.fnZomirStringToTable('12,12,34,5') d",
+       "1/2.\n1/2.\n3/4.\n5/."},
+      {"select '<'+substring(convert(varchar,Name),2,2)+'>'+substring(convert(varchar,Name),1,1) "
+       "from tblEmployee where ID<9",
+       "<اس>ی\n<رو>پ"},
+      {"select substring(convert(varchar,Phone2),1,2)+'-' from tblOrganization", "~\n~"},
+      {"select substring(convert(varchar,ID),1,1)+'-'+substring(convert(varchar,Code),3,1) from "
+       "tblOrganization",
+       "5-5\n6-6"},
+      {"select replace(ID,'/','') from tblEmployee where replace(ID,'x','')=convert(varchar,ID) "
+       "and "
+       "convert(varchar,ID)=ID",
+       "7\n8\n9"},
       {"select replace(Code,'10','')+Code from tblOrganization where ID=5", "5105"},
       // Functions.
       {"select isnull(null,3), coalesce(null,null,'x'), len('سلام '), ltrim(rtrim('  a  '))",
