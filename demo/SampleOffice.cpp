@@ -62,6 +62,14 @@ class UnfinishedFile {
   fs::path path_;
 };
 
+/// The files are those in demo/templates.
+void WriteReportTemplates(Database& database) {
+  constexpr int kFormType = 3308;
+  Insert report(database, "tblZomirReportTemplate", "FormTypeID, Title, FilePath");
+  report.Row({kFormType, "برنامه با ويزيتها به تفکيک روز", "program-by-day.html"});
+  report.Row({kFormType, "برگه راه بازارياب", "promoter-day-sheet.html"});
+}
+
 void FillOffice(Database& database, const SampleOptions& options) {
   Random random(options.seed);
   // The file is nobody's until it is whole: no journal is needed to take anything back.
@@ -69,6 +77,7 @@ void FillOffice(Database& database, const SampleOptions& options) {
   database.Execute(OfficeSchema());
   Insert(database, "tblZomirBasePath", "ID, BasePath")
       .Row({1, options.basePath.empty() ? Value(std::nullopt) : Value(options.basePath)});
+  WriteReportTemplates(database);
   const Network network = WriteNetwork(database, random, options.customers);
   WritePrograms(database, random, network, options.today);
   database.Execute("COMMIT");

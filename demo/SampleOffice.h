@@ -13,7 +13,8 @@ struct SampleOptions {
   /// The day around which the programs lie.
   std::chrono::sys_days today;
   /// The install folder that the office tells the module, ending in a path separator: where it
-  /// looks for report templates. Nothing is stored when it is empty.
+  /// looks for the files of demo/templates, which the office lists. Nothing is stored when it is
+  /// empty.
   std::string basePath;
 };
 

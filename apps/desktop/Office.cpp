@@ -2,6 +2,7 @@
 
 #include <QDate>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cstdio>
@@ -33,6 +34,25 @@ class UnknownConnection : public platform::Connection {
   }
 };
 
+/// Puts the report templates that the program carries into `folder`. What is there already may be
+/// the user's own work and stays.
+void CopyTemplates(const QDir& folder) {
+  if (!folder.mkpath(".")) {
+    throw platform::RuntimeError(76, "Path not found: " + folder.absolutePath().toStdString());
+  }
+  for (const QFileInfo& carried : QDir(":/templates").entryInfoList(QDir::Files)) {
+    const QString path = folder.filePath(carried.fileName());
+    if (QFile::exists(path)) continue;
+    QFile file(carried.filePath());
+    if (!file.copy(path)) {
+      throw platform::RuntimeError(75,
+                                   file.errorString().toStdString() + ": " + path.toStdString());
+    }
+    // Resources are read only, and so would be their copies.
+    QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteOwner);
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
@@ -50,10 +70,9 @@ std::string SampleOfficePath(int customers) {
 
 void EnsureSampleOffice(const std::string& path, int customers) {
   const QFileInfo file(QString::fromStdString(path));
+  const QDir templates(file.absoluteDir().filePath("templates"));
+  CopyTemplates(templates);
   if (file.exists()) return;
-  if (!QDir().mkpath(file.absolutePath())) {
-    throw platform::RuntimeError(76, "Path not found: " + file.absolutePath().toStdString());
-  }
   std::printf("Making a sample office with %d customers in %s ...\n", customers, path.c_str());
   std::fflush(stdout);
   const QDate today = QDate::currentDate();
@@ -63,6 +82,7 @@ void EnsureSampleOffice(const std::string& path, int customers) {
   demo::SampleOptions options;
   options.customers = customers;
   options.today = day;
+  options.basePath = templates.absolutePath().toStdString() + "/";
   demo::CreateSampleOffice(path, options);
 }
 

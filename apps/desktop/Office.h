@@ -18,7 +18,8 @@ class Connections : public platform::ConnectionFactory {
 /// Path of the user's sample office with so many customers.
 std::string SampleOfficePath(int customers);
 
-/// Makes a sample office at `path` unless there is one, and says so on the terminal.
+/// Makes a sample office at `path` unless there is one, and says so on the terminal. Its report
+/// templates go into the folder "templates" beside it; those that are missing there are put back.
 /// Throws RuntimeError.
 void EnsureSampleOffice(const std::string& path, int customers);
 

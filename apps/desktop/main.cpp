@@ -17,6 +17,7 @@
 #include "adapters/qt/Components.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/QtScreen.h"
+#include "adapters/qt/Reports.h"
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
@@ -89,7 +90,7 @@ class Desktop {
   adapters::qt::QtProgress progress_;
   adapters::qt::QtFileSystem fileSystem_;
   adapters::qt::QtLauncher launcher_;
-  adapters::qt::NoReports reports_;
+  adapters::qt::Reports reports_{connections_, clock_, guard_};
   NoContainer site_;
   host::Services services_{.screen = screen_,
                            .connections = connections_,

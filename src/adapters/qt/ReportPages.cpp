@@ -17,7 +17,7 @@ namespace adapters::qt {
 
 namespace {
 
-constexpr int kLayoutDpi = 600;
+constexpr int kLayoutDpi = 96;
 constexpr int kPdfDpi = 1200;
 constexpr qreal kPointsPerInch = 72;
 constexpr qreal kScale = kLayoutDpi / kPointsPerInch;  // points to the layout's units

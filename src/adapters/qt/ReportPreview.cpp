@@ -178,7 +178,9 @@ ReportPreview::ReportPreview(const ReportPages& pages, ErrorGuard& guard)
 }
 
 void ReportPreview::AddBar() {
-  auto* bar = new QHBoxLayout;
+  auto* buttons = new QWidget;
+  buttons->setStyleSheet(QStringLiteral("QPushButton { padding: 4px 9px; min-width: 16px; }"));
+  auto* bar = new QHBoxLayout(buttons);
   bar->setContentsMargins(10, 8, 10, 8);
   bar->setSpacing(6);
   const auto add = [&](const QString& caption, const QString& hint, const QKeySequence& key,
@@ -209,15 +211,17 @@ void ReportPreview::AddBar() {
   bar->addStretch(1);
   add(QStringLiteral("قبلی"), QStringLiteral("صفحه قبلی"), {},
       [this] { view_->ShowPage(view_->CurrentPage() - 1); });
-  position_ = addLabel(120);
+  position_ = addLabel(100);
   add(QStringLiteral("بعدی"), QStringLiteral("صفحه بعدی"), {},
       [this] { view_->ShowPage(view_->CurrentPage() + 1); });
   bar->addStretch(1);
-  add(QStringLiteral("−"), QStringLiteral("کوچک‌تر"), QKeySequence::ZoomOut,
-      [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
-  size_ = addLabel(56);
-  add(QStringLiteral("+"), QStringLiteral("بزرگ‌تر"), QKeySequence::ZoomIn,
-      [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
+  QPushButton* smaller =
+      add(QStringLiteral("−"), QStringLiteral("کوچک‌تر"), QKeySequence::ZoomOut,
+          [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
+  size_ = addLabel(44);
+  QPushButton* larger =
+      add(QStringLiteral("+"), QStringLiteral("بزرگ‌تر"), QKeySequence::ZoomIn,
+          [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
   add(QStringLiteral("عرض صفحه"), QStringLiteral("به اندازه عرض پنجره"), {},
       [this] { view_->SetFit(PagesView::Fit::kWidth); });
   add(QStringLiteral("تمام صفحه"), QStringLiteral("همه صفحه در پنجره"), {},
@@ -225,7 +229,7 @@ void ReportPreview::AddBar() {
   bar->addStretch(1);
   add(QStringLiteral("بستن"), QStringLiteral("بستن پیش‌نمایش"), {},
       [this] { accept(); });
-  static_cast<QVBoxLayout*>(layout())->addLayout(bar);
+  layout()->addWidget(buttons);
 }
 
 void ReportPreview::ShowPosition() {

@@ -95,9 +95,4 @@ void QtProgress::End() {
   sinceBegin_.invalidate();
 }
 
-std::unique_ptr<platform::ReportEngine> NoReports::Create() {
-  throw platform::RuntimeError(platform::kCannotCreateComponent,
-                               "ActiveX component can't create object");
-}
-
 }  // namespace adapters::qt

@@ -9,7 +9,6 @@
 #include "platform/FileDialog.h"
 #include "platform/Keyboard.h"
 #include "platform/Progress.h"
-#include "platform/ReportEngine.h"
 
 namespace adapters::qt {
 
@@ -49,12 +48,6 @@ class QtProgress : public platform::Progress {
   std::size_t total_ = 0;
   QElapsedTimer sinceBegin_;
   QElapsedTimer sincePaint_;
-};
-
-/// A desktop without a report engine.
-class NoReports : public platform::ReportEngineFactory {
- public:
-  std::unique_ptr<platform::ReportEngine> Create() override;
 };
 
 /// Qt's pattern list ("Text (*.txt);;All (*)") for a filter of pairs parted by "|".
