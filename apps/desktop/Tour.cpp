@@ -1,11 +1,12 @@
 #include "Tour.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
 #include <QTest>
-#include <QTimer>
 #include <cstdio>
 
 #include "adapters/qt/FlexGridView.h"
@@ -33,7 +34,10 @@ QWidget& KeyReceiver(QWidget& widget) {
 }  // namespace
 
 Tour::Tour(adapters::qt::QtScreen& screen, const QString& directory)
-    : screen_(screen), directory_(directory) {}
+    : screen_(screen), directory_(directory) {
+  timer_.setSingleShot(true);
+  QObject::connect(&timer_, &QTimer::timeout, [this] { Next(); });
+}
 
 void Tour::Add(std::string what, std::function<void()> act) {
   steps_.push_back({std::move(what), std::move(act)});
@@ -44,7 +48,7 @@ void Tour::Start() {
     Fail("cannot make the folder " + directory_.path().toStdString());
     return;
   }
-  QTimer::singleShot(kStepDelay, [this] { Next(); });
+  timer_.start(kStepDelay);
 }
 
 void Tour::Next() {
@@ -57,7 +61,7 @@ void Tour::Next() {
   std::printf("%2zu. %s\n", next_, step.what.c_str());
   std::fflush(stdout);
   // Beforehand: the step may open a modal form, in whose loop the next one plays.
-  QTimer::singleShot(kStepDelay, [this] { Next(); });
+  timer_.start(kStepDelay);
   try {
     step.act();
   } catch (const std::exception& error) {
@@ -78,6 +82,28 @@ void Tour::Fail(const std::string& what) {
   // Loops of modal forms are nested; the program ends without unwinding their events.
   std::fflush(nullptr);
   std::_Exit(EXIT_FAILURE);
+}
+
+QWidget& Tour::Dialog() const {
+  QWidget* dialog = QApplication::activeModalWidget();
+  if (dialog == nullptr) throw TourFailure("expected a dialog");
+  return *dialog;
+}
+
+void Tour::SaveAs(const QString& fileName) {
+  auto& dialog = dynamic_cast<QFileDialog&>(Dialog());
+  auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+  Expect(name != nullptr, "a place for the file's name");
+  name->setText(directory_.absoluteFilePath(fileName));
+  SendKey(*name, Qt::Key_Return, QString());
+}
+
+void Tour::PictureOfDialog(const QString& name) {
+  Save(Dialog().grab(), name);
+}
+
+void Tour::CloseDialog() {
+  Dialog().close();
 }
 
 void Tour::Expect(bool holds, const std::string& what) {
@@ -180,6 +206,10 @@ void Tour::Picture(controls::Form& form, const QString& name) {
     }
   }
   painter.end();
+  Save(picture, name);
+}
+
+void Tour::Save(const QPixmap& picture, const QString& name) {
   const QString file = QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name);
   if (!picture.save(directory_.filePath(file))) {
     throw TourFailure("cannot write " + directory_.filePath(file).toStdString());

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -46,6 +47,11 @@ class Tour {
   void ClickCell(controls::FlexGrid& grid, int row, int col);
   void DoubleClickCell(controls::FlexGrid& grid, int row, int col);
   void DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col);
+  /// Names a file in the tour's folder in the Save As dialog that is up.
+  void SaveAs(const QString& fileName);
+  /// A modal window that belongs to no form: the preview, the document viewer.
+  void PictureOfDialog(const QString& name);
+  void CloseDialog();
   /// Presses a button of the message dialog that is up: 0 is its first (yes, or the only one).
   void AnswerMessage(int button);
   void Expect(bool holds, const std::string& what);
@@ -58,10 +64,13 @@ class Tour {
   void End();
   void Fail(const std::string& what);
   QWidget& Reach(controls::Control& control);
-  void ClickAt(QWidget& widget, const QPoint& place);
+  QWidget& Dialog() const;
+  void Save(const QPixmap& picture, const QString& name);
+  static void ClickAt(QWidget& widget, const QPoint& place);
 
   adapters::qt::QtScreen& screen_;
   QDir directory_;
+  QTimer timer_;
   struct Step {
     std::string what;
     std::function<void()> act;

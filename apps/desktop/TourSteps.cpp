@@ -114,12 +114,103 @@ void AddVisitSteps(Tour& tour, editor::FormMain& editor) {
   tour.Add("Back in the editor", [&] { tour.AnswerMessage(0); });
 }
 
+void AddSearchSteps(Tour& tour, editor::FormMain& editor) {
+  search::FormSearch& form = editor.SearchForm();
+  tour.Add("The search opens", [&] { tour.Click(editor.cmdSearch); });
+  tour.Add("A search without a filter", [&] { tour.Click(form.cmdSearch); });
+  tour.Add("It offers a limit of 1000 lines", [&] {
+    tour.Picture(form, "search-question");
+    tour.AnswerMessage(0);
+  });
+  tour.Add("The lines found", [&] {
+    tour.Expect(form.flxSearch.Rows() > 100, "lines of the sample programs");
+    tour.Picture(form, "search-result");
+  });
+  tour.Add("Sent to a text file", [&] { tour.Click(form.cmdSentToText); });
+  tour.Add("The settings of the text file", [&] {
+    tour.Picture(form.TextFileForm(), "text-file");
+    tour.Click(form.TextFileForm().cmdSave);
+  });
+  tour.Add("The file is named in the desktop's dialog", [&] { tour.SaveAs("visits.txt"); });
+  tour.Add("The file is written", [&] { tour.Click(form.TextFileForm().cmdOk); });
+  tour.Add("The search says where", [&] {
+    tour.Picture(form, "text-file-saved");
+    tour.AnswerMessage(0);
+  });
+  tour.Add("Copied to a workbook", [&] { tour.Click(form.cmdExcel); });
+  tour.Add("The copy is done", [&] {
+    tour.Picture(form, "workbook-saved");
+    tour.AnswerMessage(0);
+  });
+  tour.Add("A new search for the program made before", [&] {
+    tour.Click(form.cmdNewsearch);
+    tour.Type(form.txtID, QString::fromStdString(editor.txtID.Text()));
+    tour.Click(form.cmdSearch);
+    tour.Expect(form.flxSearch.Rows() == 16, "its fifteen visits");
+    tour.DoubleClickCell(form.flxSearch, 1, 2);
+    tour.Expect(!form.Visible() && editor.CurrentMode() == editor::Mode::kView, "the program");
+  });
+}
+
+void AddFinalSteps(Tour& tour, editor::FormMain& editor) {
+  tour.Add("The program is opened for editing", [&] { tour.Click(editor.cmdEdit); });
+  tour.Add("And registered finally", [&] {
+    tour.Picture(editor, "editor-edit");
+    tour.Click(editor.cmdFinalSave);
+    tour.Expect(editor.txtCode.Text() == editor.txtID.Text(), "a code: the program is final");
+    tour.Picture(editor, "editor-final");
+  });
+  tour.Add("Templates for its report", [&] { tour.Click(editor.cmdPreview); });
+  tour.Add("One is picked", [&] {
+    tour.Expect(editor.PrintForm().cmbReport().ListCount() > 0, "a template");
+    editor.PrintForm().cmbReport().SetListIndex(0);
+    tour.Picture(editor.PrintForm(), "template");
+    tour.Click(editor.PrintForm().cmdPrint);
+  });
+  tour.Add("The preview", [&] {
+    tour.PictureOfDialog("preview");
+    tour.CloseDialog();
+  });
+  tour.Add("Its accounting document", [&] { tour.Click(editor.cmdViewAccountDoc); });
+  tour.Add("There is none yet", [&] {
+    tour.PictureOfDialog("document-none");
+    tour.CloseDialog();
+  });
+  tour.Add("Back to temporary", [&] { tour.Click(editor.cmdBackToTemp); });
+  tour.Add("The editor asks", [&] {
+    tour.Picture(editor, "back-to-temp");
+    tour.AnswerMessage(0);
+  });
+  tour.Add("A block of visits is deleted", [&] {
+    tour.Expect(editor.txtCode.Text().empty(), "a temporary program");
+    tour.ClickCell(editor.flxDetail, 1, 2);
+    tour.Click(editor.cmdDeleteSelected);
+  });
+  tour.Add("After a question", [&] { tour.AnswerMessage(0); });
+  tour.Add("The whole program is deleted", [&] {
+    tour.Expect(editor.flxDetail.Rows() == 3, "two groups left");
+    tour.Click(editor.cmdDelete);
+  });
+  tour.Add("After a question", [&] { tour.AnswerMessage(0); });
+  tour.Add("A program of last month and its document", [&] {
+    tour.Expect(editor.CurrentMode() == editor::Mode::kEmpty, "an empty editor");
+    editor.View(1);
+    tour.Click(editor.cmdViewAccountDoc);
+  });
+  tour.Add("The document", [&] {
+    tour.PictureOfDialog("document");
+    tour.CloseDialog();
+  });
+}
+
 }  // namespace
 
 void AddSteps(Tour& tour, module::Module& module) {
   AddHeaderSteps(tour, module.Editor());
   AddBatchSteps(tour, module.Editor());
   AddVisitSteps(tour, module.Editor());
+  AddSearchSteps(tour, module.Editor());
+  AddFinalSteps(tour, module.Editor());
 }
 
 }  // namespace desktop

@@ -5,7 +5,8 @@
 
 namespace desktop {
 
-/// A planner's day: a new program, a batch of visits, the visits in the editor.
+/// A planner's day: a new program, a batch of visits, search and export, final and back, print,
+/// document, deletion.
 void AddSteps(Tour& tour, module::Module& module);
 
 }  // namespace desktop
