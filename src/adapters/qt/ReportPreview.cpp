@@ -215,13 +215,11 @@ void ReportPreview::AddBar() {
   add(QStringLiteral("بعدی"), QStringLiteral("صفحه بعدی"), {},
       [this] { view_->ShowPage(view_->CurrentPage() + 1); });
   bar->addStretch(1);
-  QPushButton* smaller =
-      add(QStringLiteral("−"), QStringLiteral("کوچک‌تر"), QKeySequence::ZoomOut,
-          [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
+  add(QStringLiteral("−"), QStringLiteral("کوچک‌تر"), QKeySequence::ZoomOut,
+      [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
   size_ = addLabel(44);
-  QPushButton* larger =
-      add(QStringLiteral("+"), QStringLiteral("بزرگ‌تر"), QKeySequence::ZoomIn,
-          [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
+  add(QStringLiteral("+"), QStringLiteral("بزرگ‌تر"), QKeySequence::ZoomIn,
+      [this] { view_->SetZoom(view_->Zoom() * kZoomStep); });
   add(QStringLiteral("عرض صفحه"), QStringLiteral("به اندازه عرض پنجره"), {},
       [this] { view_->SetFit(PagesView::Fit::kWidth); });
   add(QStringLiteral("تمام صفحه"), QStringLiteral("همه صفحه در پنجره"), {},
