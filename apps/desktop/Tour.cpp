@@ -99,7 +99,9 @@ void Tour::SaveAs(const QString& fileName) {
 }
 
 void Tour::PictureOfDialog(const QString& name) {
-  Save(Dialog().grab(), name);
+  QWidget& dialog = Dialog();
+  Expect(dynamic_cast<adapters::qt::MessageDialog*>(&dialog) == nullptr, "no message");
+  Save(dialog.grab(), name);
 }
 
 void Tour::CloseDialog() {
