@@ -1,10 +1,27 @@
 #include "search/FormSearch.h"
 
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
 #include "text/Text.h"
 #include "tools/BusyGrid.h"
 #include "tools/CopyToExcel.h"
 
 namespace search {
+
+namespace {
+
+bool HasBreak(std::string_view text) {
+  return text.find('\r') != std::string_view::npos || text.find('\n') != std::string_view::npos;
+}
+
+void AppendWithoutBreaks(std::string& line, std::string_view text) {
+  std::copy_if(text.begin(), text.end(), std::back_inserter(line),
+               [](char c) { return c != '\r' && c != '\n'; });
+}
+
+}  // namespace
 
 FormSearch::FormSearch(host::modMain& module)
     : Form(module.GetServices().screen, "FormSearch", Border::kSizable),
@@ -93,16 +110,21 @@ void FormSearch::WriteTextFile(const std::string& fileName, const std::string& d
                                bool newLine, bool headers) {
   const tools::BusyGrid busy(module_, flxSearch);
   const auto file = module_.GetServices().fileSystem.CreateTextFile(fileName);
+  std::vector<int> cols;
+  for (int col = 1; col < flxSearch.Cols(); ++col) {
+    if (flxSearch.ColWidth(col) != 0) cols.push_back(col);
+  }
   const int lastRow = flxSearch.Rows() - 1;
   std::string line;
   for (int row = headers ? 0 : 1; row <= lastRow; ++row) {
     line.clear();
-    for (int col = 1; col < flxSearch.Cols(); ++col) {
-      if (flxSearch.ColWidth(col) == 0) continue;
-      for (const char c : flxSearch.TextMatrix(row, col)) {
-        if (c != '\r' && c != '\n') line += c;
+    for (const int col : cols) line.append(flxSearch.TextMatrix(row, col)).append(delimiter);
+    if (HasBreak(line)) {  // seldom: it is cheaper to begin again than to look at every cell
+      line.clear();
+      for (const int col : cols) {
+        AppendWithoutBreaks(line, flxSearch.TextMatrix(row, col));
+        line += delimiter;
       }
-      line += delimiter;
     }
     file->Write(line);
     if (row < lastRow || newLine) file->WriteLineBreak();

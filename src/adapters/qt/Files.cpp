@@ -4,7 +4,8 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QSaveFile>
-#include <QStringEncoder>
+#include <QStringDecoder>
+#include <utility>
 
 #include "adapters/qt/Convert.h"
 #include "platform/RuntimeError.h"
@@ -13,39 +14,75 @@ namespace adapters::qt {
 
 namespace {
 
-constexpr qsizetype kBufferBytes = 1 << 16;
+constexpr qsizetype kBlockChars = 1 << 16;
 
 [[noreturn]] void ThrowFor(const QFileDevice& file) {
+  const QFileInfo place(file.fileName());
   std::int32_t number = 57;
   QString words = QStringLiteral("فايل نوشته نشد.");
-  if (file.error() == QFileDevice::PermissionsError) {
-    number = 70;
-    words = QStringLiteral("اجازه نوشتن اين فايل را نداريد.");
-  } else if (!QFileInfo(file.fileName()).absoluteDir().exists()) {
+  if (file.fileName().isEmpty() || place.isDir()) {
+    number = 75;
+    words = QStringLiteral("اين نام يک فايل نيست.");
+  } else if (!place.absoluteDir().exists()) {
     number = 76;
     words = QStringLiteral("پوشه اين فايل وجود ندارد.");
+  } else if (file.error() == QFileDevice::PermissionsError ||
+             (place.exists() && !place.isWritable())) {
+    number = 70;
+    words = QStringLiteral("اجازه نوشتن اين فايل را نداريد.");
   } else if (file.error() == QFileDevice::ResourceError ||
-             file.error() == QFileDevice::WriteError) {
+             file.error() == QFileDevice::WriteError || file.error() == QFileDevice::NoError) {
+    // No error: the system took a part of a block only.
     number = 61;
     words = QStringLiteral("فايل نوشته نشد؛ شايد ديسک پر است.");
   }
-  throw platform::RuntimeError(number,
-                               ToUtf8(words + QLatin1Char(' ') + file.fileName() +
-                                      QStringLiteral(" (") + file.errorString() + QLatin1Char(')')),
-                               "QtFileSystem");
+  words += QLatin1Char(' ') + file.fileName();
+  if (file.error() != QFileDevice::NoError) {
+    words += QStringLiteral(" (") + file.errorString() + QLatin1Char(')');
+  }
+  throw platform::RuntimeError(number, ToUtf8(words), "QtFileSystem");
 }
 
-/// UTF-16LE with a byte order mark, gathered into blocks.
+/// Decodes UTF-8 sequences of one and two bytes, all that Persian text is made of, several times as
+/// fast as the general decoder; stops before anything else. Returns the bytes that it took.
+qsizetype DecodeShort(std::string_view text, QChar*& to) {
+  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  std::size_t i = 0;
+  while (i < text.size()) {
+    const unsigned lead = byte(i);
+    if (lead < 0x80) {
+      *to++ = QChar(lead);
+      ++i;
+    } else if (lead >= 0xC2 && lead < 0xE0 && i + 1 < text.size() && byte(i + 1) >> 6U == 2) {
+      *to++ = QChar((lead & 0x1FU) << 6U | (byte(i + 1) & 0x3FU));
+      i += 2;
+    } else {
+      break;
+    }
+  }
+  return static_cast<qsizetype>(i);
+}
+
+/// UTF-16LE with a byte order mark. Texts are decoded straight into one block, without a string of
+/// their own: a large export is as good as all decoding and copying.
 class SavedTextFile : public platform::TextFile {
  public:
   explicit SavedTextFile(const QString& path) : file_(path) {
-    if (!file_.open(QIODevice::WriteOnly)) ThrowFor(file_);
-    buffer_.append("\xFF\xFE", 2);
+    if (path.isEmpty() || !file_.open(QIODevice::WriteOnly)) ThrowFor(file_);
+    block_.append(QChar::ByteOrderMark);
+    used_ = block_.size();
+    block_.resize(kBlockChars);
   }
 
   void Write(std::string_view text) override {
-    buffer_.append(encoder_(ToQString(text)));
-    if (buffer_.size() >= kBufferBytes) Flush();
+    const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
+    const qsizetype room = decoder_.requiredSpace(bytes.size());
+    if (block_.size() - used_ < room) Flush();
+    if (block_.size() < room) block_.resize(room);
+    QChar* end = block_.data() + used_;
+    const qsizetype done = DecodeShort(text, end);
+    end = decoder_.appendToBuffer(end, bytes.sliced(done));
+    used_ = end - block_.constData();
   }
   void WriteLineBreak() override { Write("\r\n"); }
 
@@ -56,13 +93,17 @@ class SavedTextFile : public platform::TextFile {
 
  private:
   void Flush() {
-    if (file_.write(buffer_) != buffer_.size()) ThrowFor(file_);
-    buffer_.clear();
+    static_assert(Q_BYTE_ORDER == Q_LITTLE_ENDIAN, "the file's byte order is the machine's");
+    const qsizetype bytes = std::exchange(used_, 0) * static_cast<qsizetype>(sizeof(QChar));
+    if (file_.write(reinterpret_cast<const char*>(block_.constData()), bytes) != bytes) {
+      ThrowFor(file_);
+    }
   }
 
   QSaveFile file_;
-  QByteArray buffer_;
-  QStringEncoder encoder_{QStringConverter::Utf16LE};
+  QString block_;
+  qsizetype used_ = 0;  // characters of block_ that wait to be written
+  QStringDecoder decoder_{QStringDecoder::Utf8, QStringDecoder::Flag::Stateless};
 };
 
 }  // namespace
