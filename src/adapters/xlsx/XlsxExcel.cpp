@@ -22,7 +22,8 @@ constexpr std::int32_t kNoWorkbook = 9;
 /// path. Two programs never get the same one.
 std::string MakeFreeFile(const std::string& beginning, const std::string& ending) {
   for (int n = 1;; ++n) {
-    std::string path = beginning + std::to_string(n) + ending;
+    std::string path = beginning;
+    path.append(std::to_string(n)).append(ending);
     if (std::FILE* file = std::fopen(path.c_str(), "wbx")) {
       std::fclose(file);
       return path;

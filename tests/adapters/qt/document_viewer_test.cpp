@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <array>
 #include <utility>
 
@@ -13,6 +14,8 @@
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/DocumentWindow.h"
 #include "adapters/qt/QtFixture.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "demo/SampleOffice.h"
 
 namespace adapters::qt {
 namespace {
@@ -118,6 +121,7 @@ TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {
     }
     const auto& table = *window.findChild<QTableWidget*>();
     std::vector<std::string> texts;
+    texts.reserve(AccountingDocument::kColumns);
     for (int column = 0; column < table.columnCount(); ++column) {
       texts.push_back(ToUtf8(table.item(1, column)->text()));
     }
@@ -139,6 +143,36 @@ TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {
   EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
   QApplication::restoreOverrideCursor();
   EXPECT_THAT(office.opened, ElementsAre("sqlite:office.db"));
+}
+
+TEST_F(DocumentViewerTest, View_sampleOffice_readsItsDocument) {
+  class Embedded : public platform::ConnectionFactory {
+   public:
+    std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+      return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+    }
+  };
+  const QTemporaryDir folder;
+  const std::string path = ToUtf8(folder.filePath("office.db"));
+  demo::SampleOptions options;
+  options.customers = 50;
+  options.today = clock.Today();
+  demo::CreateSampleOffice(path, options);
+  Embedded embedded;
+  DocumentViewer viewer(embedded);
+  viewer.Put("OLEConnectionString", "sqlite:" + path);
+  OnModalWindow([](QWidget& window) {
+    auto* table = window.findChild<QTableWidget*>();
+    ASSERT_NE(table, nullptr);
+    ASSERT_EQ(table->rowCount(), 2);
+    const QString amount = table->item(0, AccountingDocument::kDebit)->text();
+    EXPECT_NE(amount, "");
+    EXPECT_EQ(table->item(1, AccountingDocument::kCredit)->text(), amount);
+    EXPECT_EQ(window.findChild<QLabel*>("credit")->text(), "جمع بستانكار: " + amount);
+    window.close();
+  });
+  const std::array<AutomationValue, 1> arguments{std::int32_t{1}};
+  viewer.Call("View", arguments);
 }
 
 TEST_F(DocumentViewerTest, View_manyLines_scrollInAWindowThatFits) {

@@ -68,7 +68,7 @@ class XlsxExcelTest : public testing::Test {
  protected:
   using Rows = std::vector<std::vector<std::string>>;
 
-  ~XlsxExcelTest() override { fs::remove_all(folder); }
+  void TearDown() override { fs::remove_all(folder); }
 
   static fs::path MakeFolder() {
     std::string pattern = (fs::temp_directory_path() / "xlsx-XXXXXX").string();
