@@ -1,6 +1,7 @@
 #include "adapters/qt/ReportPages.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -152,7 +153,10 @@ void ReportPages::PaintFrame(QPainter& painter, int page) const {
 }
 
 void ReportPages::WritePdf(QIODevice& device) const {
-  QPdfWriter writer(&device);
+  // Qt's writer does not look whether the device takes what it writes.
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&pdf);
   writer.setPageLayout(Layout());
   writer.setResolution(kPdfDpi);
   writer.setTitle(title_);
@@ -163,7 +167,7 @@ void ReportPages::WritePdf(QIODevice& device) const {
     if (page > 0) fine = writer.newPage();
     if (fine) Paint(painter, page);
   }
-  fine = fine && painter.end();
+  fine = fine && painter.end() && device.write(pdf.data()) == pdf.size();
   if (!fine) {
     throw platform::RuntimeError(
         kDeviceIo, ToUtf8(QStringLiteral("فايل گزارش نوشته نشد.\n") + device.errorString()),

@@ -1,0 +1,112 @@
+// The preview of a program of 2,000 visits, step by step: the template of the sample office that
+// lists a program by days, on the sample office's database.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <stdexcept>
+
+#include "adapters/qt/ReportPages.h"
+#include "adapters/qt/ReportPreview.h"
+#include "adapters/qt/Theme.h"
+#include "adapters/report/Fill.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "demo/SampleOffice.h"
+
+namespace {
+
+using adapters::qt::ReportPages;
+using adapters::report::FilledReport;
+
+constexpr int kProgram = 14;  // which the sample office leaves without visits
+constexpr int kDays = 10;
+constexpr int kVisitsOfDay = 200;
+constexpr std::chrono::sys_days kToday =
+    std::chrono::sys_days(std::chrono::year(2025) / std::chrono::November / 22);
+
+class Office {
+ public:
+  Office() {
+    demo::SampleOptions options;
+    options.today = kToday;
+    demo::CreateSampleOffice(File(), options);
+    for (int day = 1; day <= kDays; ++day) {
+      const std::string number = (day < 10 ? "0" : "") + std::to_string(day);
+      connection_.Execute(
+          "Insert Into tblDistributionPromoterProgramDetail (ProgramID, PromoterID, "
+          "FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence) Select Top " +
+          std::to_string(kVisitsOfDay) + " " + std::to_string(kProgram) + ", 10, '1404/10/" +
+          number + "', dbo.getEnglishDate('1404/10/" + number +
+          "'), ID, 'بررسي موجودي', ID From tblOrganization Order By ID");
+    }
+    QFile file(QStringLiteral(PROJECT_FOLDER "/demo/templates/program-by-day.html"));
+    if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("no template");
+    template_ = file.readAll().toStdString();
+  }
+
+  FilledReport Fill() {
+    return adapters::report::Fill(adapters::report::ReportTemplate::Load(template_, "t.html"),
+                                  connection_, "fmlID = " + std::to_string(kProgram), kToday);
+  }
+
+ private:
+  std::string File() const { return folder_.filePath("office.db").toStdString(); }
+
+  QTemporaryDir folder_;
+  adapters::sqlite::SqliteConnection connection_{"sqlite:" + File()};
+  std::string template_;
+};
+
+Office& TheOffice() {
+  static Office office;
+  return office;
+}
+
+void BM_Fill(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(TheOffice().Fill().html.size());
+}
+
+void BM_Layout(benchmark::State& state) {
+  const FilledReport filled = TheOffice().Fill();
+  int pages = 0;
+  for (auto _ : state) pages = ReportPages(filled).Count();
+  state.counters["pages"] = pages;
+}
+
+/// From the click to the first page on the screen.
+void BM_Preview(benchmark::State& state) {
+  for (auto _ : state) {
+    const ReportPages pages(TheOffice().Fill());
+    adapters::qt::ErrorGuard guard;
+    adapters::qt::ReportPreview preview(pages, guard);
+    benchmark::DoNotOptimize(preview.grab());
+  }
+}
+
+void BM_Pdf(benchmark::State& state) {
+  const ReportPages pages(TheOffice().Fill());
+  for (auto _ : state) {
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    pages.WritePdf(pdf);
+    state.counters["bytes"] = static_cast<double>(pdf.size());
+  }
+}
+
+BENCHMARK(BM_Fill)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Layout)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Preview)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Pdf)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  benchmark::Initialize(&argc, argv);
+  QApplication application(argc, argv);
+  adapters::qt::ApplyTheme(application);
+  benchmark::RunSpecifiedBenchmarks();
+}
