@@ -5,11 +5,8 @@
 namespace {
 
 TEST(LatinDigits, PersianAndArabicDigits_BecomeLatinAndNothingElseChanges) {
-  EXPECT_EQ(text::LatinDigits("۱۴۰۴/۰۲/۱۵"), "1404/02/15");
-  EXPECT_EQ(text::LatinDigits("٠١٢٣٤٥٦٧٨٩"), "0123456789");
-  EXPECT_EQ(text::LatinDigits("۰۱۲۳۴۵۶۷۸۹"), "0123456789");
-  EXPECT_EQ(text::LatinDigits("كد ۵ي\xD9\x8E A"), "كد 5ي\xD9\x8E A");
-  EXPECT_EQ(text::LatinDigits("\xDB"), "\xDB");
+  EXPECT_EQ(text::LatinDigits("٠١٢٣٤٥٦٧٨٩۰۱۲۳۴۵۶۷۸۹"), "01234567890123456789");
+  EXPECT_EQ(text::LatinDigits("كد ۵ي\xD9\x8E A\xDB"), "كد 5ي\xD9\x8E A\xDB");
 }
 
 // Texts that are the same to a person who looks something up, each a group.
