@@ -5,7 +5,6 @@
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "structure/IncludeRules.h"
@@ -48,51 +47,24 @@ TEST(IncludeDirection, ProjectRules_pointOnlyDown) {
   }
 }
 
-/// A project of one file that includes `line`, beside one header in every kind of folder.
-std::vector<std::string> FaultsOfLine(const std::string& file, const std::string& line) {
-  SourceTree tree{{"src/text/T.h", ""},          {"src/calendar/C.h", ""},
-                  {"src/platform/P.h", ""},      {"src/controls/K.h", ""},
-                  {"src/host/H.h", ""},          {"src/tools/L.h", ""},
-                  {"src/batch/B.h", ""},         {"src/search/S.h", ""},
-                  {"src/editor/E.h", ""},        {"src/module/M.h", ""},
-                  {"src/adapters/qt/Q.h", ""},   {"src/adapters/sqlite/D.h", ""},
-                  {"src/adapters/odbc/O.h", ""}, {"src/adapters/report/R.h", ""},
-                  {"demo/Office.h", ""},         {"apps/desktop/Tour.h", ""}};
-  tree[file] = line + "\n";
-  return FindFaults(tree, ProjectRules());
-}
-
-TEST(IncludeDirection, AllowedInclude_isNoFault) {
-  const std::vector<std::pair<std::string, std::string>> cases{
-      {"src/calendar/x.cpp", "#include \"text/T.h\""},
-      {"src/host/x.h", "#include \"host/H.h\""},
-      {"src/host/x.h", "#include <string_view>"},
-      {"src/editor/x.cpp", "#include \"batch/B.h\""},
-      {"src/module/x.cpp", "#include \"editor/E.h\""},
-      {"src/adapters/qt/x.cpp", "#include \"adapters/report/R.h\""},
-      {"src/adapters/qt/x.cpp", "#include <QWidget>"},
-      {"src/adapters/com/x.cpp", "#include \"host/H.h\""},
-      {"demo/x.cpp", "#include \"adapters/sqlite/D.h\""},
-      {"apps/desktop/x.cpp", "#include \"adapters/qt/Q.h\""},
-      {"apps/desktop/x.cpp", "#include \"Tour.h\""},
-      {"apps/desktop/x.cpp", "#include \"demo/Office.h\""},
-      {"src/host/x.h", "// #include \"editor/E.h\""},
-  };
-  for (const auto& [file, line] : cases) {
-    EXPECT_THAT(FaultsOfLine(file, line), IsEmpty()) << file << ": " << line;
-  }
-}
-
-TEST(IncludeDirection, ForbiddenInclude_isNamed) {
-  struct Case {
-    std::string file;
-    std::string line;
-    std::string fault;
-  };
-  const std::vector<Case> cases{
+TEST(IncludeDirection, OneInclude_isAllowedOrNamed) {
+  const SourceTree headers{
+      {"src/text/T.h", ""},        {"src/calendar/C.h", ""},        {"src/host/H.h", ""},
+      {"src/batch/B.h", ""},       {"src/search/S.h", ""},          {"src/editor/E.h", ""},
+      {"src/adapters/qt/Q.h", ""}, {"src/adapters/sqlite/D.h", ""}, {"src/adapters/report/R.h", ""},
+      {"apps/desktop/Tour.h", ""}};
+  const struct {
+    std::string file, line, fault;  // no fault where it is empty
+  } cases[] = {
+      {"src/calendar/x.cpp", "#include \"text/T.h\"", ""},
+      {"src/host/x.h", "#include <string_view>", ""},
+      {"src/editor/x.cpp", "#include \"batch/B.h\"", ""},
+      {"src/adapters/qt/x.cpp", "#include \"adapters/report/R.h\"", ""},
+      {"src/adapters/qt/x.cpp", "#include <QWidget>", ""},
+      {"demo/x.cpp", "#include \"adapters/sqlite/D.h\"", ""},
+      {"apps/desktop/x.cpp", "#include \"Tour.h\"", ""},
+      {"src/host/x.h", "// #include \"editor/E.h\"", ""},
       {"src/text/x.h", "#include \"calendar/C.h\"", "text may not include calendar"},
-      {"src/platform/x.h", "#include \"text/T.h\"", "platform may not include text"},
-      {"src/controls/x.h", "#include \"host/H.h\"", "controls may not include host"},
       {"src/host/x.h", "  #  include\t\"editor/E.h\"  // why", "host may not include editor"},
       {"src/batch/x.h", "#include \"search/S.h\"", "batch may not include search"},
       {"src/editor/x.cpp", "#include \"adapters/qt/Q.h\"", "editor may not include adapters/qt"},
@@ -101,16 +73,15 @@ TEST(IncludeDirection, ForbiddenInclude_isNamed) {
        "adapters/qt may not include adapters/sqlite"},
       {"src/adapters/odbc/x.cpp", "#include \"adapters/report/R.h\"",
        "adapters/odbc may not include adapters/report"},
-      {"src/adapters/qt/x.cpp", "#include \"editor/E.h\"", "adapters/qt may not include editor"},
-      {"src/host/x.cpp", "#include <QString>", "not one of the standard headers"},
-      {"src/host/x.cpp", "#include <unistd.h>", "not one of the standard headers"},
       {"src/host/x.cpp", "#include <fstream>", "not one of the standard headers"},
-      {"demo/x.cpp", "#include \"module/M.h\"", "demo may not include module"},
       {"src/reports/x.h", "#include <string>", "no rule for the folder reports"},
   };
-  for (const Case& c : cases) {
-    EXPECT_THAT(FaultsOfLine(c.file, c.line), ElementsAre(HasSubstr(c.fault)))
-        << c.file << ": " << c.line;
+  for (const auto& c : cases) {
+    SourceTree tree = headers;
+    tree[c.file] = c.line + "\n";
+    const auto faults = FindFaults(tree, ProjectRules());
+    EXPECT_EQ(faults.size(), c.fault.empty() ? 0U : 1U) << c.file << ": " << c.line;
+    for (const std::string& fault : faults) EXPECT_THAT(fault, HasSubstr(c.fault));
   }
 }
 

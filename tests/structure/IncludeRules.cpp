@@ -1,46 +1,14 @@
 #include "structure/IncludeRules.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
 #include <optional>
+#include <regex>
+#include <sstream>
 #include <utility>
 
 namespace structure {
 namespace {
-
-constexpr std::string_view kBlank = " \t";
-
-std::string_view SkipBlanks(std::string_view text) {
-  const auto start = text.find_first_not_of(kBlank);
-  return start == std::string_view::npos ? std::string_view{} : text.substr(start);
-}
-
-bool TakePrefix(std::string_view& text, std::string_view prefix) {
-  if (!text.starts_with(prefix)) return false;
-  text = SkipBlanks(text.substr(prefix.size()));
-  return true;
-}
-
-std::optional<Include> ReadIncludeLine(std::string_view line) {
-  line = SkipBlanks(line);
-  if (!TakePrefix(line, "#") || !TakePrefix(line, "include") || line.empty()) return {};
-  const bool quoted = line.front() == '"';
-  if (!quoted && line.front() != '<') return {};
-  const auto end = line.find(quoted ? '"' : '>', 1);
-  if (end == std::string_view::npos) return {};
-  return Include{std::string(line.substr(1, end - 1)), quoted};
-}
-
-std::string FirstFolders(std::string_view path, int count) {
-  std::size_t end = 0;
-  for (int i = 0; i < count; ++i) {
-    const auto slash = path.find('/', end + (i > 0 ? 1 : 0));
-    if (slash == std::string_view::npos) break;
-    end = slash;
-  }
-  return std::string(path.substr(0, end));
-}
 
 /// The rule's or allowed entry's name covers the layer: the same, or "kind/*" for "kind/any".
 bool Covers(std::string_view pattern, std::string_view layer) {
@@ -125,24 +93,22 @@ class RingFinder {
 
 }  // namespace
 
-std::vector<Include> ReadIncludes(std::string_view source) {
+std::vector<Include> ReadIncludes(const std::string& source) {
+  static const std::regex kInclude(R"~(^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>).*)~");
   std::vector<Include> includes;
-  while (!source.empty()) {
-    const auto end = std::min(source.find('\n'), source.size());
-    if (auto include = ReadIncludeLine(source.substr(0, end))) {
-      includes.push_back(std::move(*include));
-    }
-    source.remove_prefix(std::min(end + 1, source.size()));
+  std::istringstream lines(source);
+  for (std::string line; std::getline(lines, line);) {
+    std::smatch found;
+    if (line.find('#') == std::string::npos || !std::regex_match(line, found, kInclude)) continue;
+    includes.push_back({found[1].matched ? found[1] : found[2], found[1].matched});
   }
   return includes;
 }
 
-std::string LayerOf(std::string_view path) {
-  if (path.starts_with("src/")) {
-    path.remove_prefix(4);
-    return FirstFolders(path, path.starts_with("adapters/") ? 2 : 1);
-  }
-  return FirstFolders(path, path.starts_with("apps/") ? 2 : 1);
+std::string LayerOf(const std::string& path) {
+  static const std::regex kLayer("(?:src/)?((?:adapters/|apps/)?[^/]+)/.*");
+  std::smatch found;
+  return std::regex_match(path, found, kLayer) ? found[1].str() : path;
 }
 
 std::vector<std::string> FindFaults(const SourceTree& tree, const Rules& rules) {

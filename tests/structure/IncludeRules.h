@@ -3,7 +3,6 @@
 #include <map>
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace structure {
@@ -42,11 +41,11 @@ struct Include {
 };
 
 /// The #include lines of a source text, in order; those in // comments do not count.
-std::vector<Include> ReadIncludes(std::string_view source);
+std::vector<Include> ReadIncludes(const std::string& source);
 
 /// "src/adapters/qt/Window.h" belongs to adapters/qt, "src/host/modMain.h" to host,
 /// "apps/desktop/main.cpp" to apps/desktop, "demo/Office.h" to demo.
-std::string LayerOf(std::string_view path);
+std::string LayerOf(const std::string& path);
 
 /// One line a fault, empty when there is none: an edge that no rule allows, a header from outside
 /// in a layer that may have none, an include that leads to no file, a folder without a rule,
