@@ -2,8 +2,6 @@
 
 #include <functional>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 #include "controls/FlexGrid.h"
 #include "platform/RuntimeError.h"
@@ -22,14 +20,4 @@ inline int ErrorOf(const std::function<void()>& act) {
   } catch (const platform::RuntimeError& error) {
     return error.Number();
   }
-}
-
-/// The texts of a grid, row by row.
-inline std::vector<std::vector<std::string>> TextsOf(const controls::FlexGrid& grid) {
-  std::vector<std::vector<std::string>> texts;
-  for (int row = 0; row < grid.Rows(); ++row) {
-    auto& cells = texts.emplace_back();
-    for (int col = 0; col < grid.Cols(); ++col) cells.emplace_back(grid.TextMatrix(row, col));
-  }
-  return texts;
 }
