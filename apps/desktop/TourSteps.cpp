@@ -173,8 +173,8 @@ void AddFinalSteps(Tour& tour, editor::FormMain& editor) {
   });
   tour.Add("Its accounting document", [&] { tour.Click(editor.cmdViewAccountDoc); });
   tour.Add("There is none yet", [&] {
-    tour.PictureOfDialog("document-none");
-    tour.CloseDialog();
+    tour.Picture(editor, "document-none");
+    tour.AnswerMessage(0);
   });
   tour.Add("Back to temporary", [&] { tour.Click(editor.cmdBackToTemp); });
   tour.Add("The editor asks", [&] {
