@@ -11,7 +11,6 @@ namespace search {
 namespace {
 
 using controls::Twips;
-using tools::kFieldHeight;
 
 constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
@@ -79,9 +78,10 @@ void FormSearch::PlaceFilters() {
   int place = 0;
   for (const auto& [label, field] : fields) {
     const int col = place % 3;
+    const int row = place / 3;
     tools::PlaceField(label, field,
                       {.right = right - third * col,
-                       .top = 345.0 + 480 * (place / 3),
+                       .top = 345.0 + 480 * row,
                        .labelWidth = kLabel,
                        .fieldWidth = third - kLabel - 270});
     // Every column of fields takes a third of the form's change of width.

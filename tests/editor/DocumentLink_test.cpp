@@ -48,7 +48,7 @@ class DocumentLinkTest : public EditorTest {
     outside.database.ForgetCalls();
     outside.components.created.clear();
   }
-  void Register(std::string refusedMember = {}) {
+  void Register(const std::string& refusedMember = {}) {
     outside.components.others[kViewer] = [this, refusedMember] {
       return std::make_unique<FakeViewer>(told, refusedMember);
     };

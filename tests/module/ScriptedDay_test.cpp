@@ -140,7 +140,7 @@ class ScriptedDay : public ModuleTest {
 
   void SearchAndExport() {
     Editor().cmdNew.Click();
-    outside.screen.OnModalForm<search::FormSearch>([this](search::FormSearch& form) {
+    outside.screen.OnModalForm<search::FormSearch>([](search::FormSearch& form) {
       form.txtDescription.SetText("نو");
       form.datVisit.SetText("1404/09/02");
       form.cmdSearch.Click();
@@ -174,7 +174,7 @@ class ScriptedDay : public ModuleTest {
              "JOIN tblDistributionRegion r ON r.ID = t.RegionID "
              "WHERE d.ProgramID = " +
              id + " ORDER BY o.Code")) {
-      expected += line + "\r\n";
+      expected.append(line).append("\r\n");
     }
     EXPECT_EQ(outside.fileSystem.files["visits.txt"], expected);
     EXPECT_EQ(Editor().txtID.Text(), id) << "the chosen program is shown";

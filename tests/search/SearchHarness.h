@@ -32,6 +32,7 @@ class SearchTest : public testing::Test {
   using Line = std::array<std::string, 3>;
   static platform::RowSet Lines(const std::vector<Line>& lines) {
     std::vector<std::vector<support::Cell>> rows;
+    rows.reserve(lines.size());
     for (const auto& [program, promoter, notes] : lines) {
       rows.push_back({program, promoter, "1404/02/01", "C1", "مشتري", "منطقه 1", "مسير 1", notes,
                       "1404/01/12", std::nullopt, "شعبه"});
@@ -48,6 +49,7 @@ class SearchTest : public testing::Test {
   }
   std::vector<std::string> Row(int row) const {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(form.flxSearch.Cols()));
     for (int col = 0; col < form.flxSearch.Cols(); ++col) {
       texts.emplace_back(form.flxSearch.TextMatrix(row, col));
     }

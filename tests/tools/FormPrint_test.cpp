@@ -8,7 +8,6 @@
 namespace {
 
 using support::Exact;
-using support::Message;
 using support::RowSetOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
