@@ -60,11 +60,6 @@ FakeComponents::~FakeComponents() {
   EXPECT_TRUE(answers_.empty()) << answers_.size() << " questions were expected and not asked";
 }
 
-void FakeComponents::Unregister() {
-  createError =
-      RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
-}
-
 std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_view progId) {
   created.emplace_back(progId);
   if (const auto other = others.find(progId); other != others.end()) return other->second();

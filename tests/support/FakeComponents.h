@@ -52,8 +52,6 @@ class FakeComponents : public platform::ComponentFactory {
 
   /// When set, the message component cannot be made and this is what Create throws.
   std::optional<platform::RuntimeError> createError;
-  /// No such component: 429.
-  void Unregister();
   /// Members of the message component that throw 438.
   std::set<std::string, std::less<>> missingMembers;
 

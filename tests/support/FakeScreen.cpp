@@ -2,24 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "platform/RuntimeError.h"
 
 namespace support {
-
-namespace {
-
-class ModalUntilDone {
- public:
-  explicit ModalUntilDone(int& depth) : depth_(depth) { ++depth_; }
-  ~ModalUntilDone() { --depth_; }
-  ModalUntilDone(const ModalUntilDone&) = delete;
-  ModalUntilDone& operator=(const ModalUntilDone&) = delete;
-
- private:
-  int& depth_;
-};
-
-}  // namespace
 
 FakeScreen::~FakeScreen() {
   EXPECT_TRUE(actions_.empty()) << actions_.size() << " modal forms were expected and not shown";
@@ -45,22 +32,13 @@ void FakeScreen::Show(controls::Form& form, controls::Modality modality) {
   } else {
     const auto action = std::move(actions_.front());
     actions_.pop_front();
-    const ModalUntilDone modal(modalDepth_);
+    // Counted down also when the action throws.
+    const auto countDown = [](int* depth) { --*depth; };
+    ++modalDepth_;
+    const std::unique_ptr<int, decltype(countDown)> up(&modalDepth_, countDown);
     action(form);
   }
   if (form.Visible()) form.Hide();
-}
-
-void FakeScreen::Hide(controls::Form& form) {
-  Note("hide " + form.Name());
-}
-
-void FakeScreen::Unload(controls::Form& form) {
-  Note("unload " + form.Name());
-}
-
-void FakeScreen::SetFocus(controls::Control& control) {
-  Note("focus " + control.Name());
 }
 
 void FakeScreen::SetMousePointer(controls::MousePointer newPointer) {

@@ -42,9 +42,9 @@ class FakeScreen : public controls::Screen {
   controls::MousePointer pointer = controls::MousePointer::kDefault;
 
   void Show(controls::Form& form, controls::Modality modality) override;
-  void Hide(controls::Form& form) override;
-  void Unload(controls::Form& form) override;
-  void SetFocus(controls::Control& control) override;
+  void Hide(controls::Form& form) override { Note("hide " + form.Name()); }
+  void Unload(controls::Form& form) override { Note("unload " + form.Name()); }
+  void SetFocus(controls::Control& control) override { Note("focus " + control.Name()); }
   void SetMousePointer(controls::MousePointer newPointer) override;
 
  private:

@@ -58,18 +58,6 @@ void FakePropertyBag::WriteProperty(std::string_view key, const PropertyValue& v
   if (value != defaultValue) stored.emplace(key, value);
 }
 
-void FakeControlSite::SetExtenderHeight(double height) {
-  log.push_back("height " + std::to_string(static_cast<int>(height)));
-}
-
-void FakeControlSite::SetExtenderWidth(double width) {
-  log.push_back("width " + std::to_string(static_cast<int>(width)));
-}
-
-void FakeControlSite::SetExtenderVisible(bool visible) {
-  log.push_back(visible ? "visible" : "invisible");
-}
-
 namespace {
 
 class FakeTextFile : public platform::TextFile {

@@ -106,9 +106,15 @@ class FakeControlSite : public platform::ControlSite {
   void PropertyChanged(std::string_view key) override {
     log.push_back("changed " + std::string(key));
   }
-  void SetExtenderHeight(double height) override;
-  void SetExtenderWidth(double width) override;
-  void SetExtenderVisible(bool visible) override;
+  void SetExtenderHeight(double height) override {
+    log.push_back("height " + std::to_string(static_cast<int>(height)));
+  }
+  void SetExtenderWidth(double width) override {
+    log.push_back("width " + std::to_string(static_cast<int>(width)));
+  }
+  void SetExtenderVisible(bool visible) override {
+    log.emplace_back(visible ? "visible" : "invisible");
+  }
 };
 
 /// Files by path; a text file's content is there once it was closed, its line breaks as "\r\n".

@@ -22,12 +22,8 @@ std::string ValueText(const Parameter& parameter) {
 }
 
 bool IsSelect(std::string_view statement) {
-  constexpr std::string_view kSelect = "select";
-  const std::size_t start = std::min(statement.find_first_not_of(' '), statement.size());
-  const std::string_view word = statement.substr(start, kSelect.size());
-  return std::equal(word.begin(), word.end(), kSelect.begin(), kSelect.end(), [](char a, char b) {
-    return (a >= 'A' && a <= 'Z' ? static_cast<char>(a - 'A' + 'a') : a) == b;
-  });
+  statement.remove_prefix(std::min(statement.find_first_not_of(' '), statement.size()));
+  return statement.starts_with("Select") || statement.starts_with("select");
 }
 
 }  // namespace
@@ -38,26 +34,16 @@ RowSet RowSetOf(const std::vector<std::string>& columns,
   for (const std::vector<Cell>& row : rows) {
     if (row.size() != columns.size()) throw std::logic_error("a row of another width");
     for (const Cell& cell : row) {
-      if (cell) {
-        result.Append(*cell);
-      } else {
-        result.AppendNull();
-      }
+      cell ? result.Append(*cell) : result.AppendNull();
     }
   }
   return result;
 }
 
 bool Statement::Fits(std::string_view statement) const {
-  switch (match) {
-    case Match::kExact:
-      return statement == text;
-    case Match::kPrefix:
-      return statement.starts_with(text);
-    case Match::kContains:
-      return statement.find(text) != std::string_view::npos;
-  }
-  return false;
+  if (match == Match::kExact) return statement == text;
+  const std::size_t at = statement.find(text);
+  return match == Match::kPrefix ? at == 0 : at != std::string_view::npos;
 }
 
 RowSet Replies::Next() {
@@ -148,28 +134,6 @@ RowSet RecordingConnection::Execute(std::string_view statement) {
 std::int32_t RecordingConnection::CallProcedure(std::string_view name,
                                                 std::span<const Parameter> parameters) {
   return database_.CallProcedure(connectionString_, name, parameters);
-}
-
-// A connection may outlive its factory: both share the count.
-class CountedConnection : public RecordingConnection {
- public:
-  CountedConnection(ScriptedDatabase& database, const std::string& connectionString,
-                    std::shared_ptr<FakeConnectionFactory::Count> count)
-      : RecordingConnection(database, connectionString), count_(std::move(count)) {
-    count_->most = std::max(count_->most, ++count_->alive);
-  }
-  ~CountedConnection() override { --count_->alive; }
-  CountedConnection(const CountedConnection&) = delete;
-  CountedConnection& operator=(const CountedConnection&) = delete;
-
- private:
-  std::shared_ptr<FakeConnectionFactory::Count> count_;
-};
-
-std::unique_ptr<platform::Connection> FakeConnectionFactory::Create(
-    const std::string& connectionString) {
-  connectionStrings.push_back(connectionString);
-  return std::make_unique<CountedConnection>(database_, connectionString, count_);
 }
 
 }  // namespace support

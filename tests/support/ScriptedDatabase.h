@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <initializer_list>
 #include <list>
@@ -81,6 +82,9 @@ class ScriptedDatabase {
 
   explicit ScriptedDatabase(Events& events) : events_(events) {}
 
+  /// Most connections that ever lived at once.
+  int mostConnections = 0;
+
   /// Scripts replies: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
   Replies& When(Statement statement);
   /// The columns that a SELECT without a script returns.
@@ -117,6 +121,7 @@ class ScriptedDatabase {
   std::optional<platform::RuntimeError> failAlways_;
   std::optional<platform::RuntimeError> failOnce_;
   int callsUntilFailure_ = 0;
+  int connections_ = 0;
   std::vector<Call> calls_;
   std::vector<std::string> log_;
 };
@@ -125,7 +130,12 @@ class ScriptedDatabase {
 class RecordingConnection : public platform::Connection {
  public:
   RecordingConnection(ScriptedDatabase& database, std::string connectionString)
-      : database_(database), connectionString_(std::move(connectionString)) {}
+      : database_(database), connectionString_(std::move(connectionString)) {
+    database_.mostConnections = std::max(database_.mostConnections, ++database_.connections_);
+  }
+  ~RecordingConnection() override { --database_.connections_; }
+  RecordingConnection(const RecordingConnection&) = delete;
+  RecordingConnection& operator=(const RecordingConnection&) = delete;
   platform::RowSet Execute(std::string_view statement) override;
   std::int32_t CallProcedure(std::string_view name,
                              std::span<const platform::Parameter> parameters) override;
@@ -138,22 +148,15 @@ class RecordingConnection : public platform::Connection {
 class FakeConnectionFactory : public platform::ConnectionFactory {
  public:
   explicit FakeConnectionFactory(ScriptedDatabase& database) : database_(database) {}
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    connectionStrings.push_back(connectionString);
+    return std::make_unique<RecordingConnection>(database_, connectionString);
+  }
   /// The strings of all connections made, in order.
   std::vector<std::string> connectionStrings;
-  /// Connections that live now.
-  int Alive() const { return count_->alive; }
-  /// Most that ever lived at once.
-  int MostAlive() const { return count_->most; }
 
  private:
-  friend class CountedConnection;
-  struct Count {
-    int alive = 0;
-    int most = 0;
-  };
   ScriptedDatabase& database_;
-  std::shared_ptr<Count> count_ = std::make_shared<Count>();
 };
 
 }  // namespace support
