@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
+#include <cstdlib>
 
 namespace adapters::sqlite {
 
@@ -12,39 +12,25 @@ constexpr std::string_view kSchema = R"sql(
 CREATE TABLE tblEmployee (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);
 CREATE TABLE tblOrganization (ID INTEGER PRIMARY KEY, Code TEXT UNIQUE, FirstName TEXT, Name TEXT,
   Address TEXT, CellPhone TEXT, Phone1 TEXT, Phone2 TEXT, WorkActivityID INTEGER);
+CREATE TABLE tblZomirWorkActivity (ID INTEGER PRIMARY KEY, Name TEXT);
 CREATE TABLE tblDistributionRegion (ID INTEGER PRIMARY KEY, Description TEXT);
 CREATE TABLE tblDistributionPath (ID INTEGER PRIMARY KEY, Name TEXT, RegionID INTEGER);
-CREATE TABLE tblDistributionPathPromoters (EmployeeID INTEGER, PathID INTEGER);
 CREATE TABLE tblDistributionOrganization (OrganizationID INTEGER, PathID INTEGER, BranchID INTEGER);
-CREATE TABLE tblZomirWorkActivity (ID INTEGER PRIMARY KEY, Name TEXT);
-CREATE TABLE tblSaleSupervisorPromoter (SupervisorID INTEGER, PromoterID INTEGER);
 CREATE TABLE tblDistributionPromoterProgram (ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  CreatorID INTEGER, CreateDate DATE, FarsiCreateDate TEXT, BranchID INTEGER, SupervisorID INTEGER,
-  Notes TEXT, Code INTEGER);
+  CreateDate DATE, Notes TEXT, Code INTEGER);
 CREATE TABLE tblDistributionPromoterProgramDetail (
   ProgramID INTEGER NOT NULL REFERENCES tblDistributionPromoterProgram (ID),
   PromoterID INTEGER NOT NULL, FarsiVisitDate TEXT, VisitDate DATE,
   CustomerID INTEGER NOT NULL, Notes TEXT, Sequence INTEGER CHECK (Sequence < 1000));
-CREATE TABLE tblAccountDocument (ID INTEGER PRIMARY KEY);
-CREATE TABLE tblAccountDocumentDetail (DocumentID INTEGER, RowNumber INTEGER, AccountID INTEGER,
-  BranchID INTEGER, FormTypeID INTEGER, FormID INTEGER);
+CREATE TABLE tblAccountDocumentDetail (DocumentID INTEGER, RowNumber INTEGER, BranchID INTEGER);
 CREATE TABLE tblAccountDocumentObjects (DocumentID INTEGER, RowNumber INTEGER, Sequence INTEGER,
   ClassID INTEGER, ObjectID INTEGER);
 CREATE TABLE tblAccountRelatedClasses (AccountID INTEGER, ClassID INTEGER, Sequence INTEGER);
-CREATE TABLE tblAssetGroup (ID INTEGER PRIMARY KEY, AssetGroupAccountID INTEGER);
-CREATE TABLE tblZomirFormAttachment (ID INTEGER PRIMARY KEY, FormTypeID INTEGER, FormID INTEGER);
-CREATE TABLE tblZomirReportTemplate (ID INTEGER PRIMARY KEY, FormTypeID INTEGER, Title TEXT);
-CREATE TABLE tblZomirBasePath (ID INTEGER PRIMARY KEY, BasePath TEXT);
-CREATE TABLE tblZomirUserPermission (UserID INTEGER, FormPermissionID INTEGER,
-  PRIMARY KEY (UserID, FormPermissionID));
+CREATE TABLE tblZomirUserPermission (UserID INTEGER, FormPermissionID INTEGER);
 CREATE TABLE tblZomirFormAction (ID INTEGER PRIMARY KEY, EventID INTEGER, FormCode TEXT,
   FormTypeID INTEGER, Description TEXT, UserID INTEGER, EventDate DATE, FarsiEventDate TEXT,
   EventTime INTEGER);
 CREATE TABLE tblValues (ID INTEGER PRIMARY KEY, Number REAL, Words TEXT, Moment DATETIME);
-CREATE VIEW vwZomirBasePath AS SELECT ID, BasePath FROM tblZomirBasePath;
-CREATE VIEW vwEmployeeMajor AS SELECT ID, Name FROM tblEmployee;
-CREATE VIEW vwSalePromoterMajor AS SELECT ID, Name FROM tblEmployee;
-CREATE VIEW vwAccountBranchMajor AS SELECT 1 AS ID, 'مرکزی' AS Name;
 CREATE VIEW vwProgramDays AS
   SELECT ProgramID, VisitDate FROM tblDistributionPromoterProgramDetail;
 
@@ -52,36 +38,25 @@ INSERT INTO tblEmployee VALUES (7, 'یاسر'), (8, 'پروین'), (9, 'بهار
 INSERT INTO tblOrganization VALUES
   (5, '105', 'رضا', 'کاظمی', 'تهران', '0912', '021', NULL, 1),
   (6, '106', NULL, 'نیک‌پی', NULL, NULL, NULL, NULL, NULL);
+INSERT INTO tblZomirWorkActivity VALUES (1, 'سوپر');
 INSERT INTO tblDistributionRegion VALUES (1, 'شمال'), (2, NULL);
 INSERT INTO tblDistributionPath VALUES (11, 'مسیر ۱', 1), (12, 'مسیر ۲', 2);
-INSERT INTO tblDistributionPathPromoters VALUES (7, 11), (7, 12);
 INSERT INTO tblDistributionOrganization VALUES (5, 11, 1), (6, 12, 1);
-INSERT INTO tblZomirWorkActivity VALUES (1, 'سوپر');
-INSERT INTO tblSaleSupervisorPromoter VALUES (9, 7);
-INSERT INTO tblZomirBasePath VALUES (1, NULL);
-INSERT INTO tblZomirReportTemplate VALUES (1, 3308, 'ساده'), (2, 1, 'دیگر');
+INSERT INTO tblAccountRelatedClasses VALUES (70, 19, 3);
 INSERT INTO tblZomirUserPermission VALUES (1, 0), (2, 111);
 INSERT INTO tblDistributionPromoterProgram VALUES
-  (1, 1, '20250321', '1404/01/01', 1, 9, 'بهاره', NULL), (2, NULL, NULL, NULL, NULL, NULL, '', 2);
+  (1, '20250321', 'بهاره', NULL), (2, NULL, '', 2);
 INSERT INTO tblDistributionPromoterProgramDetail VALUES
   (1, 7, '1404/01/02', '20250322', 5, 'صبح', 1), (1, 7, '1404/01/02', '20250322', 6, 'صبح', 2),
   (1, 8, '1404/01/03', '20250323', 5, NULL, 3);
 )sql";
 
-std::filesystem::path FreshFolder() {
-  static std::atomic<int> count{0};
-  const std::string name =
-      std::string(testing::UnitTest::GetInstance()->current_test_info()->name());
-  for (;;) {
-    auto path = std::filesystem::temp_directory_path() /
-                ("promoter-" + name + "-" + std::to_string(++count));
-    if (std::filesystem::create_directory(path)) return path;
-  }
-}
-
 }  // namespace
 
-TestFolder::TestFolder() : path_(FreshFolder()) {}
+TestFolder::TestFolder() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "promoter-XXXXXX").string();
+  path_ = mkdtemp(pattern.data());
+}
 
 TestFolder::~TestFolder() {
   std::error_code ignored;
