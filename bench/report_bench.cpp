@@ -34,7 +34,7 @@ class Office {
     options.today = kToday;
     demo::CreateSampleOffice(File(), options);
     for (int day = 1; day <= kDays; ++day) {
-      const std::string number = (day < 10 ? "0" : "") + std::to_string(day);
+      const std::string number = std::to_string(100 + day).substr(1);
       connection_.Execute(
           "Insert Into tblDistributionPromoterProgramDetail (ProgramID, PromoterID, "
           "FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence) Select Top " +

@@ -102,8 +102,8 @@ void ReportPages::Paint(QPainter& painter, int page) const {
   painter.save();
   PaintFrame(painter, page);
   const QRectF area = ContentArea();
-  // The next page's first line begins where this area ends, and must not show through its edge.
-  painter.setClipRect(area.adjusted(-1, 0, 1, -0.5), Qt::IntersectClip);
+  // Qt begins a table at the top of a page a little above that page: it must not show here.
+  painter.setClipRect(area.adjusted(-1, 0, 1, -2), Qt::IntersectClip);
   painter.translate(area.topLeft());
   painter.scale(1 / kScale, 1 / kScale);
   const qreal height = area.height() * kScale;
