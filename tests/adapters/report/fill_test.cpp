@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <map>
 
 #include "adapters/report/ReportError.h"
@@ -18,18 +19,14 @@ class Rows : public platform::Connection {
   using Table = std::vector<std::vector<std::string>>;  // columns first; "~" is NULL
 
   platform::RowSet Execute(std::string_view statement) override {
-    statements.emplace_back(statement);
+    ++statements;
     const auto found = answers.find(std::string(statement));
     if (found == answers.end()) throw platform::RuntimeError(208, "Invalid object name 'x'.");
     if (found->second.empty()) return {};
     platform::RowSet rows(found->second.front());
     for (std::size_t row = 1; row < found->second.size(); ++row) {
       for (const std::string& cell : found->second[row]) {
-        if (cell == "~") {
-          rows.AppendNull();
-        } else {
-          rows.Append(cell);
-        }
+        cell == "~" ? rows.AppendNull() : rows.Append(cell);
       }
     }
     return rows;
@@ -39,7 +36,7 @@ class Rows : public platform::Connection {
   }
 
   std::map<std::string, Table> answers;
-  std::vector<std::string> statements;
+  int statements = 0;
 };
 
 const std::chrono::sys_days kToday =
@@ -49,11 +46,11 @@ class ReportFillTest : public testing::Test {
  protected:
   ReportFillTest() {
     rows.answers["select p 7"] = {{"ID", "Notes", "FarsiCreateDate"}, {"7", "~", "1404/02/13"}};
-    rows.answers["select v 7"] = {{"Promoter", "FarsiVisitDate", "Name"},
-                                  {"رضا", "1404/02/15", "a"},
-                                  {"رضا", "1404/02/15", "b"},
-                                  {"رضا", "1404/02/16", "c"},
-                                  {"مريم", "1404/02/16", "d"}};
+    rows.answers["select v\n7"] = {{"Promoter", "FarsiVisitDate", "Name"},
+                                   {"رضا", "1404/02/15", "a"},
+                                   {"رضا", "1404/02/15", "b"},
+                                   {"رضا", "1404/02/16", "c"},
+                                   {"مريم", "1404/02/16", "d"}};
     rows.answers["select none 7"] = {{"ID"}};
     rows.answers["update 7"] = {};
   }
@@ -65,7 +62,6 @@ class ReportFillTest : public testing::Test {
         "t.html");
   }
   std::string Html(const std::string& body, const std::string& head = {}) {
-    rows.answers["select v\n7"] = rows.answers["select v 7"];
     return Fill(Load(body, head), rows, "fmlID = 7", kToday).html;
   }
   /// Number and description of what loading or filling throws.
@@ -86,26 +82,19 @@ class ReportFillTest : public testing::Test {
 };
 
 TEST_F(ReportFillTest, Formula_OnlyNameIsWholeNumber_Read) {
-  for (const char* good : {"fmlID = 17", "fmlID=17", "  fmlID   =  17 "}) {
-    EXPECT_EQ(ParseFormula(good).field, "fmlID");
-    EXPECT_EQ(ParseFormula(good).value, 17);
-  }
-  EXPECT_EQ(ParseFormula("fmlID = -1").value, -1);
-  for (const char* bad :
-       {"", "fmlID", "fmlID =", "= 17", "fmlID = 17 or 1=1", "fmlID = 1.5", "fmlID = '17'",
-        "fml ID = 17", "fmlID == 17", "fmlID = 99999999999999999999", "fmlID = 17;"}) {
+  EXPECT_EQ(ParseFormula("  fmlID   =  17 ").field, "fmlID");
+  EXPECT_EQ(ParseFormula("fmlID=-17").value, -17);
+  for (const char* bad : {"", "fmlID =", "= 17", "fmlID = 17 or 1=1", "fmlID = 1.5", "fmlID = '17'",
+                          "fmlID = 99999999999999999999"}) {
     EXPECT_THAT(ErrorOf([&] { ParseFormula(bad); }), HasSubstr("5 a selection formula")) << bad;
   }
-}
-
-TEST_F(ReportFillTest, Queries_Restricted_RunWithTheFormulasNumber) {
-  Html("");
-  EXPECT_THAT(rows.statements, testing::ElementsAre("select p 7", "select v\n7"));
 }
 
 TEST_F(ReportFillTest, Sections_Ungrouped_RepeatForEachRow) {
   EXPECT_EQ(Html("{{#v}}{{RowNumber}}{{Name}} {{/v}}{{^v}}none{{/v}}"), "1a 2b 3c 4d ");
   EXPECT_EQ(Html("{{#e}}{{ID}}{{/e}}{{^e}}none{{/e}}", "query e: select none {fmlID}"), "none");
+  EXPECT_EQ(Html("{{#p}}[{{Notes}}]{{#Notes}}has{{/Notes}}{{^Notes}}has not{{/Notes}}{{/p}}"),
+            "[]has not");
 }
 
 TEST_F(ReportFillTest, Sections_Grouped_NestAndCount) {
@@ -117,47 +106,29 @@ TEST_F(ReportFillTest, Sections_Grouped_NestAndCount) {
             "1.رضا(3) دوشنبه(2):1aرضا2bرضا سه شنبه(1):1cرضا;2.مريم(1) سه شنبه(1):1dمريم");
 }
 
-TEST_F(ReportFillTest, Fields_EmptyOrNull_CountAsAbsent) {
-  EXPECT_EQ(Html("{{#p}}[{{Notes}}]{{#Notes}}has{{/Notes}}{{^Notes}}has not{{/Notes}}{{/p}}"),
-            "[]has not");
-}
-
-TEST_F(ReportFillTest, Values_InHtml_AreEscaped) {
-  rows.answers["select p 7"][1][1] = "<b>\"a\" & 'b'</b>{{ID}}";
-  EXPECT_EQ(Html("{{#p}}{{Notes}}{{/p}}"),
-            "&lt;b&gt;&quot;a&quot; &amp; &apos;b&apos;&lt;/b&gt;{{ID}}");
-}
-
-TEST_F(ReportFillTest, Heads_TitleAndHeader_ArePlainText) {
-  rows.answers["select p 7"][1][1] = "a & b";
-  rows.answers["select v\n7"] = {{"Name"}};
-  const FilledReport filled = Fill(
-      Load("", "header: {{#p}}{{ID}} {{Notes}} {{Today}}{{/p}}\npage: landscape\ndigits: persian"),
-      rows, "fmlID = 7", kToday);
-  EXPECT_EQ(filled.title, "T");
-  EXPECT_EQ(filled.header, "۷ a & b ۱۴۰۴/۰۲/۱۵");
-  EXPECT_EQ(filled.printDate, "۱۴۰۴/۰۲/۱۵");
+TEST_F(ReportFillTest, Values_AreEscapedInHtmlAndPlainInHeads) {
+  rows.answers["select p 7"][1][1] = "<b>\"a\" & 'b'{{ID}}";
+  const FilledReport filled = Fill(Load("{{#p}}{{Notes}}{{/p}}",
+                                        "header: {{#p}}{{ID}} {{Notes}} {{Today}}{{/p}}\n"
+                                        "page: landscape\ndigits: persian"),
+                                   rows, "fmlID = 7", kToday);
+  EXPECT_EQ(filled.html, "&lt;b&gt;&quot;a&quot; &amp; &apos;b&apos;{{ID}}");
+  EXPECT_EQ(filled.header, "۷ <b>\"a\" & 'b'{{ID}} ۱۴۰۴/۰۲/۱۵");
   EXPECT_EQ(filled.orientation, Orientation::kLandscape);
 }
 
 TEST_F(ReportFillTest, Names_NotKnownWhereTheyStand_AreRefusedWithTheLine) {
-  const struct {
-    const char* body;
-    const char* head;
-    const char* error;
-  } kCases[] = {
+  const std::array<const char*, 3> kCases[] = {
       {"\n{{#p}}\n{{Name}}{{/p}}", "", "321 t.html:10: no field of this name here: Name"},
-      {"{{Notes}}", "", "321 t.html:8: no field of this name here: Notes"},
       {"{{#p}}{{notes}}{{/p}}", "", "321 t.html:8: no field of this name here: notes"},
       {"{{#w}}{{/w}}", "", "321 t.html:8: no section of this name here: w"},
       {"{{#v}}{{/v}}", "group v: days by Name", "no section of this name here: v"},
       {"{{#days}}{{Promoter}}{{/days}}", "group v: days by Name", "no field of this name here"},
-      {"{{^p}}{{ID}}{{/p}}", "", "no field of this name here: ID"},
       {"", "group v: days by Day", "query v has no column Day to group by"},
       {"", "header: {{Name}}", "321 t.html:7: no field of this name here: Name"},
   };
-  for (const auto& each : kCases) {
-    EXPECT_THAT(FillError(each.body, each.head), HasSubstr(each.error)) << each.body;
+  for (const auto& [body, head, error] : kCases) {
+    EXPECT_THAT(FillError(body, head), HasSubstr(error)) << body;
   }
 }
 
@@ -166,45 +137,32 @@ TEST_F(ReportFillTest, Queries_ThatFail_TellFileQueryAndTheDatabasesWords) {
             "208 t.html:7: query bad: Invalid object name 'x'.");
   EXPECT_THAT(FillError("", "query bad: update {fmlID}"),
               HasSubstr("321 t.html:7: query bad is no"));
-  rows.statements.clear();
+  rows.statements = 0;
   EXPECT_THAT(FillError("", "query bad: select x {fmlNo}"), HasSubstr("wants {fmlNo}"));
-  EXPECT_THAT(FillError("", "query bad: select x {fmlID"), HasSubstr("wants {fmlID}"));
-  EXPECT_TRUE(rows.statements.empty());
+  EXPECT_EQ(rows.statements, 0);
 }
 
 TEST_F(ReportFillTest, Load_BrokenTemplate_IsRefusedWithTheLine) {
   const std::string head = "<!--report\ntitle: T\nquery p: q {fmlID}\n";
-  const struct {
-    std::string text;
-    const char* error;
-  } kCases[] = {
+  const std::pair<std::string, const char*> kCases[] = {
       {"", "321 t.html:1: the file does not begin"},
-      {"<html></html>", "321 t.html:1: the file does not begin"},
-      {head, "321 t.html:1: the file does not begin"},
       {"<!--report\nquery p: q {fmlID}\n-->", "t.html:1: the head has no title"},
-      {"<!--report\ntitle: T\n-->", "t.html:1: the head has no query"},
       {"<!--report\ntitle: T\nquery p: q\n-->", "t.html:3: query p has no {formula field}"},
       {head + "page: square\n-->", "t.html:4: unknown value of page: square"},
       {head + "colour: red\n-->", "t.html:4: unknown entry of the head: colour"},
-      {head + "nonsense\n-->", "t.html:4: no \"name: value\": nonsense"},
       {head + "query p: r {fmlID}\n-->", "t.html:4: section named twice: p"},
-      {head + "query 1: r {fmlID}\n-->", "t.html:4: no name for a section: 1"},
       {head + "group x: a by B\n-->", "t.html:4: no query of this name before: x"},
       {head + "group p: a of B\n-->", "t.html:4: no \"name by column, column\": a of B"},
       {head + "-->\n{{#p}}", "t.html:5: section is not closed: p"},
-      {head + "-->\n\n{{/p}}", "t.html:6: section is not open here: p"},
       {head + "-->{{#p}}{{#x}}{{/p}}{{/x}}", "section is not open here: p"},
       {head + "-->{{p", "t.html:4: a tag is not closed"},
-      {head + "-->{{", "a tag is not closed"},
       {head + "-->{{{p}}}", "no tag of a report"},
-      {head + "-->{{&p}}", "no tag of a report"},
-      {head + "-->{{>p}}", "no tag of a report"},
       {head + "-->{{=<% %>=}}", "no tag of a report"},
-      {head + "-->{{}}", "no tag of a report"},
   };
-  for (const auto& each : kCases) {
-    EXPECT_THAT(ErrorOf([&] { ReportTemplate::Load(each.text, "t.html"); }), HasSubstr(each.error))
-        << each.text;
+  for (const auto& [text, error] : kCases) {
+    EXPECT_THAT(ErrorOf([&, &text = text] { ReportTemplate::Load(text, "t.html"); }),
+                HasSubstr(error))
+        << text;
   }
 }
 
