@@ -12,21 +12,13 @@ SampleForm::SampleForm(controls::Screen& onScreen, controls::LookupSource& sourc
   SetCaption("فرم نمونه");
   Resize(10500, 7800);
   SetMinimumSize(7500, 6000);
-  lblName.Move(9000, 210, 1300, 285);
   txtName.Move(5700, 150, 3200, 375);
-  lblNumber.Move(3900, 210, 1300, 285);
   txtNumber.Move(1800, 150, 2000, 375);
   frame.Move(150, 660, 10200, 1750);
-  lblCity.Move(8850, 360, 1200, 285);
   sltCity.Move(5550, 300, 3200, 375);
-  lblDate.Move(3750, 360, 1300, 285);
   datFrom.Move(1650, 300, 2000, 375);
-  lblEmpty.Move(3750, 825, 1300, 285);
-  datTo.Move(1650, 765, 2000, 375);
-  lblReport.Move(8850, 825, 1200, 285);
   cmbReport.Move(5550, 765, 3200, 0);
   chkActive.Move(5550, 1260, 3200, 330);
-  lblNotes.Move(9000, 2580, 1300, 285);
   txtNotes.Move(150, 2550, 8750, 1050);
   flx.Move(150, 3750, 10200, 3300);
   cmdOK.Move(8850, 7230, 1500, 420);
@@ -79,10 +71,12 @@ void QtTest::OnModalWindow(std::function<void(QWidget&)> action) {
   });
 }
 
-void QtTest::AnswerDialog(const QString& caption, QString* message) {
+void QtTest::AnswerDialog(const QString& caption, std::string* message) {
   OnModalWindow([=](QWidget& window) {
     if (message) {
-      for (const QLabel* label : window.findChildren<QLabel*>()) *message += label->text() + "\n";
+      for (const QLabel* label : window.findChildren<QLabel*>()) {
+        *message += ToUtf8(label->text()) + "\n";
+      }
     }
     for (QPushButton* button : window.findChildren<QPushButton*>()) {
       if (button->text() == caption) return button->click();
@@ -92,10 +86,13 @@ void QtTest::AnswerDialog(const QString& caption, QString* message) {
   });
 }
 
-void QtTest::SavePicture(QWidget& widget, const QString& name) {
-  const QString folder = qEnvironmentVariable("PROMOTER_PICTURES");
-  if (folder.isEmpty()) return;
-  EXPECT_TRUE(widget.grab().save(folder + "/" + name + ".png"));
+std::int32_t QtTest::NumberOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const platform::RuntimeError& error) {
+    return error.Number();
+  }
+  return 0;
 }
 
 }  // namespace adapters::qt

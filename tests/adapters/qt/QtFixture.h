@@ -52,26 +52,18 @@ class CitySource : public controls::LookupSource {
   bool failing = false;
 };
 
-/// One control of every kind.
+/// One control of every kind that acts.
 class SampleForm : public controls::Form {
  public:
   SampleForm(controls::Screen& screen, controls::LookupSource& source);
 
-  controls::Label lblName{*this, "lblName", "نام بازارياب"};
   controls::TextBox txtName{*this, "txtName"};
-  controls::Label lblNumber{*this, "lblNumber", "شماره برنامه"};
   controls::TextBox txtNumber{*this, "txtNumber"};
   controls::Frame frame{*this, "frame", "مشخصات برنامه"};
-  controls::Label lblCity{frame, "lblCity", "شهر"};
   controls::Selector sltCity;
-  controls::Label lblDate{frame, "lblDate", "از تاريخ"};
   controls::DateBox datFrom{frame, "datFrom"};
-  controls::Label lblEmpty{frame, "lblEmpty", "تا تاريخ"};
-  controls::DateBox datTo{frame, "datTo"};
-  controls::Label lblReport{frame, "lblReport", "قالب گزارش"};
   controls::ComboBox cmbReport{frame, "cmbReport"};
   controls::CheckBox chkActive{frame, "chkActive", "فقط مشتريان فعال"};
-  controls::Label lblNotes{*this, "lblNotes", "شرح"};
   controls::TextBox txtNotes{*this, "txtNotes", controls::TextBox::Lines::kSeveral};
   controls::FlexGrid flx{*this, "flx"};
   controls::Button cmdOK{*this, "cmdOK", "تاييد"};
@@ -79,10 +71,8 @@ class SampleForm : public controls::Form {
   controls::Button cmdCancel{*this, "cmdCancel", "انصراف"};
 
   int closed = 0;
-  int resized = 0;
 
  protected:
-  void FormResize() override { ++resized; }
   void FormClose() override {
     ++closed;
     Hide();
@@ -106,9 +96,9 @@ class QtTest : public testing::Test {
   /// Runs `action` on the modal window that comes up next.
   static void OnModalWindow(std::function<void(QWidget&)> action);
   /// Presses the button with this caption in the modal window that comes up next.
-  static void AnswerDialog(const QString& caption, QString* message = nullptr);
-  /// Saves a picture under PROMOTER_PICTURES, where that is set.
-  static void SavePicture(QWidget& widget, const QString& name);
+  static void AnswerDialog(const QString& caption, std::string* message = nullptr);
+  /// The number of the error that `action` throws; 0 when there was none.
+  static std::int32_t NumberOf(const std::function<void()>& action);
 
   ErrorGuard guard;
   FixedClock clock;

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QScrollBar>
-#include <QWheelEvent>
 
 #include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/QtFixture.h"
@@ -45,13 +44,22 @@ class GridViewTest : public QtTest {
   std::vector<std::string> events;
 };
 
-TEST_F(GridViewTest, Columns_RightToLeft_HiddenOnesTakeNoRoom) {
+TEST_F(GridViewTest, Cells_LieRightToLeftAndShowTheirGround) {
   const QRect first = view->CellPlace(1, 0);
   EXPECT_EQ(first.right(), view->viewport()->width() - 1);
-  EXPECT_EQ(first.width(), 50);
-  EXPECT_TRUE(view->CellPlace(1, 1).isEmpty());
+  EXPECT_TRUE(view->CellPlace(1, 1).isEmpty()) << "a hidden column";
   EXPECT_EQ(view->CellPlace(1, 2).right() + 1, first.left());
   EXPECT_EQ(view->CellPlace(1, 2).width(), 200);
+  form.flx.SetRow(4);
+  form.flx.SetCol(2);
+  form.flx.SetCellBackColor(controls::palette::kMark);
+  form.flx.SetRow(1);
+  const QImage picture = view->viewport()->grab().toImage();
+  const auto groundOf = [&](int row) {
+    return picture.pixelColor(view->CellPlace(row, 2).topLeft() + QPoint(3, 3));
+  };
+  EXPECT_EQ(groundOf(4), QColor(255, 255, 0));
+  EXPECT_NE(groundOf(5), groundOf(6)) << "bands";
 }
 
 TEST_F(GridViewTest, ScrolledFarDown_ShowsTheLastRowsAndFindsThemUnderTheMouse) {
@@ -59,14 +67,10 @@ TEST_F(GridViewTest, ScrolledFarDown_ShowsTheLastRowsAndFindsThemUnderTheMouse) 
   EXPECT_TRUE(view->CellPlace(1, 2).isEmpty());
   const QRect last = view->CellPlace(100000, 2);
   ASSERT_FALSE(last.isEmpty());
-  EXPECT_TRUE(view->viewport()->rect().contains(last));
   EXPECT_EQ(view->CellAt(last.center()).row, 100000);
   EXPECT_EQ(view->CellAt(last.center()).col, 2);
   EXPECT_EQ(view->CellAt(At(0, 2)).row, 0) << "headings stay in place";
   EXPECT_EQ(view->CellAt({1, last.center().y()}).col, 4) << "beyond the last column";
-  form.flx.SetRows(3);
-  EXPECT_EQ(view->verticalScrollBar()->maximum(), 0);
-  EXPECT_EQ(view->CellAt({last.center().x(), view->viewport()->height() - 2}).row, 3);
 }
 
 TEST_F(GridViewTest, DoubleClick_GivesMouseDownClickDblClick) {
@@ -80,12 +84,6 @@ TEST_F(GridViewTest, DoubleClick_GivesMouseDownClickDblClick) {
   EXPECT_EQ(form.flx.Col(), 2);
 }
 
-TEST_F(GridViewTest, RightButtonWithShift_TellsBoth) {
-  Mouse(QEvent::MouseButtonPress, At(3, 2), Qt::RightButton,
-        Qt::ShiftModifier | Qt::ControlModifier);
-  EXPECT_THAT(events, ElementsAre("down 2 3"));
-}
-
 TEST_F(GridViewTest, Drag_MakesABlockThatCtrlCCopies) {
   form.flx.SetTextMatrix(3, 3, "b");
   Mouse(QEvent::MouseButtonPress, At(2, 2));
@@ -97,17 +95,6 @@ TEST_F(GridViewTest, Drag_MakesABlockThatCtrlCCopies) {
   QString copied = QApplication::clipboard()->text();
   copied.remove('\r');
   EXPECT_EQ(copied, "علی\t\n\tb");
-}
-
-TEST_F(GridViewTest, MouseDownThatOpensAModalForm_LosesTheReleaseWithoutHarm) {
-  form.flx.onMouseDown = [&](int, int) { throw platform::RuntimeError(5, "no"); };
-  AnswerDialog("تأیید");
-  Mouse(QEvent::MouseButtonPress, At(2, 2));
-  const QPoint place = At(5, 2);
-  QMouseEvent move(QEvent::MouseMove, place, view->viewport()->mapToGlobal(place), Qt::NoButton,
-                   Qt::NoButton, {});
-  QApplication::sendEvent(view->viewport(), &move);
-  EXPECT_EQ(form.flx.RowSel(), 2) << "no button is held: this is no drag";
 }
 
 TEST_F(GridViewTest, ColumnBorder_Dragged_ChangesTheWidthAndClicksNothing) {
@@ -134,32 +121,9 @@ TEST_F(GridViewTest, Keys_MoveTheCurrentCellAndKeepItInSight) {
   EXPECT_FALSE(view->CellPlace(form.flx.RowSel(), 3).isEmpty());
 }
 
-TEST_F(GridViewTest, Wheel_ANotch_ScrollsThreeRowsAndPartsAddUp) {
-  const auto turn = [&](int delta) {
-    QWheelEvent event({10, 50}, view->viewport()->mapToGlobal(QPoint(10, 50)), {}, {0, delta},
-                      Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(view->viewport(), &event);
-  };
-  turn(-120);
-  EXPECT_EQ(view->verticalScrollBar()->value(), 3);
-  for (int i = 0; i < 3; ++i) turn(-40);
-  EXPECT_EQ(view->verticalScrollBar()->value(), 6);
-}
-
-TEST_F(GridViewTest, NarrowView_ScrolledAcross_KeepsFixedColumnInPlace) {
-  form.flx.SetColWidth(2, 15000);
-  const QRect fixed = view->CellPlace(1, 0);
-  Press(*view, Qt::Key_End);
-  EXPECT_GT(view->horizontalScrollBar()->value(), 0);
-  EXPECT_EQ(view->CellPlace(1, 0), fixed);
-  EXPECT_FALSE(view->CellPlace(form.flx.Row(), 3).isEmpty());
-  EXPECT_EQ(view->CellAt(fixed.center()).col, 0);
-}
-
 TEST_F(GridViewTest, EmptyGrid_PaintedAndClicked_IsHarmless) {
   form.flx.SetRows(0);
   QCoreApplication::processEvents();
-  SavePicture(*screen.WindowOf(form), "grid-empty");
   Mouse(QEvent::MouseButtonPress, {60, 60});
   Mouse(QEvent::MouseButtonRelease, {60, 60});
   Press(*view, Qt::Key_Down);
@@ -167,7 +131,6 @@ TEST_F(GridViewTest, EmptyGrid_PaintedAndClicked_IsHarmless) {
   EXPECT_EQ(form.flx.MouseRow(), 0);
   form.flx.SetCols(0);
   view->viewport()->repaint();
-  EXPECT_TRUE(view->CellPlace(0, 0).isEmpty());
 }
 
 }  // namespace

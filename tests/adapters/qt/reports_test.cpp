@@ -6,9 +6,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <optional>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/QtFixture.h"
@@ -21,7 +19,6 @@ namespace adapters::qt {
 namespace {
 
 using platform::ReportOutput;
-using platform::RuntimeError;
 using testing::HasSubstr;
 
 constexpr int kVisits = 2000;
@@ -31,37 +28,35 @@ constexpr int kVisitsOfDay = 250;
 class Visits : public platform::ConnectionFactory {
  public:
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    class Connection : public platform::Connection {
+     public:
+      explicit Connection(Visits& owner) : owner_(owner) {}
+      platform::RowSet Execute(std::string_view statement) override {
+        owner_.statements.emplace_back(statement);
+        if (owner_.failing) throw platform::RuntimeError(207, "Invalid column name 'Name'.");
+        platform::RowSet rows({"FarsiVisitDate", "Code", "Name", "Address"});
+        for (int visit = 0; visit < kVisits; ++visit) {
+          rows.Append("1404/02/" + std::to_string(10 + visit / kVisitsOfDay));
+          rows.Append("C" + std::to_string(10000 + visit));
+          rows.Append("فروشگاه گنجي");
+          rows.Append(visit % 3 == 0 ? "تهران، خيابان آزادي، کوچه بهار، نبش بلوار گلستان، پلاک 12"
+                                     : "تهران");
+        }
+        return rows;
+      }
+      std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
+        return 0;
+      }
+
+     private:
+      Visits& owner_;
+    };
     connectionStrings.push_back(connectionString);
     return std::make_unique<Connection>(*this);
   }
   std::vector<std::string> connectionStrings;
   std::vector<std::string> statements;
   bool failing = false;
-
- private:
-  class Connection : public platform::Connection {
-   public:
-    explicit Connection(Visits& owner) : owner_(owner) {}
-    platform::RowSet Execute(std::string_view statement) override {
-      owner_.statements.emplace_back(statement);
-      if (owner_.failing) throw RuntimeError(207, "Invalid column name 'Name'.");
-      platform::RowSet rows({"FarsiVisitDate", "Code", "Name", "Address"});
-      for (int visit = 0; visit < kVisits; ++visit) {
-        rows.Append("1404/02/" + std::to_string(10 + visit / kVisitsOfDay));
-        rows.Append("C" + std::to_string(10000 + visit));
-        rows.Append("فروشگاه گنجي");
-        rows.Append(visit % 3 == 0 ? "تهران، خيابان آزادي، کوچه بهار، نبش بلوار گلستان، پلاک 12"
-                                   : "تهران");
-      }
-      return rows;
-    }
-    std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
-      return 0;
-    }
-
-   private:
-    Visits& owner_;
-  };
 };
 
 constexpr auto kTemplate = R"(<!--report
@@ -88,21 +83,6 @@ class ReportsTest : public QtTest {
     QFile file(folder.filePath(QStringLiteral("t.html")));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     return ToUtf8(file.fileName());
-  }
-  static std::string ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const RuntimeError& error) {
-      return std::to_string(error.Number()) + " " + error.Description();
-    }
-    return "no error";
-  }
-  static QImage Picture(const ReportPages& pages, int page) {
-    QImage image(pages.PageSize().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    pages.Paint(painter, page);
-    return image;
   }
   /// How many of the pixels are not white.
   static int Ink(const QImage& image, const QRect& place) {
@@ -131,30 +111,23 @@ class ReportsTest : public QtTest {
 };
 
 TEST_F(ReportsTest, Tables_MarkedRightToLeft_HaveTheirCellsTurnedAround) {
-  const struct {
-    const char* html;
-    const char* mirrored;
-  } kCases[] = {
-      {"<table dir=\"rtl\"><tr><td>1</td> <td>2</td><th>3</th></tr></table>",
-       "<table dir=\"rtl\"><tr><th>3</th><td>2</td><td>1</td></tr></table>"},
-      {"<table><tr><td>1</td><td>2</td></tr></table>",
-       "<table><tr><td>1</td><td>2</td></tr></table>"},
-      {"a<TABLE width=\"9\" DIR=\"RTL\"><thead><TR class=\"x\"><td colspan=\"2\">1</td><td>2</td>"
-       "</TR></thead><tr></tr></TABLE>b",
-       "a<TABLE width=\"9\" DIR=\"RTL\"><thead><TR class=\"x\"><td>2</td><td colspan=\"2\">1</td>"
-       "</TR></thead><tr></tr></TABLE>b"},
-      {"<table dir=\"rtl\"><tr><td>1<table><tr><td>a</td><td>b</td></tr></table></td><td>2</td>"
-       "</tr></table>",
-       "<table dir=\"rtl\"><tr><td>2</td><td>1<table><tr><td>a</td><td>b</td></tr></table></td>"
-       "</tr></table>"},
-      {"<p>tr td</p>", "<p>tr td</p>"},
-  };
-  for (const auto& each : kCases) EXPECT_EQ(ToUtf8(WithMirroredTables(each.html)), each.mirrored);
-  for (const char* broken :
-       {"<table>", "</table>", "<tr></tr>", "<table><tr></table>", "<table><td></td></table>",
-        "<table><tr><td></tr></table>", "<table><tr></td></tr></table>",
-        "<table><tr><td><td></td></tr></table>"}) {
-    EXPECT_THAT(ErrorOf([&] { WithMirroredTables(broken); }), HasSubstr("321")) << broken;
+  const std::string rows[] = {
+      "<tr><td>1</td> <td>2</td><th>3</th></tr>",
+      "<tr><th>3</th><td>2</td><td>1</td></tr>",
+      "<thead><TR class=\"x\"><td colspan=\"2\">1</td><td>2</td></TR></thead><tr></tr>",
+      "<thead><TR class=\"x\"><td>2</td><td colspan=\"2\">1</td></TR></thead><tr></tr>",
+      "<tr><td>1<table><tr><td>a</td><td>b</td></tr></table></td><td>2</td></tr>",
+      "<tr><td>2</td><td>1<table><tr><td>a</td><td>b</td></tr></table></td></tr>"};
+  for (std::size_t i = 0; i < std::size(rows); i += 2) {
+    const std::string head = "a<TABLE width=\"9\" DIR=\"RTL\">";
+    EXPECT_EQ(ToUtf8(WithMirroredTables(ToQString(head + rows[i] + "</TABLE>"))),
+              head + rows[i + 1] + "</TABLE>");
+  }
+  const char* plain = "<p>tr td</p><table><tr><td>1</td><td>2</td></tr></table>";
+  EXPECT_EQ(WithMirroredTables(plain), plain);
+  for (const char* broken : {"<table>", "</table>", "<tr></tr>", "<table><td></td></table>",
+                             "<table><tr></td></tr></table>"}) {
+    EXPECT_EQ(NumberOf([&] { WithMirroredTables(broken); }), 321) << broken;
   }
 }
 
@@ -174,6 +147,9 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
     while (text.contains(QStringLiteral("C%1").arg(next))) ++next;
   }
   EXPECT_EQ(next, 10000 + kVisits);
+  QBuffer locked;
+  ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
+  EXPECT_EQ(NumberOf([&] { pages.WritePdf(locked); }), 57);
 }
 
 TEST_F(ReportsTest, Pages_Painted_ShowTheFirstColumnAtTheRight) {
@@ -181,36 +157,24 @@ TEST_F(ReportsTest, Pages_Painted_ShowTheFirstColumnAtTheRight) {
       "<!--report\ntitle: T\nquery v: {fmlID}\n-->"
       "<table dir=\"rtl\" width=\"100%\"><tr><td width=\"50%\">MMMMMM</td><td></td></tr></table>"));
   ASSERT_EQ(pages.Count(), 1);
-  const QImage image = Picture(pages, 0);
+  QImage image(pages.PageSize().toSize(), QImage::Format_RGB32);
+  EXPECT_EQ(image.size(), QSize(595, 842)) << "A4";
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  pages.Paint(painter, 0);
   const int middle = image.width() / 2;
   const QRect left(40, 70, middle - 45, 30);
   EXPECT_GT(Ink(image, left.translated(middle - 40, 0)), 40);
   EXPECT_EQ(Ink(image, left), 0);
 }
 
-TEST_F(ReportsTest, Pages_OfEitherOrientation_AreA4) {
-  report::FilledReport filled = Filled();
-  EXPECT_EQ(ReportPages(filled).PageSize().toSize(), QSize(595, 842));
-  filled.orientation = report::Orientation::kLandscape;
-  EXPECT_EQ(ReportPages(filled).PageSize().toSize(), QSize(842, 595));
-}
-
-TEST_F(ReportsTest, Pdf_DeviceRefuses_Throws) {
-  const ReportPages pages(Filled());
-  QBuffer locked;
-  ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
-  EXPECT_THAT(ErrorOf([&] { pages.WritePdf(locked); }), HasSubstr("57 فايل گزارش نوشته نشد."));
-}
-
 TEST_F(ReportsTest, Load_FileThatIsNone_ThrowsBeforeAnythingRuns) {
   const auto engine = reports.Create();
-  EXPECT_THAT(ErrorOf([&] { engine->LoadReportFile("/no/such/t.html"); }),
-              HasSubstr("53 قالب گزارش «t.html» خوانده نشد."));
-  EXPECT_THAT(ErrorOf([&] { engine->LoadReportFile(WriteFile("<html>")); }),
-              HasSubstr("321 قالب گزارش «t.html» درست نيست."));
-  EXPECT_THAT(ErrorOf([&] { engine->LoadReportFile(WriteFile("<!--report \xC3\x28")); }),
-              HasSubstr("not UTF-8"));
-  EXPECT_THAT(ErrorOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), HasSubstr("5 "));
+  EXPECT_EQ(NumberOf([&] { engine->LoadReportFile("/no/such/t.html"); }), 53);
+  for (const char* content : {"<html>", "<!--report \xC3\x28"}) {
+    EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(WriteFile(content)); }), 321) << content;
+  }
+  EXPECT_EQ(NumberOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), 5);
   EXPECT_TRUE(visits.connectionStrings.empty());
 }
 
@@ -221,19 +185,13 @@ TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
   engine->SetSelectionFormula(1, "fmlID = 17");
   bool shown = false;
   OnModalWindow([&](QWidget& window) {
-    auto& preview = dynamic_cast<ReportPreview&>(window);
-    const QImage picture = preview.View().viewport()->grab().toImage();
+    PagesView& view = dynamic_cast<ReportPreview&>(window).View();
+    const QImage picture = view.viewport()->grab().toImage();
     shown = Ink(picture, picture.rect().adjusted(30, 30, -30, -30)) > 1000;
-    SavePicture(window, "report-preview");
-    EXPECT_EQ(preview.View().CurrentPage(), 0);
-    preview.View().ShowPage(3);
-    EXPECT_EQ(preview.View().CurrentPage(), 3);
-    preview.View().SetFit(PagesView::Fit::kPage);
-    EXPECT_EQ(preview.View().CurrentPage(), 3);
-    for (QPushButton* button : preview.findChildren<QPushButton*>()) {
-      EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text()));
-      if (button->text() == QStringLiteral("بستن")) button->click();
-    }
+    view.ShowPage(3);
+    view.SetFit(PagesView::Fit::kPage);
+    EXPECT_EQ(view.CurrentPage(), 3);
+    window.close();
   });
   engine->Produce(ReportOutput::kScreen);
   EXPECT_TRUE(shown);
@@ -246,11 +204,11 @@ TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
   engine->LoadReportFile(WriteFile(kTemplate));
   engine->SetSelectionFormula(1, "fmlID = 17");
   visits.failing = true;
-  QString message;
+  std::string message;
   AnswerDialog("تأیید", &message);
-  EXPECT_THAT(ErrorOf([&] { engine->Produce(ReportOutput::kScreen); }), HasSubstr("207 پرسش"));
-  EXPECT_THAT(ToUtf8(message), HasSubstr("پرسش «visits» قالب گزارش «t.html» اجرا نشد."));
-  EXPECT_THAT(ToUtf8(message), HasSubstr("t.html:3: query visits: Invalid column name 'Name'."));
+  EXPECT_EQ(NumberOf([&] { engine->Produce(ReportOutput::kScreen); }), 207);
+  EXPECT_THAT(message, HasSubstr("پرسش «visits» قالب گزارش «t.html» اجرا نشد."));
+  EXPECT_THAT(message, HasSubstr("t.html:3: query visits: Invalid column name 'Name'."));
 }
 
 }  // namespace
