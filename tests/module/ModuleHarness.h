@@ -56,26 +56,17 @@ class ModuleTest : public testing::Test {
 
   /// Rows of a plain statement: cells joined by "|", NULL as "~". A failure fails the test.
   std::vector<std::string> Stored(const std::string& sql) {
-    sqlite3_stmt* prepared = nullptr;
-    EXPECT_EQ(sqlite3_prepare_v2(plain_.get(), sql.c_str(), -1, &prepared, nullptr), SQLITE_OK)
-        << sql << ": " << sqlite3_errmsg(plain_.get());
-    const std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement(prepared,
-                                                                          sqlite3_finalize);
     std::vector<std::string> rows;
-    int step = sqlite3_step(prepared);
-    for (; step == SQLITE_ROW; step = sqlite3_step(prepared)) {
+    const auto append = [](void* into, int columns, char** cells, char** /*names*/) {
       std::string row;
-      for (int col = 0; col < sqlite3_column_count(prepared); ++col) {
-        const void* text = sqlite3_column_blob(prepared, col);
-        const auto size = static_cast<std::size_t>(sqlite3_column_bytes(prepared, col));
-        if (col > 0) row += "|";
-        row += sqlite3_column_type(prepared, col) == SQLITE_NULL
-                   ? "~"
-                   : std::string(static_cast<const char*>(text), size);
+      for (int col = 0; col < columns; ++col) {
+        row += (col > 0 ? "|" : "") + std::string(cells[col] ? cells[col] : "~");
       }
-      rows.push_back(row);
-    }
-    EXPECT_EQ(step, SQLITE_DONE) << sql << ": " << sqlite3_errmsg(plain_.get());
+      static_cast<std::vector<std::string>*>(into)->push_back(row);
+      return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(plain_.get(), sql.c_str(), append, &rows, nullptr), SQLITE_OK)
+        << sql << ": " << sqlite3_errmsg(plain_.get());
     return rows;
   }
   std::string Cell(const std::string& sql) {
@@ -93,12 +84,8 @@ class ModuleTest : public testing::Test {
       return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
     }
   };
-  struct Close {
-    void operator()(sqlite3* database) const { sqlite3_close(database); }
-  };
-
   std::filesystem::path folder_;
-  std::unique_ptr<sqlite3, Close> plain_;
+  std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
   Connections connections_;
   std::unique_ptr<class Module> module_ =
       std::make_unique<class Module>(host::Services{.screen = outside.screen,

@@ -10,22 +10,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-/// A document viewer that keeps the id it was opened with.
-class Viewer : public platform::AutomationObject {
- public:
-  explicit Viewer(std::int32_t& shown) : shown_(shown) {}
-  void Put(std::string_view, const platform::AutomationValue&) override {}
-  platform::AutomationValue Get(std::string_view) override { return {}; }
-  platform::AutomationValue Call(std::string_view,
-                                 std::span<const platform::AutomationValue> arguments) override {
-    shown_ = std::get<std::int32_t>(arguments.front());
-    return {};
-  }
-
- private:
-  std::int32_t& shown_;
-};
-
 /// A planner's day; each step looks at what it has stored.
 class ScriptedDay : public ModuleTest {
  protected:
@@ -39,11 +23,6 @@ class ScriptedDay : public ModuleTest {
     id = Cell("SELECT max(ID) FROM tblDistributionPromoterProgram");
     EXPECT_EQ(Editor().txtID.Text(), id);
     EXPECT_EQ(Header(), "1|1|1|برنامه تازه|~|" + Editor().datToday.Text());
-    EXPECT_EQ(Cell("SELECT strftime('%Y%m%d', 'now', 'localtime') = CAST(CreateDate AS TEXT) FROM "
-                   "tblDistributionPromoterProgram WHERE ID = " +
-                   id),
-              "1");
-    EXPECT_THAT(Logged(), ElementsAre("330801|1|510"));
   }
 
   void EditHeader() {
@@ -56,12 +35,12 @@ class ScriptedDay : public ModuleTest {
 
   /// Three days for four customers of the supervisor's first promoter.
   void AddVisits() {
-    const std::string promoter =
-        Cell("SELECT min(PromoterID) FROM tblSaleSupervisorPromoter WHERE SupervisorID = 1");
+    promoter = std::stoi(
+        Cell("SELECT min(PromoterID) FROM tblSaleSupervisorPromoter WHERE SupervisorID = 1"));
     for (int time = 0; time < 2; ++time) {  // the second time every visit exists already
       outside.components.WillAnswer({Answer::kYes});
       outside.screen.OnModalForm<batch::FormAddBatch>([&](batch::FormAddBatch& form) {
-        form.sltPromoter.Select(std::stoi(promoter));
+        form.sltPromoter.Select(promoter);
         form.datDateFrom.SetText("1404/09/01");
         form.datDateTo.SetText("1404/09/03");
         form.flxRegion.cmdSelectAll.Click();
@@ -82,16 +61,14 @@ class ScriptedDay : public ModuleTest {
     EXPECT_EQ(Cell("SELECT count(DISTINCT Sequence) || ' ' || min(PromoterID) FROM "
                    "tblDistributionPromoterProgramDetail WHERE ProgramID = " +
                    id),
-              "12 " + promoter);
+              "12 " + std::to_string(promoter));
     ASSERT_EQ(Editor().flxDetail.Rows(), 4);
-    EXPECT_EQ(Editor().flxDetail.TextMatrix(1, 6), "4");
   }
 
   void ReopenGroup() {
     outside.components.WillAnswer({Answer::kYes});
     outside.screen.OnModalForm<batch::FormAddBatch>([](batch::FormAddBatch& form) {
       EXPECT_EQ(form.flxCustomer.Flex.Rows(), 5);
-      EXPECT_EQ(form.flxDate.Flex.Rows(), 2);
       EXPECT_EQ(form.txtNotes.Text(), "it's new");
       form.cmdCancel.Click();
     });
@@ -100,18 +77,9 @@ class ScriptedDay : public ModuleTest {
     EXPECT_THAT(Visits(), SizeIs(3));
   }
 
-  void MarkAndSort() {
-    Editor().cmdSelectNone.Click();
-    Press(1);
-    EXPECT_EQ(Editor().flxDetail.EffectiveBackColor(1, 1), controls::palette::kMark);
-    const std::string marked(Editor().flxDetail.TextMatrix(1, 4));
+  void SortByDay() {
     while (Editor().flxDetail.TextMatrix(1, 4) != "1404/09/03") Press(0, 4);
     EXPECT_EQ(Editor().flxDetail.TextMatrix(3, 4), "1404/09/01");
-    for (int row = 1; row <= 3; ++row) {
-      EXPECT_EQ(Editor().flxDetail.EffectiveBackColor(row, 1) == controls::palette::kMark,
-                Editor().flxDetail.TextMatrix(row, 4) == marked);
-    }
-    EXPECT_THAT(Visits(), SizeIs(3));
   }
 
   /// The rows shift under the block: of the days 3, 2, 1 the first and the third go.
@@ -140,8 +108,15 @@ class ScriptedDay : public ModuleTest {
 
   void SearchAndExport() {
     Editor().cmdNew.Click();
-    outside.screen.OnModalForm<search::FormSearch>([](search::FormSearch& form) {
+    outside.screen.OnModalForm<search::FormSearch>([this](search::FormSearch& form) {
+      form.txtID.SetText(id);
+      for (controls::Selector* each : {&form.sltCreator, &form.sltSupervisor, &form.sltBranch}) {
+        each->Select(1);
+      }
+      form.sltProgram.Select(std::stoi(id));
+      form.sltPromoter.Select(promoter);
       form.txtDescription.SetText("نو");
+      form.datCreateDate.SetText(Editor().datToday.Text());
       form.datVisit.SetText("1404/09/02");
       form.cmdSearch.Click();
       ASSERT_EQ(form.flxSearch.Rows(), 5);
@@ -198,33 +173,19 @@ class ScriptedDay : public ModuleTest {
 
   /// Two documents refer to the program, one of them with a line of another form.
   void TakeBack() {
-    for (const std::string document : {"901", "902"}) {
-      Stored("INSERT INTO tblAccountDocument (ID, Code, DocumentDate, FarsiDocumentDate) VALUES (" +
-             document + ", " + document + ", 20251122, '1404/09/01')");
-      Stored(
-          "INSERT INTO tblAccountDocumentDetail (DocumentID, RowNumber, AccountID, FormTypeID, "
-          "FormID) SELECT " +
-          document + ", 1, min(ID), 3308, " + id + " FROM tblAccount");
-    }
     Stored(
+        "INSERT INTO tblAccountDocument (ID, Code, DocumentDate, FarsiDocumentDate) VALUES "
+        "(901, 901, 20251122, '1404/09/01'), (902, 902, 20251122, '1404/09/01'); "
         "INSERT INTO tblAccountDocumentDetail (DocumentID, RowNumber, AccountID, FormTypeID, "
-        "FormID) SELECT 902, 2, min(ID), 77, 5 FROM tblAccount");
+        "FormID) VALUES (901, 1, 1, 3308, " +
+        id + "), (902, 1, 1, 3308, " + id + "), (902, 2, 1, 77, 5)");
     const std::string others =
         Cell("SELECT count(*) FROM tblAccountDocumentDetail WHERE DocumentID < 901");
-    std::int32_t shown = 0;
-    outside.components.others["comVoucherView.comVoucherView1"] = [&shown] {
-      return std::make_unique<Viewer>(shown);
-    };
-    Editor().cmdViewAccountDoc.Click();
-    EXPECT_EQ(shown, 901);
-
     outside.components.WillAnswer({Answer::kYes});
     Editor().cmdBackToTemp.Click();
     EXPECT_THAT(Stored("SELECT ID FROM tblAccountDocument WHERE ID > 900"), IsEmpty());
     EXPECT_EQ(Cell("SELECT count(*) FROM tblAccountDocumentDetail"), others);
     EXPECT_EQ(Header(), "1|1|1|برنامه نو|~|" + Editor().datToday.Text());
-    Editor().cmdViewAccountDoc.Click();
-    EXPECT_EQ(shown, -1);
   }
 
   void DeleteProgram() {
@@ -271,6 +232,7 @@ class ScriptedDay : public ModuleTest {
   }
 
   std::string id;
+  int promoter = 0;
 };
 
 TEST_F(ScriptedDay, WholeLifeOfAProgram_StoresWhatEachStepSays) {
@@ -278,7 +240,7 @@ TEST_F(ScriptedDay, WholeLifeOfAProgram_StoresWhatEachStepSays) {
   EditHeader();
   AddVisits();
   ReopenGroup();
-  MarkAndSort();
+  SortByDay();
   DeleteBlock();
   Finalise();
   SearchAndExport();
@@ -316,54 +278,6 @@ TEST_F(ModuleTest, Viewer_MayLookButStoreNothing) {
   EXPECT_THAT(outside.components.messages, SizeIs(3));
   EXPECT_EQ(Cell("SELECT sum(ID) FROM tblZomirFormAction"), before);
   EXPECT_EQ(Cell("SELECT Code FROM tblDistributionPromoterProgram WHERE ID = 1"), "1");
-  EXPECT_EQ(Editor().CurrentMode(), editor::Mode::kView);
-}
-
-TEST_F(ModuleTest, Search_WithAQuote_FailsByTheServersWordsAndTheNextOneWorks) {
-  Module().Control().ClearShow();
-  outside.screen.OnModalForm<search::FormSearch>([](search::FormSearch& form) {
-    form.txtDescription.SetText("it's");
-    EXPECT_THROW(form.cmdSearch.Click(), platform::RuntimeError);
-    form.txtDescription.SetText("");
-    form.txtID.SetText("x");  // no number: program 0
-    form.cmdSearch.Click();
-    EXPECT_EQ(form.flxSearch.Rows(), 1);
-    form.txtID.SetText("1");
-    form.cmdSearch.Click();
-    EXPECT_GT(form.flxSearch.Rows(), 2);
-  });
-  Editor().cmdSearch.Click();
-}
-
-TEST_F(ModuleTest, Search_OfAHundredThousandLines_IsOrderedNumberedAndColoured) {
-  Stored(
-      "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 99999) INSERT INTO "
-      "tblDistributionPromoterProgramDetail (ProgramID, PromoterID, FarsiVisitDate, VisitDate, "
-      "CustomerID, Sequence) SELECT 14, 1 + i % 4, '1404/09/0' || (1 + i % 3), 20251122 + i % 3, "
-      "1 + i % 1000, i FROM n");
-  const std::string lines =
-      Cell("SELECT count(*) FROM tblDistributionPromoterProgramDetail WHERE ProgramID = 14");
-  Module().Control().ClearShow();
-  outside.screen.OnModalForm<search::FormSearch>([&](search::FormSearch& form) {
-    form.txtID.SetText("14");
-    form.cmdSearch.Click();
-    const controls::FlexGrid& grid = form.flxSearch;
-    ASSERT_EQ(grid.Rows(), std::stoi(lines) + 1);
-    EXPECT_EQ(grid.TextMatrix(grid.Rows() - 1, 0), lines);
-    int unordered = 0;
-    for (int row = 2; row < grid.Rows(); ++row) {
-      if (grid.TextMatrix(row, 3) < grid.TextMatrix(row - 1, 3)) ++unordered;
-      if (grid.TextMatrix(row, 3) == grid.TextMatrix(row - 1, 3) &&
-          grid.TextMatrix(row, 2) == grid.TextMatrix(row - 1, 2) &&
-          grid.TextMatrix(row, 4) < grid.TextMatrix(row - 1, 4)) {
-        ++unordered;
-      }
-    }
-    EXPECT_EQ(unordered, 0);
-    EXPECT_EQ(grid.EffectiveBackColor(50000, 1), 13561085U);
-    EXPECT_EQ(grid.EffectiveBackColor(50001, 11), 15464446U);
-  });
-  Editor().cmdSearch.Click();
 }
 
 }  // namespace
