@@ -165,6 +165,10 @@ void Tour::DoubleClickCell(controls::FlexGrid& grid, int row, int col) {
 
 void Tour::DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col) {
   auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
+  // The block's frame is painted where the keyboard is.
+  view.window()->activateWindow();
+  [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(view.window(), 500);
+  view.setFocus(Qt::MouseFocusReason);
   QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier,
                     view.CellPlace(firstRow, col).center());
   QTest::mouseMove(view.viewport(), view.CellPlace(lastRow, col).center());

@@ -93,6 +93,11 @@ void AddVisitSteps(Tour& tour, editor::FormMain& editor) {
     tour.ClickCell(editor.flxDetail, 2, 2);
     tour.Picture(editor, "editor-visits");
   });
+  tour.Add("Dragging frames a block", [&] {
+    tour.DragRows(editor.flxDetail, 1, 2, 2);
+    tour.Expect(editor.flxDetail.RowSel() == 2, "a block of two rows");
+    tour.Picture(editor, "editor-frame");
+  });
   tour.Add("A double click opens a group again",
            [&] { tour.DoubleClickCell(editor.flxDetail, 3, 2); });
   tour.Add("It shows the group's day and customers", [&] {

@@ -41,7 +41,7 @@ void ErrorGuard::Show(const platform::RuntimeError& error) {
   if (!error.Source().empty()) {
     technical += QStringLiteral(" (%1)").arg(ToQString(error.Source()));
   }
-  QString sentence = QStringLiteral("خطای شماره %1 هنگام اجرا رخ داد.").arg(number);
+  QString sentence = QStringLiteral("خطای شماره \u200E%1 هنگام اجرا رخ داد.").arg(number);
   if (persian > 0) sentence += QLatin1Char('\n') + description.left(persian);
   ShowDialog(sentence, technical);
 }
