@@ -4,6 +4,8 @@
 #include <QPushButton>
 
 #include "adapters/qt/Convert.h"
+#include "adapters/sqlite/SqliteConnection.h"
+#include "demo/SampleOffice.h"
 
 namespace adapters::qt {
 
@@ -12,18 +14,15 @@ SampleForm::SampleForm(controls::Screen& onScreen, controls::LookupSource& sourc
   SetCaption("فرم نمونه");
   Resize(10500, 7800);
   SetMinimumSize(7500, 6000);
-  txtName.Move(5700, 150, 3200, 375);
-  txtNumber.Move(1800, 150, 2000, 375);
+  int place = 0;
+  for (controls::Control* control :
+       std::vector<controls::Control*>{&txtName, &txtNumber, &cmdOK, &cmdOff, &cmdCancel, &sltCity,
+                                       &datFrom, &cmbReport, &chkActive}) {
+    control->Move(place++ % 5 * 2000, 300, 1900, 375);
+  }
   frame.Move(150, 660, 10200, 1750);
-  sltCity.Move(5550, 300, 3200, 375);
-  datFrom.Move(1650, 300, 2000, 375);
-  cmbReport.Move(5550, 765, 3200, 0);
-  chkActive.Move(5550, 1260, 3200, 330);
   txtNotes.Move(150, 2550, 8750, 1050);
   flx.Move(150, 3750, 10200, 3300);
-  cmdOK.Move(8850, 7230, 1500, 420);
-  cmdOff.Move(7250, 7230, 1500, 420);
-  cmdCancel.Move(5650, 7230, 1500, 420);
   for (const char* title : {"قالب ساده", "قالب ماهانه", "قالب با تلفن"}) cmbReport.AddItem(title);
   int tab = 0;
   for (controls::Control* control : std::vector<controls::Control*>{
@@ -93,6 +92,19 @@ std::int32_t QtTest::NumberOf(const std::function<void()>& action) {
     return error.Number();
   }
   return 0;
+}
+
+QtOfficeTest::QtOfficeTest() {
+  const std::string file = ToUtf8(folder.filePath("office.db"));
+  demo::SampleOptions options;
+  options.customers = 200;
+  options.today = clock.Today();
+  demo::CreateSampleOffice(file, options);
+  connectionString = "sqlite:" + file;
+}
+
+std::unique_ptr<platform::Connection> QtOfficeTest::Create(const std::string& text) {
+  return std::make_unique<sqlite::SqliteConnection>(text);
 }
 
 }  // namespace adapters::qt

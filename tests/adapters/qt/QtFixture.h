@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -16,6 +17,7 @@
 #include "controls/FlexGrid.h"
 #include "controls/Form.h"
 #include "controls/Selector.h"
+#include "platform/Connection.h"
 
 namespace adapters::qt {
 
@@ -105,6 +107,16 @@ class QtTest : public testing::Test {
   CitySource cities;
   QtScreen screen{guard, clock};
   SampleForm form{screen, cities};
+};
+
+/// With the embedded database of a small sample office.
+class QtOfficeTest : public QtTest, public platform::ConnectionFactory {
+ protected:
+  QtOfficeTest();
+  std::unique_ptr<platform::Connection> Create(const std::string& text) override;
+
+  QTemporaryDir folder;
+  std::string connectionString;
 };
 
 }  // namespace adapters::qt

@@ -6,15 +6,12 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <array>
 #include <utility>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/DocumentWindow.h"
 #include "adapters/qt/QtFixture.h"
-#include "adapters/sqlite/SqliteConnection.h"
-#include "demo/SampleOffice.h"
 
 namespace adapters::qt {
 namespace {
@@ -23,14 +20,10 @@ using platform::AutomationValue;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// Over a sample office with a document of its own, 70.
-class DocumentViewerTest : public QtTest, public platform::ConnectionFactory {
+/// The office has a document more, 70.
+class DocumentViewerTest : public QtOfficeTest {
  protected:
   void SetUp() override {
-    demo::SampleOptions options;
-    options.customers = 50;
-    options.today = clock.Today();
-    demo::CreateSampleOffice(ToUtf8(folder.filePath("office.db")), options);
     const auto office = Create(connectionString);
     for (const char* statement :
          {"insert into tblAccount (ID, Code, Name) values (90,'7190','هزينه'), (91,'3291','طلب')",
@@ -42,18 +35,12 @@ class DocumentViewerTest : public QtTest, public platform::ConnectionFactory {
       office->Execute(statement);
     }
   }
-  std::unique_ptr<platform::Connection> Create(const std::string& text) override {
-    return std::make_unique<sqlite::SqliteConnection>(text);
-  }
   void View(std::int32_t documentId) {
     DocumentViewer viewer(*this);
     viewer.Put("OLEConnectionString", connectionString);
     const std::array<AutomationValue, 1> arguments{documentId};
     viewer.Call("View", arguments);
   }
-
-  QTemporaryDir folder;
-  std::string connectionString = "sqlite:" + ToUtf8(folder.filePath("office.db"));
 };
 
 TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {

@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QPainter>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/QtFixture.h"
@@ -21,63 +20,29 @@ namespace {
 using platform::ReportOutput;
 using testing::HasSubstr;
 
-constexpr int kVisits = 2000;
-constexpr int kVisitsOfDay = 250;
-
-/// A program of so many visits, whatever is asked; or none at all, with the server's refusal.
-class Visits : public platform::ConnectionFactory {
- public:
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
-    class Connection : public platform::Connection {
-     public:
-      explicit Connection(Visits& owner) : owner_(owner) {}
-      platform::RowSet Execute(std::string_view statement) override {
-        owner_.statements.emplace_back(statement);
-        if (owner_.failing) throw platform::RuntimeError(207, "Invalid column name 'Name'.");
-        platform::RowSet rows({"FarsiVisitDate", "Code", "Name", "Address"});
-        for (int visit = 0; visit < kVisits; ++visit) {
-          rows.Append("1404/02/" + std::to_string(10 + visit / kVisitsOfDay));
-          rows.Append("C" + std::to_string(10000 + visit));
-          rows.Append("فروشگاه گنجي");
-          rows.Append(visit % 3 == 0 ? "تهران، خيابان آزادي، کوچه بهار، نبش بلوار گلستان، پلاک 12"
-                                     : "تهران");
-        }
-        return rows;
-      }
-      std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
-        return 0;
-      }
-
-     private:
-      Visits& owner_;
-    };
-    connectionStrings.push_back(connectionString);
-    return std::make_unique<Connection>(*this);
-  }
-  std::vector<std::string> connectionStrings;
-  std::vector<std::string> statements;
-  bool failing = false;
-};
-
+/// Ten tables of 200 rows, numbered from C10001, for the program 1.
 constexpr auto kTemplate = R"(<!--report
 title: Visits
-query visits: Select 1 Where p.ID = {fmlID}
-group visits: days by FarsiVisitDate
+query visits:
+  Select a.Code as Day, convert(varchar, 10000+ROW_NUMBER() OVER(order by a.ID, b.ID)) as Number,
+  b.Address as Address from tblOrganization a, tblOrganization b
+  where a.ID <= 10 and 1 = {fmlID} order by a.ID, b.ID
+group visits: days by Day
 -->
 {{#days}}
 <table dir="rtl" width="100%" cellpadding="3" cellspacing="0">
-<thead><tr><td colspan="3">{{FarsiVisitDate}}</td></tr>
-<tr><th width="20%">CODE</th><th width="60%">نام</th><th width="20%">نشاني</th></tr></thead>
-{{#visits}}<tr><td>{{Code}}</td><td>{{Name}}</td><td>{{Address}}</td></tr>{{/visits}}
+<thead><tr><td colspan="2">{{Day}}</td></tr>
+<tr><th width="20%">CODE</th><th width="20%">نشاني</th></tr></thead>
+{{#visits}}<tr><td>C{{Number}}</td><td>{{Address}}</td></tr>{{/visits}}
 </table>
 {{/days}}
 )";
 
-class ReportsTest : public QtTest {
+class ReportsTest : public QtOfficeTest {
  protected:
   report::FilledReport Filled(const std::string& text = kTemplate) {
-    return Fill(report::ReportTemplate::Load(text, "t.html"), *visits.Create(""), "fmlID = 1",
-                clock.Today());
+    return Fill(report::ReportTemplate::Load(text, "t.html"), *Create(connectionString),
+                "fmlID = 1", clock.Today());
   }
   std::string WriteFile(const QByteArray& content) {
     QFile file(folder.filePath(QStringLiteral("t.html")));
@@ -105,9 +70,7 @@ class ReportsTest : public QtTest {
     return texts;
   }
 
-  QTemporaryDir folder;
-  Visits visits;
-  Reports reports{visits, clock, guard};
+  Reports reports{*this, clock, guard};
 };
 
 TEST_F(ReportsTest, Tables_MarkedRightToLeft_HaveTheirCellsTurnedAround) {
@@ -139,14 +102,14 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
   const QStringList texts = TextOfPdf(pdf.data());
   ASSERT_EQ(texts.size(), pages.Count());
   EXPECT_GT(pages.Count(), 30);
-  int next = 10000;
+  int next = 10001;
   for (const QString& text : texts) {
     EXPECT_TRUE(text.contains(QStringLiteral("CODE"))) << ToUtf8(text);
     EXPECT_TRUE(text.contains(QStringLiteral("Visits")));
     // Each row is on one page, whole and in its turn.
     while (text.contains(QStringLiteral("C%1").arg(next))) ++next;
   }
-  EXPECT_EQ(next, 10000 + kVisits);
+  EXPECT_EQ(next, 12001);
   QBuffer locked;
   ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
   EXPECT_EQ(NumberOf([&] { pages.WritePdf(locked); }), 57);
@@ -154,7 +117,7 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
 
 TEST_F(ReportsTest, Pages_Painted_ShowTheFirstColumnAtTheRight) {
   const ReportPages pages(Filled(
-      "<!--report\ntitle: T\nquery v: {fmlID}\n-->"
+      "<!--report\ntitle: T\nquery v: Select {fmlID} as ID\n-->"
       "<table dir=\"rtl\" width=\"100%\"><tr><td width=\"50%\">MMMMMM</td><td></td></tr></table>"));
   ASSERT_EQ(pages.Count(), 1);
   QImage image(pages.PageSize().toSize(), QImage::Format_RGB32);
@@ -168,21 +131,20 @@ TEST_F(ReportsTest, Pages_Painted_ShowTheFirstColumnAtTheRight) {
   EXPECT_EQ(Ink(image, left), 0);
 }
 
-TEST_F(ReportsTest, Load_FileThatIsNone_ThrowsBeforeAnythingRuns) {
+TEST_F(ReportsTest, Load_FileThatIsNone_Throws) {
   const auto engine = reports.Create();
   EXPECT_EQ(NumberOf([&] { engine->LoadReportFile("/no/such/t.html"); }), 53);
   for (const char* content : {"<html>", "<!--report \xC3\x28"}) {
     EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(WriteFile(content)); }), 321) << content;
   }
   EXPECT_EQ(NumberOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), 5);
-  EXPECT_TRUE(visits.connectionStrings.empty());
 }
 
 TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
   const auto engine = reports.Create();
   engine->LoadReportFile(WriteFile(kTemplate));
-  engine->SetConnectionString("sqlite:office");
-  engine->SetSelectionFormula(1, "fmlID = 17");
+  engine->SetConnectionString(connectionString);
+  engine->SetSelectionFormula(1, "fmlID = 1");
   bool shown = false;
   OnModalWindow([&](QWidget& window) {
     PagesView& view = dynamic_cast<ReportPreview&>(window).View();
@@ -195,20 +157,20 @@ TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
   });
   engine->Produce(ReportOutput::kScreen);
   EXPECT_TRUE(shown);
-  EXPECT_THAT(visits.connectionStrings, testing::ElementsAre("sqlite:office"));
-  EXPECT_THAT(visits.statements, testing::ElementsAre("Select 1 Where p.ID = 17"));
 }
 
 TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
   const auto engine = reports.Create();
-  engine->LoadReportFile(WriteFile(kTemplate));
-  engine->SetSelectionFormula(1, "fmlID = 17");
-  visits.failing = true;
+  engine->LoadReportFile(
+      WriteFile("<!--report\ntitle: T\nquery v: Select Nothing from tblOrganization "
+                "where ID={fmlID}\n-->"));
+  engine->SetSelectionFormula(1, "fmlID = 1");
+  engine->SetConnectionString(connectionString);
   std::string message;
   AnswerDialog("تأیید", &message);
   EXPECT_EQ(NumberOf([&] { engine->Produce(ReportOutput::kScreen); }), 207);
-  EXPECT_THAT(message, HasSubstr("پرسش «visits» قالب گزارش «t.html» اجرا نشد."));
-  EXPECT_THAT(message, HasSubstr("t.html:3: query visits: Invalid column name 'Name'."));
+  EXPECT_THAT(message, HasSubstr("پرسش «v» قالب گزارش «t.html» اجرا نشد."));
+  EXPECT_THAT(message, HasSubstr("t.html:3: query v: Invalid column name 'Nothing'."));
 }
 
 }  // namespace
