@@ -1,12 +1,12 @@
 #include "Office.h"
 
-#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cstdio>
 
+#include "adapters/qt/Services.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "host/modMain.h"
@@ -75,13 +75,9 @@ void EnsureSampleOffice(const std::string& path, int customers) {
   if (file.exists()) return;
   std::printf("Making a sample office with %d customers in %s ...\n", customers, path.c_str());
   std::fflush(stdout);
-  const QDate today = QDate::currentDate();
-  const std::chrono::sys_days day(std::chrono::year_month_day(
-      std::chrono::year(today.year()), std::chrono::month(static_cast<unsigned>(today.month())),
-      std::chrono::day(static_cast<unsigned>(today.day()))));
   demo::SampleOptions options;
   options.customers = customers;
-  options.today = day;
+  options.today = adapters::qt::QtClock().Today();
   options.basePath = templates.absolutePath().toStdString() + "/";
   demo::CreateSampleOffice(path, options);
 }
