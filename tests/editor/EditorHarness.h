@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "editor/FormMain.h"
@@ -53,6 +54,14 @@ class EditorTest : public testing::Test {
     return RowSetOf({"PromoterID", "PromoterName", "VisitDate", "FarsiVisitDate", "Notes", "cnt"},
                     rows);
   }
+  /// The first calls of the database since it was told to forget them.
+  std::vector<std::string> FirstCalls(std::size_t count) {
+    std::vector<std::string> log = outside.database.Log();
+    if (log.size() > count) log.resize(count);
+    return log;
+  }
+  /// The messages shown since they were asked for last.
+  std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
   /// Names of the enabled controls among those of the form and its header.
   std::vector<std::string> EnabledControls() {
     std::vector<std::string> names;
