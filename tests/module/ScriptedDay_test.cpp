@@ -45,6 +45,7 @@ class ScriptedDay : public ModuleTest {
         form.datDateTo.SetText("1404/09/03");
         form.flxRegion.cmdSelectAll.Click();
         form.flxPath.cmdSelectAll.Click();
+        FindOneCustomer(form);
         form.cmdSearch.Click();
         ASSERT_GT(form.flxCustomer.Flex.Rows(), 4);
         form.flxCustomer.cmdSelectNone.Click();
@@ -63,6 +64,31 @@ class ScriptedDay : public ModuleTest {
                    id),
               "12 " + std::to_string(promoter));
     ASSERT_EQ(Editor().flxDetail.Rows(), 4);
+  }
+
+  /// By every filter at once; leaves the filters empty.
+  void FindOneCustomer(batch::FormAddBatch& form) {
+    const auto of = [&](const std::string& column) {
+      return Cell("SELECT " + column +
+                  " FROM tblOrganization o JOIN tblDistributionOrganization x "
+                  "ON x.OrganizationID = o.ID JOIN tblDistributionPathPromoters p "
+                  "ON p.PathID = x.PathID WHERE o.WorkActivityID > 0 AND p.EmployeeID = " +
+                  std::to_string(promoter) + " ORDER BY o.ID LIMIT 1");
+    };
+    form.txtCodeFrom.SetText(of("o.Code"));
+    form.txtCodeTo.SetText(of("o.Code"));
+    form.txtName.SetText(of("o.Name"));
+    form.sltCustomer.Select(std::stoi(of("o.ID")));
+    form.sltBranch.Select(std::stoi(of("x.BranchID")));
+    form.sltWorkActivity.Select(std::stoi(of("o.WorkActivityID")));
+    form.cmdSearch.Click();
+    EXPECT_EQ(form.flxCustomer.Flex.Rows(), 2);
+    for (controls::TextBox* box : {&form.txtCodeFrom, &form.txtCodeTo, &form.txtName}) {
+      box->SetText("");
+    }
+    for (controls::Selector* box : {&form.sltCustomer, &form.sltBranch, &form.sltWorkActivity}) {
+      box->Clear();
+    }
   }
 
   void ReopenGroup() {
@@ -177,10 +203,25 @@ class ScriptedDay : public ModuleTest {
         "INSERT INTO tblAccountDocument (ID, Code, DocumentDate, FarsiDocumentDate) VALUES "
         "(901, 901, 20251122, '1404/09/01'), (902, 902, 20251122, '1404/09/01'); "
         "INSERT INTO tblAccountDocumentDetail (DocumentID, RowNumber, AccountID, FormTypeID, "
-        "FormID) VALUES (901, 1, 1, 3308, " +
+        "FormID) VALUES (901, 1, (SELECT min(AccountID) FROM tblAccountRelatedClasses WHERE "
+        "ClassID = 19), 3308, " +
         id + "), (902, 1, 1, 3308, " + id + "), (902, 2, 1, 77, 5)");
     const std::string others =
         Cell("SELECT count(*) FROM tblAccountDocumentDetail WHERE DocumentID < 901");
+    std::int32_t document = 901;
+    std::int32_t row = 1;
+    std::int32_t branch = 2;
+    std::int32_t branches = 19;
+    std::int32_t account =
+        std::stoi(Cell("SELECT AccountID FROM tblAccountDocumentDetail WHERE DocumentID = 901"));
+    for (int time = 0; time < 2; ++time) {  // the second time it is tied already
+      Editor().InsertDocumentObject(document, row, account, branches, branch);
+    }
+    EXPECT_THAT(
+        Stored("SELECT d.BranchID, o.ClassID, o.ObjectID FROM tblAccountDocumentDetail d "
+               "JOIN tblAccountDocumentObjects o USING (DocumentID) WHERE DocumentID = 901"),
+        ElementsAre("2|19|2"));
+
     outside.components.WillAnswer({Answer::kYes});
     Editor().cmdBackToTemp.Click();
     EXPECT_THAT(Stored("SELECT ID FROM tblAccountDocument WHERE ID > 900"), IsEmpty());
