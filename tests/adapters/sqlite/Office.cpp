@@ -12,8 +12,6 @@ constexpr std::string_view kSchema = R"sql(
 CREATE TABLE tblEmployee (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);
 CREATE TABLE tblOrganization (ID INTEGER PRIMARY KEY, Code TEXT UNIQUE, FirstName TEXT, Name TEXT,
   Address TEXT, CellPhone TEXT, Phone1 TEXT, Phone2 TEXT, WorkActivityID INTEGER);
-CREATE TABLE tblZomirWorkActivity (ID INTEGER PRIMARY KEY, Name TEXT);
-CREATE TABLE tblDistributionRegion (ID INTEGER PRIMARY KEY, Description TEXT);
 CREATE TABLE tblDistributionPath (ID INTEGER PRIMARY KEY, Name TEXT, RegionID INTEGER);
 CREATE TABLE tblDistributionOrganization (OrganizationID INTEGER, PathID INTEGER, BranchID INTEGER);
 CREATE TABLE tblDistributionPromoterProgram (ID INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -22,10 +20,6 @@ CREATE TABLE tblDistributionPromoterProgramDetail (
   ProgramID INTEGER NOT NULL REFERENCES tblDistributionPromoterProgram (ID),
   PromoterID INTEGER NOT NULL, FarsiVisitDate TEXT, VisitDate DATE,
   CustomerID INTEGER NOT NULL, Notes TEXT, Sequence INTEGER CHECK (Sequence < 1000));
-CREATE TABLE tblAccountDocumentDetail (DocumentID INTEGER, RowNumber INTEGER, BranchID INTEGER);
-CREATE TABLE tblAccountDocumentObjects (DocumentID INTEGER, RowNumber INTEGER, Sequence INTEGER,
-  ClassID INTEGER, ObjectID INTEGER);
-CREATE TABLE tblAccountRelatedClasses (AccountID INTEGER, ClassID INTEGER, Sequence INTEGER);
 CREATE TABLE tblZomirUserPermission (UserID INTEGER, FormPermissionID INTEGER);
 CREATE TABLE tblZomirFormAction (ID INTEGER PRIMARY KEY, EventID INTEGER, FormCode TEXT,
   FormTypeID INTEGER, Description TEXT, UserID INTEGER, EventDate DATE, FarsiEventDate TEXT,
@@ -38,11 +32,8 @@ INSERT INTO tblEmployee VALUES (7, 'یاسر'), (8, 'پروین'), (9, 'بهار
 INSERT INTO tblOrganization VALUES
   (5, '105', 'رضا', 'کاظمی', 'تهران', '0912', '021', NULL, 1),
   (6, '106', NULL, 'نیک‌پی', NULL, NULL, NULL, NULL, NULL);
-INSERT INTO tblZomirWorkActivity VALUES (1, 'سوپر');
-INSERT INTO tblDistributionRegion VALUES (1, 'شمال'), (2, NULL);
 INSERT INTO tblDistributionPath VALUES (11, 'مسیر ۱', 1), (12, 'مسیر ۲', 2);
 INSERT INTO tblDistributionOrganization VALUES (5, 11, 1), (6, 12, 1);
-INSERT INTO tblAccountRelatedClasses VALUES (70, 19, 3);
 INSERT INTO tblZomirUserPermission VALUES (1, 0), (2, 111);
 INSERT INTO tblDistributionPromoterProgram VALUES
   (1, '20250321', 'بهاره', NULL), (2, NULL, '', 2);
