@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "search/FormSearch.h"
@@ -47,6 +48,8 @@ class SearchTest : public testing::Test {
     form.txtID.SetText("1");
     form.cmdSearch.Click();
   }
+  /// The messages shown since they were asked for last.
+  std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
   std::vector<std::string> Row(int row) const {
     std::vector<std::string> texts;
     texts.reserve(static_cast<std::size_t>(form.flxSearch.Cols()));
