@@ -41,11 +41,10 @@ class ModuleTest : public testing::Test {
     Module().Control().SetOLEConnectionString("sqlite:" + file);
     LogIn(1);
   }
-  ~ModuleTest() override {
+  void TearDown() override {
     module_.reset();
     plain_.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
+    std::filesystem::remove_all(folder_);
   }
 
   class Module& Module() {

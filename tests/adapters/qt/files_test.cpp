@@ -66,23 +66,6 @@ TEST_F(FilesTest, TextFile_IsUtf16LittleEndianWithMarkAndCrLf) {
   EXPECT_EQ(Names(), QStringList{"list.txt"});
 }
 
-TEST_F(FilesTest, TextFile_LargerThanABlock_IsWhole) {
-  const QString line = QStringLiteral("برنامه 123 ").repeated(1000);
-  const QString longLine = line.repeated(20);  // longer than any block
-  QString expected;
-  const auto file = files_.CreateTextFile(PathOf("list.txt"));
-  for (const QString& text : {line, longLine, line, line, longLine, QString("end")}) {
-    file->Write(ToUtf8(text));
-    file->WriteLineBreak();
-    expected += text + "\r\n";
-  }
-  file->Close();
-  const QByteArray content = Content("list.txt");
-  EXPECT_EQ(QString::fromUtf16(reinterpret_cast<const char16_t*>(content.constData()),
-                               content.size() / 2),
-            expected);
-}
-
 TEST_F(FilesTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {
   Put("list.txt", "the old one, which is longer than the new one");
   {
@@ -92,9 +75,13 @@ TEST_F(FilesTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {
   EXPECT_EQ(Content("list.txt"), "the old one, which is longer than the new one");
   EXPECT_EQ(Names(), QStringList{"list.txt"}) << "nothing half is left";
   const auto file = files_.CreateTextFile(PathOf("list.txt"));
-  file->Write("n");
+  QByteArray expected("\xFF\xFE", 2);
+  for (const qsizetype length : {10'000, 1, 1'000'000, 3}) {  // within a block, and beyond any
+    file->Write(std::string(static_cast<std::size_t>(length), 'n'));
+    expected += QByteArray("n\0", 2).repeated(length);
+  }
   file->Close();
-  EXPECT_EQ(Content("list.txt"), QByteArray("\xFF\xFEn\0", 4));
+  EXPECT_EQ(Content("list.txt"), expected);
 }
 
 TEST_F(FilesTest, TextFile_ThatCannotBe_IsAClearError) {

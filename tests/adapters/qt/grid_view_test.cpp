@@ -125,9 +125,7 @@ TEST_F(GridViewTest, EmptyGrid_PaintedAndClicked_IsHarmless) {
   form.flx.SetRows(0);
   QCoreApplication::processEvents();
   Mouse(QEvent::MouseButtonPress, {60, 60});
-  Mouse(QEvent::MouseButtonRelease, {60, 60});
   Press(*view, Qt::Key_Down);
-  EXPECT_THAT(events, ElementsAre("down 1 0", "click"));
   EXPECT_EQ(form.flx.MouseRow(), 0);
   form.flx.SetCols(0);
   view->viewport()->repaint();

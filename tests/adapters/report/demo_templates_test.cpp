@@ -28,7 +28,7 @@ class DemoTemplates : public testing::Test {
     options.today = kToday;
     demo::CreateSampleOffice((folder / "office.db").string(), options);
   }
-  ~DemoTemplates() override { fs::remove_all(folder); }
+  void TearDown() override { fs::remove_all(folder); }
 
   /// The template as a program fills it whose working folder is the project's.
   FilledReport FillFor(const std::string& file, int program) {
