@@ -11,29 +11,27 @@ const std::string kLookup =
     "Select Top 1 DocumentID from tblAccountDocumentDetail Where FormID=40 and FormTypeID=3308";
 const Message kNotAllowed{"خطا", "شما مجاز به انجام اين عمليات نيستيد.", 0};
 
-/// A document viewer that notes what it is told: "UserID=1", "View(70)".
+/// A document viewer that notes what it is told: "UserID=1", "View 70".
 class FakeViewer : public platform::AutomationObject {
  public:
   FakeViewer(std::vector<std::string>& told, std::string refused)
       : told_(told), refused_(std::move(refused)) {}
   void Put(std::string_view member, const AutomationValue& value) override {
-    Note(member, std::string(member) + "=" + TextOf(value));
+    Note(member, "=", value);
   }
   AutomationValue Get(std::string_view /*member*/) override { return {}; }
   AutomationValue Call(std::string_view member,
                        std::span<const AutomationValue> arguments) override {
-    Note(member, std::string(member) + "(" + TextOf(arguments.front()) + ")");
+    Note(member, " ", arguments.front());
     return {};
   }
 
  private:
-  static std::string TextOf(const AutomationValue& value) {
-    if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
-    return std::get<std::string>(value);
-  }
-  void Note(std::string_view member, const std::string& line) {
+  void Note(std::string_view member, const std::string& mark, const AutomationValue& value) {
     if (member == refused_) throw platform::RuntimeError(438, "no such member");
-    told_.push_back(line);
+    const auto* number = std::get_if<std::int32_t>(&value);
+    told_.push_back(std::string(member) + mark +
+                    (number != nullptr ? std::to_string(*number) : std::get<std::string>(value)));
   }
   std::vector<std::string>& told_;
   std::string refused_;
@@ -71,10 +69,10 @@ TEST_F(DocumentLinkTest, Viewer_IsToldTheContextAndTheDocument) {
   EXPECT_THAT(outside.database.Log(),
               ElementsAre("spZomirHasPermission(@UserID=1, @FormPermissionID=303)", kLookup));
   EXPECT_THAT(told,
-              ElementsAre("UserID=1", "PositionID=2", "OLEConnectionString=office", "View(70)"));
+              ElementsAre("UserID=1", "PositionID=2", "OLEConnectionString=office", "View 70"));
   told.clear();
   form.cmdViewAccountDoc.Click();
-  EXPECT_EQ(told.back(), "View(-1)") << "opened too when there is none";
+  EXPECT_EQ(told.back(), "View -1") << "opened too when there is none";
   EXPECT_THAT(outside.launcher.started, IsEmpty());
   EXPECT_THAT(Said(), IsEmpty());
   outside.database.Refuse(303);
@@ -88,7 +86,7 @@ TEST_F(DocumentLinkTest, MissingViewer_IsRegisteredAndTriedOnceMore) {
   outside.launcher.onStart = [this] { Register(); };
   form.cmdViewAccountDoc.Click();
   EXPECT_THAT(outside.launcher.started, ElementsAre(command));
-  EXPECT_EQ(told.back(), "View(-1)");
+  EXPECT_EQ(told.back(), "View -1");
   EXPECT_THAT(Said(), IsEmpty());
 
   // Registration that does not help, and one that cannot even be started.
@@ -117,7 +115,7 @@ TEST_F(DocumentLinkTest, OtherFailures_AreIgnored) {
   EXPECT_EQ(outside.launcher.started.size(), 1U);
   Register("PositionID");
   form.cmdViewAccountDoc.Click();
-  EXPECT_THAT(told, ElementsAre("UserID=1", "OLEConnectionString=office", "View(-1)"));
+  EXPECT_THAT(told, ElementsAre("UserID=1", "OLEConnectionString=office", "View -1"));
   Register("View");
   form.cmdViewAccountDoc.Click();
   EXPECT_THAT(Said(), IsEmpty());
