@@ -48,6 +48,7 @@ class EditorTest : public testing::Test {
   }
   static platform::RowSet Groups(const std::vector<std::array<std::string, 3>>& groups) {
     std::vector<std::vector<support::Cell>> rows;
+    rows.reserve(groups.size());
     for (const auto& [promoter, day, notes] : groups) {
       rows.push_back({promoter, "نام " + promoter, "2025-04-21", day, notes, "25"});
     }
