@@ -104,6 +104,9 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void SetDetailColumns();
 
   // Opening.cpp
+  /// Loads on first use, and anew for another connection string: the selectors keep the one that
+  /// they were loaded with.
+  void LoadForContext();
   void ReadInstallDirectory();
   void ShowForm();
   void DisableComponents();
@@ -162,6 +165,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   std::unique_ptr<search::FormSearch> searchForm_;
   std::unique_ptr<tools::FormPrint> printForm_;
   std::string installDirectory_;
+  std::string loadedFor_;  // connection string
   Mode mode_ = Mode::kEmpty;
   std::int32_t lastSort_ = 0;
 };

@@ -38,15 +38,22 @@ void FormMain::ReadInstallDirectory() {
   rows.Close();
 }
 
-bool FormMain::ClearShow() {
+void FormMain::LoadForContext() {
+  const std::string& connectionString = module_.Context().connectionString;
+  if (Loaded() && loadedFor_ != connectionString) Unload();
   Load();
+  loadedFor_ = connectionString;
+}
+
+bool FormMain::ClearShow() {
+  LoadForContext();
   ShowEmpty();
   ShowForm();
   return false;
 }
 
 bool FormMain::View(std::int32_t inProgramID) {
-  Load();
+  LoadForContext();
   OpenProgram(inProgramID);
   ShowForm();
   return false;

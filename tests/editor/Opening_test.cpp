@@ -89,6 +89,17 @@ TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModal) {
   EXPECT_EQ(outside.screen.log.at(outside.screen.log.size() - 2), "show FormMain modal");
 }
 
+TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
+  form.View(40);
+  batch::FormAddBatch& dialog = form.BatchForm();
+  dialog.Load();
+  module.SetContext({.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "other"});
+  form.View(40);
+  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(3)) << "editor, batch form, editor";
+  EXPECT_TRUE(form.Visible());
+  EXPECT_FALSE(form.BatchForm().Loaded());
+}
+
 TEST_F(EditorTest, Load_ThatFails_IsTriedAgainByTheNextCall) {
   outside.database.FailAtCall(1, platform::RuntimeError(17, "server gone"));
   EXPECT_THROW(form.ClearShow(), platform::RuntimeError);
