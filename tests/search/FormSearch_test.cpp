@@ -65,7 +65,7 @@ TEST_F(SearchTest, Load_GivesTheSelectorsTheirViewsAndAnEmptyGrid) {
   }
 }
 
-TEST_F(SearchTest, Condition_OfEachFilterAloneAndOfAll_AsksNoQuestion) {
+TEST_F(SearchTest, Condition_OfEachFilterAlone_AsksNoQuestion) {
   const struct {
     std::function<void()> fill;
     std::string condition;
@@ -83,21 +83,7 @@ TEST_F(SearchTest, Condition_OfEachFilterAloneAndOfAll_AsksNoQuestion) {
       {[this] { form.txtDescription.SetText(" "); }, " and p.Notes like '% %'"},
       {[this] { form.datCreateDate.SetText("1404/02/01"); }, " and CreateDate = '20250421'"},
       {[this] { form.datVisit.SetText("1404/01/01"); }, " and VisitDate = '20250321'"},
-      {[this] { form.sltPromoter.Select(7); }, " and PromoterID = 7"},  // stays from here on
-      {[this] {
-         form.datVisit.SetText("1404/01/01");
-         form.datCreateDate.SetText("1404/02/01");
-         form.txtDescription.SetText("n");
-         form.sltBranch.Select(8);
-         form.sltCustomer.Select(6);
-         form.sltSupervisor.Select(4);
-         form.sltProgram.Select(3);
-         form.sltCreator.Select(2);
-         form.txtID.SetText("1");
-       },
-       " and ID = 1 and CreatorID = 2 and ProgramID = 3 and SupervisorID= 4 and PromoterID = 7 and "
-       "CustomerID = 6 and BranchID= 8 and p.Notes like '%n%' and CreateDate = '20250421' and "
-       "VisitDate = '20250321'"},
+      {[this] { form.sltPromoter.Select(7); }, " and PromoterID = 7"},  // last: it stays
   };
   for (const auto& c : cases) {
     form.cmdNewsearch.Click();
