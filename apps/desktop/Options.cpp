@@ -53,7 +53,7 @@ const char* HelpText() {
 
   --database FILE    a database file to work on, instead of the sample office
   --customers N      make the sample office with N customers (5000)
-  --user N           the user who works: 1 may do everything, 2 may only look (1)
+  --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR;
                      needs no display

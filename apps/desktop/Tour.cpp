@@ -143,12 +143,6 @@ void Tour::PressKey(controls::Control& control, Qt::Key key) {
   SendKey(KeyReceiver(Reach(control)), key, QString());
 }
 
-void Tour::Choose(controls::Selector& selector, const QString& typed) {
-  Type(selector, typed);
-  PressKey(selector, Qt::Key_Return);
-  Expect(selector.HasSelection(), "a selection in " + selector.Name());
-}
-
 void Tour::ClickCell(controls::FlexGrid& grid, int row, int col) {
   auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
   const QRect place = view.CellPlace(row, col);

@@ -12,7 +12,6 @@
 #include "controls/Controls.h"
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
-#include "controls/Selector.h"
 
 namespace desktop {
 
@@ -42,8 +41,6 @@ class Tour {
   void Click(controls::Button& button);
   void Type(controls::Control& control, const QString& typed);
   void PressKey(controls::Control& control, Qt::Key key);
-  /// Types what narrows the list to a row and takes it with Enter.
-  void Choose(controls::Selector& selector, const QString& typed);
   void ClickCell(controls::FlexGrid& grid, int row, int col);
   void DoubleClickCell(controls::FlexGrid& grid, int row, int col);
   void DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col);
