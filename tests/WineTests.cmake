@@ -1,0 +1,30 @@
+# Tests of the Windows build, run under Wine: tests/<folder>/*_test.cpp is one program and one test
+# of ctest, in a Wine prefix of its own, which starts empty.
+add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+foreach(library gtest gmock gtest_main)
+  # Not ours to warn about.
+  target_compile_options(${library} PRIVATE -w)
+endforeach()
+
+# promoter_wine_test(<name> COMMAND <program> <argument>...)
+function(promoter_wine_test name)
+  cmake_parse_arguments(ARG "" "" "COMMAND" ${ARGN})
+  set(prefix ${CMAKE_BINARY_DIR}/wine/${name})
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/under-wine --fresh ${prefix} ${ARG_COMMAND})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# promoter_wine_folder_test(<folder> DEPENDS <folder>... [LINK <target>...])
+function(promoter_wine_folder_test folder)
+  cmake_parse_arguments(ARG "" "" "DEPENDS;LINK" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+  string(REPLACE "/" "_" name ${folder})
+  add_executable(${name}_test ${sources})
+  foreach(dependency ${ARG_DEPENDS})
+    promoter_target_name(${dependency} target)
+    target_link_libraries(${name}_test PRIVATE ${target})
+  endforeach()
+  target_include_directories(${name}_test PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name}_test PRIVATE promoter_flags gtest gmock gtest_main ${ARG_LINK})
+  promoter_wine_test(${name}_test COMMAND $<TARGET_FILE:${name}_test>)
+endfunction()
