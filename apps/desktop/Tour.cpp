@@ -1,6 +1,7 @@
 #include "Tour.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -9,10 +10,17 @@
 #include <QTest>
 #include <cstdio>
 
+#include "adapters/qt/Convert.h"
 #include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/MessageDialog.h"
+#include "controls/FlexGrid.h"
 
 namespace desktop {
+
+using adapters::qt::ToQString;
+using adapters::qt::ToUtf8;
+using tour::Expect;
+using tour::Failure;
 
 namespace {
 
@@ -25,6 +33,31 @@ void SendKey(QWidget& widget, int key, const QString& text) {
   }
 }
 
+void ClickAt(QWidget& widget, const QPoint& place) {
+  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+Qt::Key QtKey(tour::Key key) {
+  using enum tour::Key;
+  switch (key) {
+    case kEnter:
+      return Qt::Key_Return;
+    case kEscape:
+      return Qt::Key_Escape;
+    case kUp:
+      return Qt::Key_Up;
+    case kDown:
+      return Qt::Key_Down;
+    case kEnd:
+      return Qt::Key_End;
+    case kBackspace:
+      return Qt::Key_Backspace;
+    case kF4:
+      return Qt::Key_F4;
+  }
+  return Qt::Key_unknown;
+}
+
 /// Where keys go: to an open list or month page first, as on a real screen.
 QWidget& KeyReceiver(QWidget& widget) {
   QWidget* popup = QApplication::activePopupWidget();
@@ -33,14 +66,13 @@ QWidget& KeyReceiver(QWidget& widget) {
 
 }  // namespace
 
-Tour::Tour(adapters::qt::QtScreen& screen, const QString& directory)
-    : screen_(screen), directory_(directory) {
+Tour::Tour(adapters::qt::QtScreen& screen, Stage stage, const QString& directory)
+    : screen_(screen),
+      stage_(std::move(stage)),
+      directory_(directory),
+      script_(tour::PlannersDay(*this)) {
   timer_.setSingleShot(true);
   QObject::connect(&timer_, &QTimer::timeout, [this] { Next(); });
-}
-
-void Tour::Add(std::string what, std::function<void()> act) {
-  steps_.push_back({std::move(what), std::move(act)});
 }
 
 void Tour::Start() {
@@ -53,17 +85,14 @@ void Tour::Start() {
 
 void Tour::Next() {
   if (failed_) return;
-  if (next_ == steps_.size()) {
+  if (script_.Ended()) {
     End();
     return;
   }
-  const Step& step = steps_[next_++];
-  std::printf("%2zu. %s\n", next_, step.what.c_str());
-  std::fflush(stdout);
   // Beforehand: the step may open a modal form, in whose loop the next one plays.
   timer_.start(kStepDelay);
   try {
-    step.act();
+    script_.PlayNext();
   } catch (const std::exception& error) {
     Fail(error.what());
   }
@@ -86,78 +115,74 @@ void Tour::Fail(const std::string& what) {
 
 QWidget& Tour::Dialog() const {
   QWidget* dialog = QApplication::activeModalWidget();
-  if (dialog == nullptr) throw TourFailure("expected a dialog");
+  if (dialog == nullptr) throw Failure("expected a dialog");
   return *dialog;
 }
 
-void Tour::SaveAs(const QString& fileName) {
-  auto& dialog = dynamic_cast<QFileDialog&>(Dialog());
-  auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
-  Expect(name != nullptr, "a place for the file's name");
-  name->setText(directory_.absoluteFilePath(fileName));
-  SendKey(*name, Qt::Key_Return, QString());
+controls::Form& Tour::FormOf(const std::string& name) const {
+  controls::Form* form = stage_.form(name);
+  if (form == nullptr) throw Failure("there is no " + name);
+  return *form;
 }
 
-void Tour::PictureOfDialog(const QString& name) {
-  QWidget& dialog = Dialog();
-  Expect(dynamic_cast<adapters::qt::MessageDialog*>(&dialog) == nullptr, "no message");
-  Save(dialog.grab(), name);
+controls::Control& Tour::ControlOf(const std::string& path) const {
+  std::size_t dot = path.find('.');
+  controls::Container* container = &FormOf(path.substr(0, dot));
+  while (container != nullptr && dot != std::string::npos) {
+    const std::size_t begin = dot + 1;
+    dot = path.find('.', begin);
+    controls::Control* control = container->FindControl(path.substr(begin, dot - begin));
+    if (control != nullptr && dot == std::string::npos) return *control;
+    container = dynamic_cast<controls::Container*>(control);
+  }
+  throw Failure("there is no " + path);
 }
 
-void Tour::CloseDialog() {
-  Dialog().close();
+controls::FlexGrid& Tour::GridOf(const std::string& path) const {
+  return dynamic_cast<controls::FlexGrid&>(ControlOf(path));
 }
 
-void Tour::Expect(bool holds, const std::string& what) {
-  if (!holds) throw TourFailure("expected " + what);
-}
-
-QWidget& Tour::Reach(controls::Control& control) {
-  QWidget* widget = screen_.WidgetOf(control);
-  if (widget == nullptr || !widget->isVisible())
-    throw TourFailure(control.Name() + " is not shown");
-  if (!widget->isEnabled()) throw TourFailure(control.Name() + " is disabled");
+QWidget& Tour::Reach(const std::string& path) {
+  QWidget* widget = screen_.WidgetOf(ControlOf(path));
+  if (widget == nullptr || !widget->isVisible()) throw Failure(path + " is not shown");
+  if (!widget->isEnabled()) throw Failure(path + " is disabled");
   const QWidget* modal = QApplication::activeModalWidget();
   if (modal != nullptr && modal != widget->window()) {
-    throw TourFailure(control.Name() + " is behind a modal window");
+    throw Failure(path + " is behind a modal window");
   }
   return *widget;
 }
 
-void Tour::ClickAt(QWidget& widget, const QPoint& place) {
-  QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
-}
-
-void Tour::Click(controls::Button& button) {
+void Tour::Click(const std::string& button) {
   QWidget& widget = Reach(button);
   ClickAt(widget, widget.rect().center());
 }
 
-void Tour::Type(controls::Control& control, const QString& typed) {
+void Tour::Type(const std::string& control, const std::string& text) {
   QWidget& widget = Reach(control);
   widget.setFocus(Qt::TabFocusReason);
-  for (const QChar& c : typed) SendKey(KeyReceiver(widget), Qt::Key_unknown, c);
+  for (const QChar& c : ToQString(text)) SendKey(KeyReceiver(widget), Qt::Key_unknown, c);
 }
 
-void Tour::PressKey(controls::Control& control, Qt::Key key) {
-  SendKey(KeyReceiver(Reach(control)), key, QString());
+void Tour::PressKey(const std::string& control, tour::Key key) {
+  SendKey(KeyReceiver(Reach(control)), QtKey(key), QString());
 }
 
-void Tour::ClickCell(controls::FlexGrid& grid, int row, int col) {
+void Tour::ClickCell(const std::string& grid, int row, int col) {
   auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
   const QRect place = view.CellPlace(row, col);
-  Expect(!place.isEmpty(), "a visible cell in " + grid.Name());
+  Expect(!place.isEmpty(), "a visible cell in " + grid);
   ClickAt(*view.viewport(), place.center());
 }
 
-void Tour::DoubleClickCell(controls::FlexGrid& grid, int row, int col) {
+void Tour::DoubleClickCell(const std::string& grid, int row, int col) {
   ClickCell(grid, row, col);
   auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
                      view.CellPlace(row, col).center());
 }
 
-void Tour::DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col) {
+void Tour::DragRows(const std::string& grid, int firstRow, int lastRow, int col) {
   auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
   // The block's frame is painted where the keyboard is.
   view.window()->activateWindow();
@@ -170,6 +195,12 @@ void Tour::DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col
                       view.CellPlace(lastRow, col).center());
 }
 
+void Tour::ResizeWindow(const std::string& form, double factor) {
+  QWidget* window = screen_.WindowOf(FormOf(form));
+  Expect(window != nullptr, "a window of " + form);
+  window->resize(window->size() * factor);
+}
+
 void Tour::AnswerMessage(int button) {
   auto* dialog = dynamic_cast<adapters::qt::MessageDialog*>(QApplication::activeModalWidget());
   Expect(dialog != nullptr, "a message");
@@ -178,15 +209,48 @@ void Tour::AnswerMessage(int button) {
   ClickAt(*buttons[button], buttons[button]->rect().center());
 }
 
-void Tour::ResizeWindow(controls::Form& form, double factor) {
-  QWidget* window = screen_.WindowOf(form);
-  Expect(window != nullptr, "a window of " + form.Name());
-  window->resize(window->size() * factor);
+void Tour::SaveAs(const std::string& fileName) {
+  auto& dialog = dynamic_cast<QFileDialog&>(Dialog());
+  auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+  Expect(name != nullptr, "a place for the file's name");
+  name->setText(directory_.absoluteFilePath(ToQString(fileName)));
+  SendKey(*name, Qt::Key_Return, QString());
 }
 
-void Tour::Picture(controls::Form& form, const QString& name) {
-  QWidget* base = screen_.WindowOf(form);
-  Expect(base != nullptr && base->isVisible(), "a window of " + form.Name());
+bool Tour::IsShown(const std::string& form) {
+  return FormOf(form).Visible();
+}
+
+bool Tour::IsEnabled(const std::string& control) {
+  const QWidget* widget = screen_.WidgetOf(ControlOf(control));
+  return widget != nullptr && widget->isEnabled();
+}
+
+std::string Tour::Text(const std::string& control) {
+  QWidget* widget = screen_.WidgetOf(ControlOf(control));
+  Expect(widget != nullptr, "a window with " + control);
+  if (const auto* combo = dynamic_cast<QComboBox*>(widget)) return ToUtf8(combo->currentText());
+  const auto* edit = dynamic_cast<QLineEdit*>(widget);
+  if (edit == nullptr) edit = widget->findChild<QLineEdit*>();
+  Expect(edit != nullptr, "a text in " + control);
+  return ToUtf8(edit->text());
+}
+
+int Tour::Rows(const std::string& grid) {
+  return GridOf(grid).Rows();
+}
+
+std::string Tour::CellText(const std::string& grid, int row, int col) {
+  return std::string(GridOf(grid).TextMatrix(row, col));
+}
+
+std::pair<int, int> Tour::BlockRows(const std::string& grid) {
+  return std::minmax({GridOf(grid).Row(), GridOf(grid).RowSel()});
+}
+
+void Tour::Picture(const std::string& form, const std::string& name) {
+  QWidget* base = screen_.WindowOf(FormOf(form));
+  Expect(base != nullptr && base->isVisible(), "a window of " + form);
   std::vector<QWidget*> shown{base};
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     const bool over = widget->windowType() == Qt::Popup || widget->windowType() == Qt::ToolTip ||
@@ -209,10 +273,18 @@ void Tour::Picture(controls::Form& form, const QString& name) {
   Save(picture, name);
 }
 
-void Tour::Save(const QPixmap& picture, const QString& name) {
-  const QString file = QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(name);
+void Tour::PictureAndCloseDialog(const std::string& name) {
+  QWidget& dialog = Dialog();
+  Expect(dynamic_cast<adapters::qt::MessageDialog*>(&dialog) == nullptr, "no message");
+  Save(dialog.grab(), name);
+  dialog.close();
+}
+
+void Tour::Save(const QPixmap& picture, const std::string& name) {
+  const QString file =
+      QString("%1-%2.png").arg(++pictures_, 2, 10, QChar('0')).arg(ToQString(name));
   if (!picture.save(directory_.filePath(file))) {
-    throw TourFailure("cannot write " + directory_.filePath(file).toStdString());
+    throw Failure("cannot write " + directory_.filePath(file).toStdString());
   }
 }
 

@@ -4,76 +4,68 @@
 #include <QString>
 #include <QTimer>
 #include <functional>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 #include "adapters/qt/QtScreen.h"
-#include "controls/Controls.h"
-#include "controls/DateBox.h"
-#include "controls/FlexGrid.h"
+#include "apps/tour/Script.h"
+#include "controls/Form.h"
 
 namespace desktop {
 
-/// Something on the screen was not as the tour's step expects it.
-class TourFailure : public std::runtime_error {
+/// Plays a planner's day through the real widgets, from the event loop, with mouse and keyboard
+/// events. Prints each step, saves pictures as numbered PNG files, and leaves the event loop at the
+/// end; the first step that fails ends the program.
+class Tour : public tour::Player {
  public:
-  using std::runtime_error::runtime_error;
-};
+  /// What the module is for the tour: its forms by name, null for one that it does not know, and
+  /// the control's View.
+  struct Stage {
+    std::function<controls::Form*(const std::string& name)> form;
+    std::function<void(std::int32_t program)> open;
+  };
+  Tour(adapters::qt::QtScreen& screen, Stage stage, const QString& directory);
 
-/// Plays steps through the real widgets, with mouse and keyboard events, one after the other from
-/// the event loop, so that a step may open a modal form and the next one works on it. Prints each
-/// step, saves pictures as numbered PNG files, and leaves the event loop at the end or at the first
-/// step that fails.
-class Tour {
- public:
-  Tour(adapters::qt::QtScreen& screen, const QString& directory);
-
-  /// `what` is printed before `act` runs.
-  void Add(std::string what, std::function<void()> act);
   /// The steps begin as soon as an event loop runs.
   void Start();
   /// Every step was played and none failed.
   bool Ended() const { return ended_; }
 
-  // What the steps are made of. All throw TourFailure when the widget cannot be reached by a user:
-  // hidden, disabled, or behind a modal window.
-  void Click(controls::Button& button);
-  void Type(controls::Control& control, const QString& typed);
-  void PressKey(controls::Control& control, Qt::Key key);
-  void ClickCell(controls::FlexGrid& grid, int row, int col);
-  void DoubleClickCell(controls::FlexGrid& grid, int row, int col);
-  void DragRows(controls::FlexGrid& grid, int firstRow, int lastRow, int col);
-  /// Names a file in the tour's folder in the Save As dialog that is up.
-  void SaveAs(const QString& fileName);
-  /// A modal window that belongs to no form: the preview, the document viewer.
-  void PictureOfDialog(const QString& name);
-  void CloseDialog();
-  /// Presses a button of the message dialog that is up: 0 is its first (yes, or the only one).
-  void AnswerMessage(int button);
-  void Expect(bool holds, const std::string& what);
-  void ResizeWindow(controls::Form& form, double factor);
-  /// The form's window with what lies over it: dialogs, lists, month pages.
-  void Picture(controls::Form& form, const QString& name);
+  void Click(const std::string& button) override;
+  void Type(const std::string& control, const std::string& text) override;
+  void PressKey(const std::string& control, tour::Key key) override;
+  void ClickCell(const std::string& grid, int row, int col) override;
+  void DoubleClickCell(const std::string& grid, int row, int col) override;
+  void DragRows(const std::string& grid, int firstRow, int lastRow, int col) override;
+  void ResizeWindow(const std::string& form, double factor) override;
+  void AnswerMessage(int button) override;
+  void SaveAs(const std::string& fileName) override;
+  void OpenProgram(std::int32_t id) override { stage_.open(id); }
+  bool IsShown(const std::string& form) override;
+  bool IsEnabled(const std::string& control) override;
+  std::string Text(const std::string& control) override;
+  int Rows(const std::string& grid) override;
+  std::string CellText(const std::string& grid, int row, int col) override;
+  std::pair<int, int> BlockRows(const std::string& grid) override;
+  void Picture(const std::string& form, const std::string& name) override;
+  void PictureAndCloseDialog(const std::string& name) override;
 
  private:
   void Next();
   void End();
   void Fail(const std::string& what);
-  QWidget& Reach(controls::Control& control);
+  controls::Form& FormOf(const std::string& name) const;
+  controls::Control& ControlOf(const std::string& path) const;
+  controls::FlexGrid& GridOf(const std::string& path) const;
+  /// The control's widget, if a user can reach it.
+  QWidget& Reach(const std::string& path);
   QWidget& Dialog() const;
-  void Save(const QPixmap& picture, const QString& name);
-  static void ClickAt(QWidget& widget, const QPoint& place);
+  void Save(const QPixmap& picture, const std::string& name);
 
   adapters::qt::QtScreen& screen_;
+  Stage stage_;
   QDir directory_;
   QTimer timer_;
-  struct Step {
-    std::string what;
-    std::function<void()> act;
-  };
-  std::vector<Step> steps_;
-  std::size_t next_ = 0;
+  tour::Script script_;
   int pictures_ = 0;
   bool ended_ = false;
   bool failed_ = false;

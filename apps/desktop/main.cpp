@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -13,7 +14,6 @@
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
-#include "TourSteps.h"
 #include "adapters/qt/Components.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/QtScreen.h"
@@ -123,6 +123,18 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options, const std::st
   return desktop.Module().Editor().Visible();
 }
 
+desktop::Tour::Stage StageOf(Desktop& desktop) {
+  editor::FormMain& editor = desktop.Module().Editor();
+  return {.form = [&editor](const std::string& name) -> controls::Form* {
+            controls::Form* const forms[] = {&editor, &editor.BatchForm(), &editor.SearchForm(),
+                                             &editor.SearchForm().TextFileForm(),
+                                             &editor.PrintForm()};
+            const auto* const found = std::ranges::find(forms, name, &controls::Form::Name);
+            return found == std::end(forms) ? nullptr : *found;
+          },
+          .open = [&desktop](std::int32_t program) { desktop.Module().Control().View(program); }};
+}
+
 int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
   const bool tour = !options.tourDirectory.empty();
@@ -142,8 +154,8 @@ int Run(QApplication& application, const desktop::Options& options) {
   if (!tour) return OpenEditor(desktop, options, database) ? application.exec() : EXIT_FAILURE;
 
   application.setQuitOnLastWindowClosed(false);
-  desktop::Tour play(desktop.Screen(), QString::fromStdString(options.tourDirectory));
-  desktop::AddSteps(play, desktop.Module());
+  desktop::Tour play(desktop.Screen(), StageOf(desktop),
+                     QString::fromStdString(options.tourDirectory));
   play.Start();
   if (!OpenEditor(desktop, options, database)) return EXIT_FAILURE;
   application.exec();

@@ -49,7 +49,8 @@ const Rules& ProjectRules() {
               // Makes its database through an adapter, and is told nothing of the module.
               {"demo", Words("text calendar platform adapters/*"), kAny},
               // Composition roots: the only ones that see both the module and the adapters.
-              {"apps/*", Words(plain + "tools batch search editor module adapters/* demo"), kAny},
+              {"apps/*",
+               Words(plain + "tools batch search editor module adapters/* demo apps/tour"), kAny},
           },
       .standardHeaders = Words(kStandardHeaders),
       .exceptions = {},
