@@ -1,0 +1,110 @@
+#include "adapters/windows/ControlWindow.h"
+
+namespace adapters::windows {
+
+using controls::Aspect;
+using controls::Change;
+using controls::Control;
+
+namespace {
+
+controls::Colour GroundOf(const Control& control) {
+  const controls::Container* container = &control.Parent();
+  while (const auto* frame = dynamic_cast<const controls::Frame*>(container)) {
+    if (frame->BorderStyle() == controls::Frame::Border::kLine) return controls::palette::kFrame;
+    container = &frame->Parent();
+  }
+  return controls::palette::kFormGround;
+}
+
+}  // namespace
+
+bool OfferKeyToForm(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_KEYDOWN:
+      if (wParam != VK_TAB && wParam != VK_RETURN && wParam != VK_ESCAPE) return false;
+      return SendMessageW(GetAncestor(window, GA_ROOT), kFormKeyDown, wParam, lParam) != 0;
+    case WM_CHAR:
+      // What TranslateMessage made of keys that the form has had already.
+      return wParam == L'\t' || wParam == L'\r' || wParam == 27;
+    case WM_SYSCHAR:
+      return SendMessageW(GetAncestor(window, GA_ROOT), kFormMnemonic, wParam, lParam) != 0;
+    default:
+      return false;
+  }
+}
+
+void ControlWindow::Follow(Control& control) {
+  SetName(kControlProperty, control.Name());
+  ground_ = GroundOf(control);
+  for (const Aspect aspect :
+       {Aspect::kBounds, Aspect::kColumns, Aspect::kItems, Aspect::kRows, Aspect::kText,
+        Aspect::kSelection, Aspect::kEnabled, Aspect::kVisible}) {
+    Apply(control, {aspect});
+  }
+  subscription_ =
+      control.Subscribe([this, &control](const Change& change) { Apply(control, change); });
+  // Where a frame stands decides how the edges in it are rounded.
+  if (auto* frame = dynamic_cast<controls::Frame*>(&control.Parent())) {
+    frameSubscription_ = frame->Subscribe([this, &control](const Change& change) {
+      if (change.aspect == Aspect::kBounds) Apply(control, change);
+    });
+  }
+}
+
+void ControlWindow::Apply(Control& control, const Change& change) {
+  if (Handle() == nullptr) return;
+  switch (change.aspect) {
+    case Aspect::kBounds: {
+      const RECT place = GetScale().Bounds(control);
+      SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      break;
+    }
+    case Aspect::kEnabled: {
+      // Windows leaves the focus with a window that is disabled, where it takes no keys.
+      const HWND focus = GetFocus();
+      const bool focused = focus != nullptr && (focus == Handle() || IsChild(Handle(), focus));
+      EnableWindow(Handle(), control.Enabled());
+      if (focused && !control.Enabled()) {
+        SendMessageW(GetAncestor(Handle(), GA_ROOT), kFormKeyDown, VK_TAB, 0);
+      }
+      Invalidate();
+      break;
+    }
+    case Aspect::kVisible:
+      ShowWindow(Handle(), control.Visible() ? SW_SHOWNA : SW_HIDE);
+      break;
+    default:
+      break;
+  }
+  Refresh(change);
+}
+
+LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_SYSCHAR:
+      if (OfferKeyToForm(Handle(), message, wParam, lParam)) return 0;
+      break;
+    case WM_GETDLGCODE:
+      // For a host that runs a dialog's keyboard over whatever window is active.
+      return DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS;
+    case WM_SETFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      const auto from = reinterpret_cast<HWND>(wParam);
+      if (from == nullptr || !IsChild(Handle(), from)) TellGotFocus();
+      return result;
+    }
+    case WM_GETFONT:
+      return reinterpret_cast<LRESULT>(Look().Font());
+    case WM_ERASEBKGND:
+      return 1;
+    default:
+      break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace adapters::windows

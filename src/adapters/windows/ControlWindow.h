@@ -1,0 +1,101 @@
+#pragma once
+
+#include "adapters/windows/Theme.h"
+#include "adapters/windows/Window.h"
+#include "controls/Controls.h"
+#include "platform/Clock.h"
+
+namespace adapters::windows {
+
+/// What every window needs besides its model. All of it outlives the windows.
+struct Surroundings {
+  ErrorGuard& guard;
+  const platform::Clock& clock;
+  const Theme& theme;
+};
+
+/// The tie between a control's model and its window: places the window and keeps it in step. The
+/// window must survive its model, because a form may unload itself from within an event of one of
+/// its own windows; after Detach() the model is not touched again.
+class ControlWindow : public Window {
+ public:
+  explicit ControlWindow(const Surroundings& surroundings)
+      : Window(surroundings.guard), surroundings_(surroundings) {}
+
+  virtual void Detach() = 0;
+  /// The window that the keyboard goes to; null for a control that takes no keys.
+  virtual HWND FocusTarget() const { return Handle(); }
+  /// Shows the whole model and follows it from now on.
+  void Follow(controls::Control& control);
+
+ protected:
+  /// Shows one aspect of the model. Bounds, enabled and visible are seen to already; kText,
+  /// kBounds, kItems, ... all come once at first. Also called for kEnabled and kVisible.
+  virtual void Refresh(const controls::Change& change) = 0;
+  /// The focus has arrived at this window or, from outside, at one inside it.
+  virtual void TellGotFocus() = 0;
+  void Unfollow() {
+    subscription_.Reset();
+    frameSubscription_.Reset();
+  }
+  const Surroundings& Around() const { return surroundings_; }
+  const Theme& Look() const { return surroundings_.theme; }
+  const Scale& GetScale() const { return surroundings_.theme.GetScale(); }
+  /// The colour around the control: that of its form or of the frame that it stands in.
+  controls::Colour Ground() const { return ground_; }
+  bool Enabled() const { return IsWindowEnabled(Handle()) != FALSE; }
+
+  /// Keys that no control has taken go to the form (tab, Enter, Esc, Alt with a letter); the focus
+  /// is told to the model; the font is answered.
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void Apply(controls::Control& control, const controls::Change& change);
+  Surroundings surroundings_;
+  controls::Colour ground_ = controls::palette::kFormGround;
+  controls::Subscription subscription_;
+  controls::Subscription frameSubscription_;
+};
+
+/// Gives a key or character message of a window that is part of a control to the form around it:
+/// tab, Enter, Esc, Alt with a letter. True when the message is used up. Call it for whatever the
+/// control itself has no use for; ControlWindow does so for its own window.
+bool OfferKeyToForm(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+/// What a form's window is sent by OfferKeyToForm: wParam and lParam of the key's message. Answers
+/// 1 when it used the key up.
+inline constexpr UINT kFormKeyDown = WM_APP + 1;
+inline constexpr UINT kFormMnemonic = WM_APP + 2;
+
+/// A window that shows `ModelType`. Derived classes make their window in the constructor, override
+/// Refresh and OnMessage, and call the model through Call.
+template <typename ModelType>
+class WindowOf : public ControlWindow {
+ public:
+  WindowOf(ModelType& model, const Surroundings& surroundings)
+      : ControlWindow(surroundings), model_(&model) {}
+
+  void Detach() override {
+    Unfollow();
+    model_ = nullptr;
+  }
+
+ protected:
+  /// Null once detached.
+  ModelType* Model() const { return model_; }
+  /// Runs action(model) under the error guard; does nothing once detached. Returns whether the
+  /// model is still there afterwards.
+  template <typename Action>
+  bool Call(Action&& action) {
+    if (model_) Guard().Run([&] { action(*model_); });
+    return model_ != nullptr;
+  }
+  void TellGotFocus() override {
+    Call([](ModelType& model) { model.GotFocus(); });
+  }
+
+ private:
+  ModelType* model_;
+};
+
+}  // namespace adapters::windows

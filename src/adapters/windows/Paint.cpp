@@ -1,0 +1,235 @@
+#include "adapters/windows/Paint.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace adapters::windows {
+
+using controls::Colour;
+
+namespace {
+
+/// The channel at `shift` of two colours mixed.
+unsigned Mixed(Colour under, Colour over, double share, unsigned shift) {
+  const double a = under >> shift & 0xFFU;
+  const double b = over >> shift & 0xFFU;
+  return static_cast<unsigned>(std::lround(a + (b - a) * share)) << shift;
+}
+
+double DistanceToSegment(double x, double y, Canvas::Point a, Canvas::Point b) {
+  const double dx = b.x - a.x;
+  const double dy = b.y - a.y;
+  const double length = dx * dx + dy * dy;
+  const double along =
+      length > 0 ? std::clamp(((x - a.x) * dx + (y - a.y) * dy) / length, 0.0, 1.0) : 0.0;
+  return std::hypot(x - a.x - along * dx, y - a.y - along * dy);
+}
+
+/// A bitmap of rows from top to bottom that both GDI and Canvas::Blend are quick with.
+HBITMAP MakeBitmap(HDC dc, int width, int height) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = std::max(width, 1);
+  info.bmiHeader.biHeight = -std::max(height, 1);
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  info.bmiHeader.biCompression = BI_RGB;
+  void* bits = nullptr;
+  return CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+}
+
+}  // namespace
+
+void Canvas::Fill(const RECT& area, Colour colour) const {
+  SetDCBrushColor(dc_, colour);
+  FillRect(dc_, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+void Canvas::Line(int fromX, int fromY, int toX, int toY, Colour colour) const {
+  Fill({fromX, fromY, std::max(toX, fromX + 1), std::max(toY, fromY + 1)}, colour);
+}
+
+void Canvas::Frame(const RECT& area, Colour colour, int width) const {
+  Fill({area.left, area.top, area.right, area.top + width}, colour);
+  Fill({area.left, area.bottom - width, area.right, area.bottom}, colour);
+  Fill({area.left, area.top, area.left + width, area.bottom}, colour);
+  Fill({area.right - width, area.top, area.right, area.bottom}, colour);
+}
+
+void Canvas::Blend(int x, int y, Colour colour, double share) const {
+  if (share <= 0) return;
+  const Colour under = GetPixel(dc_, x, y);
+  if (under == CLR_INVALID) return;
+  share = std::min(share, 1.0);
+  SetPixelV(dc_, x, y,
+            Mixed(under, colour, share, 0) | Mixed(under, colour, share, 8) |
+                Mixed(under, colour, share, 16));
+}
+
+void Canvas::RoundBox(const RECT& area, int radius, Colour fill, Colour line, int lineWidth) const {
+  radius = std::min({radius, static_cast<int>(area.right - area.left) / 2,
+                     static_cast<int>(area.bottom - area.top) / 2});
+  const auto corner = [&](int x, int y, double fromCentre) {
+    Blend(x, y, line, radius - fromCentre + 0.5);
+    Blend(x, y, fill, radius - lineWidth - fromCentre + 0.5);
+  };
+  for (int dy = 0; dy < radius; ++dy) {
+    for (int dx = 0; dx < radius; ++dx) {
+      const double fromCentre = std::hypot(radius - dx - 0.5, radius - dy - 0.5);
+      corner(area.left + dx, area.top + dy, fromCentre);
+      corner(area.right - 1 - dx, area.top + dy, fromCentre);
+      corner(area.left + dx, area.bottom - 1 - dy, fromCentre);
+      corner(area.right - 1 - dx, area.bottom - 1 - dy, fromCentre);
+    }
+  }
+  Fill({area.left + radius, area.top, area.right - radius, area.top + lineWidth}, line);
+  Fill({area.left + radius, area.bottom - lineWidth, area.right - radius, area.bottom}, line);
+  Fill({area.left, area.top + radius, area.left + lineWidth, area.bottom - radius}, line);
+  Fill({area.right - lineWidth, area.top + radius, area.right, area.bottom - radius}, line);
+  Fill({area.left + radius, area.top + lineWidth, area.right - radius, area.bottom - lineWidth},
+       fill);
+  Fill({area.left + lineWidth, area.top + radius, area.left + radius, area.bottom - radius}, fill);
+  Fill({area.right - radius, area.top + radius, area.right - lineWidth, area.bottom - radius},
+       fill);
+}
+
+void Canvas::Stroke(std::initializer_list<Point> points, double width, Colour colour) const {
+  if (points.size() == 0) return;
+  const auto [left, right] = std::minmax_element(
+      points.begin(), points.end(), [](const Point& a, const Point& b) { return a.x < b.x; });
+  const auto [top, bottom] = std::minmax_element(
+      points.begin(), points.end(), [](const Point& a, const Point& b) { return a.y < b.y; });
+  for (int y = static_cast<int>(top->y - width) - 1; y <= bottom->y + width + 1; ++y) {
+    for (int x = static_cast<int>(left->x - width) - 1; x <= right->x + width + 1; ++x) {
+      double nearest = width + 1;
+      for (const Point* at = points.begin(); at + 1 < points.end(); ++at) {
+        nearest = std::min(nearest, DistanceToSegment(x + 0.5, y + 0.5, at[0], at[1]));
+      }
+      Blend(x, y, colour, width / 2 - nearest + 0.5);
+    }
+  }
+}
+
+void Canvas::DropArrow(POINT centre, const Scale& scale, Colour colour) const {
+  const double unit = scale.Dpi() / 96.0;
+  const double x = centre.x;
+  const double y = centre.y;
+  Stroke({{x - 4 * unit, y - 2 * unit}, {x, y + 2 * unit}, {x + 4 * unit, y - 2 * unit}},
+         1.6 * unit, colour);
+}
+
+void Canvas::Text(std::wstring_view text, const RECT& area, const TextLook& look) const {
+  if (text.empty()) return;
+  const Selected font(dc_, look.font);
+  SetBkMode(dc_, TRANSPARENT);
+  SetTextColor(dc_, look.colour);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(dc_, &metrics);
+  const int height = area.bottom - area.top;
+  if (!look.wrapped) {
+    TextLine(text, area, area.top + (height - metrics.tmHeight) / 2, look);
+    return;
+  }
+  const std::vector<std::wstring> lines = WrapText(dc_, text, area.right - area.left);
+  const int whole = static_cast<int>(lines.size()) * metrics.tmHeight;
+  int top = area.top + std::max(0, (height - whole) / 2);
+  for (const std::wstring& line : lines) {
+    TextLine(line, area, top, look);
+    top += metrics.tmHeight;
+  }
+}
+
+void Canvas::TextLine(std::wstring_view line, const RECT& area, int top,
+                      const TextLook& look) const {
+  const std::wstring shown = Shortened(dc_, line, area.right - area.left);
+  UINT align = TA_TOP | TA_RIGHT;
+  int x = area.right;
+  if (look.across == Across::kCentre) {
+    align = TA_TOP | TA_CENTER;
+    x = (area.left + area.right) / 2;
+  } else if (look.across == Across::kLeft) {
+    align = TA_TOP | TA_LEFT;
+    x = area.left;
+  }
+  // The device contexts are not mirrored, so right is right; the reading order is told apart.
+  const UINT order = look.leftToRight ? 0 : ETO_RTLREADING;
+  SetTextAlign(dc_, align | (look.leftToRight ? 0 : TA_RTLREADING));
+  ExtTextOutW(dc_, x, top, order | ETO_CLIPPED, &area, shown.data(),
+              static_cast<UINT>(shown.size()), nullptr);
+  SetTextAlign(dc_, TA_TOP | TA_LEFT);
+}
+
+int TextWidth(HDC dc, std::wstring_view text) {
+  SIZE size{};
+  GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+std::wstring Shortened(HDC dc, std::wstring_view text, int width) {
+  if (TextWidth(dc, text) <= width) return std::wstring(text);
+  // The longest beginning that fits together with the dots.
+  std::size_t fits = 0;
+  std::size_t tooLong = text.size();
+  std::wstring shown;
+  while (fits + 1 < tooLong) {
+    const std::size_t middle = (fits + tooLong) / 2;
+    shown.assign(text.substr(0, middle)).append(L"…");
+    (TextWidth(dc, shown) <= width ? fits : tooLong) = middle;
+  }
+  shown.assign(text.substr(0, fits));
+  while (!shown.empty() && shown.back() == L' ') shown.pop_back();
+  return shown.append(L"…");
+}
+
+std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width) {
+  std::vector<std::wstring> lines(1);
+  std::size_t at = 0;
+  while (at < text.size()) {
+    const std::size_t end = std::min(text.find_first_of(L" \r\n", at), text.size());
+    const std::wstring_view word = text.substr(at, end - at);
+    std::wstring longer = lines.back();
+    if (!longer.empty() && !word.empty()) longer += L' ';
+    longer += word;
+    if (!lines.back().empty() && !word.empty() && TextWidth(dc, longer) > width) {
+      lines.emplace_back(word);
+    } else {
+      lines.back() = std::move(longer);
+    }
+    if (end < text.size() && text[end] == L'\n') lines.emplace_back();
+    at = end + 1;
+  }
+  return lines;
+}
+
+PaintSession::PaintSession(HWND window) : PaintSession(window, Begin(window)) {}
+
+PaintSession::Surface PaintSession::Begin(HWND window) {
+  Surface surface;
+  surface.target = BeginPaint(window, &surface.paint);
+  GetClientRect(window, &surface.area);
+  surface.memory = CreateCompatibleDC(surface.target);
+  surface.bitmap = MakeBitmap(surface.target, surface.area.right, surface.area.bottom);
+  surface.before = SelectObject(surface.memory, surface.bitmap);
+  return surface;
+}
+
+PaintSession::PaintSession(HWND window, const Surface& surface)
+    : Canvas(surface.memory),
+      window_(window),
+      paint_(surface.paint),
+      area_(surface.area),
+      target_(surface.target),
+      bitmap_(surface.bitmap),
+      before_(surface.before) {}
+
+PaintSession::~PaintSession() {
+  SelectClipRgn(Dc(), nullptr);
+  const RECT& dirty = paint_.rcPaint;
+  BitBlt(target_, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top, Dc(),
+         dirty.left, dirty.top, SRCCOPY);
+  SelectObject(Dc(), before_);
+  DeleteDC(Dc());
+  EndPaint(window_, &paint_);
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,176 @@
+#include "adapters/windows/Window.h"
+
+#include <utility>
+
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+#include "platform/RuntimeError.h"
+
+// Set by the linker: where the module of this code begins, which is its HINSTANCE.
+extern "C" IMAGE_DOS_HEADER __ImageBase;
+
+namespace adapters::windows {
+
+namespace {
+
+constexpr wchar_t kClassName[] = L"PromoterWindow";
+constexpr wchar_t kObjectProperty[] = L"PromoterObject";
+
+/// Windows keeps classes by module. A library has to take its class back before it is unloaded,
+/// which is when the statics of a module are destroyed: hence this one object for the module.
+class WindowClass {
+ public:
+  explicit WindowClass(WNDPROC procedure) {
+    WNDCLASSEXW description{};
+    description.cbSize = sizeof description;
+    description.style = CS_DBLCLKS;
+    description.lpfnWndProc = procedure;
+    description.hInstance = Window::Instance();
+    description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    description.lpszClassName = kClassName;
+    RegisterClassExW(&description);
+  }
+  ~WindowClass() { UnregisterClassW(kClassName, Window::Instance()); }
+  WindowClass(const WindowClass&) = delete;
+  WindowClass& operator=(const WindowClass&) = delete;
+};
+
+/// The window that a message to a parent speaks about; null when it is about none.
+HWND Subject(UINT message, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORLISTBOX:
+    case WM_CTLCOLORBTN:
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+      return reinterpret_cast<HWND>(lParam);
+    case WM_DRAWITEM:
+      return reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem;
+    case WM_NOTIFY:
+      return reinterpret_cast<const NMHDR*>(lParam)->hwndFrom;
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+Window::~Window() {
+  if (handle_ == nullptr) return;
+  const HWND handle = handle_;
+  // What is derived from this is gone already: Windows' own procedure sees the window off.
+  Forget();
+  DestroyWindow(handle);
+}
+
+HINSTANCE Window::Instance() {
+  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
+
+const wchar_t* Window::ClassName() {
+  static const WindowClass registered(&Window::Procedure);
+  return kClassName;
+}
+
+Window* Window::Of(HWND handle) {
+  return handle == nullptr ? nullptr : static_cast<Window*>(GetPropW(handle, kObjectProperty));
+}
+
+void Window::Create(const WindowPlan& plan) {
+  const RECT& place = plan.place;
+  CreateWindowExW(plan.extendedStyle, ClassName(), plan.text.c_str(), plan.style, place.left,
+                  place.top, place.right - place.left, place.bottom - place.top, plan.parent,
+                  nullptr, Instance(), this);
+  if (handle_ == nullptr) {
+    throw platform::RuntimeError(7, SystemText(HRESULT_FROM_WIN32(GetLastError())));
+  }
+}
+
+void Window::CreateStandard(const wchar_t* standardClass, const WindowPlan& plan) {
+  const RECT& place = plan.place;
+  const HWND handle =
+      CreateWindowExW(plan.extendedStyle, standardClass, plan.text.c_str(), plan.style, place.left,
+                      place.top, place.right - place.left, place.bottom - place.top, plan.parent,
+                      nullptr, Instance(), nullptr);
+  if (handle == nullptr) {
+    throw platform::RuntimeError(7, SystemText(HRESULT_FROM_WIN32(GetLastError())));
+  }
+  Adopt(handle);
+  standard_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Window::Procedure)));
+}
+
+void Window::Adopt(HWND handle) {
+  handle_ = handle;
+  SetWindowLongPtrW(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  SetPropW(handle, kObjectProperty, this);
+}
+
+void Window::Forget() {
+  const HWND handle = std::exchange(handle_, nullptr);
+  RemovePropW(handle, kObjectProperty);
+  if (nameProperty_ != nullptr) {
+    const HANDLE atom = RemovePropW(handle, nameProperty_);
+    GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
+  }
+  SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
+  if (standard_ != nullptr) {
+    SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
+  }
+}
+
+void Window::SetName(const wchar_t* property, std::string_view name) {
+  if (nameProperty_ != nullptr) return;
+  nameProperty_ = property;
+  const ATOM atom = GlobalAddAtomW(Wide(name).c_str());
+  SetPropW(handle_, property, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
+}
+
+LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    if (creation->lpCreateParams != nullptr) {
+      static_cast<Window*>(creation->lpCreateParams)->Adopt(handle);
+    }
+  }
+  auto* const window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
+  if (window == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
+  LRESULT result = 0;
+  window->guard_.Run([&] { result = window->Dispatch(message, wParam, lParam); });
+  if (message == WM_NCDESTROY && window->handle_ == handle) window->Forget();
+  return result;
+}
+
+LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (Window* subject = Of(Subject(message, lParam)); subject != nullptr && subject != this) {
+    LRESULT result = 0;
+    if (subject->OnParentMessage(message, wParam, lParam, result)) return result;
+  }
+  return OnMessage(message, wParam, lParam);
+}
+
+LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  return Default(message, wParam, lParam);
+}
+
+LRESULT Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (handle_ == nullptr) return 0;
+  if (standard_ != nullptr) return CallWindowProcW(standard_, handle_, message, wParam, lParam);
+  return DefWindowProcW(handle_, message, wParam, lParam);
+}
+
+bool Window::OnParentMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/,
+                             LRESULT& /*result*/) {
+  return false;
+}
+
+std::string NameOf(HWND handle, const wchar_t* property) {
+  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(handle, property)));
+  if (atom == 0) return {};
+  wchar_t name[256];
+  return Utf8({name, GlobalGetAtomNameW(atom, name, 256)});
+}
+
+}  // namespace adapters::windows

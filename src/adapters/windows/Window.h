@@ -1,0 +1,79 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "adapters/windows/ErrorGuard.h"
+
+namespace adapters::windows {
+
+/// What a new window is made of. Places are pixels; a child's are its parent's.
+struct WindowPlan {
+  DWORD style = 0;
+  DWORD extendedStyle = 0;
+  HWND parent = nullptr;  // or owner; HWND_MESSAGE for one that nobody sees
+  RECT place{};
+  std::wstring text{};
+};
+
+/// A window of Windows whose messages go to this object, each under the error guard. The window
+/// goes with the object; when it goes first (with its parent or owner) the object forgets it and
+/// Handle() is null. The object must not end while one of its messages is under way: see
+/// ErrorGuard::Depth().
+class Window {
+ public:
+  explicit Window(ErrorGuard& guard) : guard_(guard) {}
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  HWND Handle() const { return handle_; }
+  /// The object behind a handle; null for a window of somebody else.
+  static Window* Of(HWND handle);
+  /// The module (library or program) that this code is part of; its windows' classes are its own.
+  static HINSTANCE Instance();
+
+  /// Names the window for automation: a property of that name holds the global atom of `name` until
+  /// the window is destroyed.
+  void SetName(const wchar_t* property, std::string_view name);
+  void Invalidate() const {
+    if (handle_ != nullptr) InvalidateRect(handle_, nullptr, FALSE);
+  }
+
+ protected:
+  /// Makes the window; call it in the most derived constructor. Throws RuntimeError 7 when Windows
+  /// refuses.
+  void Create(const WindowPlan& plan);
+  /// Makes a standard control ("EDIT") instead and sees its messages before it does.
+  void CreateStandard(const wchar_t* standardClass, const WindowPlan& plan);
+  /// A message. What it does not handle goes to Default().
+  virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+  /// What Windows tells the parent about this window: WM_COMMAND, WM_DRAWITEM, WM_MEASUREITEM,
+  /// WM_CTLCOLOR... Returns false to leave it to the parent.
+  virtual bool OnParentMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+  ErrorGuard& Guard() const { return guard_; }
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
+  static const wchar_t* ClassName();
+  LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
+  void Adopt(HWND handle);
+  void Forget();
+
+  ErrorGuard& guard_;
+  HWND handle_ = nullptr;
+  WNDPROC standard_ = nullptr;  // of a standard control
+  const wchar_t* nameProperty_ = nullptr;
+};
+
+/// The name that SetName gave a window; empty where there is none.
+std::string NameOf(HWND handle, const wchar_t* property);
+
+/// The properties that carry the names of forms' and controls' windows.
+inline constexpr wchar_t kFormProperty[] = L"PromoterForm";
+inline constexpr wchar_t kControlProperty[] = L"PromoterControl";
+
+}  // namespace adapters::windows
