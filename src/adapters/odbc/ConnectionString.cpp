@@ -1,0 +1,339 @@
+#include "adapters/odbc/ConnectionString.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "platform/RuntimeError.h"
+#include "text/Text.h"
+
+namespace adapters::odbc {
+
+namespace {
+
+/// ADO's number for a provider that cannot be found.
+constexpr std::int32_t kProviderNotFound = 3706;
+
+/// One `key=value` of a connection string.
+struct Word {
+  std::string key;           ///< folded
+  std::string value;         ///< without quotes or braces, doubled ones single
+  std::string_view written;  ///< the value as it stands in the string
+};
+
+using Words = std::vector<Word>;
+
+/// How the two kinds of string set a value in quotes.
+enum class Syntax { kOleDb, kOdbc };
+
+class WordReader {
+ public:
+  WordReader(std::string_view text, Syntax syntax) : rest_(text), syntax_(syntax) {}
+
+  Words Run() {
+    Words words;
+    for (;;) {
+      rest_.remove_prefix(std::min(rest_.find_first_not_of("; \t\r\n"), rest_.size()));
+      if (rest_.empty()) return words;
+      Word word;
+      word.key = Key();
+      const std::string_view from = rest_;
+      Value(word.value);
+      rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
+      word.written = from.substr(0, from.size() - rest_.size());
+      words.push_back(std::move(word));
+    }
+  }
+
+ private:
+  /// Up to the "=", which is skipped with the blanks behind it. In an OLE DB string a doubled "="
+  /// belongs to the key.
+  std::string Key() {
+    std::string key;
+    while (!rest_.empty() && rest_.front() != ';') {
+      const char c = rest_.front();
+      rest_.remove_prefix(1);
+      if (c == '=') {
+        if (syntax_ == Syntax::kOdbc || !rest_.starts_with('=')) {
+          rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
+          break;
+        }
+        rest_.remove_prefix(1);
+      }
+      key += c;
+    }
+    return Folded(key);
+  }
+
+  void Value(std::string& value) {
+    const char first = rest_.empty() ? '\0' : rest_.front();
+    if (syntax_ == Syntax::kOdbc && first == '{') return Quoted('}', value);
+    if (syntax_ == Syntax::kOleDb && (first == '"' || first == '\'')) return Quoted(first, value);
+    value = text::Trim(rest_.substr(0, rest_.find(';')));
+    rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
+  }
+
+  void Quoted(char close, std::string& value) {
+    rest_.remove_prefix(1);
+    while (!rest_.empty()) {
+      const char c = rest_.front();
+      rest_.remove_prefix(1);
+      if (c == close) {
+        if (!rest_.starts_with(close)) return;
+        rest_.remove_prefix(1);
+      }
+      value += c;
+    }
+  }
+
+  std::string_view rest_;
+  Syntax syntax_;
+};
+
+/// The value of the first of `keys` that is there. In an OLE DB string the last word of a key
+/// counts, in an ODBC string the first.
+const Word* Find(const Words& words, std::initializer_list<std::string_view> keys, Syntax syntax) {
+  const auto matches = [&](const Word& word) {
+    return std::find(keys.begin(), keys.end(), word.key) != keys.end();
+  };
+  if (syntax == Syntax::kOdbc) {
+    const auto found = std::find_if(words.begin(), words.end(), matches);
+    return found == words.end() ? nullptr : &*found;
+  }
+  const auto found = std::find_if(words.rbegin(), words.rend(), matches);
+  return found == words.rend() ? nullptr : &*found;
+}
+
+bool NamesProvider(const Words& words) {
+  return Find(words, {"provider"}, Syntax::kOleDb) != nullptr;
+}
+
+/// A string is OLE DB's when it names a provider however it is read: a password in quotes or
+/// braces may hold anything.
+Syntax SyntaxOf(std::string_view text) {
+  return NamesProvider(WordReader(text, Syntax::kOleDb).Run()) &&
+                 NamesProvider(WordReader(text, Syntax::kOdbc).Run())
+             ? Syntax::kOleDb
+             : Syntax::kOdbc;
+}
+
+bool IsPasswordKey(std::string_view key) {
+  return key.ends_with("password") || key.ends_with("pwd");
+}
+
+std::string Braced(std::string_view value) {
+  return "{" + text::Replace(value, "}", "}}") + "}";
+}
+
+/// A value as an ODBC string must write it.
+std::string OdbcValue(std::string_view value) {
+  const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos &&
+                     text::Trim(value) == value;
+  return plain ? std::string(value) : Braced(value);
+}
+
+bool IsYes(std::string_view value) {
+  const std::string folded = Folded(value);
+  return folded == "yes" || folded == "true" || folded == "sspi" || folded == "mandatory" ||
+         folded == "strict" || folded == "1";
+}
+
+/// Data Source taken apart: "tcp:host\instance,port".
+struct Address {
+  std::string host;
+  std::string instance;
+  std::string port;
+};
+
+Address AddressOf(std::string_view source) {
+  Address address;
+  if (Folded(source.substr(0, 4)) == "tcp:") source.remove_prefix(4);
+  if (const std::size_t comma = source.rfind(','); comma != std::string_view::npos) {
+    address.port = text::Trim(source.substr(comma + 1));
+    source = source.substr(0, comma);
+  }
+  // A name that begins so is a pipe's, with no instance in it.
+  if (const std::size_t slash = source.find('\\'); slash != std::string_view::npos && slash > 0) {
+    address.instance = text::Trim(source.substr(slash + 1));
+    source = source.substr(0, slash);
+  }
+  address.host = text::Trim(source);
+  if (address.host == "." || Folded(address.host) == "(local)") address.host = "localhost";
+  return address;
+}
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw platform::RuntimeError(kProviderNotFound, why, "ODBC");
+}
+
+/// The ODBC words of an OLE DB string, one after the other.
+class Translation {
+ public:
+  Translation(const Words& words, std::string driver, bool isFreeTds)
+      : words_(words), isFreeTds_(isFreeTds), result_("DRIVER=" + Braced(driver)) {}
+
+  std::string Run() {
+    PutServer();
+    Copy("DATABASE", {"initialcatalog", "database"});
+    if (const Word* trusted = Get({"integratedsecurity", "trusted_connection"});
+        trusted != nullptr && IsYes(trusted->value)) {
+      Put("Trusted_Connection", "yes");
+    } else {
+      Copy("UID", {"userid", "uid", "user", "username"});
+      Copy("PWD", {"password", "pwd"});
+    }
+    Copy("APP", {"applicationname", "app"});
+    Copy("WSID", {"workstationid", "wsid"});
+    Copy("LANGUAGE", {"currentlanguage", "language"});
+    Copy("ApplicationIntent", {"applicationintent"});
+    PutEncryption();
+    if (isFreeTds_) {
+      Copy("PacketSize", {"packetsize"});
+      Put("TDS_Version", "7.4");
+      Put("ClientCharset", "UTF-8");
+    }
+    return std::move(result_);
+  }
+
+ private:
+  const Word* Get(std::initializer_list<std::string_view> keys) const {
+    return Find(words_, keys, Syntax::kOleDb);
+  }
+  void Put(std::string_view key, std::string_view value) {
+    result_.append(";").append(key).append("=").append(OdbcValue(value));
+  }
+  void Copy(std::string_view key, std::initializer_list<std::string_view> keys) {
+    if (const Word* const word = Get(keys); word != nullptr && !word->value.empty()) {
+      Put(key, word->value);
+    }
+  }
+
+  /// FreeTDS wants the port apart, and none with an instance; a port makes an instance's name
+  /// needless for both drivers.
+  void PutServer() {
+    const Word* const source = Get({"datasource", "server", "address", "addr", "networkaddress"});
+    const Address address = source == nullptr ? Address{} : AddressOf(source->value);
+    if (address.host.empty()) {
+      Refuse(
+          "در رشته اتصال نام سرور نيست. The connection string names no server (Data Source=...).");
+    }
+    std::string server = address.host;
+    const bool byInstance = address.port.empty() && !address.instance.empty();
+    if (byInstance) server += "\\" + address.instance;
+    if (!isFreeTds_ && !address.port.empty()) server += "," + address.port;
+    // Commas need no braces in this one value.
+    result_ +=
+        ";SERVER=" + (server.find_first_of(";{}=") == std::string::npos ? server : Braced(server));
+    if (isFreeTds_ && !byInstance) Put("PORT", address.port.empty() ? "1433" : address.port);
+  }
+
+  /// OLE DB encrypts when asked; Microsoft's newer drivers unless told otherwise.
+  void PutEncryption() {
+    const Word* const wish = Get({"useencryptionfordata", "encrypt"});
+    const bool wanted = wish != nullptr && IsYes(wish->value);
+    if (isFreeTds_) {
+      if (wanted) Put("Encryption", "require");
+      return;
+    }
+    Put("Encrypt", wanted ? "yes" : "no");
+    const Word* const trust = Get({"trustservercertificate"});
+    if (trust != nullptr && IsYes(trust->value)) Put("TrustServerCertificate", "yes");
+  }
+
+  const Words& words_;
+  bool isFreeTds_;
+  std::string result_;
+};
+
+std::string FromOleDb(const Words& words, const Installed& installed) {
+  const std::string& written = Find(words, {"provider"}, Syntax::kOleDb)->value;
+  const std::string provider = Folded(written);
+  if (!provider.starts_with("sqloledb") && !provider.starts_with("sqlncli") &&
+      !provider.starts_with("msoledbsql")) {
+    Refuse("رشته اتصال Provider ديگري دارد. The provider '" + written +
+           "' is not one of SQL Server's (SQLOLEDB, SQLNCLI11, MSOLEDBSQL).");
+  }
+  const std::string driver = SqlServerDriver(installed);
+  if (driver.empty()) {
+    Refuse(
+        "درايور ODBC براي SQL Server نصب نيست. No ODBC driver for SQL Server is installed. Install "
+        "the package tdsodbc (FreeTDS) or Microsoft's msodbcsql18.");
+  }
+  return Translation(words, driver, IsFreeTds(driver, installed)).Run();
+}
+
+std::string FromOdbc(std::string_view text, const Words& words, const Installed& installed) {
+  const Word* const driver = Find(words, {"driver"}, Syntax::kOdbc);
+  const Word* const source = Find(words, {"dsn"}, Syntax::kOdbc);
+  if (driver == nullptr && source == nullptr &&
+      Find(words, {"filedsn"}, Syntax::kOdbc) == nullptr) {
+    Refuse(
+        "رشته اتصال نه Driver دارد، نه DSN و نه Provider. The connection string names nothing to "
+        "connect to (Driver=, DSN= or Provider=).");
+  }
+  std::string result(text);
+  const bool isFreeTds = driver != nullptr
+                             ? IsFreeTds(driver->value, installed)
+                             : source != nullptr && IsFreeTdsSource(source->value, installed);
+  if (!isFreeTds) return result;
+  const auto add = [&](std::string_view key, std::string_view word) {
+    if (Find(words, {Folded(key)}, Syntax::kOdbc) != nullptr) return;
+    if (!result.ends_with(';')) result += ';';
+    result.append(key).append("=").append(word);
+  };
+  add("TDS_Version", "7.4");
+  add("ClientCharset", "UTF-8");
+  return result;
+}
+
+}  // namespace
+
+std::string OdbcConnectionString(std::string_view connectionString) {
+  return OdbcConnectionString(connectionString, ReadInstalled());
+}
+
+std::string OdbcConnectionString(std::string_view connectionString, const Installed& installed) {
+  const Syntax syntax = SyntaxOf(connectionString);
+  const Words words = WordReader(connectionString, syntax).Run();
+  return syntax == Syntax::kOleDb ? FromOleDb(words, installed)
+                                  : FromOdbc(connectionString, words, installed);
+}
+
+std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionString) {
+  if (SyntaxOf(connectionString) == Syntax::kOdbc) return std::nullopt;
+  const Words words = WordReader(connectionString, Syntax::kOleDb).Run();
+  const Word* const word =
+      Find(words, {"connecttimeout", "connectiontimeout", "timeout"}, Syntax::kOleDb);
+  int seconds = 0;
+  if (word != nullptr) {
+    std::from_chars(word->value.data(), word->value.data() + word->value.size(), seconds);
+  }
+  if (seconds <= 0) return std::nullopt;
+  return std::chrono::seconds(seconds);
+}
+
+std::string WithoutPassword(std::string_view connectionString) {
+  std::string result;
+  const char* from = connectionString.data();
+  for (const Word& word : WordReader(connectionString, SyntaxOf(connectionString)).Run()) {
+    if (!IsPasswordKey(word.key) || word.written.empty()) continue;
+    result.append(from, word.written.data()).append("***");
+    from = word.written.data() + word.written.size();
+  }
+  return result.append(from, connectionString.data() + connectionString.size());
+}
+
+std::vector<std::string> Passwords(std::string_view connectionString) {
+  std::vector<std::string> passwords;
+  for (const Word& word : WordReader(connectionString, SyntaxOf(connectionString)).Run()) {
+    if (!IsPasswordKey(word.key) || word.value.empty()) continue;
+    passwords.push_back(word.value);
+    passwords.push_back(Braced(word.value));
+    passwords.emplace_back(text::Trim(word.written));
+  }
+  std::sort(passwords.begin(), passwords.end(),
+            [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
+  return passwords;
+}
+
+}  // namespace adapters::odbc
