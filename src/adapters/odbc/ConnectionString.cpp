@@ -70,17 +70,18 @@ class WordReader {
     if (syntax_ == Syntax::kOdbc && first == '{') return Quoted('}', value);
     if (syntax_ == Syntax::kOleDb && (first == '"' || first == '\'')) return Quoted(first, value);
     value = text::Trim(rest_.substr(0, rest_.find(';')));
-    rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
   }
 
+  /// A closing mark doubled is itself. FreeTDS takes one for itself too that no ";" follows.
   void Quoted(char close, std::string& value) {
     rest_.remove_prefix(1);
     while (!rest_.empty()) {
       const char c = rest_.front();
       rest_.remove_prefix(1);
       if (c == close) {
-        if (!rest_.starts_with(close)) return;
-        rest_.remove_prefix(1);
+        const std::size_t next = rest_.find_first_not_of(' ');
+        if (next == std::string_view::npos || rest_[next] == ';') return;
+        if (rest_.front() == close) rest_.remove_prefix(1);
       }
       value += c;
     }
@@ -123,13 +124,6 @@ bool IsPasswordKey(std::string_view key) {
 
 std::string Braced(std::string_view value) {
   return "{" + text::Replace(value, "}", "}}") + "}";
-}
-
-/// A value as an ODBC string must write it.
-std::string OdbcValue(std::string_view value) {
-  const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos &&
-                     text::Trim(value) == value;
-  return plain ? std::string(value) : Braced(value);
 }
 
 bool IsYes(std::string_view value) {
@@ -200,7 +194,21 @@ class Translation {
     return Find(words_, keys, Syntax::kOleDb);
   }
   void Put(std::string_view key, std::string_view value) {
-    result_.append(";").append(key).append("=").append(OdbcValue(value));
+    result_.append(";").append(key).append("=").append(Written(key, value));
+  }
+  /// FreeTDS ends a value in braces at "};" and knows no doubled ones.
+  std::string Written(std::string_view key, std::string_view value) const {
+    const bool plain = value.find_first_of("[]{}(),;?*=!@\"'") == std::string_view::npos &&
+                       text::Trim(value) == value;
+    if (plain) return std::string(value);
+    if (!isFreeTds_) return Braced(value);
+    if (value.find("};") != std::string_view::npos) {
+      Refuse(
+          "در رشته اتصال مقداري هست كه FreeTDS نمي پذيرد. FreeTDS cannot be given a value with "
+          "\"};\" in it (" +
+          std::string(key) + ").");
+    }
+    return "{" + std::string(value) + "}";
   }
   void Copy(std::string_view key, std::initializer_list<std::string_view> keys) {
     if (const Word* const word = Get(keys); word != nullptr && !word->value.empty()) {
@@ -283,6 +291,7 @@ std::string FromOdbc(std::string_view text, const Words& words, const Installed&
   };
   add("TDS_Version", "7.4");
   add("ClientCharset", "UTF-8");
+  if (result.ends_with('}')) result += ';';  // or FreeTDS takes the brace for a part of the value
   return result;
 }
 
@@ -328,7 +337,7 @@ std::vector<std::string> Passwords(std::string_view connectionString) {
   for (const Word& word : WordReader(connectionString, SyntaxOf(connectionString)).Run()) {
     if (!IsPasswordKey(word.key) || word.value.empty()) continue;
     passwords.push_back(word.value);
-    passwords.push_back(Braced(word.value));
+    passwords.push_back(text::Replace(word.value, "}", "}}"));
     passwords.emplace_back(text::Trim(word.written));
   }
   std::sort(passwords.begin(), passwords.end(),

@@ -22,7 +22,7 @@ bool IsTimeOut(const Diagnostic& diagnostic) {
 }
 
 bool IsAboutTheConnection(const Diagnostic& diagnostic) {
-  return diagnostic.state.starts_with("08") || diagnostic.state == "HYT01";
+  return diagnostic.state.starts_with("08");
 }
 
 /// 28000 is the state of a refused login; the numbers are the server's for a database that it
@@ -133,8 +133,10 @@ Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
 }
 
 Fault StatementFault(const Diagnostics& diagnostics, bool connectionDead) {
-  if (connectionDead || AnyOf(diagnostics, IsAboutTheConnection)) return Fault::kLost;
-  return AnyOf(diagnostics, IsTimeOut) ? Fault::kSilent : Fault::kStatement;
+  if (AnyOf(diagnostics, IsAboutTheConnection)) return Fault::kLost;
+  // First of the two: a driver may give the connection up itself when a statement's time is over.
+  if (AnyOf(diagnostics, IsTimeOut)) return Fault::kSilent;
+  return connectionDead ? Fault::kLost : Fault::kStatement;
 }
 
 Fault LoginFault(const Diagnostics& diagnostics) {

@@ -219,7 +219,9 @@ class Reader {
         PutHex(cell_, std::as_bytes(std::span(piece_)).first(bytes));
       } else {
         const std::span units = std::span(piece_).first(bytes / sizeof(SQLWCHAR));
-        wide_.insert(wide_.end(), units.begin(), units.end());
+        // Pieces are put together first: a pair of surrogates may be split between two.
+        if (!cut && wide_.empty()) AppendUtf8(cell_, units);
+        if (cut || !wide_.empty()) wide_.insert(wide_.end(), units.begin(), units.end());
       }
       if (!cut) break;
     }

@@ -36,9 +36,12 @@ char32_t TakeUtf8(std::string_view text, std::size_t& at) {
   return code;
 }
 
-void PutUtf8(std::string& out, char32_t code) {
-  const auto put = [&](char32_t byte) { out.push_back(static_cast<char>(byte)); };
-  if (code < 0x80) return put(code);
+char* PutUtf8(char* out, char32_t code) {
+  const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
+  if (code < 0x80) {
+    put(code);
+    return out;
+  }
   if (code < 0x800) {
     put(0xC0 | (code >> 6U));
   } else {
@@ -51,6 +54,7 @@ void PutUtf8(std::string& out, char32_t code) {
     put(0x80 | ((code >> 6U) & 0x3FU));
   }
   put(0x80 | (code & 0x3FU));
+  return out;
 }
 
 }  // namespace
@@ -72,6 +76,10 @@ Utf16 ToUtf16(std::string_view text) {
 }
 
 void AppendUtf8(std::string& out, std::span<const SQLWCHAR> text) {
+  constexpr std::size_t kMostBytes = 3;  // of a unit; a pair of them takes four
+  const std::size_t before = out.size();
+  out.resize(before + text.size() * kMostBytes);
+  char* end = out.data() + before;
   for (std::size_t i = 0; i < text.size(); ++i) {
     char32_t code = text[i];
     if (IsHighSurrogate(code) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
@@ -79,8 +87,9 @@ void AppendUtf8(std::string& out, std::span<const SQLWCHAR> text) {
     } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
       code = kReplacement;
     }
-    PutUtf8(out, code);
+    end = PutUtf8(end, code);
   }
+  out.resize(static_cast<std::size_t>(end - out.data()));
 }
 
 std::string ToUtf8(const Utf16& buffer, SQLINTEGER length) {
