@@ -1,9 +1,9 @@
 #include "adapters/odbc/ConnectionString.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
+#include "adapters/odbc/ConnectionWords.h"
 #include "platform/RuntimeError.h"
 #include "text/Text.h"
 
@@ -13,110 +13,6 @@ namespace {
 
 /// ADO's number for a provider that cannot be found.
 constexpr std::int32_t kProviderNotFound = 3706;
-
-/// One `key=value` of a connection string.
-struct Word {
-  std::string key;           ///< folded
-  std::string value;         ///< without quotes or braces, doubled ones single
-  std::string_view written;  ///< the value as it stands in the string
-};
-
-using Words = std::vector<Word>;
-
-/// How the two kinds of string set a value in quotes.
-enum class Syntax { kOleDb, kOdbc };
-
-class WordReader {
- public:
-  WordReader(std::string_view text, Syntax syntax) : rest_(text), syntax_(syntax) {}
-
-  Words Run() {
-    Words words;
-    for (;;) {
-      rest_.remove_prefix(std::min(rest_.find_first_not_of("; \t\r\n"), rest_.size()));
-      if (rest_.empty()) return words;
-      Word word;
-      word.key = Key();
-      const std::string_view from = rest_;
-      Value(word.value);
-      rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
-      word.written = from.substr(0, from.size() - rest_.size());
-      words.push_back(std::move(word));
-    }
-  }
-
- private:
-  /// Up to the "=", which is skipped with the blanks behind it. In an OLE DB string a doubled "="
-  /// belongs to the key.
-  std::string Key() {
-    std::string key;
-    while (!rest_.empty() && rest_.front() != ';') {
-      const char c = rest_.front();
-      rest_.remove_prefix(1);
-      if (c == '=') {
-        if (syntax_ == Syntax::kOdbc || !rest_.starts_with('=')) {
-          rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
-          break;
-        }
-        rest_.remove_prefix(1);
-      }
-      key += c;
-    }
-    return Folded(key);
-  }
-
-  void Value(std::string& value) {
-    const char first = rest_.empty() ? '\0' : rest_.front();
-    if (syntax_ == Syntax::kOdbc && first == '{') return Quoted('}', value);
-    if (syntax_ == Syntax::kOleDb && (first == '"' || first == '\'')) return Quoted(first, value);
-    value = text::Trim(rest_.substr(0, rest_.find(';')));
-  }
-
-  /// A closing mark doubled is itself. FreeTDS takes one for itself too that no ";" follows.
-  void Quoted(char close, std::string& value) {
-    rest_.remove_prefix(1);
-    while (!rest_.empty()) {
-      const char c = rest_.front();
-      rest_.remove_prefix(1);
-      if (c == close) {
-        const std::size_t next = rest_.find_first_not_of(' ');
-        if (next == std::string_view::npos || rest_[next] == ';') return;
-        if (rest_.front() == close) rest_.remove_prefix(1);
-      }
-      value += c;
-    }
-  }
-
-  std::string_view rest_;
-  Syntax syntax_;
-};
-
-/// The value of the first of `keys` that is there. In an OLE DB string the last word of a key
-/// counts, in an ODBC string the first.
-const Word* Find(const Words& words, std::initializer_list<std::string_view> keys, Syntax syntax) {
-  const auto matches = [&](const Word& word) {
-    return std::find(keys.begin(), keys.end(), word.key) != keys.end();
-  };
-  if (syntax == Syntax::kOdbc) {
-    const auto found = std::find_if(words.begin(), words.end(), matches);
-    return found == words.end() ? nullptr : &*found;
-  }
-  const auto found = std::find_if(words.rbegin(), words.rend(), matches);
-  return found == words.rend() ? nullptr : &*found;
-}
-
-bool NamesProvider(const Words& words) {
-  return Find(words, {"provider"}, Syntax::kOleDb) != nullptr;
-}
-
-/// A string is OLE DB's when it names a provider however it is read: a password in quotes or
-/// braces may hold anything.
-Syntax SyntaxOf(std::string_view text) {
-  return NamesProvider(WordReader(text, Syntax::kOleDb).Run()) &&
-                 NamesProvider(WordReader(text, Syntax::kOdbc).Run())
-             ? Syntax::kOleDb
-             : Syntax::kOdbc;
-}
 
 bool IsPasswordKey(std::string_view key) {
   return key.ends_with("password") || key.ends_with("pwd");
@@ -191,7 +87,7 @@ class Translation {
 
  private:
   const Word* Get(std::initializer_list<std::string_view> keys) const {
-    return Find(words_, keys, Syntax::kOleDb);
+    return FindWord(words_, keys, Syntax::kOleDb);
   }
   void Put(std::string_view key, std::string_view value) {
     result_.append(";").append(key).append("=").append(Written(key, value));
@@ -254,7 +150,7 @@ class Translation {
 };
 
 std::string FromOleDb(const Words& words, const Installed& installed) {
-  const std::string& written = Find(words, {"provider"}, Syntax::kOleDb)->value;
+  const std::string& written = FindWord(words, {"provider"}, Syntax::kOleDb)->value;
   const std::string provider = Folded(written);
   if (!provider.starts_with("sqloledb") && !provider.starts_with("sqlncli") &&
       !provider.starts_with("msoledbsql")) {
@@ -271,10 +167,10 @@ std::string FromOleDb(const Words& words, const Installed& installed) {
 }
 
 std::string FromOdbc(std::string_view text, const Words& words, const Installed& installed) {
-  const Word* const driver = Find(words, {"driver"}, Syntax::kOdbc);
-  const Word* const source = Find(words, {"dsn"}, Syntax::kOdbc);
+  const Word* const driver = FindWord(words, {"driver"}, Syntax::kOdbc);
+  const Word* const source = FindWord(words, {"dsn"}, Syntax::kOdbc);
   if (driver == nullptr && source == nullptr &&
-      Find(words, {"filedsn"}, Syntax::kOdbc) == nullptr) {
+      FindWord(words, {"filedsn"}, Syntax::kOdbc) == nullptr) {
     Refuse(
         "رشته اتصال نه Driver دارد، نه DSN و نه Provider. The connection string names nothing to "
         "connect to (Driver=, DSN= or Provider=).");
@@ -285,7 +181,7 @@ std::string FromOdbc(std::string_view text, const Words& words, const Installed&
                              : source != nullptr && IsFreeTdsSource(source->value, installed);
   if (!isFreeTds) return result;
   const auto add = [&](std::string_view key, std::string_view word) {
-    if (Find(words, {Folded(key)}, Syntax::kOdbc) != nullptr) return;
+    if (FindWord(words, {Folded(key)}, Syntax::kOdbc) != nullptr) return;
     if (!result.ends_with(';')) result += ';';
     result.append(key).append("=").append(word);
   };
@@ -303,16 +199,16 @@ std::string OdbcConnectionString(std::string_view connectionString) {
 
 std::string OdbcConnectionString(std::string_view connectionString, const Installed& installed) {
   const Syntax syntax = SyntaxOf(connectionString);
-  const Words words = WordReader(connectionString, syntax).Run();
+  const Words words = ReadWords(connectionString, syntax);
   return syntax == Syntax::kOleDb ? FromOleDb(words, installed)
                                   : FromOdbc(connectionString, words, installed);
 }
 
 std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionString) {
   if (SyntaxOf(connectionString) == Syntax::kOdbc) return std::nullopt;
-  const Words words = WordReader(connectionString, Syntax::kOleDb).Run();
+  const Words words = ReadWords(connectionString, Syntax::kOleDb);
   const Word* const word =
-      Find(words, {"connecttimeout", "connectiontimeout", "timeout"}, Syntax::kOleDb);
+      FindWord(words, {"connecttimeout", "connectiontimeout", "timeout"}, Syntax::kOleDb);
   int seconds = 0;
   if (word != nullptr) {
     std::from_chars(word->value.data(), word->value.data() + word->value.size(), seconds);
@@ -324,7 +220,7 @@ std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionSt
 std::string WithoutPassword(std::string_view connectionString) {
   std::string result;
   const char* from = connectionString.data();
-  for (const Word& word : WordReader(connectionString, SyntaxOf(connectionString)).Run()) {
+  for (const Word& word : ReadWords(connectionString, SyntaxOf(connectionString))) {
     if (!IsPasswordKey(word.key) || word.written.empty()) continue;
     result.append(from, word.written.data()).append("***");
     from = word.written.data() + word.written.size();
@@ -334,7 +230,7 @@ std::string WithoutPassword(std::string_view connectionString) {
 
 std::vector<std::string> Passwords(std::string_view connectionString) {
   std::vector<std::string> passwords;
-  for (const Word& word : WordReader(connectionString, SyntaxOf(connectionString)).Run()) {
+  for (const Word& word : ReadWords(connectionString, SyntaxOf(connectionString))) {
     if (!IsPasswordKey(word.key) || word.value.empty()) continue;
     passwords.push_back(word.value);
     passwords.push_back(text::Replace(word.value, "}", "}}"));
