@@ -4,11 +4,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <cstdio>
+#include <iostream>
 
+#include "Replay.h"
+#include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/OdbcConnection.h"
 #include "adapters/qt/Services.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "calendar/Gregorian.h"
 #include "demo/SampleOffice.h"
+#include "demo/ServerOffice.h"
 #include "host/modMain.h"
 #include "platform/RuntimeError.h"
 
@@ -17,22 +22,6 @@ namespace desktop {
 namespace {
 
 constexpr std::string_view kEmbedded = "sqlite:";
-
-/// What a string that names no engine gives: the refusal waits for the first statement, so that
-/// setting a connection up never fails.
-class UnknownConnection : public platform::Connection {
- public:
-  platform::RowSet Execute(std::string_view) override { Refuse(); }
-  std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
-    Refuse();
-  }
-
- private:
-  [[noreturn]] static void Refuse() {
-    throw platform::RuntimeError(
-        3706, "Provider cannot be found. It may not be properly installed.", "desktop");
-  }
-};
 
 /// Puts the report templates that the program carries into `folder`. What is there already may be
 /// the user's own work and stays.
@@ -53,33 +42,83 @@ void CopyTemplates(const QDir& folder) {
   }
 }
 
+QDir DataFolder() {
+  return {QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+          "/promoter-office"};
+}
+
+demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
+  demo::SampleOptions sample;
+  sample.customers = options.customers;
+  sample.today = options.sampleDate.value_or(adapters::qt::QtClock().Today());
+  sample.basePath = templates.absolutePath().toStdString() + "/";
+  return sample;
+}
+
+std::string ReadAll(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw platform::RuntimeError(75, file.errorString().toStdString() + ": " + path.toStdString());
+  }
+  return file.readAll().toStdString();
+}
+
 }  // namespace
 
 std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
   if (connectionString.starts_with(kEmbedded)) {
     return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
   }
-  return std::make_unique<UnknownConnection>();
+  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString);
 }
 
-std::string SampleOfficePath(int customers) {
-  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                    "/promoter-office");
-  return folder.filePath(QString("office-%1.db").arg(customers)).toStdString();
+std::string ShownConnection(const std::string& connectionString) {
+  if (connectionString.starts_with(kEmbedded)) return connectionString;
+  return adapters::odbc::WithoutPassword(connectionString);
 }
 
-void EnsureSampleOffice(const std::string& path, int customers) {
+std::string SampleOfficePath(const Options& options) {
+  std::string name = "office-" + std::to_string(options.customers);
+  if (options.sampleDate) name += "-" + calendar::GregorianText(*options.sampleDate);
+  return DataFolder().filePath(QString::fromStdString(name + ".db")).toStdString();
+}
+
+void EnsureSampleOffice(const std::string& path, const Options& options) {
   const QFileInfo file(QString::fromStdString(path));
   const QDir templates(file.absoluteDir().filePath("templates"));
   CopyTemplates(templates);
   if (file.exists()) return;
-  std::printf("Making a sample office with %d customers in %s ...\n", customers, path.c_str());
-  std::fflush(stdout);
-  demo::SampleOptions options;
-  options.customers = customers;
-  options.today = adapters::qt::QtClock().Today();
-  options.basePath = templates.absolutePath().toStdString() + "/";
-  demo::CreateSampleOffice(path, options);
+  std::cout << "Making a sample office with " << options.customers << " customers in " << path
+            << " ..." << std::endl;
+  demo::CreateSampleOffice(path, SampleOf(options, templates));
+}
+
+void LoadSample(const Options& options) {
+  std::cout << "Making a sample office with " << options.customers << " customers in "
+            << ShownConnection(options.connect) << " ..." << std::endl;
+  const QDir templates(DataFolder().filePath("templates"));
+  CopyTemplates(templates);
+  const demo::SampleOptions sample = SampleOf(options, templates);
+  if (options.connect.starts_with(kEmbedded)) {
+    demo::CreateSampleOffice(options.connect.substr(kEmbedded.size()), sample);
+  } else {
+    const std::string schema = ReadAll(":/sqlserver/schema.sql");
+    const std::string functions = ReadAll(":/sqlserver/functions.sql");
+    const std::string procedures = ReadAll(":/sqlserver/procedures.sql");
+    const auto server = Connections().Create(options.connect);
+    demo::LoadServerOffice(*server, {schema, functions, procedures}, sample, std::cout);
+  }
+  std::cout << "The sample office is there." << std::endl;
+}
+
+bool ReplayStatements(const Options& options) {
+  const std::string script = ReadAll(QString::fromStdString(options.replayFile));
+  const std::string target =
+      options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
+  const auto connection = Connections().Create(target);
+  // One that cannot be reached says so once, not for every statement.
+  connection->Execute("Select 1 as Reached");
+  return Replay(script, *connection, std::cout);
 }
 
 std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {

@@ -4,24 +4,37 @@
 #include <memory>
 #include <string>
 
+#include "Options.h"
 #include "platform/Connection.h"
 
 namespace desktop {
 
-/// Connections by what their string says: `sqlite:` and a file is the embedded database. Any other
-/// string throws RuntimeError 3706 on the first statement.
+/// Connections by what their string says: `sqlite:` and a file is the embedded database, any other
+/// string SQL Server through ODBC.
 class Connections : public platform::ConnectionFactory {
  public:
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
 };
 
-/// Path of the user's sample office with so many customers.
-std::string SampleOfficePath(int customers);
+/// The connection string as people may see it: without its password.
+std::string ShownConnection(const std::string& connectionString);
+
+/// Path of the user's sample office with so many customers, around that day.
+std::string SampleOfficePath(const Options& options);
 
 /// Makes a sample office at `path` unless there is one, and says so on the terminal. Its report
 /// templates go into the folder "templates" beside it; those that are missing there are put back.
 /// Throws RuntimeError.
-void EnsureSampleOffice(const std::string& path, int customers);
+void EnsureSampleOffice(const std::string& path, const Options& options);
+
+/// Makes the sample office where options.connect says, in a server's empty database or in a file
+/// that is not there yet, and says on the terminal how it goes. The office looks for its report
+/// templates in the user's data folder. Throws RuntimeError.
+void LoadSample(const Options& options);
+
+/// Sends the statements of options.replayFile to where the options say; see Replay.h. True when all
+/// of them ran. Throws RuntimeError when the file cannot be read or the database not be reached.
+bool ReplayStatements(const Options& options);
 
 /// The employee behind a user of the suite, as the suite would tell it at login; -1 when the office
 /// does not know the user. Throws RuntimeError.

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "calendar/Gregorian.h"
+
 namespace desktop {
 
 namespace {
@@ -15,6 +17,34 @@ int Number(const std::string& option, const std::string& value, int lowest, int 
                      std::to_string(highest) + ", not \"" + value + "\".");
   }
   return number;
+}
+
+std::chrono::sys_days Date(const std::string& option, const std::string& value) {
+  using namespace std::chrono_literals;
+  constexpr std::chrono::sys_days kFirst = 1900y / 1 / 1;
+  constexpr std::chrono::sys_days kLast = 2100y / 12 / 31;
+  const auto day = calendar::GregorianFromText(value);
+  if (!day || calendar::GregorianText(*day) != value || *day < kFirst || *day > kLast) {
+    throw UsageError(option + " wants a day as yyyy-mm-dd, 1900 to 2100, not \"" + value + "\".");
+  }
+  return *day;
+}
+
+void CheckTogether(const Options& options) {
+  const bool tour = !options.tourDirectory.empty();
+  const bool replay = !options.replayFile.empty();
+  if (!options.connect.empty() && !options.database.empty()) {
+    throw UsageError("--connect and --database exclude each other.");
+  }
+  if (options.loadSample && options.connect.empty()) {
+    throw UsageError("--load-sample wants --connect, which says where to.");
+  }
+  if (replay && options.connect.empty() && options.database.empty()) {
+    throw UsageError("--replay wants --connect or --database, which say where to.");
+  }
+  if (options.loadSample + replay + tour > 1) {
+    throw UsageError("--load-sample, --replay and --tour exclude each other.");
+  }
 }
 
 }  // namespace
@@ -33,6 +63,14 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       options.help = true;
     } else if (option == "--database") {
       options.database = value();
+    } else if (option == "--connect") {
+      options.connect = value();
+    } else if (option == "--load-sample") {
+      options.loadSample = true;
+    } else if (option == "--sample-date") {
+      options.sampleDate = Date(option, value());
+    } else if (option == "--replay") {
+      options.replayFile = value();
     } else if (option == "--customers") {
       options.customers = Number(option, value(), 1, 1'000'000);
     } else if (option == "--user") {
@@ -45,6 +83,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       throw UsageError("\"" + option + "\" is no option; see --help.");
     }
   }
+  CheckTogether(options);
   return options;
 }
 
@@ -52,15 +91,23 @@ const char* HelpText() {
   return R"(./run [options]        opens the promoter program editor
 
   --database FILE    a database file to work on, instead of the sample office
+  --connect STRING   another database to work on: a connection string, ODBC's or OLE DB's, for SQL
+                     Server, or sqlite:FILE
   --customers N      make the sample office with N customers (5000)
+  --sample-date DAY  make the sample office around the day yyyy-mm-dd instead of today
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N; without it the editor opens empty
-  --tour DIR         play a whole day by itself and save a picture of every screen in DIR;
-                     needs no display
+  --tour DIR         play a whole day by itself and save a picture of every screen in DIR
+  --load-sample      with --connect: make the sample office there, in a database that has none of
+                     its tables (or a new file), all or nothing
+  --replay FILE      with --connect or --database: send each statement of FILE (batches separated
+                     by a line "go") there; print its number of rows and a digest of them, or its
+                     error
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of
-customers. A tour without --database plays on an office of its own, which is dropped afterwards.
+customers and --sample-date. A tour without --database or --connect plays on an office of its own,
+which is dropped afterwards. --tour, --load-sample and --replay need no display.
 )";
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -9,11 +11,15 @@ namespace desktop {
 
 /// What the command line asks for.
 struct Options {
-  std::string database;       // file to open; empty: the sample office
-  int customers = 5000;       // of a sample office that has to be made
-  std::int32_t user = 1;      // who works with the module
-  std::int32_t program = 0;   // program to open; 0: the editor opens empty
-  std::string tourDirectory;  // empty: no tour
+  std::string database;  // file to open; empty: the sample office, unless there is a connection
+  std::string connect;   // connection string; empty: the database
+  int customers = 5000;  // of a sample office that has to be made
+  std::optional<std::chrono::sys_days> sampleDate;  // the day it lies around; nothing: today
+  std::int32_t user = 1;                            // who works with the module
+  std::int32_t program = 0;                         // program to open; 0: the editor opens empty
+  std::string tourDirectory;                        // empty: no tour
+  bool loadSample = false;                          // make the sample office where `connect` says
+  std::string replayFile;                           // statements to send; empty: none
   bool help = false;
 };
 

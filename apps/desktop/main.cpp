@@ -1,5 +1,5 @@
-// The Linux desktop host: puts the module on Qt screens and an embedded database, and stands in for
-// the suite that would host its control.
+// The Linux desktop host: puts the module on Qt screens and a database, embedded or on SQL Server,
+// and stands in for the suite that would host its control.
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -107,10 +107,10 @@ class Desktop {
 };
 
 /// Opens the editor as the suite would; true when it is open.
-bool OpenEditor(Desktop& desktop, const desktop::Options& options, const std::string& database) {
+bool OpenEditor(Desktop& desktop, const desktop::Options& options,
+                const std::string& connectionString) {
   host::DistPromoterProg& control = desktop.Module().Control();
   desktop.Guard().Run([&] {
-    const std::string connectionString = "sqlite:" + database;
     control.SetUserID(options.user);
     control.SetEmployeeID(desktop::EmployeeOfUser(connectionString, options.user));
     control.SetOLEConnectionString(connectionString);
@@ -139,27 +139,50 @@ int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
   const bool tour = !options.tourDirectory.empty();
   std::optional<QTemporaryDir> dropped;
-  std::string database = options.database;
-  if (database.empty()) {
-    if (tour) dropped.emplace();
-    database = tour ? dropped->filePath("office.db").toStdString()
-                    : desktop::SampleOfficePath(options.customers);
-    bool made = false;
-    desktop.Guard().Run([&] {
-      desktop::EnsureSampleOffice(database, options.customers);
-      made = true;
-    });
-    if (!made) return EXIT_FAILURE;
+  std::string connectionString = options.connect;
+  if (connectionString.empty()) {
+    std::string file = options.database;
+    bool there = !file.empty();
+    if (!there) {
+      if (tour) dropped.emplace();
+      file =
+          tour ? dropped->filePath("office.db").toStdString() : desktop::SampleOfficePath(options);
+      desktop.Guard().Run([&] {
+        desktop::EnsureSampleOffice(file, options);
+        there = true;
+      });
+    }
+    if (!there) return EXIT_FAILURE;
+    connectionString = "sqlite:" + file;
   }
-  if (!tour) return OpenEditor(desktop, options, database) ? application.exec() : EXIT_FAILURE;
+  if (!tour) {
+    return OpenEditor(desktop, options, connectionString) ? application.exec() : EXIT_FAILURE;
+  }
 
   application.setQuitOnLastWindowClosed(false);
   desktop::Tour play(desktop.Screen(), StageOf(desktop),
                      QString::fromStdString(options.tourDirectory));
   play.Start();
-  if (!OpenEditor(desktop, options, database)) return EXIT_FAILURE;
+  if (!OpenEditor(desktop, options, connectionString)) return EXIT_FAILURE;
   application.exec();
   return play.Ended() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+/// What is done on the terminal, without screens.
+int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
+  const QCoreApplication application(argc, argv);
+  try {
+    if (!options.loadSample) {
+      return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    desktop::LoadSample(options);
+    return EXIT_SUCCESS;
+  } catch (const platform::RuntimeError& error) {
+    std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+  }
+  return EXIT_FAILURE;
 }
 
 }  // namespace
@@ -176,6 +199,7 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
+  if (options.loadSample || !options.replayFile.empty()) return RunOnTerminal(argc, argv, options);
   if (!HasDisplay()) {
     if (options.tourDirectory.empty()) {
       std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",

@@ -14,6 +14,10 @@ namespace adapters::odbc {
 /// How long a server may take to answer the login before it counts as silent.
 inline constexpr std::chrono::seconds kLoginTimeout{15};
 
+/// How long a statement may take. Nothing that the module sends takes so long, the largest batch
+/// included; it is the end of waiting for a server that fell silent, or for somebody's lock.
+inline constexpr std::chrono::seconds kStatementTimeout{300};
+
 /// The suite's database on Microsoft SQL Server, through the machine's ODBC driver. The connection
 /// string is an ODBC one or an OLE DB one (ConnectionString.h); it is read and used only when the
 /// first statement runs. A failure throws RuntimeError with the server's own number, where it gave
@@ -24,7 +28,8 @@ inline constexpr std::chrono::seconds kLoginTimeout{15};
 class OdbcConnection : public platform::Connection {
  public:
   explicit OdbcConnection(std::string_view connectionString,
-                          std::chrono::seconds loginTimeout = kLoginTimeout);
+                          std::chrono::seconds loginTimeout = kLoginTimeout,
+                          std::chrono::seconds statementTimeout = kStatementTimeout);
   ~OdbcConnection() override;
 
   platform::RowSet Execute(std::string_view statement) override;
@@ -33,10 +38,12 @@ class OdbcConnection : public platform::Connection {
 
  private:
   class Session;
-  Session& Open();
+  template <typename Action>
+  auto InSession(Action action);
 
   std::string connectionString_;
   std::chrono::seconds loginTimeout_;
+  std::chrono::seconds statementTimeout_;
   std::unique_ptr<Session> session_;
 };
 

@@ -1,0 +1,182 @@
+#include "adapters/odbc/OdbcConnection.h"
+
+#include <array>
+#include <vector>
+
+#include "adapters/odbc/ConnectionString.h"
+#include "adapters/odbc/Diagnostics.h"
+#include "adapters/odbc/Handles.h"
+#include "adapters/odbc/Rows.h"
+#include "adapters/odbc/Utf16.h"
+
+namespace adapters::odbc {
+
+namespace {
+
+/// A procedure's argument as the driver reads it: where it lies must not change until the call is
+/// over.
+struct Argument {
+  SQLINTEGER number = 0;
+  SQL_DATE_STRUCT day{};
+  Utf16 text;
+  SQLLEN length = 0;
+};
+
+SQLRETURN Bind(const Statement& statement, SQLUSMALLINT place, const platform::Parameter& parameter,
+               Argument& argument) {
+  const auto bind = [&](SQLSMALLINT cType, SQLSMALLINT sqlType, SQLULEN size, SQLPOINTER value,
+                        std::size_t bytes) {
+    argument.length = static_cast<SQLLEN>(bytes);
+    return SQLBindParameter(statement.Get(), place, SQL_PARAM_INPUT, cType, sqlType, size, 0, value,
+                            static_cast<SQLLEN>(bytes), &argument.length);
+  };
+  if (const auto* number = std::get_if<std::int32_t>(&parameter.value)) {
+    argument.number = *number;
+    return bind(SQL_C_SLONG, SQL_INTEGER, 0, &argument.number, sizeof argument.number);
+  }
+  if (const auto* day = std::get_if<std::chrono::sys_days>(&parameter.value)) {
+    constexpr SQLULEN kDateDigits = 10;
+    const std::chrono::year_month_day date(*day);
+    argument.day.year = static_cast<SQLSMALLINT>(static_cast<int>(date.year()));
+    argument.day.month = static_cast<SQLUSMALLINT>(static_cast<unsigned>(date.month()));
+    argument.day.day = static_cast<SQLUSMALLINT>(static_cast<unsigned>(date.day()));
+    return bind(SQL_C_TYPE_DATE, SQL_TYPE_DATE, kDateDigits, &argument.day, sizeof argument.day);
+  }
+  // Beyond what nvarchar(n) can declare, text travels as a long one.
+  constexpr std::size_t kLongestDeclared = 4000;
+  argument.text = ToUtf16(std::get<std::string>(parameter.value));
+  const std::size_t units = argument.text.size() - 1;
+  return bind(SQL_C_WCHAR, units > kLongestDeclared ? SQL_WLONGVARCHAR : SQL_WVARCHAR,
+              units == 0 ? 1 : units, argument.text.data(), units * sizeof(SQLWCHAR));
+}
+
+}  // namespace
+
+/// A logged-in session. Statements are made for one use, so that none is ever left with rows open.
+class OdbcConnection::Session {
+ public:
+  Session(const std::string& odbcString, std::chrono::seconds loginTimeout,
+          std::chrono::seconds statementTimeout)
+      : statementTimeout_(statementTimeout), environment_(MakeEnvironment()) {
+    if (environment_) database_ = DatabaseHandle(environment_.Get());
+    if (!database_) throw MakeError(Fault::kNoDriver, ReadDiagnostics(environment_));
+    SQLSetConnectAttrW(database_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
+                       AttributeValue(static_cast<std::size_t>(loginTimeout.count())), 0);
+    Utf16 wide = ToUtf16(odbcString);
+    SQLSMALLINT length = 0;
+    const SQLRETURN result = SQLDriverConnectW(database_.Get(), nullptr, wide.data(), SQL_NTS,
+                                               nullptr, 0, &length, SQL_DRIVER_NOPROMPT);
+    if (SQL_SUCCEEDED(result)) return;
+    const Diagnostics diagnostics = ReadDiagnostics(database_);
+    throw MakeError(LoginFault(diagnostics), diagnostics);
+  }
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session() { SQLDisconnect(database_.Get()); }
+
+  bool IsGivenUp() const { return givenUp_; }
+
+  platform::RowSet Execute(std::string_view text) {
+    const Statement statement = NewStatement();
+    // The text is the server's: braces in it are no ODBC escapes. A driver that does not know the
+    // attribute loses nothing.
+    SQLSetStmtAttrW(statement.Get(), SQL_ATTR_NOSCAN, AttributeValue(SQL_NOSCAN_ON), 0);
+    return Run(statement, text);
+  }
+
+  std::int32_t Call(std::string_view name, std::span<const platform::Parameter> parameters) {
+    const Statement statement = NewStatement();
+    SQLINTEGER returned = 0;
+    SQLLEN returnedLength = 0;
+    Check(statement, SQLBindParameter(statement.Get(), 1, SQL_PARAM_OUTPUT, SQL_C_SLONG,
+                                      SQL_INTEGER, 0, 0, &returned, 0, &returnedLength));
+    std::vector<Argument> arguments(parameters.size());
+    std::string call = "{? = CALL ";
+    call += name;
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+      call += i == 0 ? "(?" : ", ?";
+      Check(statement,
+            Bind(statement, static_cast<SQLUSMALLINT>(i + 2), parameters[i], arguments[i]));
+    }
+    call += parameters.empty() ? "}" : ")}";
+    Run(statement, call);
+    return returned;
+  }
+
+ private:
+  Statement NewStatement() {
+    Statement statement(database_.Get());
+    if (!statement) Fail(ReadDiagnostics(database_));
+    SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
+                    AttributeValue(static_cast<std::size_t>(statementTimeout_.count())), 0);
+    return statement;
+  }
+
+  /// Executes and reads every result to the end: an error may come after rows, and a procedure's
+  /// return value comes last.
+  platform::RowSet Run(const Statement& statement, std::string_view text) {
+    Utf16 wide = ToUtf16(text);
+    platform::RowSet first;
+    SQLRETURN result =
+        SQLExecDirectW(statement.Get(), wide.data(), static_cast<SQLINTEGER>(wide.size() - 1));
+    // SQL_NO_DATA of the execution itself: a statement that changed no row.
+    if (result == SQL_NO_DATA) result = SQL_SUCCESS;
+    while (result != SQL_NO_DATA) {
+      Check(statement, result);
+      if (!first.ReturnsRows() && !ReadRows(statement, first)) Fail(ReadDiagnostics(statement));
+      result = SQLMoreResults(statement.Get());
+    }
+    return first;
+  }
+
+  void Check(const Statement& statement, SQLRETURN result) {
+    if (!SQL_SUCCEEDED(result)) Fail(ReadDiagnostics(statement));
+  }
+
+  [[noreturn]] void Fail(const Diagnostics& diagnostics) {
+    SQLUINTEGER dead = SQL_CD_FALSE;
+    SQLGetConnectAttrW(database_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
+    const Fault fault = StatementFault(diagnostics, dead == SQL_CD_TRUE);
+    givenUp_ = fault != Fault::kStatement;
+    throw MakeError(fault, diagnostics);
+  }
+
+  std::chrono::seconds statementTimeout_;
+  Environment environment_;
+  DatabaseHandle database_;
+  bool givenUp_ = false;
+};
+
+OdbcConnection::OdbcConnection(std::string_view connectionString, std::chrono::seconds loginTimeout,
+                               std::chrono::seconds statementTimeout)
+    : connectionString_(connectionString),
+      loginTimeout_(loginTimeout),
+      statementTimeout_(statementTimeout) {}
+
+OdbcConnection::~OdbcConnection() = default;
+
+template <typename Action>
+auto OdbcConnection::InSession(Action action) {
+  try {
+    if (!session_) {
+      session_ = std::make_unique<Session>(
+          OdbcConnectionString(connectionString_),
+          ConnectTimeout(connectionString_).value_or(loginTimeout_), statementTimeout_);
+    }
+    return action(*session_);
+  } catch (const platform::RuntimeError& error) {
+    if (session_ && session_->IsGivenUp()) session_.reset();
+    throw WithoutPasswords(error, Passwords(connectionString_));
+  }
+}
+
+platform::RowSet OdbcConnection::Execute(std::string_view statement) {
+  return InSession([&](Session& session) { return session.Execute(statement); });
+}
+
+std::int32_t OdbcConnection::CallProcedure(std::string_view name,
+                                           std::span<const platform::Parameter> parameters) {
+  return InSession([&](Session& session) { return session.Call(name, parameters); });
+}
+
+}  // namespace adapters::odbc

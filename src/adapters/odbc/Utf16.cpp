@@ -1,0 +1,104 @@
+#include "adapters/odbc/Utf16.h"
+
+#include <algorithm>
+#include <array>
+
+namespace adapters::odbc {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool IsHighSurrogate(char32_t unit) {
+  return unit >= 0xD800 && unit < 0xDC00;
+}
+bool IsLowSurrogate(char32_t unit) {
+  return unit >= 0xDC00 && unit < 0xE000;
+}
+
+/// The character at `at`, which moves behind it; behind one byte when it begins no character.
+char32_t TakeUtf8(std::string_view text, std::size_t& at) {
+  const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
+  const unsigned char lead = byte(at++);
+  if (lead < 0x80) return lead;
+  const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+  if (lead < 0xC2 || lead > 0xF4 || at + more > text.size()) return kReplacement;
+  char32_t code = lead & (0x3FU >> more);
+  for (std::size_t i = at; i < at + more; ++i) {
+    if ((byte(i) & 0xC0U) != 0x80) return kReplacement;
+    code = (code << 6U) | (byte(i) & 0x3FU);
+  }
+  constexpr std::array<char32_t, 4> kSmallest{0, 0x80, 0x800, 0x10000};
+  if (code < kSmallest.at(more) || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) {
+    return kReplacement;
+  }
+  at += more;
+  return code;
+}
+
+char* PutUtf8(char* out, char32_t code) {
+  const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
+  if (code < 0x80) {
+    put(code);
+    return out;
+  }
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6U));
+  } else {
+    if (code < 0x10000) {
+      put(0xE0 | (code >> 12U));
+    } else {
+      put(0xF0 | (code >> 18U));
+      put(0x80 | ((code >> 12U) & 0x3FU));
+    }
+    put(0x80 | ((code >> 6U) & 0x3FU));
+  }
+  put(0x80 | (code & 0x3FU));
+  return out;
+}
+
+}  // namespace
+
+Utf16 ToUtf16(std::string_view text) {
+  Utf16 units;
+  units.reserve(text.size() + 1);
+  for (std::size_t at = 0; at < text.size();) {
+    const char32_t code = TakeUtf8(text, at);
+    if (code < 0x10000) {
+      units.push_back(static_cast<SQLWCHAR>(code));
+    } else {
+      units.push_back(static_cast<SQLWCHAR>(0xD800 + ((code - 0x10000) >> 10U)));
+      units.push_back(static_cast<SQLWCHAR>(0xDC00 + (code & 0x3FFU)));
+    }
+  }
+  units.push_back(0);
+  return units;
+}
+
+void AppendUtf8(std::string& out, std::span<const SQLWCHAR> text) {
+  constexpr std::size_t kMostBytes = 3;  // of a unit; a pair of them takes four
+  const std::size_t before = out.size();
+  out.resize(before + text.size() * kMostBytes);
+  char* end = out.data() + before;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t code = text[i];
+    if (IsHighSurrogate(code) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
+      code = 0x10000 + ((code - 0xD800) << 10U) + (text[++i] - 0xDC00U);
+    } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
+      code = kReplacement;
+    }
+    end = PutUtf8(end, code);
+  }
+  out.resize(static_cast<std::size_t>(end - out.data()));
+}
+
+std::string ToUtf8(const Utf16& buffer, SQLINTEGER length) {
+  const std::size_t limit = length < 0 ? 0 : static_cast<std::size_t>(length);
+  const std::span shown = std::span(buffer).first(std::min(limit, buffer.size()));
+  const auto end = std::find(shown.begin(), shown.end(), SQLWCHAR{0});
+  std::string out;
+  AppendUtf8(out, {shown.begin(), end});
+  return out;
+}
+
+}  // namespace adapters::odbc

@@ -1,0 +1,146 @@
+#include "adapters/odbc/ConnectionString.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "adapters/odbc/Diagnostics.h"
+#include "adapters/odbc/Utf16.h"
+#include "platform/RuntimeError.h"
+
+namespace adapters::odbc {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+const Installed kFreeTds{{{"SQLite3", "libsqlite3odbc.so"}, {"FreeTDS", "libtdsodbc.so"}},
+                         {{"office", "FreeTDS"}, {"files", "SQLite3"}}};
+const Installed kMicrosoft{{{"ODBC Driver 9 for SQL Server", ""},
+                            {"FreeTDS", "libtdsodbc.so"},
+                            {"ODBC Driver 18 for SQL Server", ""}},
+                           {}};
+const std::string kUtf8Words = "TDS_Version=7.4;ClientCharset=UTF-8";
+
+TEST(ConnectionString, OleDbString_isReadIntoTheDriversWords) {
+  const std::tuple<const Installed&, std::string, std::string> cases[] = {
+      {kFreeTds,
+       "Provider=SQLOLEDB.1;Password=p;Persist Security Info=True;User ID=sa;Initial "
+       "Catalog=Suite;Data Source=server;Auto Translate=True;Workstation ID=W;Application Name=A",
+       "SERVER=server;PORT=1433;DATABASE=Suite;UID=sa;PWD=p;APP=A;WSID=W;"},
+      {kFreeTds, " provider = sqlncli11 ;SERVER=s,1500 ; uid=u;PWD= two words ;database=d;;",
+       "SERVER=s;PORT=1500;DATABASE=d;UID=u;PWD=two words;"},
+      {kFreeTds,
+       "Provider=MSOLEDBSQL;Address=tcp:s\\inst,1500;Packet Size=8192;User ID=a;user id=b",
+       "SERVER=s;PORT=1500;UID=b;PacketSize=8192;"},
+      {kFreeTds, "Provider=SQLOLEDB;Data Source=s\\inst;Integrated Security=SSPI;User ID=u",
+       "SERVER=s\\inst;Trusted_Connection=yes;"},
+      {kFreeTds, "Provider=SQLOLEDB;Data Source=(local)\\i;Use Encryption for Data=True",
+       "SERVER=localhost\\i;Encryption=require;"},
+      {kFreeTds, "Provider=SQLOLEDB;Data Source=.;Password=\"a;\"\"b'\";User ID='x=''y'",
+       "SERVER=localhost;PORT=1433;UID={x='y};PWD={a;\"b'};"},
+      {kFreeTds, "Provider=SQLOLEDB;Data Source=s;Password=' {}';User ID=سارا",
+       "SERVER=s;PORT=1433;UID=سارا;PWD={ {}};"},
+      {kMicrosoft, "Provider=SQLOLEDB;Data Source=s\\i,1500;Password=a}b;Packet Size=1",
+       "SERVER=s,1500;PWD={a}}b};Encrypt=no"},
+      {kMicrosoft,
+       "Provider=SQLOLEDB;Server=s\\i;Trusted_Connection=yes;Use Encryption for Data=1;"
+       "Trust Server Certificate=yes",
+       "SERVER=s\\i;Trusted_Connection=yes;Encrypt=yes;TrustServerCertificate=yes"},
+      {kMicrosoft, "Provider=SQLOLEDB;Server=s;Password='x};y;DSN=z'",
+       "SERVER=s;PWD={x}};y;DSN=z};Encrypt=no"},
+  };
+  for (const auto& [installed, given, expected] : cases) {
+    EXPECT_EQ(OdbcConnectionString(given, installed),
+              &installed == &kFreeTds ? "DRIVER={FreeTDS};" + expected + kUtf8Words
+                                      : "DRIVER={ODBC Driver 18 for SQL Server};" + expected);
+  }
+}
+
+TEST(ConnectionString, OdbcString_isKeptButForWhatFreeTdsNeeds) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"Driver={FreeTDS};Server=s;PWD={a;b}}c};", kUtf8Words},
+      {"driver=/usr/lib/odbc/libtdsodbc.so;Server=s", ";" + kUtf8Words},
+      {"DSN=office;UID=u;tds_version=7.3", ";ClientCharset=UTF-8"},
+      {"Driver=FreeTDS;ClientCharset=UTF-8;TDS_Version=7.4", ""},
+      {"Driver=FreeTDS;PWD={;TDS_Version=7.0;ClientCharset=X}", ";" + kUtf8Words},
+      {"DSN=files;Database=FreeTDS", ""},
+      {"DSN=unknown", ""},
+      {"Driver={SQLite3};Database=/tmp/x y.db", ""},
+      {"Driver=FreeTDS;PWD={x;Provider=SQLOLEDB}", ";" + kUtf8Words},
+  };
+  for (const auto& [given, added] : cases)
+    EXPECT_EQ(OdbcConnectionString(given, kFreeTds), given + added);
+  // A driver registered under another name is known by its library.
+  const Installed renamed{{{"Office SQL", "/opt/libtdsodbc.so"}}, {}};
+  EXPECT_EQ(OdbcConnectionString("Driver=office sql", renamed), "Driver=office sql;" + kUtf8Words);
+  EXPECT_EQ(SqlServerDriver(renamed), "Office SQL");
+}
+
+TEST(ConnectionString, StringWithoutAServerOrDriver_isRefusedWithoutItsPassword) {
+  const std::tuple<const Installed&, std::string, std::string> cases[] = {
+      {kFreeTds, "", "Driver=, DSN= or Provider="},
+      {kFreeTds, "Server=s;PWD=s3cret", "Driver=, DSN= or Provider="},
+      {kFreeTds, "Provider=Microsoft.Jet.OLEDB.4.0;Password=s3cret", "Microsoft.Jet.OLEDB.4.0"},
+      {kFreeTds, "Provider=SQLOLEDB;Initial Catalog=x;Password=s3cret", "Data Source"},
+      {kFreeTds, "Provider=SQLOLEDB;Data Source=s;Password='s3cret};x'", "};"},
+      {Installed{}, "Provider=SQLOLEDB;Data Source=s;Password=s3cret", "tdsodbc"},
+  };
+  for (const auto& [installed, given, words] : cases) {
+    try {
+      OdbcConnectionString(given, installed);
+      ADD_FAILURE() << given;
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Number(), 3706) << given;
+      EXPECT_THAT(error.Description(), AllOf(HasSubstr(words), Not(HasSubstr("s3cret"))));
+    }
+  }
+}
+
+TEST(ConnectionString, Password_isStarredOutWhereverItShows) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"Driver=x;PWD=a;UID=u", "Driver=x;PWD=***;UID=u"},
+      {"Driver=x;pwd = {a;}}b} ;UID=u", "Driver=x;pwd = ***;UID=u"},
+      {"Provider=SQLOLEDB;Password='a;''b';Jet OLEDB:Database Password=z",
+       "Provider=SQLOLEDB;Password=***;Jet OLEDB:Database Password=***"},
+      {"PWD={never closed;UID=u", "PWD=***"},
+      {"Password=", "Password="},
+  };
+  for (const auto& [given, shown] : cases) EXPECT_EQ(WithoutPassword(given), shown);
+
+  const auto cleaned = [](const std::string& connection, const std::string& text) {
+    return WithoutPasswords({1, text, "ODBC"}, Passwords(connection)).Description();
+  };
+  EXPECT_EQ(cleaned("PWD={a;}}b}", "bad value in PWD={a;}}b}; or a;}b"),
+            "bad value in PWD=***; or ***");
+  EXPECT_EQ(cleaned("Provider=SQLOLEDB;Password='it''s}'", "'it''s}' {it's}}} it's}"),
+            "*** {***} ***");
+  // A short one is a part of many words.
+  EXPECT_EQ(cleaned("DSN=x;PWD=a", "a login that failed: PWD=a"), "*** login that failed: PWD=***");
+}
+
+TEST(ConnectionString, ConnectTimeout_isReadFromAnOleDbString) {
+  EXPECT_EQ(ConnectTimeout("Provider=SQLOLEDB;Connect Timeout=7"), std::chrono::seconds(7));
+  EXPECT_EQ(ConnectTimeout("Provider=SQLOLEDB;Connect Timeout=0"), std::nullopt);
+  EXPECT_EQ(ConnectTimeout("DSN=x;Connect Timeout=7"), std::nullopt);
+}
+
+TEST(Utf16, Text_goesThereAndBackAndBrokenTextIsReplaced) {
+  std::string text;
+  AppendUtf8(text, Utf16{'a', 0xE9, 0x200C, 0x64A, 0xD83D, 0xDE00, 0, 0xD83D, 'x', 0xDE00});
+  EXPECT_EQ(text, std::string("aé\u200Cي😀\0\uFFFDx\uFFFD", 20));
+  EXPECT_EQ(ToUtf16("aé\u200Cي😀"), (Utf16{'a', 0xE9, 0x200C, 0x64A, 0xD83D, 0xDE00, 0}));
+  // Cut, overlong, a surrogate, beyond the last character, a stray byte.
+  EXPECT_EQ(ToUtf16("\xD9"), (Utf16{0xFFFD, 0}));
+  EXPECT_EQ(ToUtf16("\xF0\x9F\x98z"), (Utf16{0xFFFD, 0xFFFD, 0xFFFD, 'z', 0}));
+  EXPECT_EQ(ToUtf16("\xC0\x80"), (Utf16{0xFFFD, 0xFFFD, 0}));
+  EXPECT_EQ(ToUtf16("\xED\xA0\x80"), (Utf16{0xFFFD, 0xFFFD, 0xFFFD, 0}));
+  EXPECT_EQ(ToUtf16("\xF4\x90\x80\x80"), (Utf16{0xFFFD, 0xFFFD, 0xFFFD, 0xFFFD, 0}));
+  EXPECT_EQ(ToUtf8({'a', 'b', 0, 'c'}, 4), "ab");
+  EXPECT_EQ(ToUtf8({'a', 'b'}, 7), "ab");
+}
+
+}  // namespace
+}  // namespace adapters::odbc

@@ -1,0 +1,146 @@
+#include "demo/ServerOffice.h"
+
+#include <gmock/gmock.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include "demo/Schema.h"
+#include "support/ScriptedDatabase.h"
+#include "text/Text.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using support::Holding;
+using testing::HasSubstr;
+using text::Replace;
+using Rows = std::vector<std::vector<std::string>>;
+
+std::string Script(const std::string& name) {
+  std::ostringstream text;
+  text << std::ifstream("demo/sqlserver/" + name + ".sql").rdbuf();
+  return text.str();
+}
+
+class ServerOffice : public testing::Test {
+ protected:
+  ServerOffice() {
+    sqlite3_open(":memory:", &office_);
+    Query("PRAGMA foreign_keys = ON;" + std::string(demo::OfficeSchema()));
+  }
+  ~ServerOffice() override { sqlite3_close(office_); }
+
+  /// Rows of an embedded office that is empty at first; else what is said against the query.
+  Rows Query(const std::string& sql) {
+    Rows rows;
+    const auto add = [](void* to, int count, char** cells, char**) {
+      auto& row = static_cast<Rows*>(to)->emplace_back();
+      for (int i = 0; i < count; ++i) row.emplace_back(cells[i] ? cells[i] : "NULL");
+      return 0;
+    };
+    const int result = sqlite3_exec(office_, sql.c_str(), add, &rows, nullptr);
+    return result == SQLITE_OK ? rows : Rows{{sqlite3_errmsg(office_)}};
+  }
+  /// What the load failed with; empty when it did not.
+  std::string Load() {
+    const std::string texts[] = {Script("schema"), Script("functions"), Script("procedures")};
+    try {
+      demo::LoadServerOffice(server_, {texts[0], texts[1], texts[2]}, options_, progress_);
+      return {};
+    } catch (const platform::RuntimeError& error) {
+      return std::to_string(error.Number()) + ": " + error.Description();
+    }
+  }
+
+  demo::SampleOptions options_{
+      .customers = 700, .today = 2025y / 11 / 22, .basePath = "/o'brien/\u06CC\u200C\u064A/"};
+  support::Events events_;
+  support::ScriptedDatabase database_{events_};
+  support::RecordingConnection server_{database_, "server"};
+  std::ostringstream progress_;
+  sqlite3* office_ = nullptr;
+};
+
+// The INSERTs, put into SQLite's words, must make the very office again, foreign keys enforced.
+TEST_F(ServerOffice, EmptyDatabase_Loaded_GetsSchemaThenEveryRowInOneTransaction) {
+  ASSERT_EQ(Load(), "");
+  const std::vector<std::string> sent = database_.Statements();
+  const auto isInsert = [](const std::string& text) { return text.find("VALUES\n(") < 300; };
+  const auto inserts = std::find_if(sent.begin(), sent.end(), isInsert);
+  const auto commit = std::find(sent.begin(), sent.end(), "COMMIT TRANSACTION;");
+  EXPECT_THAT(sent[1], HasSubstr("BEGIN TRANSACTION"));
+  EXPECT_THAT(sent[2], HasSubstr("CREATE TABLE dbo.tblEmployee"));
+  EXPECT_THAT(*(inserts - 1), HasSubstr("CREATE PROCEDURE dbo.spZomirInsertFormAction"));
+  ASSERT_NE(commit, sent.end());
+  for (auto statement = inserts; statement != commit; ++statement) {
+    EXPECT_LE(statement->size(), 201'000U);
+    EXPECT_LE(std::count(statement->begin(), statement->end(), '\n'), 1000);
+    std::string text = *statement;
+    if (const auto insert = text.find("INSERT INTO"); insert > 0) {
+      const std::string name = text.substr(20, text.find(' ', 20) - 20);
+      const std::string off = " SET IDENTITY_INSERT " + name + " OFF;";
+      EXPECT_EQ(text.find("SET IDENTITY_INSERT " + name + " ON; INSERT INTO " + name), 0U) << text;
+      EXPECT_TRUE(text.ends_with(off)) << text;
+      text = text.substr(insert, text.size() - off.size() - insert);
+    }
+    text = Replace(Replace(Replace(text, "INTO dbo.", "INTO "), "(N'", "('"), ", N'", ", '");
+    text = std::regex_replace(text, std::regex("0x([0-9A-F]+)"), "CAST(X'$1' AS TEXT)");
+    EXPECT_EQ(Query(text), Rows()) << *statement;
+  }
+  const auto original = std::filesystem::path(testing::TempDir()) / "server-office-test.db";
+  std::filesystem::remove(original);
+  demo::CreateSampleOffice(original.string(), options_);
+  Query("ATTACH '" + original.string() + "' AS original");
+  for (const auto& table :
+       Query("SELECT name FROM original.sqlite_master WHERE name LIKE 'tbl%'")) {
+    EXPECT_EQ(Query("SELECT * FROM main." + table[0]), Query("SELECT * FROM original." + table[0]));
+  }
+  std::filesystem::remove(original);
+}
+
+TEST_F(ServerOffice, Failure_MidwayOrAtOnce_TakesAllBackAndTells) {
+  database_.When(Holding("INSERT INTO dbo.tblOrganization ")).Fails({1105, "The disk is full."});
+  EXPECT_EQ(Load(),
+            "1105: The sample office was not loaded (tblOrganization); nothing was changed. "
+            "The disk is full.");
+  EXPECT_EQ(database_.Statements().back(), "IF @@TRANCOUNT > 0 ROLLBACK TRANSACTION;");
+  EXPECT_TRUE(database_.Statements("COMMIT").empty());
+
+  database_.ForgetCalls();
+  database_.When(Holding("sys.objects")).Gives(support::RowSetOf({"name"}, {{"tblAccount"}}));
+  EXPECT_THAT(Load(), testing::StartsWith("2714: The database already holds tblAccount."));
+  EXPECT_EQ(database_.Statements().size(), 1U);
+}
+
+TEST_F(ServerOffice, Schema_ComparedWithTheEmbeddedOne_HasTheSameTablesViewsAndColumns) {
+  const std::string script = Script("schema");
+  for (const auto& object :
+       Query("SELECT upper(type) || ' dbo.' || name, name, sql LIKE '%AUTOINCREMENT%' "
+             "FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite%'")) {
+    const auto begin = script.find("CREATE " + object[0] + " ");
+    ASSERT_NE(begin, script.npos) << object[0];
+    const std::string text = script.substr(begin, script.find("\ngo", begin) - begin);
+    EXPECT_EQ(text.find("IDENTITY(1,1)") != text.npos, object[2] == "1") << text;
+    for (const auto& column :
+         Query("SELECT name, \"notnull\" OR pk > 0 FROM pragma_table_info('" + object[1] + "')")) {
+      const bool view = object[0].starts_with("VIEW");
+      const auto at = text.find(view ? column[0] : "\n  " + column[0] + " ");
+      ASSERT_NE(at, text.npos) << column[0] << " in " << text;
+      const std::string line = text.substr(at + 1, text.find('\n', at + 1) - at);
+      EXPECT_EQ(line.find("NOT NULL") != line.npos, !view && column[1] == "1") << line;
+    }
+    for (const auto& part :
+         Query("SELECT 'REFERENCES dbo.' || \"table\" || ' (' FROM pragma_foreign_key_list('" +
+               object[1] + "') UNION SELECT 'INDEX ' || name || ' ' FROM pragma_index_list('" +
+               object[1] + "') WHERE origin = 'c'")) {
+      EXPECT_THAT(Replace(text, "\n", " "), HasSubstr(part[0]));
+    }
+  }
+}
+
+}  // namespace
