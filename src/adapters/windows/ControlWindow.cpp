@@ -27,8 +27,6 @@ bool OfferKeyToForm(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_CHAR:
       // What TranslateMessage made of keys that the form has had already.
       return wParam == L'\t' || wParam == L'\r' || wParam == 27;
-    case WM_SYSCHAR:
-      return SendMessageW(GetAncestor(window, GA_ROOT), kFormMnemonic, wParam, lParam) != 0;
     default:
       return false;
   }
@@ -54,6 +52,7 @@ void ControlWindow::Follow(Control& control) {
 
 void ControlWindow::Apply(Control& control, const Change& change) {
   if (Handle() == nullptr) return;
+  const bool focused = HasFocus();
   switch (change.aspect) {
     case Aspect::kBounds: {
       const RECT place = GetScale().Bounds(control);
@@ -61,19 +60,14 @@ void ControlWindow::Apply(Control& control, const Change& change) {
                    place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
       break;
     }
-    case Aspect::kEnabled: {
-      // Windows leaves the focus with a window that is disabled, where it takes no keys.
-      const HWND focus = GetFocus();
-      const bool focused = focus != nullptr && (focus == Handle() || IsChild(Handle(), focus));
+    case Aspect::kEnabled:
       EnableWindow(Handle(), control.Enabled());
-      if (focused && !control.Enabled()) {
-        SendMessageW(GetAncestor(Handle(), GA_ROOT), kFormKeyDown, VK_TAB, 0);
-      }
-      Invalidate();
+      RedrawWindow(Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_ALLCHILDREN);
+      if (focused && !control.Enabled()) PassFocusOn();
       break;
-    }
     case Aspect::kVisible:
       ShowWindow(Handle(), control.Visible() ? SW_SHOWNA : SW_HIDE);
+      if (focused && !control.Visible()) PassFocusOn();
       break;
     default:
       break;
@@ -81,11 +75,28 @@ void ControlWindow::Apply(Control& control, const Change& change) {
   Refresh(change);
 }
 
+void ControlWindow::PassFocusOn() const {
+  // Windows leaves the focus with a window that is disabled, where it takes no keys.
+  SendMessageW(GetAncestor(Handle(), GA_ROOT), kFormFocusLost, 0, 0);
+}
+
+bool ControlWindow::HasFocus() const {
+  const HWND focus = GetFocus();
+  return focus != nullptr && (focus == Handle() || IsChild(Handle(), focus));
+}
+
+bool ControlWindow::Enabled() const {
+  const HWND root = GetAncestor(Handle(), GA_ROOT);
+  for (HWND at = Handle(); at != nullptr && at != root; at = GetAncestor(at, GA_PARENT)) {
+    if (!IsWindowEnabled(at)) return false;
+  }
+  return true;
+}
+
 LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
     case WM_CHAR:
-    case WM_SYSCHAR:
       if (OfferKeyToForm(Handle(), message, wParam, lParam)) return 0;
       break;
     case WM_GETDLGCODE:

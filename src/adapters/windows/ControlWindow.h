@@ -43,14 +43,18 @@ class ControlWindow : public Window {
   const Scale& GetScale() const { return surroundings_.theme.GetScale(); }
   /// The colour around the control: that of its form or of the frame that it stands in.
   controls::Colour Ground() const { return ground_; }
-  bool Enabled() const { return IsWindowEnabled(Handle()) != FALSE; }
+  /// Whether it and the frames around it are enabled; whether its form is does not count.
+  bool Enabled() const;
+  /// Whether the keyboard is here or at a window inside.
+  bool HasFocus() const;
 
-  /// Keys that no control has taken go to the form (tab, Enter, Esc, Alt with a letter); the focus
+  /// Keys that no control has taken go to the form (tab, Enter, Esc); the focus
   /// is told to the model; the font is answered.
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
   void Apply(controls::Control& control, const controls::Change& change);
+  void PassFocusOn() const;
   Surroundings surroundings_;
   controls::Colour ground_ = controls::palette::kFormGround;
   controls::Subscription subscription_;
@@ -58,14 +62,14 @@ class ControlWindow : public Window {
 };
 
 /// Gives a key or character message of a window that is part of a control to the form around it:
-/// tab, Enter, Esc, Alt with a letter. True when the message is used up. Call it for whatever the
+/// tab, Enter, Esc. True when the message is used up. Call it for whatever the
 /// control itself has no use for; ControlWindow does so for its own window.
 bool OfferKeyToForm(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// What a form's window is sent by OfferKeyToForm: wParam and lParam of the key's message. Answers
-/// 1 when it used the key up.
+/// What a form's window is sent: a key (as WM_KEYDOWN) that none of its controls took, answered
+/// with 1 when the form used it up; and that the focused control can have the focus no longer.
 inline constexpr UINT kFormKeyDown = WM_APP + 1;
-inline constexpr UINT kFormMnemonic = WM_APP + 2;
+inline constexpr UINT kFormFocusLost = WM_APP + 2;
 
 /// A window that shows `ModelType`. Derived classes make their window in the constructor, override
 /// Refresh and OnMessage, and call the model through Call.

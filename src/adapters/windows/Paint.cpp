@@ -201,35 +201,33 @@ std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width) {
   return lines;
 }
 
-PaintSession::PaintSession(HWND window) : PaintSession(window, Begin(window)) {}
-
-PaintSession::Surface PaintSession::Begin(HWND window) {
-  Surface surface;
-  surface.target = BeginPaint(window, &surface.paint);
-  GetClientRect(window, &surface.area);
-  surface.memory = CreateCompatibleDC(surface.target);
-  surface.bitmap = MakeBitmap(surface.target, surface.area.right, surface.area.bottom);
-  surface.before = SelectObject(surface.memory, surface.bitmap);
-  return surface;
+Buffer::Buffer(HDC target, const RECT& area)
+    : Canvas(CreateCompatibleDC(target)),
+      target_(target),
+      area_(area),
+      bitmap_(MakeBitmap(target, area.right - area.left, area.bottom - area.top)),
+      before_(SelectObject(Dc(), bitmap_.Get())) {
+  SetViewportOrgEx(Dc(), -area.left, -area.top, nullptr);
 }
 
-PaintSession::PaintSession(HWND window, const Surface& surface)
-    : Canvas(surface.memory),
-      window_(window),
-      paint_(surface.paint),
-      area_(surface.area),
-      target_(surface.target),
-      bitmap_(surface.bitmap),
-      before_(surface.before) {}
-
-PaintSession::~PaintSession() {
-  SelectClipRgn(Dc(), nullptr);
-  const RECT& dirty = paint_.rcPaint;
-  BitBlt(target_, dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top, Dc(),
-         dirty.left, dirty.top, SRCCOPY);
+Buffer::~Buffer() {
+  Unclip();
+  BitBlt(target_, area_.left, area_.top, area_.right - area_.left, area_.bottom - area_.top, Dc(),
+         area_.left, area_.top, SRCCOPY);
   SelectObject(Dc(), before_);
   DeleteDC(Dc());
-  EndPaint(window_, &paint_);
+}
+
+FramePainting::FramePainting(HWND window) : window_(window), dc_(GetWindowDC(window)) {
+  RECT whole{};
+  GetWindowRect(window, &whole);
+  area_ = {0, 0, whole.right - whole.left, whole.bottom - whole.top};
+  RECT inside{};
+  GetClientRect(window, &inside);
+  POINT corner{0, 0};
+  ClientToScreen(window, &corner);
+  OffsetRect(&inside, corner.x - whole.left, corner.y - whole.top);
+  ExcludeClipRect(dc_, inside.left, inside.top, inside.right, inside.bottom);
 }
 
 }  // namespace adapters::windows

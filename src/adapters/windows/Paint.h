@@ -94,37 +94,65 @@ std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width);
 /// The text, shortened to end in "..." if it is too wide.
 std::wstring Shortened(HDC dc, std::wstring_view text, int width);
 
-/// WM_PAINT: what is drawn on the canvas meanwhile appears at once when this ends. The ground is
-/// undefined at first.
-class PaintSession : public Canvas {
+/// A canvas in memory: what is drawn on it appears in `area` of the target at once when this ends.
+/// Coordinates are the target's; the ground is undefined at first.
+class Buffer : public Canvas {
  public:
-  explicit PaintSession(HWND window);
-  ~PaintSession();
-  PaintSession(const PaintSession&) = delete;
-  PaintSession& operator=(const PaintSession&) = delete;
+  Buffer(HDC target, const RECT& area);
+  ~Buffer();
+  Buffer(const Buffer&) = delete;
+  Buffer& operator=(const Buffer&) = delete;
+
+ private:
+  HDC target_;
+  RECT area_;
+  GdiObject<HBITMAP> bitmap_;
+  HGDIOBJ before_;
+};
+
+/// BeginPaint to EndPaint.
+class Painting {
+ public:
+  explicit Painting(HWND window) : window_(window) { BeginPaint(window, &paint_); }
+  ~Painting() { EndPaint(window_, &paint_); }
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+
+ protected:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+};
+
+/// WM_PAINT through a buffer.
+class PaintSession : private Painting, public Buffer {
+ public:
+  explicit PaintSession(HWND window) : Painting(window), Buffer(paint_.hdc, paint_.rcPaint) {
+    GetClientRect(window, &area_);
+  }
   /// The window's whole client area.
   const RECT& Area() const { return area_; }
-  /// The part of it that needs painting.
+  /// The part of it that needs painting; nothing else appears.
   const RECT& Dirty() const { return paint_.rcPaint; }
 
  private:
-  struct Surface {
-    PAINTSTRUCT paint{};
-    RECT area{};
-    HDC target = nullptr;
-    HDC memory = nullptr;
-    HBITMAP bitmap = nullptr;
-    HGDIOBJ before = nullptr;
-  };
-  static Surface Begin(HWND window);
-  PaintSession(HWND window, const Surface& surface);
+  RECT area_{};
+};
 
+/// WM_NCPAINT through a buffer: the part of a window around its client area, with places from the
+/// window's corner. Only what is outside of the client area appears.
+class FramePainting {
+ public:
+  explicit FramePainting(HWND window);
+  ~FramePainting() { ReleaseDC(window_, dc_); }
+  FramePainting(const FramePainting&) = delete;
+  FramePainting& operator=(const FramePainting&) = delete;
+  HDC Dc() const { return dc_; }
+  const RECT& Area() const { return area_; }
+
+ private:
   HWND window_;
-  PAINTSTRUCT paint_;
-  RECT area_;
-  HDC target_;
-  GdiObject<HBITMAP> bitmap_;
-  HGDIOBJ before_;
+  HDC dc_;
+  RECT area_{};
 };
 
 }  // namespace adapters::windows

@@ -1,0 +1,50 @@
+#include "controls/TabOrder.h"
+
+#include <algorithm>
+
+#include "controls/Controls.h"
+
+namespace controls {
+
+namespace {
+
+bool ComesBefore(const Control* a, const Control* b) {
+  return a->TabIndex() < b->TabIndex();
+}
+
+/// A control, or all parts of a frame that has one place in the order: by their index, those
+/// without one as they were declared.
+void AddInOrder(Control& control, std::vector<Control*>& order) {
+  const auto* frame = dynamic_cast<const Frame*>(&control);
+  if (frame == nullptr) {
+    order.push_back(&control);
+    return;
+  }
+  std::vector<Control*> parts = frame->Controls();
+  std::stable_sort(parts.begin(), parts.end(), ComesBefore);
+  for (Control* part : parts) AddInOrder(*part, order);
+}
+
+/// The controls with an index, also those inside frames without one.
+void CollectIndexed(const Container& container, std::vector<Control*>& indexed) {
+  for (Control* control : container.Controls()) {
+    if (control->TabIndex() >= 0) {
+      indexed.push_back(control);
+    } else if (const auto* frame = dynamic_cast<const Frame*>(control)) {
+      CollectIndexed(*frame, indexed);
+    }
+  }
+}
+
+}  // namespace
+
+std::vector<Control*> TabSequence(const Form& form) {
+  std::vector<Control*> indexed;
+  CollectIndexed(form, indexed);
+  std::stable_sort(indexed.begin(), indexed.end(), ComesBefore);
+  std::vector<Control*> order;
+  for (Control* control : indexed) AddInOrder(*control, order);
+  return order;
+}
+
+}  // namespace controls
