@@ -11,6 +11,11 @@ run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format unzip
   poppler-utils libsqliteodbc python3 sqlfluff)
 
+# Needed to build the Windows control, and besides to run it under Wine.
+windows_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
+  mingw-w64-tools libkainjow-mustache-dev)
+wine_packages=(wine wine64 xvfb xauth fonts-wine fonts-dejavu-core googletest)
+
 say() { printf '%s\n' "$*" >&2; }
 
 # start_log NAME: the output of all further steps goes to build/NAME.log.
@@ -58,6 +63,24 @@ install_packages() {
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q)
   step "Reading the package lists" "${apt[@]}" update &&
     step "Installing ${missing[*]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+# SQLite comes in an npm package.
+install_windows_packages() {
+  local packages=("${windows_packages[@]}" "$@")
+  if ! command -v npm >/dev/null; then packages+=(npm); fi
+  install_packages "${packages[@]}"
+}
+
+# gather PRESET FOLDER: what a Windows machine needs of a build.
+gather() {
+  local from=$root/build/$1 to=$2
+  rm -rf "$to"
+  mkdir -p "$to/templates"
+  cp "$from"/apps/activex/DistPromoterProg.{ocx,tlb} "$from/apps/activex-host/activex-host.exe" "$to"
+  cp "$root"/demo/templates/*.html "$to/templates"
+  sed 's/$/\r/' "$root/scripts/register.cmd" >"$to/register.cmd"
+  sed 's/$/\r/' "$root/scripts/remove.cmd" >"$to/remove.cmd"
 }
 
 # cached PRESET VARIABLE: the variable's value in the preset's build folder.

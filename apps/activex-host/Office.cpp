@@ -1,0 +1,68 @@
+#include "Office.h"
+
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <cstdio>
+#include <memory>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/windows/AdoConnection.h"
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+#include "adapters/windows/WinClock.h"
+#include "demo/SampleOffice.h"
+#include "host/modMain.h"
+
+namespace activexhost {
+
+namespace {
+
+using adapters::windows::Utf8;
+using adapters::windows::Wide;
+
+std::string TemplatesFolder() {
+  wchar_t path[MAX_PATH];
+  const DWORD units = GetModuleFileNameW(nullptr, path, MAX_PATH);
+  std::wstring folder(path, units);
+  folder.resize(folder.find_last_of(L'\\') + 1);
+  return Utf8(folder) + "templates\\";
+}
+
+std::unique_ptr<platform::Connection> Connect(const std::string& connectionString) {
+  if (connectionString.starts_with("sqlite:")) {
+    return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+  }
+  return std::make_unique<adapters::windows::AdoConnection>(connectionString);
+}
+
+}  // namespace
+
+std::string SampleOfficePath() {
+  wchar_t path[MAX_PATH];
+  adapters::windows::Check(
+      SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA | CSIDL_FLAG_CREATE, nullptr, 0, path));
+  const std::wstring folder = std::wstring(path) + L"\\promoter-office";
+  CreateDirectoryW(folder.c_str(), nullptr);
+  return Utf8(folder) + "\\office.db";
+}
+
+void EnsureSampleOffice(const std::string& path) {
+  if (GetFileAttributesW(Wide(path).c_str()) != INVALID_FILE_ATTRIBUTES) return;
+  std::printf("Making a sample office in %s ...\n", path.c_str());
+  std::fflush(stdout);
+  demo::SampleOptions options;
+  options.today = adapters::windows::WinClock().Today();
+  options.basePath = TemplatesFolder();
+  demo::CreateSampleOffice(path, options);
+}
+
+std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {
+  const platform::RowSet rows =
+      Connect(connectionString)
+          ->Execute("select EmployeeID from tblZomirUser where ID=" + std::to_string(user));
+  return rows.RowCount() == 0 ? -1 : host::NumericId(rows.Text(0, 0));
+}
+
+}  // namespace activexhost

@@ -1,0 +1,154 @@
+// The trial container: shows the control as a program of the suite would host it.
+
+#include <windows.h>
+
+#include <ole2.h>
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Container.h"
+#include "Office.h"
+#include "StandIns.h"
+#include "Tour.h"
+#include "adapters/windows/Wide.h"
+#include "platform/RuntimeError.h"
+
+namespace {
+
+using adapters::windows::Utf8;
+using adapters::windows::Wide;
+
+constexpr char kHelp[] =
+    R"(activex-host [options]   a window with the control on it
+
+  --connect STRING   an OLE DB connection string, or sqlite: and a file; the sample office without
+  --user N           the user who works: 1 has every right, 2 those to open and look (1)
+  --program N        open program N at once; without it the editor opens empty
+  --tour DIR         play a whole day by itself and save a picture of every screen in DIR
+  --help             this text
+)";
+
+struct Options {
+  std::string connectionString;
+  std::int32_t user = 1;
+  std::int32_t program = 0;
+  std::string tourFolder;
+  bool help = false;
+  std::string mistake;  // a line for the user
+};
+
+Options Parse(const std::vector<std::string>& arguments) {
+  Options options;
+  for (std::size_t i = 0; i < arguments.size() && options.mistake.empty(); ++i) {
+    const std::string& option = arguments[i];
+    const bool hasValue = i + 1 < arguments.size();
+    if (option == "--help") {
+      options.help = true;
+    } else if (!hasValue) {
+      options.mistake = "\"" + option + "\" is no option or wants a value; see --help.";
+    } else if (option == "--connect") {
+      options.connectionString = arguments[++i];
+    } else if (option == "--user") {
+      options.user = std::atoi(arguments[++i].c_str());
+    } else if (option == "--program") {
+      options.program = std::atoi(arguments[++i].c_str());
+    } else if (option == "--tour") {
+      options.tourFolder = arguments[++i];
+    } else {
+      options.mistake = "\"" + option + "\" is no option; see --help.";
+    }
+  }
+  return options;
+}
+
+/// As Windows writes it, made when it is not there.
+std::string FullFolder(const std::string& folder) {
+  const std::wstring given = Wide(folder);
+  std::wstring full(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
+  full.resize(
+      GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  CreateDirectoryW(full.c_str(), nullptr);
+  return Utf8(full);
+}
+
+/// The office that a tour plays on is its own and new.
+std::string OfficeFor(const Options& options, const std::string& tourFolder) {
+  if (!options.connectionString.empty()) return options.connectionString;
+  const std::string path =
+      tourFolder.empty() ? activexhost::SampleOfficePath() : tourFolder + "\\office.db";
+  if (!tourFolder.empty()) DeleteFileW(Wide(path).c_str());
+  activexhost::EnsureSampleOffice(path);
+  return "sqlite:" + path;
+}
+
+void PumpMessages() {
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+int Run(const Options& options) {
+  const bool touring = !options.tourFolder.empty();
+  const std::string tourFolder = touring ? FullFolder(options.tourFolder) : std::string();
+  activexhost::Login login;
+  login.connectionString = OfficeFor(options, tourFolder);
+  login.user = options.user;
+  login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
+  const activexhost::StandIns standIns;
+  activexhost::Container container(login);
+  ShowWindow(container.Window(), SW_SHOWNORMAL);
+  UpdateWindow(container.Window());
+  std::optional<activexhost::Tour> tour;
+  if (touring) {
+    tour.emplace(tourFolder, [&](std::int32_t program) { container.View(program); });
+    tour->Start();
+  }
+  if (options.program > 0) {
+    container.View(options.program);
+  } else {
+    container.ClearShow();
+  }
+  if (touring && container.Failed()) return EXIT_FAILURE;
+  PumpMessages();
+  return !touring || tour->Ended() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+std::vector<std::string> Arguments() {
+  int count = 0;
+  wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::string> arguments;
+  for (int i = 1; i < count; ++i) arguments.push_back(Utf8(words[i]));
+  LocalFree(words);
+  return arguments;
+}
+
+}  // namespace
+
+int main() {
+  SetConsoleOutputCP(CP_UTF8);
+  const Options options = Parse(Arguments());
+  if (options.help) {
+    std::fputs(kHelp, stdout);
+    return EXIT_SUCCESS;
+  }
+  if (!options.mistake.empty()) {
+    std::fprintf(stderr, "%s\n", options.mistake.c_str());
+    return 2;
+  }
+  OleInitialize(nullptr);
+  int result = EXIT_FAILURE;
+  try {
+    result = Run(options);
+  } catch (const platform::RuntimeError& error) {
+    std::fprintf(stderr, "%s (%ld)\n", error.what(), static_cast<long>(error.Number()));
+  }
+  OleUninitialize();
+  return result;
+}
