@@ -1,0 +1,91 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <vector>
+
+#include "adapters/windows/Scale.h"
+#include "controls/FlexGrid.h"
+
+namespace adapters::windows {
+
+/// Where the cells of a grid lie in its window: from right to left, column 0 at the right edge,
+/// fixed rows and columns in place, the others scrolled by whole rows and, across, by pixels. All
+/// places are client coordinates in pixels; a RECT's right and bottom lie outside of it.
+///
+/// The widths of the columns are taken by Measure; rows and counts are asked of the grid each time,
+/// so that nothing of a grid is asked for that it has not got any more.
+class GridGeometry {
+ public:
+  struct Cell {
+    int row = 0;
+    int col = 0;
+    friend bool operator==(const Cell&, const Cell&) = default;
+  };
+
+  /// `grid` must outlive this, or at least every call of it.
+  explicit GridGeometry(const controls::FlexGrid& grid) : grid_(grid) {}
+
+  /// Takes the window's size and the columns' widths; the stretched column takes the room that is
+  /// left. Scrolls back as far as there is nothing to show.
+  void Measure(SIZE view, const Scale& scale, int rowHeight);
+  /// Scrolls back where the rows became fewer.
+  void KeepInside();
+
+  int RowHeight() const { return rowHeight_; }
+  int Width() const { return view_.cx; }
+  int Height() const { return view_.cy; }
+  int FixedWidth() const;
+  int FixedHeight() const;
+  /// Width of all columns together.
+  int ColumnsWidth() const { return columns_.empty() ? 0 : columns_.back().end; }
+  /// Rows that one page shows whole, without the fixed ones; at least 1.
+  int PageRows() const;
+
+  /// Data rows above the first one shown, and pixels that the columns are moved to the right.
+  int RowsAbove() const { return above_; }
+  int Across() const { return across_; }
+  int MostRowsAbove() const;
+  int MostAcross() const;
+  /// Both keep to what there is to show; true when anything moved.
+  bool ScrollTo(int rowsAbove, int across);
+  /// Scrolls as little as shows the cell.
+  bool Reveal(int row, int col);
+
+  int LastRowInSight() const;
+  int RowTop(int row) const;
+  /// Left and right edge of a column over the whole height.
+  RECT ColumnPlace(int col) const;
+  std::vector<int> ColumnsInSight(bool fixed) const;
+  /// The room of the cells that scroll across (or do not) below the fixed rows (or with them).
+  RECT Room(bool fixedCols, bool withFixedRows) const;
+  /// Empty when the cell is hidden, scrolled away or does not exist.
+  RECT CellPlace(int row, int col) const;
+  /// Rows() below the last row, Cols() beyond the last column; right of the view is column 0.
+  Cell CellAt(POINT place) const;
+  /// The column whose left border is at a place in the headings.
+  std::optional<int> BorderAt(POINT place, int reach) const;
+  /// What rows take of the window, the lines of a frame around them included; empty where none of
+  /// them is in sight.
+  RECT RowsPlace(int firstRow, int lastRow) const;
+  /// Where the frame around a block is drawn: from the right column to the left one; cut off near
+  /// the window where the block is longer.
+  RECT BlockPlace(int firstRow, int firstCol, int lastRow, int lastCol) const;
+
+ private:
+  struct Edges {  // of a column, from the window's right edge before scrolling
+    int begin = 0;
+    int end = 0;
+  };
+  int Columns() const;
+
+  const controls::FlexGrid& grid_;
+  std::vector<Edges> columns_;
+  SIZE view_{};
+  int rowHeight_ = 19;
+  int above_ = 0;
+  int across_ = 0;
+};
+
+}  // namespace adapters::windows

@@ -1,0 +1,129 @@
+#include "adapters/windows/PopupWindow.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace adapters::windows {
+
+namespace {
+
+constexpr UINT kLeave = WM_APP + 20;
+
+/// The popup that is open in this thread; Windows passes a hook nothing of its owner.
+thread_local const PopupWindow* open = nullptr;
+
+bool IsPress(UINT message) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+    case WM_XBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+    case WM_NCLBUTTONDOWN:
+    case WM_NCRBUTTONDOWN:
+    case WM_NCMBUTTONDOWN:
+    case WM_NCXBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+PopupWindow::PopupWindow(const Surroundings& surroundings, HWND field)
+    : Window(surroundings.guard),
+      look_(surroundings.theme),
+      field_(field),
+      form_(GetAncestor(field, GA_ROOT)) {}
+
+PopupWindow::~PopupWindow() {
+  EndWatching();
+}
+
+RECT PopupWindow::PlaceFor(SIZE size) const {
+  RECT field{};
+  GetWindowRect(field_, &field);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(field_, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& room = monitor.rcWork;
+  LONG left = field.right - size.cx;
+  LONG top = field.bottom;
+  if (top + size.cy > room.bottom) top = field.top - size.cy;
+  left = std::clamp(left, room.left, std::max(room.left, room.right - size.cx));
+  top = std::max(top, room.top);
+  return {left, top, left + size.cx, top + size.cy};
+}
+
+void PopupWindow::ShowBelow(SIZE size) {
+  const RECT place = PlaceFor(size);
+  SetWindowPos(Handle(), HWND_TOP, place.left, place.top, size.cx, size.cy,
+               SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  BeginWatching();
+}
+
+void PopupWindow::Hide() {
+  EndWatching();
+  if (Visible()) ShowWindow(Handle(), SW_HIDE);
+}
+
+void PopupWindow::BeginWatching() {
+  if (hook_ != nullptr) return;
+  open = this;
+  hook_ = SetWindowsHookExW(WH_GETMESSAGE, &PopupWindow::Watch, nullptr, GetCurrentThreadId());
+  SetWindowSubclass(form_, &PopupWindow::WatchForm, reinterpret_cast<UINT_PTR>(this),
+                    reinterpret_cast<DWORD_PTR>(Handle()));
+}
+
+void PopupWindow::EndWatching() {
+  if (hook_ == nullptr) return;
+  UnhookWindowsHookEx(std::exchange(hook_, nullptr));
+  RemoveWindowSubclass(form_, &PopupWindow::WatchForm, reinterpret_cast<UINT_PTR>(this));
+  if (open == this) open = nullptr;
+}
+
+LRESULT CALLBACK PopupWindow::Watch(int code, WPARAM wParam, LPARAM lParam) {
+  auto& message = *reinterpret_cast<MSG*>(lParam);
+  if (code == HC_ACTION && wParam == PM_REMOVE && open != nullptr && IsPress(message.message) &&
+      message.hwnd != open->Handle()) {
+    message.message = WM_NULL;
+    PostMessageW(open->Handle(), kLeave, 0, 0);
+  }
+  return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+LRESULT CALLBACK PopupWindow::WatchForm(HWND form, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR /*id*/, DWORD_PTR popup) {
+  if (message == WM_WINDOWPOSCHANGED) {
+    constexpr UINT kStays = SWP_NOMOVE | SWP_NOSIZE;
+    const UINT flags = reinterpret_cast<const WINDOWPOS*>(lParam)->flags;
+    if ((flags & kStays) != kStays) PostMessageW(reinterpret_cast<HWND>(popup), kLeave, 0, 0);
+  }
+  return DefSubclassProc(form, message, wParam, lParam);
+}
+
+LRESULT PopupWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case kLeave:
+      if (Visible() && onLeft) onLeft();
+      return 0;
+    case WM_MOUSEACTIVATE:
+      return MA_NOACTIVATE;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_DESTROY:
+      EndWatching();
+      break;
+    default:
+      break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace adapters::windows
