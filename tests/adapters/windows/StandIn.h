@@ -1,0 +1,80 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "adapters/windows/Com.h"
+
+// COM's interfaces have no destructor of their own: Release deletes.
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+
+namespace adapters::windows {
+
+/// An automation object whose members are functions of the test. A RuntimeError that one throws
+/// reaches the caller as an automation exception.
+class StandIn : public IDispatch {
+ public:
+  using Arguments = std::vector<Variant>;
+
+  static ComPtr<StandIn> Make() { return ComPtr<StandIn>::Adopt(new StandIn); }
+
+  /// Reads the property or calls the method `name`; "name=" is the property's writing. `member` is
+  /// a function of the arguments, or of none, or the value itself.
+  template <typename Member>
+  StandIn& On(const std::string& name, Member member) {
+    members_[name] = [member](const Arguments& arguments) mutable -> Variant {
+      if constexpr (std::is_invocable_v<Member>) {
+        return Answer(member);
+      } else if constexpr (std::is_invocable_v<Member, const Arguments&>) {
+        return Answer([&] { return member(arguments); });
+      } else {
+        return member;
+      }
+    };
+    return *this;
+  }
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override;
+  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+                                          DISPID* ids) override;
+  HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters,
+                                   VARIANT* answer, EXCEPINFO* info, UINT*) override;
+
+ private:
+  virtual ~StandIn() = default;
+  template <typename Function>
+  static Variant Answer(const Function& function) {
+    if constexpr (std::is_void_v<decltype(function())>) {
+      function();
+      return {};
+    } else {
+      return function();
+    }
+  }
+
+  ULONG references_ = 1;
+  std::map<std::string, std::function<Variant(const Arguments&)>> members_;
+  std::vector<std::string> names_;  // by id
+};
+
+/// A component of this program, registered under a programmatic id as long as this lives.
+class Component {
+ public:
+  Component(const std::string& progId, std::function<Variant()> create);
+  ~Component();
+  Component(const Component&) = delete;
+  Component& operator=(const Component&) = delete;
+
+ private:
+  std::wstring key_;
+  DWORD cookie_ = 0;
+};
+
+}  // namespace adapters::windows

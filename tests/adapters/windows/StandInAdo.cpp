@@ -1,0 +1,157 @@
+#include "adapters/windows/StandInAdo.h"
+
+#include <memory>
+
+namespace adapters::windows {
+
+namespace {
+
+using Arguments = StandIn::Arguments;
+
+void Require(bool condition, std::int32_t number, const char* text) {
+  if (!condition) throw platform::RuntimeError(number, text, "ADODB");
+}
+
+/// A collection of `count` objects whose members `describe` gives.
+ComPtr<StandIn> Collection(std::size_t count,
+                           const std::function<void(StandIn&, const Variant&)>& describe) {
+  auto collection = StandIn::Make();
+  collection->On("Count", static_cast<std::int32_t>(count));
+  collection->On("Item", [describe](const Arguments& which) {
+    const auto item = StandIn::Make();
+    describe(*item.Get(), which.at(0));
+    return Variant(item.Get());
+  });
+  return collection;
+}
+
+/// Two dimensions, (field, row), as GetRows gives them.
+Variant RowsArray(const StandInAdo::Result& result) {
+  SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(result.columns.size()), 0},
+                              {static_cast<ULONG>(result.rows.size()), 0}};
+  Variant array;
+  VARIANT* const raw = array.Out();
+  raw->parray = SafeArrayCreate(VT_VARIANT, 2, bounds);
+  raw->vt = VT_ARRAY | VT_VARIANT;
+  LONG place[2] = {0, 0};
+  for (const std::vector<Variant>& row : result.rows) {
+    place[0] = 0;
+    for (const Variant& cell : row) {
+      SafeArrayPutElement(raw->parray, place, const_cast<VARIANT*>(&cell.Raw()));
+      ++place[0];
+    }
+    ++place[1];
+  }
+  return array;
+}
+
+}  // namespace
+
+void StandInAdo::Arrive(const std::string& what) {
+  log.push_back(what);
+  if (failures.empty()) return;
+  errors_ = std::move(failures.front());
+  failures.pop_front();
+  if (!errors_.empty()) throw platform::RuntimeError(-2147217900, errors_[0].text, "Provider");
+}
+
+Variant StandInAdo::MakeConnection() {
+  const auto made = StandIn::Make();
+  for (const std::string name : {"ConnectionTimeout=", "CommandTimeout="}) {
+    made->On(name, [=, this](const Arguments& value) { log.push_back(name + value[0].Text()); });
+  }
+  made->On("State", [this] { return Variant(open_ ? 1 : 0); });
+  made->On("Open", [this](const Arguments& arguments) {
+    Arrive("connect " + arguments.at(0).Text());
+    open_ = true;
+  });
+  made->On("Close", [this] {
+    log.emplace_back("close");
+    open_ = false;
+  });
+  made->On("Errors", [this] {
+    const auto errors = Collection(errors_.size(), [this](StandIn& item, const Variant& which) {
+      const Error& error = errors_.at(static_cast<std::size_t>(which.Number()));
+      item.On("SQLState", error.state).On("NativeError", error.native).On("Number", -2147217900);
+      item.On("Description", error.text).On("Source", "Provider");
+    });
+    errors->On("Clear", [this] { errors_.clear(); });
+    return Variant(errors.Get());
+  });
+  return made.Get();
+}
+
+Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
+  const auto made = StandIn::Make();
+  const auto results = std::make_shared<std::vector<Result>>(std::move(given));
+  const auto isOpen = [results] { return !results->empty() && !results->front().columns.empty(); };
+  const auto now = [=]() -> Result& {
+    Require(isOpen(), 3704, "Operation is not allowed when the object is closed.");
+    return results->front();
+  };
+  made->On("Open", [=, this](const Arguments& a) {
+    // Source, connection, adOpenForwardOnly, adLockReadOnly, adCmdText
+    const bool right = a.size() == 5 && a[1].Object() && a[2].Number() == 0 && a[3].Number() == 1 &&
+                       a[4].Number() == 1;
+    Require(right, 3001, "Arguments are of the wrong type.");
+    Require(open_, 3709, "The connection cannot be used to perform this operation.");
+    Arrive(a[0].Text());
+    *results = answers[a[0].Text()];
+  });
+  made->On("State", [=] { return Variant(isOpen() ? 1 : 0); });
+  made->On("EOF", [=] { return Variant(now().rows.empty()); });
+  made->On("Fields", [=] {
+    const auto fields = Collection(now().columns.size(), [=](StandIn& field, const Variant& which) {
+      field.On("Name", now().columns.at(static_cast<std::size_t>(which.Number())));
+    });
+    return Variant(fields.Get());
+  });
+  made->On("GetRows", [=] {
+    Require(!now().rows.empty(), 3021, "Either BOF or EOF is True.");
+    const Variant rows = RowsArray(now());
+    now().rows.clear();
+    return rows;
+  });
+  made->On("NextRecordset", [=, this] {
+    if (results->empty()) now();  // raises
+    if (results->size() < 2) return Variant(static_cast<IDispatch*>(nullptr));
+    Arrive("next");
+    return MakeRecordset({results->begin() + 1, results->end()});
+  });
+  return made.Get();
+}
+
+Variant StandInAdo::MakeCommand() {
+  const auto made = StandIn::Make();
+  const auto call = std::make_shared<std::string>("call");
+  for (const std::string name :
+       {"CommandText=", "CommandType=", "CommandTimeout=", "NamedParameters="}) {
+    made->On(name, [=](const Arguments& value) { *call += " " + name + value[0].Text(); });
+  }
+  made->On("ActiveConnection=", [](const Arguments& value) {
+    Require(static_cast<bool>(value[0].Object()), 3001, "Arguments are of the wrong type.");
+  });
+  made->On("CreateParameter", [](const Arguments& a) {
+    const auto parameter = StandIn::Make();
+    std::string shown = "; " + a.at(0).Text();
+    for (std::size_t i = 1; i < 4; ++i) shown += " " + a.at(i).Text();
+    if (a.at(4).Type() != VT_ERROR) shown += " " + a[4].Text();
+    parameter->On("Shown", shown);
+    return Variant(parameter.Get());
+  });
+  made->On("Parameters", [=, this] {
+    const auto parameters = Collection(0, [this](StandIn& item, const Variant& which) {
+      Require(which.Text() == "@RETURN_VALUE", 3265, "Item cannot be found.");
+      item.On("Value", returned);
+    });
+    parameters->On("Append", [call](const Arguments& a) {
+      *call += Dispatch(a.at(0).Object()).Property("Shown").Text();
+    });
+    return Variant(parameters.Get());
+  });
+  made->On("Execute",
+           [=, this](const Arguments& a) { Arrive(*call + "; Options=" + a.at(2).Text()); });
+  return made.Get();
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "adapters/windows/StandIn.h"
+
+namespace adapters::windows {
+
+/// "ADODB.Connection", "ADODB.Recordset" and "ADODB.Command" over written answers, with the
+/// members, argument orders, states and errors of the documented ones.
+class StandInAdo {
+ public:
+  struct Result {  // without columns: of a statement that returns no rows
+    std::vector<std::string> columns;
+    std::vector<std::vector<Variant>> rows;
+  };
+  struct Error {
+    std::string state;
+    std::int32_t native;
+    std::string text;
+  };
+
+  std::map<std::string, std::vector<Result>> answers;  // of statements; none: no rows
+  std::deque<std::vector<Error>> failures;             // of the next arrivals; empty: none
+  std::vector<std::string> log;                        // what arrived
+  std::int32_t returned = 0;                           // by a procedure
+
+ private:
+  Variant MakeConnection();
+  Variant MakeRecordset(std::vector<Result> results);
+  Variant MakeCommand();
+  void Arrive(const std::string& what);
+
+  bool open_ = false;
+  std::vector<Error> errors_;
+  Component connection_{"ADODB.Connection", [this] { return MakeConnection(); }};
+  Component recordset_{"ADODB.Recordset", [this] { return MakeRecordset({}); }};
+  Component command_{"ADODB.Command", [this] { return MakeCommand(); }};
+};
+
+}  // namespace adapters::windows
