@@ -7,8 +7,8 @@ namespace adapters::windows {
 // What a program that drives the screens (the guided tour, a test) asks a grid's window by messages
 // of its own, since the window keeps no child windows for its cells.
 
-/// wParam is the row, lParam the column. Returns the middle of what is in sight of that cell, packed
-/// like a mouse message's lParam in client coordinates; 0 when nothing of it is.
+/// wParam is the row, lParam the column. Returns the middle of what is in sight of that cell,
+/// packed like a mouse message's lParam in client coordinates; 0 when nothing of it is.
 inline UINT GridCellRectMessage() {
   static const UINT message = RegisterWindowMessageW(L"PromoterGridCellRect");
   return message;

@@ -238,7 +238,8 @@ void GridWindow::OnScrollBar(int bar, int request) {
 void GridWindow::OnWheel(bool across, int delta) {
   if (!Model()) return;
   if (across) {
-    ScrollTo(geometry_.RowsAbove(), geometry_.Across() + MulDiv(delta, GetScale().Design(kColumnStep), 120));
+    ScrollTo(geometry_.RowsAbove(),
+             geometry_.Across() + MulDiv(delta, GetScale().Design(kColumnStep), 120));
     return;
   }
   UINT lines = 3;

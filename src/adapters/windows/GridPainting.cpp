@@ -111,12 +111,8 @@ void GridWindow::PaintBlockFrame(const Canvas& canvas) const {
 }
 
 void GridWindow::PaintFrame() const {
-  RECT window{};
-  GetWindowRect(Handle(), &window);
-  OffsetRect(&window, -window.left, -window.top);
-  const HDC dc = GetWindowDC(Handle());
-  Canvas(dc).Frame(window, focused_ ? theme::kAccent : theme::kLine);
-  ReleaseDC(Handle(), dc);
+  const FramePainting frame(Handle());
+  Canvas(frame.Dc()).Frame(frame.Area(), focused_ ? theme::kAccent : theme::kLine);
 }
 
 }  // namespace adapters::windows

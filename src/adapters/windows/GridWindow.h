@@ -11,9 +11,9 @@
 namespace adapters::windows {
 
 /// Paints a FlexGrid from right to left, column 0 at the right edge, the vertical scroll bar at the
-/// left. It keeps no copy of the cells: each painting asks the model for the rows that are in sight.
-/// Scrolls by whole rows and, across, by pixels; fixed rows and columns stay in place. Answers the
-/// messages of GridAutomation.h.
+/// left. It keeps no copy of the cells: each painting asks the model for the rows that are in
+/// sight. Scrolls by whole rows and, across, by pixels; fixed rows and columns stay in place.
+/// Answers the messages of GridAutomation.h.
 class GridWindow : public WindowOf<controls::FlexGrid> {
  public:
   GridWindow(controls::FlexGrid& model, const Surroundings& surroundings, HWND parent);

@@ -135,8 +135,7 @@ void MonthPopupWindow::PaintArrow(const Canvas& canvas, Part part, bool toRight,
   const double tip = (toRight ? 1.5 : -1.5) * unit;
   const double y = (place.top + place.bottom) / 2.0;
   for (int i = 0; i < strokes; ++i) {
-    const double x =
-        (place.left + place.right) / 2.0 + (strokes == 1 ? 0 : (5 * i - 2.5) * unit);
+    const double x = (place.left + place.right) / 2.0 + (strokes == 1 ? 0 : (5 * i - 2.5) * unit);
     canvas.Stroke({{x - tip, y - 4 * unit}, {x + tip, y}, {x - tip, y + 4 * unit}}, 1.5 * unit,
                   theme::kText);
   }
