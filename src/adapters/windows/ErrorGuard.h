@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <functional>
+#include <string>
 #include <utility>
 
 #include "platform/RuntimeError.h"
@@ -45,6 +46,7 @@ class ErrorGuard {
   };
   void Show(const platform::RuntimeError& error) noexcept;
   void Show(const std::exception& error) noexcept;
+  void ShowDialog(const std::wstring& sentence, const std::wstring& technical) noexcept;
 
   std::function<void()> beforeShow_;
   int depth_ = 0;

@@ -1,0 +1,25 @@
+#include "adapters/windows/Clipboard.h"
+
+#include <cstring>
+
+namespace adapters::windows {
+
+bool CopyToClipboard(HWND owner, const std::wstring& text) {
+  if (!OpenClipboard(owner)) return false;
+  EmptyClipboard();
+  const SIZE_T bytes = (text.size() + 1) * sizeof(wchar_t);
+  bool copied = false;
+  if (const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes)) {
+    if (void* const room = GlobalLock(memory)) {
+      std::memcpy(room, text.c_str(), bytes);
+      GlobalUnlock(memory);
+      copied = SetClipboardData(CF_UNICODETEXT, memory) != nullptr;
+    }
+    // The clipboard owns what it took.
+    if (!copied) GlobalFree(memory);
+  }
+  CloseClipboard();
+  return copied;
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,234 @@
+#include "adapters/windows/FormWindow.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/windows/Paint.h"
+#include "adapters/windows/Wide.h"
+#include "controls/TabOrder.h"
+
+namespace adapters::windows {
+
+using controls::Aspect;
+using controls::Change;
+using controls::Control;
+using controls::Form;
+
+namespace {
+
+// Not mirrored (WS_EX_LAYOUTRTL): the forms place their controls from the left themselves.
+constexpr DWORD kExtendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT;
+constexpr DWORD kFixedStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD kSizableStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME |
+                                WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
+
+/// Whether a window within `form` is visible and enabled, with all frames around it.
+bool CanTakeFocus(HWND form, HWND window) {
+  if (window == nullptr || !IsWindowVisible(window)) return false;
+  for (; window != nullptr && window != form; window = GetAncestor(window, GA_PARENT)) {
+    if (!IsWindowEnabled(window)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
+    : Window(surroundings.guard), form_(&form), surroundings_(surroundings) {
+  Create({.style = form.BorderStyle() == Form::Border::kSizable ? kSizableStyle : kFixedStyle,
+          .extendedStyle = kExtendedStyle,
+          .parent = owner});
+  SetName(kFormProperty, form.Name());
+  Refresh({Aspect::kText});
+  Refresh({Aspect::kBounds});
+  WindowFactory(surroundings_, windows_).MakeAll(form, Handle());
+  for (const Control* control : controls::TabSequence(form)) {
+    if (const ControlWindow* window = WindowOf(*control)) tabOrder_.push_back(window);
+  }
+  AddToolTips();
+  subscription_ = form.Subscribe([this](const Change& change) { Refresh(change); });
+}
+
+FormWindow::~FormWindow() {
+  Detach();
+}
+
+void FormWindow::Detach() {
+  if (!form_) return;
+  form_ = nullptr;
+  subscription_.Reset();
+  for (const auto& [control, window] : windows_) window->Detach();
+}
+
+ControlWindow* FormWindow::WindowOf(const Control& control) const {
+  const auto found = form_ ? windows_.find(&control) : windows_.end();
+  return found == windows_.end() ? nullptr : found->second.get();
+}
+
+void FormWindow::Refresh(const Change& change) {
+  if (Handle() == nullptr) return;
+  if (change.aspect == Aspect::kText) SetWindowTextW(Handle(), Wide(form_->Caption()).c_str());
+  if (change.aspect == Aspect::kBounds) FitToForm();
+}
+
+SIZE FormWindow::WindowSize(controls::Twips width, controls::Twips height) const {
+  const Scale& scale = surroundings_.theme.GetScale();
+  RECT place{0, 0, scale.Pixels(width), scale.Pixels(height)};
+  AdjustWindowRectEx(&place, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
+                     static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)));
+  return {place.right - place.left, place.bottom - place.top};
+}
+
+void FormWindow::FitToForm() {
+  if (IsZoomed(Handle()) || IsIconic(Handle())) return;
+  const SIZE wanted = WindowSize(form_->Width(), form_->Height());
+  fitting_ = true;
+  SetWindowPos(Handle(), nullptr, 0, 0, wanted.cx, wanted.cy,
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  fitting_ = false;
+}
+
+void FormWindow::Resized() {
+  if (fitting_ || !form_ || IsIconic(Handle())) return;
+  RECT inside{};
+  GetClientRect(Handle(), &inside);
+  const Scale& scale = surroundings_.theme.GetScale();
+  // A size that is the form's already, to the pixel, must not lose the fraction of its twips.
+  const auto twips = [&scale](LONG pixels, controls::Twips now) {
+    return scale.Pixels(now) == pixels ? now : scale.Twips(static_cast<int>(pixels));
+  };
+  form_->Resize(twips(inside.right, form_->Width()), twips(inside.bottom, form_->Height()));
+  Invalidate();
+}
+
+void FormWindow::LimitSize(MINMAXINFO& limits) const {
+  if (!form_ || form_->BorderStyle() != Form::Border::kSizable) return;
+  const SIZE least = WindowSize(form_->MinWidth(), form_->MinHeight());
+  limits.ptMinTrackSize.x = std::max(limits.ptMinTrackSize.x, least.cx);
+  limits.ptMinTrackSize.y = std::max(limits.ptMinTrackSize.y, least.cy);
+}
+
+void FormWindow::AddToolTips() {
+  HWND tips = nullptr;
+  for (const auto& [control, window] : windows_) {
+    if (control->ToolTip().empty()) continue;
+    if (tips == nullptr) {
+      const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_BAR_CLASSES};
+      InitCommonControlsEx(&wanted);
+      tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
+                             0, 0, Handle(), nullptr, Instance(), nullptr);
+    }
+    std::wstring text = Wide(control->ToolTip());
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS | TTF_RTLREADING;
+    tool.hwnd = Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(window->Handle());
+    tool.lpszText = text.data();
+    SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+HWND FormWindow::NextFocus(int step) const {
+  const HWND focus = GetFocus();
+  const auto has = [focus](const ControlWindow* window) {
+    return focus != nullptr && (window->Handle() == focus || IsChild(window->Handle(), focus));
+  };
+  const int count = static_cast<int>(tabOrder_.size());
+  const auto current = std::ranges::find_if(tabOrder_, has);
+  int at = static_cast<int>(current - tabOrder_.begin());
+  if (at == count) at = step > 0 ? -1 : count;
+  for (int tried = 0; tried < count; ++tried) {
+    at = (at + step + count) % count;
+    const HWND target = tabOrder_[static_cast<std::size_t>(at)]->FocusTarget();
+    if (CanTakeFocus(Handle(), target)) return target;
+  }
+  return nullptr;
+}
+
+void FormWindow::FocusOn(const ControlWindow& window) {
+  lastFocus_ = window.FocusTarget();
+  if (GetActiveWindow() == Handle() && lastFocus_ != nullptr) SetFocus(lastFocus_);
+}
+
+void FormWindow::TakeFocus() {
+  const HWND before = lastFocus_;
+  const bool stillThere = IsChild(Handle(), before) && CanTakeFocus(Handle(), before);
+  const HWND target = stillThere ? before : NextFocus(1);
+  if (target != nullptr) SetFocus(target);
+}
+
+bool FormWindow::OnKey(WPARAM key) {
+  if (!form_) return false;
+  if (key == VK_TAB) {
+    const HWND target = NextFocus(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    if (target != nullptr) SetFocus(target);
+    return true;
+  }
+  controls::Button* button = nullptr;
+  if (key == VK_RETURN) button = form_->DefaultButton();
+  if (key == VK_ESCAPE) button = form_->CancelButton();
+  if (button == nullptr) return false;
+  button->Click();
+  return true;
+}
+
+LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT: {
+      const PaintSession canvas(Handle());
+      canvas.Fill(canvas.Area(), controls::palette::kFormGround);
+      return 0;
+    }
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_SIZE:
+      Resized();
+      return 0;
+    case WM_GETMINMAXINFO:
+      LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+      return 0;
+    case WM_CLOSE:
+      if (form_) form_->CloseBox();
+      return 0;
+    case WM_DESTROY:
+      // Somebody else ends the window: the host's frame has gone, and its owned windows with it.
+      if (form_) form_->Hide();
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) {
+        if (const HWND focus = GetFocus(); IsChild(Handle(), focus)) lastFocus_ = focus;
+      } else if (HIWORD(wParam) == 0) {
+        SetFocus(Handle());
+      }
+      return 0;
+    case WM_SETFOCUS:
+      TakeFocus();
+      return 0;
+    case kFormFocusLost:
+      if (const HWND target = NextFocus(1)) {
+        SetFocus(target);
+      } else {
+        SetFocus(Handle());
+      }
+      return 0;
+    case kFormKeyDown:
+      return OnKey(wParam) ? 1 : 0;
+    case WM_KEYDOWN:
+      OnKey(wParam);
+      return 0;
+    case WM_SETCURSOR:
+      if (!busy_) break;
+      SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)));
+      return TRUE;
+    default:
+      break;
+  }
+  return Default(message, wParam, lParam);
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <vector>
+
+#include "adapters/windows/WindowFactory.h"
+#include "controls/Form.h"
+
+namespace adapters::windows {
+
+/// The window of a form. Like the windows in it, it survives the form once detached.
+class FormWindow : public Window {
+ public:
+  /// Hidden at first. `owner` is the window that it stays above; may be null.
+  FormWindow(controls::Form& form, const Surroundings& surroundings, HWND owner);
+  ~FormWindow() override;
+  /// The form and its controls are not touched from here on.
+  void Detach();
+  /// Null for a control of another form.
+  ControlWindow* WindowOf(const controls::Control& control) const;
+  /// Moves the keyboard to a control; in a form that is not the active one, once it becomes so.
+  void FocusOn(const ControlWindow& window);
+  /// Shows the hourglass over the window, or the usual pointers again.
+  void SetBusy(bool busy) { busy_ = busy; }
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  void Refresh(const controls::Change& change);
+  void FitToForm();
+  void AddToolTips();
+  void Resized();
+  void LimitSize(MINMAXINFO& limits) const;
+  bool OnKey(WPARAM key);
+  SIZE WindowSize(controls::Twips width, controls::Twips height) const;
+  /// The next control that can take the keyboard, from the one that has it; null if none can.
+  HWND NextFocus(int step) const;
+  void TakeFocus();
+
+  controls::Form* form_;
+  Surroundings surroundings_;
+  WindowFactory::Windows windows_;
+  std::vector<const ControlWindow*> tabOrder_;
+  controls::Subscription subscription_;
+  HWND lastFocus_ = nullptr;  // to come back to when the form is activated again
+  bool fitting_ = false;
+  bool busy_ = false;
+};
+
+}  // namespace adapters::windows

@@ -1,0 +1,233 @@
+#include "adapters/windows/MessageDialog.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/windows/Clipboard.h"
+#include "adapters/windows/ControlWindow.h"
+#include "adapters/windows/Field.h"
+#include "adapters/windows/ModalLoop.h"
+
+namespace adapters::windows {
+
+namespace {
+
+// In design pixels.
+constexpr int kMargin = 14;
+constexpr int kGap = 12;
+constexpr int kBadge = 40;
+constexpr int kLeastText = 300;
+constexpr int kMostText = 460;
+constexpr int kButtonWidth = 88;
+constexpr int kButtonHeight = 28;
+
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+constexpr DWORD kExtendedStyle =
+    WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
+
+int WidestLine(HDC dc, const std::vector<std::wstring>& lines) {
+  int widest = 0;
+  for (const std::wstring& line : lines) widest = std::max(widest, TextWidth(dc, line));
+  return widest;
+}
+
+}  // namespace
+
+MessageDialog::MessageDialog(ErrorGuard& guard, Content content)
+    : Window(guard), content_(std::move(content)) {
+  LayOut();
+  RECT place = client_;
+  AdjustWindowRectEx(&place, kStyle, FALSE, kExtendedStyle);
+  OffsetRect(&place, -place.left, -place.top);
+  const HWND owner = DialogOwner();
+  Create({.style = kStyle,
+          .extendedStyle = kExtendedStyle,
+          .parent = owner,
+          .place = place,
+          .text = content_.title});
+  SetName(kFormProperty, "MessageDialog");
+  if (!content_.technical.empty()) AddTechnicalBox();
+  AddButtons();
+  CentreOver(owner, Handle());
+}
+
+void MessageDialog::LayOut() {
+  const Scale& scale = theme_.GetScale();
+  const auto px = [&scale](int design) { return scale.Design(design); };
+  const Measuring measuring(theme_.Font());
+  const HDC dc = measuring.Dc();
+  const std::vector<std::wstring> lines = WrapText(dc, content_.message, px(kMostText));
+  // A little more than the text needs, so that painting never wraps it anew.
+  const int textWidth = std::max(px(kLeastText), WidestLine(dc, lines) + px(4));
+  const int textHeight = std::max(px(kBadge), static_cast<int>(lines.size()) * theme_.LineHeight());
+  const int inner = textWidth + px(16) + px(kBadge);
+  const int width = inner + 2 * px(18) + 2 * px(kMargin);
+
+  frame_ = {px(kMargin), px(kMargin), width - px(kMargin), px(kMargin)};
+  const int top = frame_.top + px(16);
+  const int right = frame_.right - px(18);
+  badge_ = {right - px(kBadge), top, right, top + px(kBadge)};
+  message_ = {frame_.left + px(18), top, badge_.left - px(16), top + textHeight};
+  frame_.bottom = message_.bottom + px(16);
+  if (!content_.technical.empty()) {
+    const int boxWidth = inner - 2 * px(8);
+    const auto boxLines = WrapText(dc, content_.technical, boxWidth - px(4));
+    const int boxHeight = static_cast<int>(boxLines.size()) * theme_.LineHeight() + 2 * px(7);
+    technical_ = {message_.left, message_.bottom + px(kGap), right,
+                  message_.bottom + px(kGap) + boxHeight};
+    frame_.bottom = technical_.bottom + px(16);
+  }
+  client_ = {0, 0, width, frame_.bottom + px(kGap) + px(kButtonHeight) + px(kMargin)};
+}
+
+void MessageDialog::AddTechnicalBox() {
+  RECT inside = technical_;
+  InflateRect(&inside, -theme_.GetScale().Design(8), -theme_.GetScale().Design(7));
+  technicalBox_ =
+      CreateWindowExW(0, L"EDIT", content_.technical.c_str(),
+                      WS_CHILD | WS_VISIBLE | ES_MULTILINE | ES_READONLY | ES_LEFT, inside.left,
+                      inside.top, inside.right - inside.left, inside.bottom - inside.top, Handle(),
+                      nullptr, Instance(), nullptr);
+  SendMessageW(technicalBox_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.Font()), FALSE);
+}
+
+void MessageDialog::AddButtons() {
+  const Scale& scale = theme_.GetScale();
+  const auto add = [&](const wchar_t* caption, Answer answer) {
+    const int taken = static_cast<int>(buttons_.size()) * scale.Design(kButtonWidth + 12);
+    const LONG top = frame_.bottom + scale.Design(kGap);
+    const LONG left = frame_.left + taken;
+    const RECT place{left, top, left + scale.Design(kButtonWidth),
+                     top + scale.Design(kButtonHeight)};
+    buttons_.push_back(std::make_unique<PushButton>(Guard(), theme_, Handle(), place, caption,
+                                                    [this, answer] { Finish(answer); }));
+    buttons_.back()->Face().SetGrounds(content_.formGround, content_.buttonGround);
+  };
+  if (content_.kind == Kind::kQuestion) {
+    add(L"خیر", Answer::kNo);
+    add(L"بله", Answer::kYes);
+  } else {
+    add(L"تأیید", Answer::kYes);
+  }
+  buttons_.back()->Face().SetDefault(true);
+}
+
+MessageDialog::Answer MessageDialog::Run() {
+  ModalLoop loop(Handle());
+  loop_ = &loop;
+  // An hourglass of the work that asked would hide that the buttons can be pressed.
+  const HCURSOR before = SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW)));
+  ShowWindow(Handle(), SW_SHOW);
+  SetForegroundWindow(Handle());
+  SetFocus(buttons_.back()->Handle());
+  MessageBeep(content_.kind == Kind::kError ? MB_ICONERROR : MB_OK);
+  loop.Run(Handle());
+  loop.End();
+  loop_ = nullptr;
+  if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
+  SetCursor(before);
+  return answer_.value_or(Answer::kClosed);
+}
+
+void MessageDialog::Finish(Answer answer) {
+  answer_ = answer;
+  if (loop_ != nullptr) loop_->End();
+}
+
+void MessageDialog::MoveFocus(int step) {
+  const int count = static_cast<int>(buttons_.size());
+  int at = 0;
+  while (at < count && buttons_[static_cast<std::size_t>(at)]->Handle() != GetFocus()) ++at;
+  at = at == count ? count - 1 : (at + step + count) % count;
+  SetFocus(buttons_[static_cast<std::size_t>(at)]->Handle());
+}
+
+bool MessageDialog::OnKey(WPARAM key) {
+  const bool question = content_.kind == Kind::kQuestion;
+  switch (key) {
+    case VK_TAB:
+    case VK_LEFT:
+    case VK_RIGHT: {
+      const bool back = key == VK_LEFT || (key == VK_TAB && GetKeyState(VK_SHIFT) >= 0);
+      MoveFocus(back ? -1 : 1);
+      return true;
+    }
+    case VK_RETURN:
+      Finish(Answer::kYes);
+      return true;
+    case VK_ESCAPE:
+      Finish(Answer::kClosed);
+      return true;
+    case 'Y':
+      if (question) Finish(Answer::kYes);
+      return question;
+    case 'N':
+      if (question) Finish(Answer::kNo);
+      return question;
+    case 'C':
+      if (GetKeyState(VK_CONTROL) >= 0) return false;
+      CopyTexts();
+      return true;
+    default:
+      return false;
+  }
+}
+
+void MessageDialog::CopyTexts() const {
+  std::wstring texts = content_.title + L"\r\n" + content_.message;
+  if (!content_.technical.empty()) texts += L"\r\n" + content_.technical;
+  CopyToClipboard(Handle(), texts);
+}
+
+LRESULT MessageDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_CLOSE:
+      Finish(Answer::kClosed);
+      return 0;
+    case WM_CTLCOLORSTATIC: {
+      const auto dc = reinterpret_cast<HDC>(wParam);
+      const LRESULT brush = FieldColours(dc, true);
+      SetTextColor(dc, theme::kMutedText);
+      return brush;
+    }
+    case kFormKeyDown:
+      return OnKey(wParam) ? 1 : 0;
+    case WM_KEYDOWN:
+      OnKey(wParam);
+      return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) != WA_INACTIVE && !buttons_.empty() && !IsChild(Handle(), GetFocus())) {
+        SetFocus(buttons_.back()->Handle());
+      }
+      return 0;
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+void MessageDialog::Paint() const {
+  const PaintSession canvas(Handle());
+  const Scale& scale = theme_.GetScale();
+  canvas.Fill(canvas.Area(), content_.formGround);
+  canvas.RoundBox(frame_, scale.Design(5), content_.frameGround, theme::kLine);
+  const controls::Colour ground = content_.kind == Kind::kError ? theme::kRefused : theme::kAccent;
+  RECT disc = badge_;
+  InflateRect(&disc, -1, -1);
+  canvas.RoundBox(disc, scale.Design(kBadge) / 2, ground, ground);
+  const wchar_t* sign = L"i";
+  if (content_.kind == Kind::kQuestion) sign = L"؟";
+  if (content_.kind == Kind::kError) sign = L"!";
+  canvas.Text(sign, badge_,
+              {.font = theme_.LargeFont(), .colour = theme::kWhite, .across = Across::kCentre});
+  canvas.Text(content_.message, message_, {.font = theme_.Font(), .wrapped = true});
+  if (!content_.technical.empty()) {
+    canvas.RoundBox(technical_, scale.Design(3), theme::kField, theme::kLine);
+  }
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,84 @@
+#include "adapters/windows/ModalLoop.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace adapters::windows {
+
+namespace {
+
+BOOL CALLBACK AddIfOpen(HWND window, LPARAM list) {
+  if (IsWindowVisible(window) && IsWindowEnabled(window)) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  }
+  return TRUE;
+}
+
+/// The thread's top-level windows that take input, uppermost first.
+std::vector<HWND> OpenWindows() {
+  std::vector<HWND> windows;
+  EnumThreadWindows(GetCurrentThreadId(), AddIfOpen, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+}  // namespace
+
+ModalLoop::ModalLoop(HWND window) {
+  for (const HWND other : OpenWindows()) {
+    if (other == window) continue;
+    EnableWindow(other, FALSE);
+    disabled_.push_back(other);
+  }
+}
+
+bool ModalLoop::Run(HWND window) {
+  MSG message;
+  while (!ended_ && IsWindow(window)) {
+    const BOOL more = GetMessageW(&message, nullptr, 0, 0);
+    if (more <= 0) {
+      if (more == 0) PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return ended_;
+}
+
+void ModalLoop::End() {
+  if (std::exchange(ended_, true)) return;
+  EnableOthers();
+  // It may be a message sent by another thread that ends it: GetMessage would not return for that.
+  PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+void ModalLoop::EnableOthers() {
+  for (const HWND window : std::exchange(disabled_, {})) EnableWindow(window, TRUE);
+}
+
+HWND DialogOwner() {
+  if (const HWND active = GetActiveWindow()) return active;
+  const std::vector<HWND> open = OpenWindows();
+  return open.empty() ? nullptr : open.front();
+}
+
+void CentreOver(HWND below, HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  const RECT& room = monitor.rcWork;
+  RECT over = room;
+  if (below != nullptr && !IsIconic(below)) GetWindowRect(below, &over);
+  RECT own{};
+  GetWindowRect(window, &own);
+  const LONG width = own.right - own.left;
+  const LONG height = own.bottom - own.top;
+  const LONG left = (over.left + over.right - width) / 2;
+  const LONG top = (over.top + over.bottom - height) / 2;
+  SetWindowPos(window, nullptr,
+               std::clamp(left, room.left, std::max(room.left, room.right - width)),
+               std::clamp(top, room.top, std::max(room.top, room.bottom - height)), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "adapters/windows/ControlWindow.h"
+
+namespace adapters::windows {
+
+/// A text box, of one line or several.
+class TextWindow : public WindowOf<controls::TextBox> {
+ public:
+  TextWindow(controls::TextBox& model, const Surroundings& surroundings, HWND parent);
+
+ protected:
+  void Refresh(const controls::Change& change) override;
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+  bool OnParentMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
+
+ private:
+  void ShowText();
+  void PaintDisabled() const;
+  const bool severalLines_;
+  bool showing_ = false;  // the text comes from the model, not from the keys
+};
+
+}  // namespace adapters::windows

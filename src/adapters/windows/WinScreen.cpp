@@ -1,0 +1,169 @@
+#include "adapters/windows/WinScreen.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/windows/ModalLoop.h"
+#include "platform/RuntimeError.h"
+
+namespace adapters::windows {
+
+using controls::Control;
+using controls::Form;
+using controls::Modality;
+using controls::MousePointer;
+using platform::RuntimeError;
+
+class WinScreen::Dropper : public Window {
+ public:
+  Dropper(ErrorGuard& guard, WinScreen& screen) : Window(guard), screen_(screen) {
+    Create({.parent = HWND_MESSAGE});
+  }
+  void Ask() const { PostMessageW(Handle(), WM_APP, 0, 0); }
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message != WM_APP) return Default(message, wParam, lParam);
+    screen_.DropRetired();
+    return 0;
+  }
+
+ private:
+  WinScreen& screen_;
+};
+
+WinScreen::WinScreen(ErrorGuard& guard, const platform::Clock& clock, const Theme& theme)
+    : surroundings_{guard, clock, theme}, dropper_(std::make_unique<Dropper>(guard, *this)) {
+  // A routine that failed under the hourglass will not take it away any more.
+  guard.SetBeforeShow([this] { SetMousePointer(MousePointer::kDefault); });
+}
+
+WinScreen::~WinScreen() {
+  surroundings_.guard.SetBeforeShow(nullptr);
+  WinScreen::SetMousePointer(MousePointer::kDefault);
+}
+
+FormWindow& WinScreen::WindowFor(Form& form, HWND owner) {
+  std::unique_ptr<FormWindow>& window = windows_[&form];
+  // The one before may have gone with its owner.
+  if (window && window->Handle() == nullptr) Retire(std::move(window));
+  if (!window) {
+    window = std::make_unique<FormWindow>(form, surroundings_, owner);
+    window->SetBusy(hourglass_);
+    CentreOver(owner, window->Handle());
+  }
+  return *window;
+}
+
+bool WinScreen::ModalUp() const {
+  if (!modal_.empty() || hostModal_) return true;
+  // Whoever is modal has disabled the windows around it.
+  if (host_ != nullptr && !IsWindowEnabled(host_)) return true;
+  return std::ranges::any_of(windows_, [](const auto& entry) {
+    const HWND window = entry.second->Handle();
+    return window != nullptr && !IsWindowEnabled(window);
+  });
+}
+
+void WinScreen::Show(Form& form, Modality modality) {
+  const bool modal = modality == Modality::kModal;
+  if (!modal && ModalUp()) {
+    throw RuntimeError(platform::kNonModalWhileModal,
+                       "Can't show non-modal form when modal form is displayed");
+  }
+  HWND owner = modal ? DialogOwner() : host_;
+  if (owner == nullptr) owner = host_;
+  const HWND window = WindowFor(form, owner).Handle();
+  if (!IsWindowVisible(window) && owner != window) {
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+    if (modal) CentreOver(owner, window);
+  }
+  if (modal) {
+    RunModal(form, window);
+    return;
+  }
+  ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
+  SetForegroundWindow(window);
+}
+
+void WinScreen::RunModal(Form& form, HWND window) {
+  ModalLoop loop(window);
+  modal_.push_back({&form, &loop});
+  ShowWindow(window, SW_SHOW);
+  SetForegroundWindow(window);
+  const bool ended = loop.Run(window);
+  std::erase_if(modal_, [&loop](const ModalRun& run) { return run.loop == &loop; });
+  // The program was told to quit while the form was up. (Its window's end hides a form by itself.)
+  if (!ended) {
+    loop.End();
+    form.Hide();
+  }
+}
+
+void WinScreen::EndModal(const Form& form) {
+  for (const ModalRun& run : modal_) {
+    if (run.form == &form) run.loop->End();
+  }
+}
+
+void WinScreen::Hide(Form& form) {
+  EndModal(form);
+  if (const HWND window = WindowOf(form)) ShowWindow(window, SW_HIDE);
+}
+
+void WinScreen::Unload(Form& form) {
+  EndModal(form);
+  const auto found = windows_.find(&form);
+  if (found == windows_.end()) return;
+  // The form's own destructor may be what unloads it: nothing of it may be asked from here on.
+  std::unique_ptr<FormWindow> window = std::move(found->second);
+  windows_.erase(found);
+  window->Detach();
+  if (window->Handle() != nullptr) ShowWindow(window->Handle(), SW_HIDE);
+  Retire(std::move(window));
+}
+
+void WinScreen::Retire(std::unique_ptr<FormWindow> window) {
+  retired_.push_back(std::move(window));
+  dropper_->Ask();
+}
+
+void WinScreen::DropRetired() {
+  // One is the message that asks for it. Waiting costs nothing but memory: the next unloading
+  // tries again.
+  if (surroundings_.guard.Depth() == 1) retired_.clear();
+}
+
+void WinScreen::SetFocus(Control& control) {
+  const ControlWindow* view = ViewOf(control);
+  if (view == nullptr) {
+    throw RuntimeError(platform::kInvalidProcedureCall, "Invalid procedure call or argument");
+  }
+  windows_.at(&control.ParentForm())->FocusOn(*view);
+}
+
+void WinScreen::SetMousePointer(MousePointer pointer) {
+  const bool hourglass = pointer == MousePointer::kHourglass;
+  if (hourglass == hourglass_) return;
+  hourglass_ = hourglass;
+  for (const auto& [form, window] : windows_) window->SetBusy(hourglass);
+  // At once: while a routine works, no message asks for the pointer.
+  SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(hourglass ? IDC_WAIT : IDC_ARROW)));
+}
+
+HWND WinScreen::WindowOf(const Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : found->second->Handle();
+}
+
+ControlWindow* WinScreen::ViewOf(const Control& control) const {
+  const auto found = windows_.find(&control.ParentForm());
+  return found == windows_.end() ? nullptr : found->second->WindowOf(control);
+}
+
+HWND WinScreen::WindowOf(const Control& control) const {
+  const ControlWindow* view = ViewOf(control);
+  return view == nullptr ? nullptr : view->Handle();
+}
+
+}  // namespace adapters::windows
