@@ -1,0 +1,126 @@
+#include "adapters/windows/ScriptingFileSystem.h"
+
+#include <utility>
+
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+
+namespace adapters::windows {
+
+namespace {
+
+using platform::RuntimeError;
+
+constexpr const char* kFileSystemObject = "Scripting.FileSystemObject";
+constexpr std::size_t kBlockBytes = 1 << 16;
+constexpr std::int32_t kDiskFull = 61;
+constexpr std::int32_t kPermissionDenied = 70;
+constexpr std::int32_t kPathFileAccessError = 75;
+constexpr std::int32_t kPathNotFound = 76;
+
+RuntimeError Told(std::int32_t number, const std::string& path, const std::string& system) {
+  const char* words = "فايل نوشته نشد.";
+  if (number == kPathFileAccessError) words = "اين نام يك فايل نيست.";
+  if (number == kPathNotFound) words = "پوشه اين فايل وجود ندارد.";
+  if (number == kPermissionDenied) words = "اجازه نوشتن اين فايل را نداريد.";
+  if (number == kDiskFull) words = "فايل نوشته نشد؛ ديسك پر است.";
+  return {number, std::string(words) + " " + path + (system.empty() ? "" : " (" + system + ")"),
+          kFileSystemObject};
+}
+
+/// Runs one step with the file at `path`, and tells its failure with that name.
+template <typename Step>
+auto About(const std::string& path, Step step) {
+  try {
+    return step();
+  } catch (const RuntimeError& error) {
+    throw Told(error.Number(), path, error.Description());
+  }
+}
+
+std::int32_t NumberOfSystemError(DWORD code) {
+  switch (code) {
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+      return kPermissionDenied;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+      return kPathNotFound;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      return kDiskFull;
+    default:
+      return kPathFileAccessError;
+  }
+}
+
+/// Late-bound calls are dear, so texts are gathered into blocks.
+class GatheredTextFile : public platform::TextFile {
+ public:
+  explicit GatheredTextFile(const std::string& path) : path_(path) {
+    const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
+    const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+    if (path.empty() || (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
+      throw Told(kPathFileAccessError, path, {});
+    }
+    if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+      throw Told(kPermissionDenied, path, {});
+    }
+    const Dispatch files = Dispatch::Create(kFileSystemObject);
+    part_ = path + "." + std::to_string(GetCurrentProcessId()) + ".part";
+    const bool overwrite = true;
+    const bool unicode = true;
+    stream_ = About(path, [&] {
+      return Dispatch(files.Call("CreateTextFile", {part_, overwrite, unicode}).Object());
+    });
+  }
+  GatheredTextFile(const GatheredTextFile&) = delete;
+  GatheredTextFile& operator=(const GatheredTextFile&) = delete;
+  ~GatheredTextFile() override {
+    stream_ = {};
+    if (!part_.empty()) DeleteFileW(Wide(part_).c_str());
+  }
+
+  void Write(std::string_view text) override {
+    block_ += text;
+    if (block_.size() >= kBlockBytes) Flush();
+  }
+  void WriteLineBreak() override { Write("\r\n"); }
+
+  void Close() override {
+    Flush();
+    About(path_, [&] { std::exchange(stream_, {}).Call("Close"); });
+    // The object's own MoveFile cannot replace a file.
+    if (!MoveFileExW(Wide(part_).c_str(), Wide(path_).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+      const DWORD code = GetLastError();
+      throw Told(NumberOfSystemError(code), path_, SystemText(HRESULT_FROM_WIN32(code)));
+    }
+    part_.clear();
+  }
+
+ private:
+  void Flush() {
+    if (block_.empty()) return;
+    About(path_, [&] { stream_.Call("Write", {block_}); });
+    block_.clear();
+  }
+
+  std::string path_;
+  std::string part_;  // empty once it stands in its place
+  Dispatch stream_;
+  std::string block_;
+};
+
+}  // namespace
+
+bool ScriptingFileSystem::FileExists(const std::string& path) {
+  return Dispatch::Create(kFileSystemObject).Call("FileExists", {path}).Flag();
+}
+
+std::unique_ptr<platform::TextFile> ScriptingFileSystem::CreateTextFile(const std::string& path) {
+  return std::make_unique<GatheredTextFile>(path);
+}
+
+}  // namespace adapters::windows
