@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "Library.h"
+#include "platform/ControlSite.h"
+
+namespace activex {
+
+/// The container, as the control and the module see it; without one, nothing happens and nothing
+/// fails.
+class ContainerSite : public platform::ControlSite {
+ public:
+  /// `changed` hears the key of every property that is set.
+  explicit ContainerSite(std::function<void(std::string_view key)> changed)
+      : changed_(std::move(changed)) {}
+
+  void SetClient(IOleClientSite* client) { client_ = ComPtr<IOleClientSite>::Share(client); }
+  const ComPtr<IOleClientSite>& Client() const { return client_; }
+  /// The top window that the container stands in; null when there is none.
+  HWND Frame() const;
+  /// The container said that it shows a modal form, or that it has none any more.
+  void SetModal(bool modal) { modal_ = modal; }
+  /// While it is so, a modeless form of the module may not be shown.
+  bool Modal() const;
+
+  void PropertyChanged(std::string_view key) override { changed_(key); }
+  void SetExtenderHeight(double height) override;
+  void SetExtenderWidth(double width) override;
+  void SetExtenderVisible(bool visible) override;
+
+ private:
+  void PutToExtender(std::string_view name, const adapters::windows::Variant& value) const;
+
+  std::function<void(std::string_view)> changed_;
+  ComPtr<IOleClientSite> client_;
+  bool modal_ = false;
+};
+
+}  // namespace activex
