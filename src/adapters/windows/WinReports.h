@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/Clock.h"
+#include "platform/Connection.h"
+#include "platform/ReportEngine.h"
+#include "platform/RuntimeError.h"
+
+namespace adapters::windows {
+
+/// The suite's report engine where the suite's installation names one, else report templates
+/// (adapters/report) in the user's browser.
+///
+/// The engine is the component whose programmatic id is the text `ReportEngine` of the registry key
+/// `Software\DistPromoterProg`, the user's before the machine's. It is reached late bound, by the
+/// methods LoadReportFile(path), SetConnectionString(text), SetSelectionFormula(number, formula)
+/// and Produce(output) with 1 for the screen and 0 for the printer. A component that is named but
+/// cannot be made throws RuntimeError 429: its templates are not ours to read.
+///
+/// Otherwise Produce writes the filled template as one HTML file of its own into the user's folder
+/// for temporary files, where Windows clears it away, and has it opened. LoadReportFile throws
+/// RuntimeError 53 when the file cannot be read, 321 when it is no template; selection formula 1 is
+/// the one there is, another number throws 5. Produce shows a failure to the user before it throws
+/// it: its caller goes on without a word.
+class WinReports : public platform::ReportEngineFactory {
+ public:
+  /// Opens or prints the file at `path`; throws RuntimeError when that fails.
+  using Opener = std::function<void(const std::string& path, platform::ReportOutput output)>;
+  using ShowFailure = std::function<void(const platform::RuntimeError& failure)>;
+
+  /// Both references outlive this object and its engines.
+  WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
+             ShowFailure showFailure, Opener open = OpenByShell);
+  std::unique_ptr<platform::ReportEngine> Create() override;
+
+  /// With the program that the user has for such files. Where that program cannot be told to print,
+  /// the file is opened, to be printed from there.
+  static void OpenByShell(const std::string& path, platform::ReportOutput output);
+
+ private:
+  platform::ConnectionFactory& connections_;
+  const platform::Clock& clock_;
+  ShowFailure showFailure_;
+  Opener open_;
+};
+
+}  // namespace adapters::windows

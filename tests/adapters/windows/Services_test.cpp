@@ -1,0 +1,230 @@
+#include "adapters/windows/Services.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/windows/ComComponents.h"
+#include "adapters/windows/ComExcel.h"
+#include "adapters/windows/ScriptingFileSystem.h"
+#include "adapters/windows/StandIn.h"
+#include "adapters/windows/Wide.h"
+#include "adapters/windows/WinReports.h"
+#include "demo/SampleOffice.h"
+
+namespace adapters::windows {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::AutomationValue;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+template <typename Action>
+std::int32_t NumberOf(Action action) {
+  try {
+    action();
+  } catch (const platform::RuntimeError& error) {
+    return error.Number();
+  }
+  return 0;
+}
+
+std::string Bytes(const fs::path& path) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+TEST(ComComponents, Members_TakeAndGiveValuesOfEveryKind) {
+  std::vector<std::string> log;
+  const Component registered("comNotice.comNTC", [&] {
+    const auto notice = StandIn::Make();
+    notice->On("FormType=", [&](const StandIn::Arguments& value) {
+      log.push_back(std::to_string(value[0].Type()) + " " + value[0].Text());
+    });
+    notice->On("ClearShow", [&](const StandIn::Arguments& a) {
+      log.push_back(a.at(0).Text() + " " + a.at(1).Text());
+      return a.at(1);
+    });
+    Variant small;
+    small.Out()->vt = VT_I2;
+    notice->On("Resualt", small).On("Nothing", Variant::Null());
+    notice->On("Fails", []() -> Variant { throw platform::RuntimeError(380, "Bad", "comNTC"); });
+    return Variant(notice.Get());
+  });
+  ComComponents components;
+  const auto notice = components.Create("comNotice.comNTC");
+  for (const AutomationValue& value : {AutomationValue{}, AutomationValue{true}, AutomationValue{7},
+                                       AutomationValue{2.5}, AutomationValue{"كي"}}) {
+    notice->Put("FormType", value);
+  }
+  const AutomationValue arguments[] = {"first", std::int32_t{2}};
+  EXPECT_EQ(notice->Call("ClearShow", arguments), AutomationValue(2));
+  EXPECT_THAT(log, ElementsAre("0 ", "11 -1", "3 7", "5 2.5", "8 كي", "first 2"));
+  EXPECT_EQ(notice->Get("Resualt"), AutomationValue(0));
+  EXPECT_EQ(notice->Get("Nothing"), AutomationValue());
+  EXPECT_EQ(NumberOf([&] { notice->Get("NoSuchMember"); }), platform::kNoSuchMember);
+  EXPECT_EQ(NumberOf([&] { notice->Call("Fails"); }), 380);
+  EXPECT_EQ(NumberOf([&] { components.Create("com.Unknown"); }), platform::kCannotCreateComponent);
+}
+
+TEST(ComExcel, Cells_ArePutOneByOneAndNoneBecomesAFormula) {
+  std::vector<std::string> log;
+  const auto made = [](auto& object) { return Variant(object.Get()); };
+  const Component registered("Excel.Application", [&] {
+    const auto excel = StandIn::Make();
+    excel->On("Visible=",
+              [&](const StandIn::Arguments& a) { log.push_back("Visible " + a[0].Text()); });
+    excel->On("Workbooks", [&](const StandIn::Arguments& which) {
+      const auto books = StandIn::Make();
+      books->On("Add", [&] { log.emplace_back("Add"); });
+      books->On("Worksheets", [&, book = which](const StandIn::Arguments& sheet) {
+        const auto cells = StandIn::Make();
+        cells->On("Cells",
+                  [&, at = book[0].Text() + sheet.at(0).Text()](const StandIn::Arguments& a) {
+                    const auto cell = StandIn::Make();
+                    cell->On("Value=", [&, at = at + " " + a.at(0).Text() + "," + a.at(1).Text() +
+                                                " "](const StandIn::Arguments& value) {
+                      log.push_back(at + value[0].Text());
+                    });
+                    return made(cell);
+                  });
+        return made(cells);
+      });
+      return made(books);
+    });
+    return made(excel);
+  });
+  ComExcel excel;
+  const auto application = excel.CreateApplication();
+  application->AddWorkbook();
+  application->SetVisible(true);
+  int column = 0;
+  for (const char* text : {"گ", "=1+1", "+98", "@x", "-12.5", "-1+1", "-", "'a", ""}) {
+    application->SetCell(3, ++column, text);
+  }
+  EXPECT_THAT(
+      log, ElementsAre("Add", "Visible -1", "11 3,1 گ", "11 3,2 '=1+1", "11 3,3 '+98", "11 3,4 '@x",
+                       "11 3,5 -12.5", "11 3,6 '-1+1", "11 3,7 '-", "11 3,8 ''a", "11 3,9 "));
+}
+
+TEST(ScriptingFileSystem, File_IsUtf16AndReplacesTheOldOneOnCloseAlone) {
+  const fs::path folder = fs::path(Wide(testing::TempDir())) / L"پرونده";
+  fs::remove_all(folder);
+  fs::create_directory(folder);
+  const std::string path = Utf8((folder / L"گ.txt").wstring());
+  ScriptingFileSystem files;
+  EXPECT_FALSE(files.FileExists(path));
+  const auto write = [&](std::string_view text) {
+    auto file = files.CreateTextFile(path);
+    file->Write(text);
+    file->WriteLineBreak();
+    return file;
+  };
+  write("گ|")->Close();
+  const std::string expected("\xFF\xFE\xAF\x06|\0\r\0\n\0", 10);
+  EXPECT_EQ(Bytes(folder / L"گ.txt"), expected);
+  const std::string large(200000, 'x');
+  write(large);
+  EXPECT_EQ(Bytes(folder / L"گ.txt"), expected);
+  write(large)->Close();
+  EXPECT_EQ(fs::file_size(folder / L"گ.txt"), 2 + 2 * (large.size() + 2));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "no part is left";
+  EXPECT_TRUE(files.FileExists(path));
+  EXPECT_EQ(NumberOf([&] { files.CreateTextFile(Utf8((folder / L"no/x.txt").wstring())); }), 76);
+  EXPECT_EQ(NumberOf([&] { files.CreateTextFile(Utf8(folder.wstring())); }), 75);
+}
+
+TEST(Services, SmallOnes_DoAsWindowsDoes) {
+  EXPECT_EQ(WindowsFilter("Text|*.txt|All|*.*"), std::wstring(L"Text\0*.txt\0All\0*.*\0\0", 20));
+  EXPECT_EQ(WindowsFilter("فايل متني"), std::wstring(L"فايل متني\0*.*\0\0", 15));
+  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("\"no such program.exe\" /s"); }), 53);
+  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("cmd.exe /c exit"); }), 0);
+  EXPECT_GE(WinKeyboard().GetVersion() & 0xFFU, 5U);
+}
+
+class ReportsTest : public testing::Test, platform::ConnectionFactory {
+ protected:
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    return std::make_unique<sqlite::SqliteConnection>(connectionString);
+  }
+
+  const std::string folder = testing::TempDir();
+  WinClock clock;
+  std::vector<std::string> log;
+  WinReports reports{
+      *this, clock, [this](const auto& failure) { log.push_back(failure.Description()); },
+      [this](const std::string& path, platform::ReportOutput output) {
+        log.push_back(path + (output == platform::ReportOutput::kScreen ? " 1" : " 0"));
+      }};
+};
+
+TEST_F(ReportsTest, Template_BecomesOneWholePageFromRightToLeft) {
+  demo::SampleOptions options;
+  options.customers = 50;
+  options.today = clock.Today();
+  std::remove((folder + "office.db").c_str());
+  demo::CreateSampleOffice(folder + "office.db", options);
+  std::ofstream(fs::path(Wide(folder + "قالب.html")), std::ios::binary)
+      << "<!--report\ntitle: برنامه <{{#p}}{{ID}}{{/p}}>\nheader: H\npage: landscape\ndigits: "
+         "persian\nquery p: Select ID From tblDistributionPromoterProgram Where ID = {fmlID}\n-->"
+         "<html><HEAD><style>td { color: red }</style></HEAD><body class=\"x\">{{#p}}<p>{{ID}}</p>"
+         "{{/p}}</body></html>";
+  const auto engine = reports.Create();
+  engine->LoadReportFile(folder + "قالب.html");
+  engine->SetConnectionString("sqlite:" + folder + "office.db");
+  engine->SetSelectionFormula(1, "fmlID = 1");
+  engine->Produce(platform::ReportOutput::kScreen);
+  engine->Produce(platform::ReportOutput::kPrinter);
+  ASSERT_EQ(log.size(), 2U);
+  EXPECT_NE(log[0].substr(0, log[0].size() - 2), log[1].substr(0, log[1].size() - 2));
+  EXPECT_THAT(log[1], testing::EndsWith(".html 0"));
+  const std::string page = Bytes(fs::path(Wide(log[0].substr(0, log[0].size() - 2))));
+  EXPECT_THAT(page, testing::StartsWith("<!DOCTYPE html>\n<html dir=\"rtl\""));
+  for (const char* part : {"charset=\"utf-8\"", "<title>برنامه &lt;۱&gt;</title>", "A4 landscape",
+                           "td { color: red }", "<body class=\"x\">", "<p>۱</p>", "<span>H</span>",
+                           "تاريخ چاپ: ۱۴", "counter(page, persian)"}) {
+    EXPECT_THAT(page, HasSubstr(part));
+  }
+  for (const char* once : {"<html", "<head>", "<body", "</body>", "</html>"}) {
+    EXPECT_EQ(page.find(once), page.rfind(once)) << once;
+  }
+
+  engine->SetConnectionString("sqlite:" + folder + "none.db");
+  EXPECT_NE(NumberOf([&] { engine->Produce(platform::ReportOutput::kScreen); }), 0);
+  EXPECT_EQ(log.size(), 3U) << "a failure is shown";
+  EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(folder + "none.html"); }), 53);
+  EXPECT_EQ(NumberOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), 5);
+}
+
+TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
+  constexpr const wchar_t* kKey = L"Software\\DistPromoterProg";
+  RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine", REG_SZ, L"suite.Report", 26);
+  EXPECT_EQ(NumberOf([&] { reports.Create(); }), platform::kCannotCreateComponent);
+  const Component registered("suite.Report", [&] {
+    const auto engine = StandIn::Make();
+    for (const std::string name :
+         {"LoadReportFile", "SetConnectionString", "SetSelectionFormula", "Produce"}) {
+      engine->On(name, [&, name](const StandIn::Arguments& a) {
+        log.push_back(name);
+        for (const Variant& value : a) log.back() += " " + value.Text();
+      });
+    }
+    return Variant(engine.Get());
+  });
+  const auto engine = reports.Create();
+  engine->LoadReportFile("a.rpt");
+  engine->SetConnectionString("c");
+  engine->SetSelectionFormula(1, "fmlID = 1");
+  engine->Produce(platform::ReportOutput::kScreen);
+  EXPECT_THAT(log, ElementsAre("LoadReportFile a.rpt", "SetConnectionString c",
+                               "SetSelectionFormula 1 fmlID = 1", "Produce 1"));
+  RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine");
+}
+
+}  // namespace
+}  // namespace adapters::windows
