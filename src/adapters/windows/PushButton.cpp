@@ -6,13 +6,6 @@
 
 namespace adapters::windows {
 
-std::wstring TextOf(HWND window) {
-  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(
-      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return text;
-}
-
 bool ButtonFace::OnMessage(HWND window, UINT& message, WPARAM /*wParam*/) {
   switch (message) {
     case WM_PAINT:

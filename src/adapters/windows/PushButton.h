@@ -49,7 +49,4 @@ class PushButton : public Window {
   std::function<void()> onClick_;
 };
 
-/// The caption of any window.
-std::wstring TextOf(HWND window);
-
 }  // namespace adapters::windows

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "adapters/windows/Field.h"
-#include "adapters/windows/PushButton.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {

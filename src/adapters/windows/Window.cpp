@@ -166,6 +166,13 @@ bool Window::OnParentMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lPara
   return false;
 }
 
+std::wstring TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
 std::string NameOf(HWND handle, const wchar_t* property) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(handle, property)));
   if (atom == 0) return {};

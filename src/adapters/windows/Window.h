@@ -69,6 +69,8 @@ class Window {
   const wchar_t* nameProperty_ = nullptr;
 };
 
+/// The text of any window: a caption, or what stands in an edit box.
+std::wstring TextOf(HWND window);
 /// The name that SetName gave a window; empty where there is none.
 std::string NameOf(HWND handle, const wchar_t* property);
 
