@@ -95,13 +95,13 @@ void FieldFrame::PaintSign(const Canvas& canvas, const RECT& button) const {
   canvas.Stroke({at(2.5, -6), at(2.5, -3.5)}, width, ink);
 }
 
-/// Windows would show the text too pale to be read.
-void FieldFrame::PaintDisabled() const {
+/// Windows would show the text of a disabled field too pale to be read, and not every Windows puts
+/// Persian and Latin words of an EDIT in the right order; so it paints only what is being edited.
+void FieldFrame::PaintText() const {
   const PaintSession session(field_);
-  session.Fill(session.Area(), controls::palette::kFrame);
-  TextLook look;
-  look.font = surroundings_.theme.Font();
-  session.Text(Text(), session.Area(), look);
+  const bool enabled = IsWindowEnabled(field_) != FALSE;
+  session.Fill(session.Area(), enabled ? theme::kField : controls::palette::kFrame);
+  session.Text(Text(), session.Area(), {.font = surroundings_.theme.Font()});
 }
 
 void FieldFrame::Hover(bool hovered) {
@@ -125,8 +125,8 @@ std::optional<LRESULT> FieldFrame::OnMessage(UINT message, WPARAM wParam, LPARAM
       PaintFrame(ground);
       return 0;
     case WM_PAINT:
-      if (IsWindowEnabled(field_) != FALSE) break;
-      PaintDisabled();
+      if (GetFocus() == field_) break;
+      PaintText();
       return 0;
     case WM_SETFOCUS:
     case WM_KILLFOCUS:

@@ -50,7 +50,7 @@ class FieldFrame {
   void Redraw() const;
   void PaintFrame(controls::Colour ground) const;
   void PaintSign(const Canvas& canvas, const RECT& button) const;
-  void PaintDisabled() const;
+  void PaintText() const;
   void Hover(bool hovered);
 
   const Surroundings surroundings_;

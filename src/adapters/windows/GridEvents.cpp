@@ -3,8 +3,8 @@
 #include <windowsx.h>
 
 #include <algorithm>
-#include <cstring>
 
+#include "adapters/windows/Clipboard.h"
 #include "adapters/windows/GridWindow.h"
 #include "adapters/windows/Wide.h"
 
@@ -49,23 +49,6 @@ std::optional<FlexGrid::Key> GridKey(WPARAM key, bool control) {
     default:
       return std::nullopt;
   }
-}
-
-/// Another program may hold the clipboard: then nothing is copied, as with any other program.
-void CopyToClipboard(HWND owner, const std::wstring& text) {
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-  HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, bytes);
-  if (memory == nullptr) return;
-  if (void* const target = GlobalLock(memory)) {
-    std::memcpy(target, text.c_str(), bytes);
-    GlobalUnlock(memory);
-    if (OpenClipboard(owner) != FALSE) {
-      EmptyClipboard();
-      if (SetClipboardData(CF_UNICODETEXT, memory) != nullptr) memory = nullptr;
-      CloseClipboard();
-    }
-  }
-  if (memory != nullptr) GlobalFree(memory);
 }
 
 }  // namespace
@@ -264,10 +247,7 @@ bool GridWindow::OnKey(WPARAM key) {
   const bool extend = Held(VK_SHIFT);
   const int page = geometry_.PageRows();
   if (Call([&](FlexGrid& grid) { grid.PressKey(*gridKey, extend, page); })) {
-    if (geometry_.Reveal(Model()->RowSel(), Model()->ColSel())) {
-      UpdateScrollBars();
-      Invalidate();
-    }
+    Reveal(Model()->RowSel(), Model()->ColSel());
   }
   return true;
 }

@@ -112,7 +112,16 @@ void GridWindow::PaintBlockFrame(const Canvas& canvas) const {
 
 void GridWindow::PaintFrame() const {
   const FramePainting frame(Handle());
-  Canvas(frame.Dc()).Frame(frame.Area(), focused_ ? theme::kAccent : theme::kLine);
+  const Canvas canvas(frame.Dc());
+  // Nobody paints the corner between the two scroll bars.
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  RECT window{};
+  GetWindowRect(Handle(), &window);
+  MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+  OffsetRect(&client, -window.left, -window.top);
+  canvas.Fill({0, client.bottom, client.left, frame.Area().bottom}, controls::palette::kFrame);
+  canvas.Frame(frame.Area(), focused_ ? theme::kAccent : theme::kLine);
 }
 
 }  // namespace adapters::windows

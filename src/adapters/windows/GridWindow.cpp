@@ -71,9 +71,25 @@ void GridWindow::UpdateScrollBars() {
 }
 
 void GridWindow::ScrollTo(int rowsAbove, int across) {
-  if (!geometry_.ScrollTo(rowsAbove, across)) return;
+  const GridGeometry before = geometry_;
+  if (geometry_.ScrollTo(rowsAbove, across)) ShowScrolled(before);
+}
+
+void GridWindow::Reveal(int row, int col) {
+  const GridGeometry before = geometry_;
+  if (geometry_.Reveal(row, col)) ShowScrolled(before);
+}
+
+void GridWindow::ShowScrolled(const GridGeometry& before) {
+  if (geometry_.Across() != before.Across()) {
+    Invalidate();
+  } else {
+    // Moves what stays in sight and paints the rest.
+    const RECT rows = geometry_.Room(true, false);
+    const int down = (before.RowsAbove() - geometry_.RowsAbove()) * geometry_.RowHeight();
+    ScrollWindowEx(Handle(), 0, down, &rows, &rows, nullptr, nullptr, SW_INVALIDATE);
+  }
   UpdateScrollBars();
-  Invalidate();
 }
 
 void GridWindow::InvalidateRows(Rows rows) const {
@@ -154,7 +170,10 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (OnKey(wParam)) return 0;
       break;
     case WM_SETCURSOR:
-      if (LOWORD(lParam) == HTCLIENT && ShowPointer()) return TRUE;
+      // The form may show the hourglass over all of it.
+      if (LOWORD(lParam) != HTCLIENT) break;
+      if (SendMessageW(GetParent(Handle()), message, wParam, lParam) != 0) return TRUE;
+      if (ShowPointer()) return TRUE;
       break;
     case WM_SETFOCUS:
       ShowFocus(true);

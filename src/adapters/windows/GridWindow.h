@@ -33,6 +33,8 @@ class GridWindow : public WindowOf<controls::FlexGrid> {
   void Measure();
   void UpdateScrollBars();
   void ScrollTo(int rowsAbove, int across);
+  void Reveal(int row, int col);
+  void ShowScrolled(const GridGeometry& before);
   void InvalidateRows(Rows rows) const;
   void InvalidateBlock();
   void ShowFocus(bool focused);

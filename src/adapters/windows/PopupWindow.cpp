@@ -103,7 +103,9 @@ LRESULT CALLBACK PopupWindow::WatchForm(HWND form, UINT message, WPARAM wParam, 
   if (message == WM_WINDOWPOSCHANGED) {
     constexpr UINT kStays = SWP_NOMOVE | SWP_NOSIZE;
     const UINT flags = reinterpret_cast<const WINDOWPOS*>(lParam)->flags;
-    if ((flags & kStays) != kStays) PostMessageW(reinterpret_cast<HWND>(popup), kLeave, 0, 0);
+    if ((flags & kStays) != kStays || (flags & SWP_HIDEWINDOW) != 0) {
+      PostMessageW(reinterpret_cast<HWND>(popup), kLeave, 0, 0);
+    }
   }
   return DefSubclassProc(form, message, wParam, lParam);
 }

@@ -159,9 +159,9 @@ void SelectorList::PaintRow(const Canvas& canvas, int row, const RECT& place) co
   InflateRect(&inside, -Design(kRowMargin), 0);
   const std::wstring detail = Wide(item->detail);
   if (!detail.empty()) {
-    const Measuring measuring(Look().Font());
+    const Selected font(canvas.Dc(), Look().Font());
     const LONG width =
-        std::min(LONG{TextWidth(measuring.Dc(), detail)}, (inside.right - inside.left) / 2);
+        std::min(LONG{TextWidth(canvas.Dc(), detail)}, (inside.right - inside.left) / 2);
     canvas.Text(detail, {inside.left, inside.top, inside.left + width, inside.bottom},
                 {.font = Look().Font(), .colour = theme::kMutedText, .across = Across::kLeft});
     inside.left += width + Design(kDetailGap);
