@@ -46,9 +46,9 @@ table { font-size: inherit; }
 .report-page { display: table; width: 100%; max-width: 210mm; margin: 0 auto; box-sizing: border-box; padding: 12mm; }
 .report-lying { max-width: 297mm; }
 .report-top, .report-bottom { color: #7c6c5e; }
-.report-top { display: table-header-group; }
+.report-top { display: table-header-group; break-inside: avoid; }
 .report-middle { display: table-row-group; }
-.report-bottom { display: table-footer-group; }
+.report-bottom { display: table-footer-group; break-inside: avoid; }
 .report-line { display: flex; justify-content: space-between; align-items: baseline; gap: 12pt; }
 .report-top .report-line { border-bottom: 1.2pt solid #a6683a; margin-bottom: 8pt; padding-bottom: 4pt; }
 .report-bottom .report-line { border-top: .6pt solid #cbb8a6; margin-top: 8pt; padding-top: 4pt; }
