@@ -10,8 +10,8 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/windows/AdoConnection.h"
 #include "adapters/windows/Com.h"
+#include "adapters/windows/Services.h"
 #include "adapters/windows/Wide.h"
-#include "adapters/windows/WinClock.h"
 #include "demo/SampleOffice.h"
 #include "host/modMain.h"
 

@@ -8,12 +8,12 @@ namespace activexhost {
 /// Path of the user's sample office, in the folder for local application data. Throws RuntimeError.
 std::string SampleOfficePath();
 
-/// Makes a sample office at `path` (UTF-8) unless there is a file; its report templates are those in
-/// the folder "templates" beside the program. Throws RuntimeError.
+/// Makes a sample office at `path` (UTF-8) unless there is a file; its report templates are those
+/// in the folder "templates" beside the program. Throws RuntimeError.
 void EnsureSampleOffice(const std::string& path);
 
-/// The employee behind a user of the office, as the suite would tell it at login; -1 when the office
-/// does not know the user. Throws RuntimeError.
+/// The employee behind a user of the office, as the suite would tell it at login; -1 when the
+/// office does not know the user. Throws RuntimeError.
 std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user);
 
 }  // namespace activexhost

@@ -261,8 +261,12 @@ void Tour::Picture(const std::string& form, const std::string& name) {
   Save(all, name);
 }
 
-/// Reports go to the system's viewer, documents to the suite's.
-void Tour::PictureAndCloseDialog(const std::string& /*name*/) {}
+/// Reports go to the system's viewer, documents to the suite's: here only what is said of that.
+void Tour::PictureAndCloseDialog(const std::string& name) {
+  if (FindMessage() == nullptr) return;
+  Picture("MessageDialog", name);
+  AnswerMessage(0);
+}
 
 void Tour::Save(const RECT& place, const std::string& name) {
   char number[8];

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "adapters/windows/MessageDialog.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/Window.h"
 #include "apps/tour/Player.h"
@@ -13,7 +12,6 @@ namespace {
 
 using adapters::windows::kControlProperty;
 using adapters::windows::kFormProperty;
-using adapters::windows::kMessageProperty;
 using adapters::windows::NameOf;
 
 BOOL CALLBACK Gather(HWND window, LPARAM list) {
@@ -80,8 +78,7 @@ HWND ReachControl(const std::string& path) {
 }
 
 HWND FindMessage() {
-  return FirstOf(ThreadWindows(),
-                 [](HWND each) { return GetPropW(each, kMessageProperty) != nullptr; });
+  return FindForm("MessageDialog");
 }
 
 HWND FindSaveDialog() {

@@ -33,4 +33,10 @@ inline UINT GridRowsMessage() {
   return message;
 }
 
+/// Returns the first row of the block in the low word and its last in the high one.
+inline UINT GridBlockMessage() {
+  static const UINT message = RegisterWindowMessageW(L"PromoterGridBlock");
+  return message;
+}
+
 }  // namespace adapters::windows

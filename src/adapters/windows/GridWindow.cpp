@@ -119,6 +119,11 @@ std::wstring GridWindow::CellText(int row, int col) const {
 
 std::optional<LRESULT> GridWindow::OnAutomation(UINT message, WPARAM wParam, LPARAM lParam) const {
   if (message == GridRowsMessage()) return Model() ? Model()->Rows() : 0;
+  if (message == GridBlockMessage()) {
+    if (!Model()) return 0;
+    const auto [first, last] = std::minmax({Model()->Row(), Model()->RowSel()});
+    return MAKELPARAM(first, last);
+  }
   if (message == GridCellRectMessage()) {
     if (!Model()) return 0;
     const RECT place = geometry_.CellPlace(static_cast<int>(wParam), static_cast<int>(lParam));

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+#include "adapters/windows/ErrorGuard.h"
+
+namespace activexhost {
+
+/// Puts the project's own message dialog in the place of the suite's message component where that
+/// is not installed, for this program alone: the module says nothing without it. The registration
+/// is volatile and goes with this object, the user's registry is left as it was.
+class StandIns {
+ public:
+  /// Throws RuntimeError.
+  StandIns();
+  ~StandIns();
+  StandIns(const StandIns&) = delete;
+  StandIns& operator=(const StandIns&) = delete;
+
+ private:
+  adapters::windows::ErrorGuard guard_;
+  DWORD cookie_ = 0;
+};
+
+}  // namespace activexhost
