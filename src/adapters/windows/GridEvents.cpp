@@ -135,9 +135,14 @@ void GridWindow::Move(POINT place, WPARAM held) {
   }
 }
 
+/// Where the mouse is outside of the cells, the nearest one in sight counts.
 void GridWindow::DragTo(POINT place) {
   lastDrag_ = place;
-  const GridGeometry::Cell cell = geometry_.CellAt(place);
+  const LONG top = geometry_.FixedHeight();
+  const LONG right = std::max(LONG{0}, LONG{geometry_.Width()} - 1);
+  const LONG bottom = std::max(top, LONG{geometry_.Height()} - 1);
+  const GridGeometry::Cell cell =
+      geometry_.CellAt({std::clamp(place.x, LONG{0}, right), std::clamp(place.y, top, bottom)});
   if (cell.row == Model()->MouseRow() && cell.col == Model()->MouseCol()) return;
   Call([&](FlexGrid& grid) { grid.MouseDrag(cell.row, cell.col); });
 }
@@ -154,11 +159,7 @@ void GridWindow::AutoScroll() {
   if (lastDrag_.x < 0) across += GetScale().Design(kColumnStep);
   if (lastDrag_.x >= geometry_.Width()) across -= GetScale().Design(kColumnStep);
   ScrollTo(above, across);
-  const POINT outside = lastDrag_;
-  const int top = geometry_.FixedHeight();
-  DragTo({std::clamp(static_cast<int>(outside.x), 0, std::max(0, geometry_.Width() - 1)),
-          std::clamp(static_cast<int>(outside.y), top, std::max(top, geometry_.Height() - 1))});
-  lastDrag_ = outside;
+  DragTo(lastDrag_);
 }
 
 void GridWindow::Release() {
