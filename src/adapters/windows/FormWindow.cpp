@@ -21,7 +21,8 @@ using controls::Form;
 namespace {
 
 // Not mirrored (WS_EX_LAYOUTRTL): the forms place their controls from the left themselves.
-constexpr DWORD kExtendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT;
+constexpr DWORD kExtendedStyle =
+    WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
 constexpr DWORD kFixedStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kSizableStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME |
                                 WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;

@@ -9,6 +9,9 @@ using controls::Colour;
 
 namespace {
 
+// The Semitic scripts and what comes after them.
+constexpr wchar_t kFirstJoinedScript = 0x0590;
+
 /// The channel at `shift` of two colours mixed.
 unsigned Mixed(Colour under, Colour over, double share, unsigned shift) {
   const double a = under >> shift & 0xFFU;
@@ -160,8 +163,25 @@ void Canvas::TextLine(std::wstring_view line, const RECT& area, int top,
 }
 
 int TextWidth(HDC dc, std::wstring_view text) {
+  const int units = static_cast<int>(text.size());
   SIZE size{};
-  GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &size);
+  GetTextExtentPoint32W(dc, text.data(), units, &size);
+  if (std::ranges::none_of(text, [](wchar_t unit) { return unit >= kFirstJoinedScript; })) {
+    return size.cx;
+  }
+  // Wine measures letters as they stand alone. Where the pen has come to after drawing tells how
+  // wide they are joined; should it not have moved, the measure above holds.
+  const HDC memory = CreateCompatibleDC(dc);
+  {
+    const Selected font(memory, GetCurrentObject(dc, OBJ_FONT));
+    SetTextAlign(memory, TA_TOP | TA_LEFT | TA_UPDATECP);
+    MoveToEx(memory, 0, 0, nullptr);
+    ExtTextOutW(memory, 0, 0, 0, nullptr, text.data(), static_cast<UINT>(units), nullptr);
+    POINT pen{};
+    GetCurrentPositionEx(memory, &pen);
+    if (pen.x > 0) size.cx = std::min(size.cx, pen.x);
+  }
+  DeleteDC(memory);
   return size.cx;
 }
 
