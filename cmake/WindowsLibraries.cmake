@@ -19,3 +19,5 @@ set(MUSTACHE_INCLUDE ${PROJECT_BINARY_DIR}/mustache)
 
 target_compile_definitions(promoter_flags INTERFACE
   UNICODE _UNICODE STRICT NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
+# COM's interfaces are never deleted through their pointers, and have no virtual destructor.
+target_compile_options(promoter_flags INTERFACE -Wno-non-virtual-dtor)

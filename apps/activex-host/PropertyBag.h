@@ -17,7 +17,6 @@ namespace activexhost {
 /// whatever references are held.
 class PropertyBag final : public IPropertyBag {
  public:
-  virtual ~PropertyBag() = default;
   void Set(const std::wstring& key, adapters::windows::Variant value);
   /// What the control has stored, as lines "key=value".
   std::string Listing() const;

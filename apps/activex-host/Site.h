@@ -11,7 +11,6 @@ namespace activexhost {
 /// The extender: the control as its container sees it. A hidden control is taken off the window.
 class Extender final : public IDispatch {
  public:
-  virtual ~Extender() = default;
   double Height() const { return height_; }
   double Width() const { return width_; }
   bool Visible() const { return visible_; }
@@ -40,7 +39,6 @@ class Site final : public IOleClientSite,
                    public IPropertyNotifySink {
  public:
   explicit Site(HWND window) : window_(window) {}
-  virtual ~Site() = default;
   Extender& ControlExtender() { return extender_; }
   /// A property has been marked as changed since the document was saved.
   bool Dirty() const { return dirty_; }

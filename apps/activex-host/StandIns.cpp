@@ -24,7 +24,6 @@ constexpr CLSID kNoticeClass = {
 class Factory final : public IClassFactory {
  public:
   explicit Factory(ErrorGuard& guard) : guard_(guard) {}
-  virtual ~Factory() = default;
   STDMETHODIMP QueryInterface(REFIID id, void** object) override {
     const bool known = id == IID_IUnknown || id == IID_IClassFactory;
     *object = known ? static_cast<IClassFactory*>(this) : nullptr;
