@@ -1,0 +1,99 @@
+#include "Assembly.h"
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/windows/AdoConnection.h"
+#include "adapters/windows/ComComponents.h"
+#include "adapters/windows/ComExcel.h"
+#include "adapters/windows/ErrorGuard.h"
+#include "adapters/windows/ProgressWindow.h"
+#include "adapters/windows/ScriptingFileSystem.h"
+#include "adapters/windows/Services.h"
+#include "adapters/windows/WinReports.h"
+#include "adapters/windows/WinScreen.h"
+#include "module/Module.h"
+
+namespace activex {
+
+namespace {
+
+/// `sqlite:` and a file is the embedded database, to try the control without a server; everything
+/// else is for ADO to understand.
+class Connections : public platform::ConnectionFactory {
+ public:
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    if (connectionString.starts_with("sqlite:")) {
+      return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+    }
+    return std::make_unique<adapters::windows::AdoConnection>(connectionString);
+  }
+};
+
+/// The screen within the control's container, which may be given, moved and taken at any time: so
+/// it is looked at anew for every form.
+class HostedScreen : public adapters::windows::WinScreen {
+ public:
+  HostedScreen(adapters::windows::ErrorGuard& guard, const platform::Clock& clock,
+               const adapters::windows::Theme& theme, const ContainerSite& site)
+      : WinScreen(guard, clock, theme), site_(site) {}
+
+  void Show(controls::Form& form, controls::Modality modality) override {
+    SetHostWindow(site_.Frame());
+    SetHostModal(site_.Modal());
+    WinScreen::Show(form, modality);
+  }
+
+ private:
+  const ContainerSite& site_;
+};
+
+}  // namespace
+
+struct Assembly::Parts {
+  explicit Parts(ContainerSite& site) : screen{guard, clock, theme, site}, module{services, site} {}
+
+  adapters::windows::ErrorGuard guard;
+  adapters::windows::WinClock clock;
+  adapters::windows::Theme theme;
+  HostedScreen screen;
+  Connections connections;
+  adapters::windows::ComComponents components;
+  adapters::windows::WinKeyboard keyboard;
+  adapters::windows::SaveDialog fileDialog;
+  adapters::windows::ComExcel excel;
+  adapters::windows::ProgressWindow progress{guard, theme};
+  adapters::windows::ScriptingFileSystem fileSystem;
+  adapters::windows::ShellLauncher launcher;
+  adapters::windows::WinReports reports{
+      connections, clock,
+      [this](const platform::RuntimeError& failure) { guard.Run([&failure] { throw failure; }); }};
+  host::Services services{.screen = screen,
+                          .connections = connections,
+                          .components = components,
+                          .clock = clock,
+                          .keyboard = keyboard,
+                          .fileDialog = fileDialog,
+                          .excel = excel,
+                          .progress = progress,
+                          .fileSystem = fileSystem,
+                          .launcher = launcher,
+                          .reports = reports};
+  module::Module module;
+};
+
+Assembly::Assembly(ContainerSite& site) : parts_(std::make_unique<Parts>(site)) {}
+
+Assembly::~Assembly() = default;
+
+host::DistPromoterProg& Assembly::Control() {
+  return parts_->module.Control();
+}
+
+bool Assembly::Busy() const {
+  return parts_->guard.Depth() > 0;
+}
+
+void Assembly::UnloadForms() {
+  if (!Busy()) parts_->module.Editor().Unload();
+}
+
+}  // namespace activex

@@ -1,0 +1,234 @@
+// The control library as a container meets it: loaded by its path or by its name in the registry.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "ByRefLong.h"
+#include "Container.h"
+#include "LoadedLibrary.h"
+#include "demo/SampleOffice.h"
+
+namespace {
+
+using adapters::windows::ComPtr;
+using adapters::windows::Utf8;
+using adapters::windows::Variant;
+using test::As;
+using test::Bag;
+using test::Container;
+using test::kProgId;
+using Control = test::LoadedLibrary;
+
+TEST_F(Control, TypeLibrary_OfTheFile_ListsTheMembersInTheirOrder) {
+  ComPtr<ITypeLib> types;
+  ASSERT_EQ(LoadTypeLibEx(test::OcxPath().c_str(), REGKIND_NONE, types.Out()), S_OK);
+  ComPtr<ITypeInfo> dispatch;
+  ASSERT_EQ(types->GetTypeInfoOfGuid(IID__DistPromoterProg, dispatch.Out()), S_OK);
+  HREFTYPE vtable = 0;
+  ComPtr<ITypeInfo> info;
+  ASSERT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &vtable), S_OK);
+  ASSERT_EQ(dispatch->GetRefTypeInfo(vtable, info.Out()), S_OK);
+  std::string members;
+  for (UINT i = 0; i < 10; ++i) {
+    FUNCDESC* function = nullptr;
+    ASSERT_EQ(info->GetFuncDesc(i, &function), S_OK);
+    BSTR name = nullptr;
+    UINT names = 0;
+    info->GetNames(function->memid, &name, 1, &names);
+    // The seven places before are those of IUnknown and IDispatch.
+    members += std::to_string(function->oVft / static_cast<int>(sizeof(void*)) - 7) + " " +
+               std::to_string(function->memid) + " " + Utf8(name) + ", ";
+    SysFreeString(name);
+    info->ReleaseFuncDesc(function);
+  }
+  EXPECT_EQ(members,
+            "0 1 ClearShow, 1 2 View, 2 3 UserID, 3 3 UserID, 4 4 EmployeeID, 5 4 EmployeeID, "
+            "6 5 PositionID, 7 5 PositionID, 8 6 OLEConnectionString, 9 6 OLEConnectionString, ");
+}
+
+TEST_F(Control, Put_OfAProperty_MarksTheControlAndTellsTheRightMember) {
+  Container container;
+  const auto control = New();
+  QACONTAINER given{};
+  given.cbSize = sizeof given;
+  given.pClientSite = &container;
+  given.pPropertyNotifySink = &container;
+  QACONTROL taken{};
+  taken.cbSize = sizeof taken;
+  ASSERT_EQ(As<IQuickActivate>(control)->QuickActivate(&given, &taken), S_OK);
+  EXPECT_EQ(taken.dwMiscStatus, 131473U);
+  const auto persist = As<IPersistStreamInit>(control);
+  EXPECT_EQ(persist->IsDirty(), S_FALSE);
+  for (const char* name : {"UserID", "EmployeeID", "PositionID", "OLEConnectionString"}) {
+    Bag bag;
+    As<IPersistPropertyBag>(control)->Save(&bag, TRUE, FALSE);
+    EXPECT_EQ(persist->IsDirty(), S_FALSE);
+    Late(control).Put(name, 8);
+    EXPECT_EQ(persist->IsDirty(), S_OK) << name;
+  }
+  EXPECT_EQ(container.changed, (std::vector<DISPID>{3, 3, 5, 6}));
+
+  ComPtr<IConnectionPoint> point;
+  const auto points = As<IConnectionPointContainer>(control);
+  ASSERT_EQ(points->FindConnectionPoint(IID_IPropertyNotifySink, point.Out()), S_OK);
+  ComPtr<IEnumConnections> connections;
+  CONNECTDATA connection{};
+  ASSERT_EQ(point->EnumConnections(connections.Out()), S_OK);
+  ASSERT_EQ(connections->Next(1, &connection, nullptr), S_OK);
+  EXPECT_EQ(connection.dwCookie, taken.dwPropNotifyCookie);
+  connection.pUnk->Release();
+  connections.Reset();
+  EXPECT_EQ(point->Unadvise(taken.dwPropNotifyCookie), S_OK);
+  EXPECT_EQ(point->Unadvise(taken.dwPropNotifyCookie), CONNECT_E_NOCONNECTION);
+  control->put_UserID(9);
+  EXPECT_EQ(container.changed.size(), 4U);
+  GUID source{};
+  EXPECT_EQ(As<IProvideClassInfo2>(control)->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &source),
+            S_OK);
+  EXPECT_EQ(points->FindConnectionPoint(source, point.Out()), S_OK);
+  As<IOleObject>(control)->SetClientSite(nullptr);
+  EXPECT_EQ(container.References(), 0U);
+}
+
+TEST_F(Control, Paint_InAnyWay_ShrinksAndHidesTheExtender) {
+  const std::vector<std::string> expected{"Height=100", "Width=100", "Visible=False"};
+  Container container;
+  const auto control = New();
+  const auto object = As<IOleObject>(control);
+  const auto view = As<IViewObject2>(control);
+  // Without an extender nothing happens.
+  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                       nullptr, 0),
+            S_OK);
+  object->SetClientSite(&container);
+  EXPECT_EQ(view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
+                       nullptr, 0),
+            S_OK);
+  EXPECT_EQ(container.extender.puts, expected);
+  container.extender.puts.clear();
+
+  EXPECT_EQ(
+      object->DoVerb(OLEIVERB_UIACTIVATE, nullptr, &container, 0, container.Window(), nullptr),
+      S_OK);
+  HWND window = nullptr;
+  ASSERT_EQ(As<IOleInPlaceObject>(control)->GetWindow(&window), S_OK);
+  EXPECT_EQ(GetParent(window), container.Window());
+  UpdateWindow(window);
+  EXPECT_EQ(container.extender.puts, expected);
+  const auto verb = [&](LONG number) {
+    return object->DoVerb(number, nullptr, &container, 0, container.Window(), nullptr);
+  };
+  EXPECT_EQ(verb(OLEIVERB_HIDE), S_OK);
+  EXPECT_FALSE(IsWindowVisible(window));
+  EXPECT_EQ(verb(OLEIVERB_SHOW), S_OK);
+  EXPECT_TRUE(IsWindowVisible(window));
+  EXPECT_EQ(verb(OLEIVERB_OPEN), E_NOTIMPL);
+  EXPECT_EQ(verb(5), OLEOBJ_S_INVALIDVERB);
+  control->put_UserID(5);
+  EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
+  EXPECT_FALSE(IsWindow(window));
+  EXPECT_EQ(container.calls,
+            (std::vector<std::string>{"OnInPlaceActivate", "ShowObject", "OnUIActivate",
+                                      "OnUIDeactivate", "SaveObject", "OnInPlaceDeactivate"}));
+  object->SetClientSite(nullptr);
+  EXPECT_EQ(container.References() + container.extender.References(), 0U);
+}
+
+TEST_F(Control, View_OnADatabaseThatCannotBeOpened_GivesNumberAndDescription) {
+  const auto control = New();
+  control->put_OLEConnectionString(adapters::windows::Bstr("sqlite:nofile.db").Get());
+  LONG id = 1;
+  VARIANT_BOOL opened = VARIANT_TRUE;
+  const HRESULT result = control->View(&id, &opened);
+  EXPECT_EQ(HRESULT_FACILITY(result), FACILITY_CONTROL);
+  EXPECT_EQ(opened, VARIANT_FALSE);
+  ComPtr<IErrorInfo> info;
+  ASSERT_EQ(GetErrorInfo(0, info.Out()), S_OK);
+  BSTR source = nullptr;
+  info->GetSource(&source);
+  EXPECT_EQ(Utf8(source), kProgId);
+  SysFreeString(source);
+  try {
+    Late(control).Call("View", {std::int32_t{1}});
+    FAIL();
+  } catch (const platform::RuntimeError& error) {
+    EXPECT_EQ(error.Number(), HRESULT_CODE(result));
+    EXPECT_NE(error.Description().find("nofile.db"), std::string::npos) << error.Description();
+    EXPECT_EQ(error.Source(), kProgId);
+  }
+  EXPECT_THROW(Late(control).Call("View", {"one"}), platform::RuntimeError);
+  EXPECT_THROW(Late(control).Call("View", {}), platform::RuntimeError);
+}
+
+int visibleWindows = 0;
+
+BOOL CALLBACK CountVisible(HWND window, LPARAM) {
+  if (IsWindowVisible(window)) ++visibleWindows;
+  return TRUE;
+}
+
+/// Windows of the module: all of the thread's but the container's.
+int Forms() {
+  visibleWindows = -1;
+  EnumThreadWindows(GetCurrentThreadId(), CountVisible, 0);
+  return visibleWindows;
+}
+
+TEST_F(Control, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
+  std::remove("control-test.db");
+  demo::CreateSampleOffice("control-test.db",
+                           {.customers = 50, .today = std::chrono::sys_days{}, .basePath = {}});
+  Container container;
+  auto control = New();
+  As<IOleObject>(control)->SetClientSite(&container);
+  Late(control).Put("OLEConnectionString", "sqlite:control-test.db");
+  // A user without rights is refused, without a word where there is no message component.
+  Late(control).Put("UserID", 3);
+  EXPECT_FALSE(Late(control).Call("ClearShow").Flag());
+  EXPECT_EQ(Forms(), 0);
+
+  Late(control).Put("UserID", 1);
+  LONG number = 1;
+  double real = 1;
+  BSTR text = SysAllocString(L"1");
+  Variant inner("1");
+  VARIANT forms[6]{};
+  forms[0] = {{{VT_I4, 0, 0, 0, {.lVal = 1}}}};
+  forms[1] = {{{VT_BYREF | VT_I4, 0, 0, 0, {.plVal = &number}}}};
+  forms[2] = {{{VT_BYREF | VT_R8, 0, 0, 0, {.pdblVal = &real}}}};
+  forms[3] = {{{VT_BYREF | VT_BSTR, 0, 0, 0, {.pbstrVal = &text}}}};
+  forms[4] = {{{VT_BYREF | VT_VARIANT, 0, 0, 0, {.pvarVal = const_cast<VARIANT*>(&inner.Raw())}}}};
+  forms[5] = {{{VT_I2, 0, 0, 0, {.iVal = 1}}}};
+  for (VARIANT& form : forms) {
+    DISPPARAMS parameters{&form, nullptr, 1, 0};
+    Variant opened(true);
+    EXPECT_EQ(control->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, opened.Out(), nullptr,
+                              nullptr),
+              S_OK);
+    EXPECT_FALSE(opened.Flag());
+    EXPECT_EQ(Forms(), 1);
+    // What the callee would have changed comes back in the caller's own type.
+    activex::ByRefLong changed(form);
+    ASSERT_EQ(changed.Read(), S_OK);
+    *changed.Reference().plVal = 7;
+    EXPECT_EQ(changed.WriteBack(), S_OK);
+  }
+  EXPECT_EQ(number, 7);
+  EXPECT_EQ(real, 7.0);
+  EXPECT_EQ(Utf8(text), "7");
+  EXPECT_EQ(inner.Text(), "7");
+  SysFreeString(text);
+  VARIANT_BOOL opened = VARIANT_TRUE;
+  EXPECT_EQ(control->View(&number, &opened), S_OK);
+  EXPECT_EQ(opened, VARIANT_FALSE);
+  EXPECT_EQ(number, 7);
+
+  // The container lets go of the control while the editor is open.
+  As<IOleObject>(control)->SetClientSite(nullptr);
+  control.Reset();
+  EXPECT_EQ(Forms(), 0);
+  EXPECT_EQ(container.References(), 0U);
+}
+
+}  // namespace

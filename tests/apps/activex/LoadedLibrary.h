@@ -1,0 +1,64 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <ole2.h>
+
+#include <algorithm>
+#include <string>
+
+#include "DistPromoterProg_h.h"
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+
+namespace test {
+
+inline constexpr char kProgId[] = "comDistPromoterProg.DistPromoterProg";
+
+/// The built library's path, as Windows writes it.
+inline std::wstring OcxPath() {
+  std::wstring path = adapters::windows::Wide(PROMOTER_OCX);
+  std::ranges::replace(path, L'/', L'\\');
+  return path;
+}
+
+template <typename Interface, typename Object>
+adapters::windows::ComPtr<Interface> As(const adapters::windows::ComPtr<Object>& object) {
+  return object.template As<Interface>(__uuidof(Interface));
+}
+
+/// The library, loaded for every test and gone after it; fails when it does not want to go.
+class LoadedLibrary : public testing::Test {
+ protected:
+  LoadedLibrary() : library_(LoadLibraryW(OcxPath().c_str())) {}
+  ~LoadedLibrary() override {
+    EXPECT_EQ(Export<HRESULT(STDAPICALLTYPE*)()>("DllCanUnloadNow")(), S_OK);
+    FreeLibrary(library_);
+    EXPECT_EQ(GetModuleHandleW(L"DistPromoterProg.ocx"), nullptr);
+  }
+  static void SetUpTestSuite() { OleInitialize(nullptr); }
+
+  template <typename Function>
+  Function Export(const char* name) const {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library_, name)));
+  }
+  adapters::windows::ComPtr<_DistPromoterProg> New() const {
+    adapters::windows::ComPtr<IClassFactory> factory;
+    using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+    EXPECT_EQ(Export<GetClassObject>("DllGetClassObject")(CLSID_DistPromoterProg, IID_IClassFactory,
+                                                          factory.OutVoid()),
+              S_OK);
+    adapters::windows::ComPtr<_DistPromoterProg> control;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID__DistPromoterProg, control.OutVoid()), S_OK);
+    return control;
+  }
+  static adapters::windows::Dispatch Late(
+      const adapters::windows::ComPtr<_DistPromoterProg>& control) {
+    return adapters::windows::Dispatch(As<IDispatch>(control));
+  }
+
+  HMODULE library_;
+};
+
+}  // namespace test
