@@ -110,7 +110,11 @@ Fault StatementFault(const AdoFailure& failure) {
 }
 
 Fault LoginFault(const AdoFailure& failure) {
-  if (failure.raised.Number() == kProviderNotFound) return Fault::kNoProvider;
+  // IM... is ODBC's own: no such data source or driver behind the provider.
+  const auto noDriver = [](const AdoError& error) { return error.state.starts_with("IM"); };
+  if (failure.raised.Number() == kProviderNotFound || AnyOf(failure, noDriver)) {
+    return Fault::kNoProvider;
+  }
   if (AnyOf(failure, IsRefusal)) return Fault::kRefused;
   if (AnyOf(failure, IsTimeOut)) return Fault::kNoAnswer;
   return AnyOf(failure, IsAboutTheConnection) ? Fault::kUnreachable : Fault::kLogin;

@@ -22,6 +22,28 @@ std::string CellText(std::string_view cell) {
   return (asText ? "'" : "") + std::string(cell);
 }
 
+// What Excel answers while the user edits a cell or has a menu open.
+constexpr auto kCallRejected = static_cast<std::int32_t>(RPC_E_CALL_REJECTED);
+constexpr auto kRetryLater = static_cast<std::int32_t>(RPC_E_SERVERCALL_RETRYLATER);
+constexpr std::int32_t kIgnored = 0xC472;
+constexpr int kAttempts = 100;
+constexpr DWORD kPauseMilliseconds = 100;
+
+/// Runs one step, again and again as long as Excel is busy with its user, for ten seconds.
+template <typename Step>
+void WithPatience(Step step) {
+  for (int attempt = 1;; ++attempt) {
+    try {
+      return step();
+    } catch (const platform::RuntimeError& error) {
+      const std::int32_t number = error.Number();
+      const bool busy = number == kCallRejected || number == kRetryLater || number == kIgnored;
+      if (!busy || attempt == kAttempts) throw;
+    }
+    Sleep(kPauseMilliseconds);
+  }
+}
+
 class Application : public platform::ExcelApplication {
  public:
   explicit Application(Dispatch application) : application_(std::move(application)) {}
@@ -33,10 +55,12 @@ class Application : public platform::ExcelApplication {
   void SetCell(int row, int column, std::string_view text) override {
     const std::array<Variant, 1> first{1};
     const std::array<Variant, 2> place{row, column};
-    application_.Child("Workbooks", first)
-        .Child("Worksheets", first)
-        .Child("Cells", place)
-        .Put("Value", CellText(text));
+    WithPatience([&] {
+      application_.Child("Workbooks", first)
+          .Child("Worksheets", first)
+          .Child("Cells", place)
+          .Put("Value", CellText(text));
+    });
   }
 
   void Finish() override {}

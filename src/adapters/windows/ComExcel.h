@@ -10,6 +10,9 @@ namespace adapters::windows {
 /// be summed. What would be taken for a formula, or lose its first character, goes in as text: a
 /// cell that begins with "=", "+", "@" or an apostrophe, or with "-" and is no number, gets an
 /// apostrophe in front, which Excel takes for "text" and does not show.
+///
+/// The user watches the cells fill and may edit one meanwhile, when Excel takes none: a cell waits
+/// ten seconds for that.
 class ComExcel : public platform::Excel {
  public:
   std::unique_ptr<platform::ExcelApplication> CreateApplication() override;

@@ -57,7 +57,8 @@ ULONG StandIn::Release() {
 
 HRESULT StandIn::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
   const std::string name = Utf8(names[0]);
-  if (!members_.contains(name) && !members_.contains(name + "=")) return DISP_E_UNKNOWNNAME;
+  const bool known = members_.contains(name) || members_.contains(name + "=");
+  if (!known && !other_) return DISP_E_UNKNOWNNAME;
   names_.push_back(name);
   *ids = static_cast<DISPID>(names_.size() - 1);
   return S_OK;
@@ -66,14 +67,17 @@ HRESULT StandIn::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids)
 HRESULT StandIn::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* answer,
                         EXCEPINFO* info, UINT*) {
   const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  const auto member = members_.find(names_[static_cast<std::size_t>(id)] + (puts ? "=" : ""));
-  if (member == members_.end()) return DISP_E_MEMBERNOTFOUND;
+  const std::string name = names_.at(static_cast<std::size_t>(id)) + (puts ? "=" : "");
+  const auto member = members_.find(name);
+  if (member == members_.end() && !other_) return DISP_E_MEMBERNOTFOUND;
   Arguments arguments(parameters->cArgs);
   for (UINT i = 0; i < parameters->cArgs; ++i) {
     VariantCopy(arguments[parameters->cArgs - 1 - i].Out(), &parameters->rgvarg[i]);
   }
   try {
-    const Variant result = member->second(arguments);
+    const Variant result = member != members_.end()
+                               ? member->second(arguments)
+                               : other_(name + (kind == DISPATCH_METHOD ? "()" : ""), arguments);
     if (answer != nullptr) VariantCopy(answer, const_cast<VARIANT*>(&result.Raw()));
     return S_OK;
   } catch (const platform::RuntimeError& error) {
@@ -84,6 +88,28 @@ HRESULT StandIn::Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* paramete
     info->bstrSource = Bstr(error.Source()).Release();
     return DISP_E_EXCEPTION;
   }
+}
+
+Variant Recorder(std::vector<std::string>& log, const std::string& way, int* busy) {
+  const auto object = StandIn::Make();
+  object->OnOther(
+      [&log, way, busy](std::string name, const StandIn::Arguments& arguments) -> Variant {
+        if (busy != nullptr && *busy > 0) {
+          --*busy;
+          throw platform::RuntimeError(static_cast<std::int32_t>(RPC_E_CALL_REJECTED), "Busy");
+        }
+        const bool reads = !name.ends_with("=") && !name.ends_with("()");
+        std::string texts;
+        for (const Variant& argument : arguments)
+          texts += (texts.empty() ? "" : ",") + argument.Text();
+        if (name.ends_with("()")) name.insert(name.size() - 1, texts);
+        if (name.ends_with("=")) name += texts;
+        if (reads)
+          return Recorder(log, way + name + (texts.empty() ? "." : "(" + texts + ")."), busy);
+        log.push_back(way + name);
+        return {};
+      });
+  return object.Get();
 }
 
 Component::Component(const std::string& progId, std::function<Variant()> create) {

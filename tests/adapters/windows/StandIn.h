@@ -37,6 +37,11 @@ class StandIn : public IDispatch {
     return *this;
   }
 
+  /// Takes every member that On does not know; the name of a writing ends in "=", that of a call in
+  /// "()".
+  using Other = std::function<Variant(const std::string& name, const Arguments& arguments)>;
+  void OnOther(Other other) { other_ = std::move(other); }
+
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
   ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
   ULONG STDMETHODCALLTYPE Release() override;
@@ -61,8 +66,14 @@ class StandIn : public IDispatch {
 
   ULONG references_ = 1;
   std::map<std::string, std::function<Variant(const Arguments&)>> members_;
+  Other other_;
   std::vector<std::string> names_;  // by id
 };
+
+/// An object that has every member: writings and calls are noted in `log` with the way to them,
+/// "Workbooks(1).Add()", and whatever is read is such an object too. As often as `busy` says, it
+/// rejects a call like an application whose user is at work.
+Variant Recorder(std::vector<std::string>& log, const std::string& way = {}, int* busy = nullptr);
 
 /// A component of this program, registered under a programmatic id as long as this lives.
 class Component {

@@ -57,9 +57,10 @@ void StandInAdo::Arrive(const std::string& what) {
 
 Variant StandInAdo::MakeConnection() {
   const auto made = StandIn::Make();
-  for (const std::string name : {"ConnectionTimeout=", "CommandTimeout="}) {
-    made->On(name, [=, this](const Arguments& value) { log.push_back(name + value[0].Text()); });
-  }
+  made->OnOther([this](const std::string& property, const Arguments& value) -> Variant {
+    log.push_back(property + value.at(0).Text());
+    return {};
+  });
   made->On("State", [this] { return Variant(open_ ? 1 : 0); });
   made->On("Open", [this](const Arguments& arguments) {
     Arrive("connect " + arguments.at(0).Text());
@@ -124,10 +125,10 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
 Variant StandInAdo::MakeCommand() {
   const auto made = StandIn::Make();
   const auto call = std::make_shared<std::string>("call");
-  for (const std::string name :
-       {"CommandText=", "CommandType=", "CommandTimeout=", "NamedParameters="}) {
-    made->On(name, [=](const Arguments& value) { *call += " " + name + value[0].Text(); });
-  }
+  made->OnOther([=](const std::string& property, const Arguments& value) -> Variant {
+    *call += " " + property + value.at(0).Text();
+    return {};
+  });
   made->On("ActiveConnection=", [](const Arguments& value) {
     Require(static_cast<bool>(value[0].Object()), 3001, "Arguments are of the wrong type.");
   });
