@@ -89,6 +89,17 @@ void MessageDialog::AddTechnicalBox() {
                       inside.top, inside.right - inside.left, inside.bottom - inside.top, Handle(),
                       nullptr, Instance(), nullptr);
   SendMessageW(technicalBox_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.Font()), FALSE);
+  // The box breaks lines in its own way, which may need more of them than were measured.
+  const int height = static_cast<int>(inside.bottom - inside.top);
+  const auto lines = static_cast<int>(SendMessageW(technicalBox_, EM_GETLINECOUNT, 0, 0));
+  const int missing = std::max(0, lines * theme_.LineHeight() - height);
+  for (LONG* edge : {&technical_.bottom, &frame_.bottom, &client_.bottom}) *edge += missing;
+  SetWindowPos(technicalBox_, nullptr, 0, 0, inside.right - inside.left, height + missing,
+               SWP_NOMOVE | SWP_NOZORDER);
+  RECT whole{};
+  GetWindowRect(Handle(), &whole);
+  SetWindowPos(Handle(), nullptr, 0, 0, whole.right - whole.left,
+               whole.bottom - whole.top + missing, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void MessageDialog::AddButtons() {

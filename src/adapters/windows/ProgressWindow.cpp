@@ -48,6 +48,8 @@ class ProgressWindow::Bar : public Window {
     stop_ = std::make_unique<PushButton>(guard, theme_, Handle(), stop, L"انصراف",
                                          [this] { stopped_ = true; });
     CentreOver(owner, Handle());
+    // The others get no messages from here on: let them look right meanwhile.
+    RedrawWindow(owner, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     ShowWindow(Handle(), SW_SHOW);
     SetFocus(stop_->Handle());
   }
