@@ -37,11 +37,15 @@ void ComboWindow::SettleHeight() {
   const int open = GetScale().Pixels(kComboHeight) + kMostShown * item + 2;
   SetWindowPos(Handle(), nullptr, 0, 0, place.right - place.left, open,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  // What is added around the item is found out by trying. (What CB_GETITEMHEIGHT tells need not be
+  // what was set.)
+  const auto setField = [this](int height) {
+    SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
+  };
+  setField(Look().LineHeight());
   GetWindowRect(Handle(), &place);
-  const int field =
-      static_cast<int>(SendMessageW(Handle(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-  const int missing = GetScale().Pixels(kComboHeight) - static_cast<int>(place.bottom - place.top);
-  SendMessageW(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), field + missing);
+  const int around = static_cast<int>(place.bottom - place.top) - Look().LineHeight();
+  setField(GetScale().Pixels(kComboHeight) - around);
 }
 
 void ComboWindow::ShowItems() {
