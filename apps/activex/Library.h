@@ -9,9 +9,6 @@
 
 #include "adapters/windows/Com.h"
 
-// COM's interfaces have no destructors at all: an object ends itself with its last reference.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 namespace activex {
 
 using adapters::windows::ComPtr;

@@ -12,8 +12,6 @@
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
 
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 namespace test {
 
 /// COM objects of the container side live on the test's stack: what is left of their references at

@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
-#include "ByRefLong.h"
 #include "Container.h"
 #include "LoadedLibrary.h"
-#include "demo/SampleOffice.h"
 
 namespace {
 
@@ -159,76 +155,6 @@ TEST_F(Control, View_OnADatabaseThatCannotBeOpened_GivesNumberAndDescription) {
   }
   EXPECT_THROW(Late(control).Call("View", {"one"}), platform::RuntimeError);
   EXPECT_THROW(Late(control).Call("View", {}), platform::RuntimeError);
-}
-
-int visibleWindows = 0;
-
-BOOL CALLBACK CountVisible(HWND window, LPARAM) {
-  if (IsWindowVisible(window)) ++visibleWindows;
-  return TRUE;
-}
-
-/// Windows of the module: all of the thread's but the container's.
-int Forms() {
-  visibleWindows = -1;
-  EnumThreadWindows(GetCurrentThreadId(), CountVisible, 0);
-  return visibleWindows;
-}
-
-TEST_F(Control, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
-  std::remove("control-test.db");
-  demo::CreateSampleOffice("control-test.db",
-                           {.customers = 50, .today = std::chrono::sys_days{}, .basePath = {}});
-  Container container;
-  auto control = New();
-  As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:control-test.db");
-  // A user without rights is refused, without a word where there is no message component.
-  Late(control).Put("UserID", 3);
-  EXPECT_FALSE(Late(control).Call("ClearShow").Flag());
-  EXPECT_EQ(Forms(), 0);
-
-  Late(control).Put("UserID", 1);
-  LONG number = 1;
-  double real = 1;
-  BSTR text = SysAllocString(L"1");
-  Variant inner("1");
-  VARIANT forms[6]{};
-  forms[0] = {{{VT_I4, 0, 0, 0, {.lVal = 1}}}};
-  forms[1] = {{{VT_BYREF | VT_I4, 0, 0, 0, {.plVal = &number}}}};
-  forms[2] = {{{VT_BYREF | VT_R8, 0, 0, 0, {.pdblVal = &real}}}};
-  forms[3] = {{{VT_BYREF | VT_BSTR, 0, 0, 0, {.pbstrVal = &text}}}};
-  forms[4] = {{{VT_BYREF | VT_VARIANT, 0, 0, 0, {.pvarVal = const_cast<VARIANT*>(&inner.Raw())}}}};
-  forms[5] = {{{VT_I2, 0, 0, 0, {.iVal = 1}}}};
-  for (VARIANT& form : forms) {
-    DISPPARAMS parameters{&form, nullptr, 1, 0};
-    Variant opened(true);
-    EXPECT_EQ(control->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, opened.Out(), nullptr,
-                              nullptr),
-              S_OK);
-    EXPECT_FALSE(opened.Flag());
-    EXPECT_EQ(Forms(), 1);
-    // What the callee would have changed comes back in the caller's own type.
-    activex::ByRefLong changed(form);
-    ASSERT_EQ(changed.Read(), S_OK);
-    *changed.Reference().plVal = 7;
-    EXPECT_EQ(changed.WriteBack(), S_OK);
-  }
-  EXPECT_EQ(number, 7);
-  EXPECT_EQ(real, 7.0);
-  EXPECT_EQ(Utf8(text), "7");
-  EXPECT_EQ(inner.Text(), "7");
-  SysFreeString(text);
-  VARIANT_BOOL opened = VARIANT_TRUE;
-  EXPECT_EQ(control->View(&number, &opened), S_OK);
-  EXPECT_EQ(opened, VARIANT_FALSE);
-  EXPECT_EQ(number, 7);
-
-  // The container lets go of the control while the editor is open.
-  As<IOleObject>(control)->SetClientSite(nullptr);
-  control.Reset();
-  EXPECT_EQ(Forms(), 0);
-  EXPECT_EQ(container.References(), 0U);
 }
 
 }  // namespace

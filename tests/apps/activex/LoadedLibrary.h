@@ -14,6 +14,8 @@
 
 namespace test {
 
+using adapters::windows::ComPtr;
+
 inline constexpr char kProgId[] = "comDistPromoterProg.DistPromoterProg";
 
 /// The built library's path, as Windows writes it.
@@ -24,7 +26,7 @@ inline std::wstring OcxPath() {
 }
 
 template <typename Interface, typename Object>
-adapters::windows::ComPtr<Interface> As(const adapters::windows::ComPtr<Object>& object) {
+ComPtr<Interface> As(const ComPtr<Object>& object) {
   return object.template As<Interface>(__uuidof(Interface));
 }
 
@@ -43,18 +45,20 @@ class LoadedLibrary : public testing::Test {
   Function Export(const char* name) const {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library_, name)));
   }
-  adapters::windows::ComPtr<_DistPromoterProg> New() const {
-    adapters::windows::ComPtr<IClassFactory> factory;
+  ComPtr<IClassFactory> Factory() const {
+    ComPtr<IClassFactory> factory;
     using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
     EXPECT_EQ(Export<GetClassObject>("DllGetClassObject")(CLSID_DistPromoterProg, IID_IClassFactory,
                                                           factory.OutVoid()),
               S_OK);
-    adapters::windows::ComPtr<_DistPromoterProg> control;
-    EXPECT_EQ(factory->CreateInstance(nullptr, IID__DistPromoterProg, control.OutVoid()), S_OK);
+    return factory;
+  }
+  ComPtr<_DistPromoterProg> New() const {
+    ComPtr<_DistPromoterProg> control;
+    EXPECT_EQ(Factory()->CreateInstance(nullptr, IID__DistPromoterProg, control.OutVoid()), S_OK);
     return control;
   }
-  static adapters::windows::Dispatch Late(
-      const adapters::windows::ComPtr<_DistPromoterProg>& control) {
+  static adapters::windows::Dispatch Late(const ComPtr<_DistPromoterProg>& control) {
     return adapters::windows::Dispatch(As<IDispatch>(control));
   }
 

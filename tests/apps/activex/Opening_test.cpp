@@ -1,0 +1,190 @@
+// View and ClearShow on a sample office: the editor opens in windows of its own.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "ByRefLong.h"
+#include "Container.h"
+#include "LoadedLibrary.h"
+#include "adapters/windows/Window.h"
+#include "demo/SampleOffice.h"
+
+namespace {
+
+using adapters::windows::ComPtr;
+using adapters::windows::NameOf;
+using adapters::windows::Utf8;
+using adapters::windows::Variant;
+using test::As;
+using test::Container;
+
+class Opening : public test::LoadedLibrary {
+ protected:
+  Opening() {
+    std::remove("opening-test.db");
+    demo::CreateSampleOffice("opening-test.db",
+                             {.customers = 50, .today = std::chrono::sys_days{}, .basePath = {}});
+  }
+};
+
+int visibleWindows = 0;
+
+BOOL CALLBACK CountVisible(HWND window, LPARAM) {
+  if (IsWindowVisible(window)) ++visibleWindows;
+  return TRUE;
+}
+
+/// Windows of the module: all of the thread's but the container's.
+int Forms() {
+  visibleWindows = -1;
+  EnumThreadWindows(GetCurrentThreadId(), CountVisible, 0);
+  return visibleWindows;
+}
+
+TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
+  Container container;
+  auto control = New();
+  As<IOleObject>(control)->SetClientSite(&container);
+  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
+  // A user without rights is refused, without a word where there is no message component.
+  Late(control).Put("UserID", 3);
+  EXPECT_FALSE(Late(control).Call("ClearShow").Flag());
+  EXPECT_EQ(Forms(), 0);
+
+  Late(control).Put("UserID", 1);
+  LONG number = 1;
+  double real = 1;
+  BSTR text = SysAllocString(L"1");
+  Variant inner("1");
+  VARIANT forms[6]{};
+  forms[0] = {{{VT_I4, 0, 0, 0, {.lVal = 1}}}};
+  forms[1] = {{{VT_BYREF | VT_I4, 0, 0, 0, {.plVal = &number}}}};
+  forms[2] = {{{VT_BYREF | VT_R8, 0, 0, 0, {.pdblVal = &real}}}};
+  forms[3] = {{{VT_BYREF | VT_BSTR, 0, 0, 0, {.pbstrVal = &text}}}};
+  forms[4] = {{{VT_BYREF | VT_VARIANT, 0, 0, 0, {.pvarVal = const_cast<VARIANT*>(&inner.Raw())}}}};
+  forms[5] = {{{VT_I2, 0, 0, 0, {.iVal = 1}}}};
+  for (VARIANT& form : forms) {
+    DISPPARAMS parameters{&form, nullptr, 1, 0};
+    Variant opened(true);
+    EXPECT_EQ(control->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, opened.Out(), nullptr,
+                              nullptr),
+              S_OK);
+    EXPECT_FALSE(opened.Flag());
+    EXPECT_EQ(Forms(), 1);
+    // What the callee would have changed comes back in the caller's own type.
+    activex::ByRefLong changed(form);
+    ASSERT_EQ(changed.Read(), S_OK);
+    *changed.Reference().plVal = 7;
+    EXPECT_EQ(changed.WriteBack(), S_OK);
+  }
+  EXPECT_EQ(number, 7);
+  EXPECT_EQ(real, 7.0);
+  EXPECT_EQ(Utf8(text), "7");
+  EXPECT_EQ(inner.Text(), "7");
+  SysFreeString(text);
+  VARIANT_BOOL opened = VARIANT_TRUE;
+  EXPECT_EQ(control->View(&number, &opened), S_OK);
+  EXPECT_EQ(opened, VARIANT_FALSE);
+  EXPECT_EQ(number, 7);
+
+  // The container lets go of the control while the editor is open.
+  As<IOleObject>(control)->SetClientSite(nullptr);
+  control.Reset();
+  EXPECT_EQ(Forms(), 0);
+  EXPECT_EQ(container.References(), 0U);
+}
+
+struct Search {
+  const char* name;
+  HWND found = nullptr;
+};
+
+BOOL CALLBACK TakeControl(HWND window, LPARAM search) {
+  auto& wanted = *reinterpret_cast<Search*>(search);
+  if (NameOf(window, adapters::windows::kControlProperty) == wanted.name) wanted.found = window;
+  return wanted.found == nullptr;
+}
+
+BOOL CALLBACK TakeForm(HWND window, LPARAM search) {
+  auto& wanted = *reinterpret_cast<Search*>(search);
+  if (NameOf(window, adapters::windows::kFormProperty) == wanted.name) wanted.found = window;
+  return wanted.found == nullptr;
+}
+
+HWND FormOf(const char* name) {
+  Search search{name};
+  EnumThreadWindows(GetCurrentThreadId(), TakeForm, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+/// The container's last reference; what hears the timer stands outside of every object.
+_DistPromoterProg* lastReference = nullptr;
+
+void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND search = FormOf("FormSearch");
+  if (search == nullptr || !IsWindowVisible(search)) return;
+  KillTimer(nullptr, timer);
+  lastReference->Release();
+  lastReference = nullptr;
+  PostMessageW(search, WM_CLOSE, 0, 0);
+}
+
+TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
+  Container container;
+  auto control = New();
+  As<IOleObject>(control)->SetClientSite(&container);
+  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
+  Late(control).Put("UserID", 1);
+  Late(control).Call("View", {std::int32_t{1}});
+  Search search{"cmdSearch"};
+  EnumChildWindows(FormOf("FormMain"), TakeControl, reinterpret_cast<LPARAM>(&search));
+  ASSERT_NE(search.found, nullptr);
+  PostMessageW(search.found, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  PostMessageW(search.found, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+  control->AddRef();
+  lastReference = control.Get();
+  control.Reset();
+  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
+
+  MSG message;
+  const ULONGLONG giveUp = GetTickCount64() + 20'000;
+  const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
+  while (container.References() > 0 && GetTickCount64() < giveUp &&
+         GetMessageW(&message, nullptr, 0, 0) > 0) {
+    DispatchMessageW(&message);
+  }
+  KillTimer(nullptr, tick);
+  EXPECT_EQ(lastReference, nullptr);
+  EXPECT_EQ(container.References(), 0U);
+  EXPECT_EQ(Forms(), 0);
+}
+
+/// An object that takes the control into itself.
+class Outer final : public test::Stacked<IOleContainer> {
+ public:
+  HRESULT STDMETHODCALLTYPE ParseDisplayName(IBindCtx*, LPOLESTR, ULONG*, IMoniker**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE EnumObjects(DWORD, IEnumUnknown**) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE LockContainer(BOOL) override { return E_NOTIMPL; }
+};
+
+TEST_F(Opening, CreateInstance_IntoAnotherObject_SharesItsIdentity) {
+  Outer outer;
+  ComPtr<IClassFactory> factory = Factory();
+  ComPtr<IOleObject> none;
+  EXPECT_EQ(factory->CreateInstance(&outer, IID_IOleObject, none.OutVoid()), CLASS_E_NOAGGREGATION);
+  ComPtr<IUnknown> inner;
+  ASSERT_EQ(factory->CreateInstance(&outer, IID_IUnknown, inner.OutVoid()), S_OK);
+  EXPECT_EQ(outer.References(), 0U);
+  {
+    const auto object = As<IOleObject>(inner);
+    EXPECT_EQ(outer.References(), 1U);
+    EXPECT_TRUE(As<IOleContainer>(object));
+    EXPECT_FALSE(As<IViewObject2>(object));
+  }
+  EXPECT_EQ(outer.References(), 0U);
+}
+
+}  // namespace
