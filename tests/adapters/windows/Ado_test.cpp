@@ -125,6 +125,8 @@ TEST_F(AdoTest, Failure_TellsTheServersNumberAndEveryTextOnce_AndLeavesTheSessio
   EXPECT_EQ(first.Description(), "Changed database.\nInvalid object 'x'.\nNot prepared.");
   EXPECT_EQ(first.Source(), "Provider");
   EXPECT_EQ(ErrorOf("rows, then an error").Number(), -2147217900);
+  ado.failures = {{{StandInAdo::kAdoAlone, 0, "Wrong type."}}};
+  EXPECT_EQ(ErrorOf("alone").Description(), "Wrong type.");
   EXPECT_FALSE(connection.Execute("update").ReturnsRows());
   EXPECT_THAT(ado.log, Not(testing::Contains("close")));
 }

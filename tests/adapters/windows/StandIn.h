@@ -8,9 +8,6 @@
 
 #include "adapters/windows/Com.h"
 
-// COM's interfaces have no destructor of their own: Release deletes.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 namespace adapters::windows {
 
 /// An automation object whose members are functions of the test. A RuntimeError that one throws

@@ -50,9 +50,11 @@ Variant RowsArray(const StandInAdo::Result& result) {
 void StandInAdo::Arrive(const std::string& what) {
   log.push_back(what);
   if (failures.empty()) return;
-  errors_ = std::move(failures.front());
+  const std::vector<Error> failure = std::move(failures.front());
   failures.pop_front();
-  if (!errors_.empty()) throw platform::RuntimeError(-2147217900, errors_[0].text, "Provider");
+  if (failure.empty()) return;
+  if (failure[0].state != kAdoAlone) errors_ = failure;
+  throw platform::RuntimeError(-2147217900, failure[0].text, "Provider");
 }
 
 Variant StandInAdo::MakeConnection() {

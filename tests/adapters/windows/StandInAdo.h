@@ -17,6 +17,8 @@ class StandInAdo {
     std::vector<std::string> columns;
     std::vector<std::vector<Variant>> rows;
   };
+  /// The state of an error that no provider gave: it is raised and does not join the others.
+  static constexpr const char* kAdoAlone = "ADO";
   struct Error {
     std::string state;
     std::int32_t native;
