@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "DistPromoterProg_h.h"
 #include "Library.h"
@@ -132,6 +133,11 @@ LSTATUS Write(HKEY classes, const std::wstring& path, const std::wstring& name,
                         static_cast<DWORD>((data.size() + 1) * sizeof(wchar_t)));
 }
 
+bool Exists(HKEY classes, const std::wstring& path) {
+  Key key;
+  return RegOpenKeyExW(classes, path.c_str(), 0, KEY_READ, key.Out()) == ERROR_SUCCESS;
+}
+
 bool IsEmpty(HKEY classes, const std::wstring& path) {
   Key key;
   DWORD keys = 0;
@@ -168,23 +174,30 @@ HRESULT Register(Scope scope) {
 }
 
 HRESULT Unregister(Scope scope) {
-  Key classes;
-  const LSTATUS opened =
-      RegOpenKeyExW(RootOf(scope), kClasses, 0, KEY_READ | KEY_WRITE | DELETE, classes.Out());
-  if (opened == ERROR_FILE_NOT_FOUND) return S_OK;
-  if (opened != ERROR_SUCCESS) return HRESULT_FROM_WIN32(static_cast<DWORD>(opened));
+  // Looking needs no rights: where nothing is registered there is nothing to be refused.
+  Key readable;
+  if (RegOpenKeyExW(RootOf(scope), kClasses, 0, KEY_READ, readable.Out()) != ERROR_SUCCESS) {
+    return S_OK;
+  }
   const Fill fill(kSystem);
-  Key other;
-  const std::wstring otherFile = Fill(kOtherSystem)("TypeLib\\{libid}\\1.0\\0\\{system}");
   const bool keepShared =
-      RegOpenKeyExW(classes.Get(), otherFile.c_str(), 0, KEY_READ, other.Out()) == ERROR_SUCCESS;
-  LSTATUS failed = ERROR_SUCCESS;
+      Exists(readable.Get(), Fill(kOtherSystem)("TypeLib\\{libid}\\1.0\\0\\{system}"));
+  std::vector<std::wstring> doomed;
   for (auto entry = kEntries.rbegin(); entry != kEntries.rend(); ++entry) {
     if (entry->shared == Shared::kYes && keepShared) continue;
-    const LSTATUS removed = Remove(classes.Get(), fill(entry->key));
-    if (failed == ERROR_SUCCESS) failed = removed;
+    std::wstring key = fill(entry->key);
+    if (Exists(readable.Get(), key)) doomed.push_back(std::move(key));
   }
-  return HRESULT_FROM_WIN32(static_cast<DWORD>(failed));
+  if (doomed.empty()) return S_OK;
+  Key classes;
+  LSTATUS status =
+      RegOpenKeyExW(RootOf(scope), kClasses, 0, KEY_READ | KEY_WRITE | DELETE, classes.Out());
+  if (status != ERROR_SUCCESS) return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
+  for (const std::wstring& key : doomed) {
+    const LSTATUS removed = Remove(classes.Get(), key);
+    if (status == ERROR_SUCCESS) status = removed;
+  }
+  return HRESULT_FROM_WIN32(static_cast<DWORD>(status));
 }
 
 }  // namespace activex

@@ -25,6 +25,11 @@ TEST_F(Control, TypeLibrary_OfTheFile_ListsTheMembersInTheirOrder) {
   ComPtr<ITypeInfo> info;
   ASSERT_EQ(dispatch->GetRefTypeOfImplType(static_cast<UINT>(-1), &vtable), S_OK);
   ASSERT_EQ(dispatch->GetRefTypeInfo(vtable, info.Out()), S_OK);
+  TYPEATTR* attributes = nullptr;
+  ASSERT_EQ(info->GetTypeAttr(&attributes), S_OK);
+  constexpr WORD kCallable = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FDISPATCHABLE;
+  EXPECT_EQ(attributes->wTypeFlags & kCallable, kCallable);
+  info->ReleaseTypeAttr(attributes);
   std::string members;
   for (UINT i = 0; i < 10; ++i) {
     FUNCDESC* function = nullptr;

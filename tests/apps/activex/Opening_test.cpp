@@ -160,6 +160,36 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
   EXPECT_EQ(Forms(), 0);
 }
 
+bool closedUnderModal = false;
+
+void CALLBACK CloseTheEditor(HWND, UINT, UINT_PTR timer, DWORD) {
+  const HWND editor = FormOf("FormMain");
+  if (editor == nullptr || !IsWindowVisible(editor)) return;
+  KillTimer(nullptr, timer);
+  closedUnderModal = !IsWindowEnabled(GetWindow(editor, GW_OWNER));
+  PostMessageW(editor, WM_CLOSE, 0, 0);
+}
+
+TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
+  Container container;
+  const auto control = New();
+  As<IOleObject>(control)->SetClientSite(&container);
+  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
+  Late(control).Put("UserID", 1);
+  As<IOleInPlaceActiveObject>(control)->EnableModeless(FALSE);
+  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, CloseTheEditor);
+  EXPECT_FALSE(Late(control).Call("View", {std::int32_t{1}}).Flag());
+  EXPECT_TRUE(closedUnderModal);
+  EXPECT_EQ(Forms(), 0);
+  EXPECT_TRUE(IsWindowEnabled(container.Window()));
+  As<IOleInPlaceActiveObject>(control)->EnableModeless(TRUE);
+  Late(control).Call("View", {std::int32_t{1}});
+  EXPECT_EQ(Forms(), 1);
+  As<IOleObject>(control)->Close(OLECLOSE_NOSAVE);
+  EXPECT_EQ(Forms(), 0);
+  As<IOleObject>(control)->SetClientSite(nullptr);
+}
+
 /// An object that takes the control into itself.
 class Outer final : public test::Stacked<IOleContainer> {
  public:
