@@ -68,6 +68,17 @@ void DateBoxWindow::ShowDate() {
   frame_.SetText(Wide(Model()->Text()));
 }
 
+/// As a tip under the mouse; a tip that the form gave is shown by the form.
+void DateBoxWindow::ShowWeekday() {
+  if (tip_ || !Model() || !Model()->ToolTip().empty()) return;
+  tip_ = std::make_unique<CellTip>(Handle(), Look(), [this] {
+    return Model() && !PopupOpen() ? Wide(Model()->WeekdayName()) : std::wstring();
+  });
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  tip_->MoveTo(area);
+}
+
 bool DateBoxWindow::PopupOpen() const {
   return popup_ && popup_->Visible();
 }
@@ -144,6 +155,15 @@ LRESULT DateBoxWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_MOUSEWHEEL:
       if (PopupOpen()) return SendMessageW(popup_->Handle(), message, wParam, lParam);
+      break;
+    case WM_MOUSEMOVE:
+      ShowWeekday();
+      break;
+    case WM_SIZE:
+      tip_.reset();
+      break;
+    case WM_NOTIFY:
+      if (tip_ && tip_->OnNotify(lParam)) return 0;
       break;
     case WM_ERASEBKGND:
       return Default(message, wParam, lParam);

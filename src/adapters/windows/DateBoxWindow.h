@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "adapters/windows/CellTip.h"
 #include "adapters/windows/FieldFrame.h"
 #include "controls/DateBox.h"
 
@@ -33,8 +34,10 @@ class DateBoxWindow : public WindowOf<controls::DateBox> {
   /// Gives a typed text to the model. False when it was refused: note and red border then say so.
   bool Commit();
   void ShowDate();
+  void ShowWeekday();
 
   FieldFrame frame_;
+  std::unique_ptr<CellTip> tip_;
   std::unique_ptr<MonthPopupWindow> popup_;
   bool edited_ = false;
 };

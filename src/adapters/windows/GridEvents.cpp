@@ -132,6 +132,8 @@ void GridWindow::Move(POINT place, WPARAM held) {
     } else {
       SetTimer(Handle(), kAutoScrollTimer, kAutoScrollMilliseconds, nullptr);
     }
+  } else {
+    ShowTipAt(place);
   }
 }
 
@@ -261,6 +263,25 @@ bool GridWindow::ShowPointer() const {
   if (!geometry_.BorderAt(place, GetScale().Design(kBorderReach))) return false;
   SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_SIZEWE)));
   return true;
+}
+
+void GridWindow::ShowTipAt(POINT place) {
+  const GridGeometry::Cell cell = geometry_.CellAt(place);
+  if (cell == tipCell_) return;
+  tipCell_ = cell;
+  if (!tip_) tip_ = std::make_unique<CellTip>(Handle(), Look(), [this] { return TipText(); });
+  tip_->MoveTo(geometry_.CellPlace(cell.row, cell.col));
+}
+
+/// A cell's text where the cell does not show all of it.
+std::wstring GridWindow::TipText() const {
+  if (!Model()) return {};
+  const RECT place = geometry_.CellPlace(tipCell_.row, tipCell_.col);
+  if (IsRectEmpty(&place) != FALSE) return {};
+  std::wstring text = CellText(tipCell_.row, tipCell_.col);
+  const Measuring measuring(Look().Font());
+  const int room = place.right - place.left - 2 * GetScale().Design(kTextMargin);
+  return TextWidth(measuring.Dc(), text) > room ? text : std::wstring();
 }
 
 }  // namespace adapters::windows

@@ -11,8 +11,6 @@ using controls::FlexGrid;
 
 namespace {
 
-constexpr int kTextMargin = 4;
-
 Across TextAcross(FlexGrid::Alignment alignment) {
   switch (alignment) {
     case FlexGrid::Alignment::kLeftCentre:

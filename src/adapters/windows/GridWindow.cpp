@@ -174,6 +174,9 @@ LRESULT GridWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
       if (OnKey(wParam)) return 0;
       break;
+    case WM_NOTIFY:
+      if (tip_ && tip_->OnNotify(lParam)) return 0;
+      break;
     case WM_SETCURSOR:
       // The form may show the hourglass over all of it.
       if (LOWORD(lParam) != HTCLIENT) break;

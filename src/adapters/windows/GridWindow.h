@@ -1,8 +1,10 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "adapters/windows/CellTip.h"
 #include "adapters/windows/ControlWindow.h"
 #include "adapters/windows/GridGeometry.h"
 #include "adapters/windows/Paint.h"
@@ -60,7 +62,10 @@ class GridWindow : public WindowOf<controls::FlexGrid> {
   void OnWheel(bool across, int delta);
   bool OnKey(WPARAM key);
   bool ShowPointer() const;
+  void ShowTipAt(POINT place);
+  std::wstring TipText() const;
 
+  static constexpr int kTextMargin = 4;  // at 96 dpi
   enum class Pressing { kNone, kCells, kBorder };
   GridGeometry geometry_;
   Rows shownBlock_;
@@ -70,6 +75,8 @@ class GridWindow : public WindowOf<controls::FlexGrid> {
   int dragRight_ = 0;  // right edge of the column whose border is dragged
   POINT lastDrag_{};
   int wheelRest_ = 0;
+  GridGeometry::Cell tipCell_{-1, -1};
+  std::unique_ptr<CellTip> tip_;
 };
 
 }  // namespace adapters::windows

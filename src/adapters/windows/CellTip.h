@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "adapters/windows/ControlWindow.h"
+
+namespace adapters::windows {
+
+/// Windows' tool tip over a part of a window at a time: what is cut off there in full.
+class CellTip {
+ public:
+  /// `text` is asked when a tip is about to show; empty shows none.
+  CellTip(HWND window, const Theme& look, std::function<std::wstring()> text);
+  ~CellTip();
+  CellTip(const CellTip&) = delete;
+  CellTip& operator=(const CellTip&) = delete;
+  /// The mouse is over another part of the window.
+  void MoveTo(const RECT& place);
+  /// WM_NOTIFY of the window; true when it was this tip's.
+  bool OnNotify(LPARAM lParam);
+
+ private:
+  HWND window_;
+  HWND tip_;
+  std::function<std::wstring()> ask_;
+  std::wstring text_;
+};
+
+}  // namespace adapters::windows
