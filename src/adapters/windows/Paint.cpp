@@ -9,9 +9,6 @@ using controls::Colour;
 
 namespace {
 
-// The Semitic scripts and what comes after them.
-constexpr wchar_t kFirstJoinedScript = 0x0590;
-
 /// The channel at `shift` of two colours mixed.
 unsigned Mixed(Colour under, Colour over, double share, unsigned shift) {
   const double a = under >> shift & 0xFFU;
@@ -119,106 +116,6 @@ void Canvas::DropArrow(POINT centre, const Scale& scale, Colour colour) const {
   const double y = centre.y;
   Stroke({{x - 4 * unit, y - 2 * unit}, {x, y + 2 * unit}, {x + 4 * unit, y - 2 * unit}},
          1.6 * unit, colour);
-}
-
-void Canvas::Text(std::wstring_view text, const RECT& area, const TextLook& look) const {
-  if (text.empty()) return;
-  const Selected font(dc_, look.font);
-  SetBkMode(dc_, TRANSPARENT);
-  SetTextColor(dc_, look.colour);
-  TEXTMETRICW metrics{};
-  GetTextMetricsW(dc_, &metrics);
-  const int height = area.bottom - area.top;
-  if (!look.wrapped) {
-    TextLine(text, area, area.top + (height - metrics.tmHeight) / 2, look);
-    return;
-  }
-  const std::vector<std::wstring> lines = WrapText(dc_, text, area.right - area.left);
-  const int whole = static_cast<int>(lines.size()) * metrics.tmHeight;
-  int top = area.top + std::max(0, (height - whole) / 2);
-  for (const std::wstring& line : lines) {
-    TextLine(line, area, top, look);
-    top += metrics.tmHeight;
-  }
-}
-
-void Canvas::TextLine(std::wstring_view line, const RECT& area, int top,
-                      const TextLook& look) const {
-  const std::wstring shown = Shortened(dc_, line, area.right - area.left);
-  UINT align = TA_TOP | TA_RIGHT;
-  int x = area.right;
-  if (look.across == Across::kCentre) {
-    align = TA_TOP | TA_CENTER;
-    x = (area.left + area.right) / 2;
-  } else if (look.across == Across::kLeft) {
-    align = TA_TOP | TA_LEFT;
-    x = area.left;
-  }
-  // The device contexts are not mirrored, so right is right; the reading order is told apart.
-  const UINT order = look.leftToRight ? 0 : ETO_RTLREADING;
-  SetTextAlign(dc_, align | (look.leftToRight ? 0 : TA_RTLREADING));
-  ExtTextOutW(dc_, x, top, order | ETO_CLIPPED, &area, shown.data(),
-              static_cast<UINT>(shown.size()), nullptr);
-  SetTextAlign(dc_, TA_TOP | TA_LEFT);
-}
-
-int TextWidth(HDC dc, std::wstring_view text) {
-  const int units = static_cast<int>(text.size());
-  SIZE size{};
-  GetTextExtentPoint32W(dc, text.data(), units, &size);
-  if (std::ranges::none_of(text, [](wchar_t unit) { return unit >= kFirstJoinedScript; })) {
-    return size.cx;
-  }
-  // Wine measures letters as they stand alone. Where the pen has come to after drawing tells how
-  // wide they are joined; should it not have moved, the measure above holds.
-  const HDC memory = CreateCompatibleDC(dc);
-  {
-    const Selected font(memory, GetCurrentObject(dc, OBJ_FONT));
-    SetTextAlign(memory, TA_TOP | TA_LEFT | TA_UPDATECP);
-    MoveToEx(memory, 0, 0, nullptr);
-    ExtTextOutW(memory, 0, 0, 0, nullptr, text.data(), static_cast<UINT>(units), nullptr);
-    POINT pen{};
-    GetCurrentPositionEx(memory, &pen);
-    if (pen.x > 0) size.cx = std::min(size.cx, pen.x);
-  }
-  DeleteDC(memory);
-  return size.cx;
-}
-
-std::wstring Shortened(HDC dc, std::wstring_view text, int width) {
-  if (TextWidth(dc, text) <= width) return std::wstring(text);
-  // The longest beginning that fits together with the dots.
-  std::size_t fits = 0;
-  std::size_t tooLong = text.size();
-  std::wstring shown;
-  while (fits + 1 < tooLong) {
-    const std::size_t middle = (fits + tooLong) / 2;
-    shown.assign(text.substr(0, middle)).append(L"…");
-    (TextWidth(dc, shown) <= width ? fits : tooLong) = middle;
-  }
-  shown.assign(text.substr(0, fits));
-  while (!shown.empty() && shown.back() == L' ') shown.pop_back();
-  return shown.append(L"…");
-}
-
-std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width) {
-  std::vector<std::wstring> lines(1);
-  std::size_t at = 0;
-  while (at < text.size()) {
-    const std::size_t end = std::min(text.find_first_of(L" \r\n", at), text.size());
-    const std::wstring_view word = text.substr(at, end - at);
-    std::wstring longer = lines.back();
-    if (!longer.empty() && !word.empty()) longer += L' ';
-    longer += word;
-    if (!lines.back().empty() && !word.empty() && TextWidth(dc, longer) > width) {
-      lines.emplace_back(word);
-    } else {
-      lines.back() = std::move(longer);
-    }
-    if (end < text.size() && text[end] == L'\n') lines.emplace_back();
-    at = end + 1;
-  }
-  return lines;
 }
 
 Buffer::Buffer(HDC target, const RECT& area)
