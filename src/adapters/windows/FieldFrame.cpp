@@ -164,6 +164,10 @@ std::optional<LRESULT> FieldFrame::OnMessage(UINT message, WPARAM wParam, LPARAM
       if (wParam != VK_DOWN) break;
       toggle_();
       return 0;
+    case WM_CHAR:
+      if (wParam != 1) break;  // Ctrl+A
+      SelectAll();
+      return 0;
     default:
       break;
   }

@@ -47,6 +47,7 @@ void SelectorWindow::ShowSelected() {
   std::wstring name;
   Call([&](Selector& selector) { name = Wide(selector.DisplayText()); });
   frame_.SetText(name);
+  SendMessageW(Handle(), EM_SETSEL, 0, 0);  // a long name shows its beginning
 }
 
 void SelectorWindow::Typed() {
@@ -109,9 +110,7 @@ void SelectorWindow::ChooseCurrent() {
   list_->Hide();
   const bool there = Call([&](Selector& selector) { selector.Choose(row); });
   // The same id again notifies nobody, yet the typed text has to go.
-  if (!there) return;
-  ShowSelected();
-  frame_.SelectAll();
+  if (there) ShowSelected();
 }
 
 void SelectorWindow::Close(Leaving leaving) {

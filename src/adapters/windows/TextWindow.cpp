@@ -74,8 +74,9 @@ LRESULT TextWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
       return Default(message, wParam, lParam);
     case WM_PAINT:
-      if (Enabled()) break;
-      PaintDisabled();
+      // Several lines may be scrolled, which only the EDIT knows.
+      if (Enabled() && (severalLines_ || GetFocus() == Handle())) break;
+      PaintText();
       return 0;
     case WM_SETFOCUS: {
       const LRESULT result = WindowOf::OnMessage(message, wParam, lParam);
@@ -114,10 +115,11 @@ bool TextWindow::OnParentMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/,
   return true;
 }
 
-void TextWindow::PaintDisabled() const {
-  // An EDIT would show its text in the system's grey, which is hard to read on this ground.
+void TextWindow::PaintText() const {
+  // An EDIT would show a disabled text in the system's grey, which is hard to read on this ground,
+  // and not every Windows puts its Persian and Latin words in the right order.
   const PaintSession canvas(Handle());
-  canvas.Fill(canvas.Area(), controls::palette::kFrame);
+  canvas.Fill(canvas.Area(), Enabled() ? theme::kField : controls::palette::kFrame);
   canvas.Text(TextOf(Handle()), canvas.Area(), {.font = Look().Font(), .wrapped = severalLines_});
 }
 

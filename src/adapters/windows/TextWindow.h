@@ -16,7 +16,7 @@ class TextWindow : public WindowOf<controls::TextBox> {
 
  private:
   void ShowText();
-  void PaintDisabled() const;
+  void PaintText() const;
   const bool severalLines_;
   bool showing_ = false;  // the text comes from the model, not from the keys
 };
