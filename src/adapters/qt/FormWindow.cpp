@@ -6,59 +6,14 @@
 #include <cstdlib>
 #include <vector>
 
+#include "controls/TabOrder.h"
+
 namespace adapters::qt {
 
 using controls::Aspect;
 using controls::Change;
 using controls::Control;
 using controls::Form;
-
-namespace {
-
-void AddInOrder(const Control& control, std::vector<const Control*>& order);
-
-/// All controls of a container that has one place in the tab order: by their index, those without
-/// one as they were declared.
-void AddParts(const controls::Container& container, std::vector<const Control*>& order) {
-  std::vector<const Control*> parts(container.Controls().begin(), container.Controls().end());
-  std::stable_sort(parts.begin(), parts.end(), [](const Control* a, const Control* b) {
-    return a->TabIndex() < b->TabIndex();
-  });
-  for (const Control* part : parts) AddInOrder(*part, order);
-}
-
-void AddInOrder(const Control& control, std::vector<const Control*>& order) {
-  if (const auto* frame = dynamic_cast<const controls::Frame*>(&control)) {
-    AddParts(*frame, order);
-  } else {
-    order.push_back(&control);
-  }
-}
-
-/// The controls with an index, also those inside frames without one.
-void CollectIndexed(const controls::Container& container, std::vector<const Control*>& indexed) {
-  for (const Control* control : container.Controls()) {
-    if (control->TabIndex() >= 0) {
-      indexed.push_back(control);
-    } else if (const auto* frame = dynamic_cast<const controls::Frame*>(control)) {
-      CollectIndexed(*frame, indexed);
-    }
-  }
-}
-
-/// A frame that has an index itself is a composite control: its parts follow at its place.
-std::vector<const Control*> TabSequence(const Form& form) {
-  std::vector<const Control*> indexed;
-  CollectIndexed(form, indexed);
-  std::stable_sort(indexed.begin(), indexed.end(), [](const Control* a, const Control* b) {
-    return a->TabIndex() < b->TabIndex();
-  });
-  std::vector<const Control*> order;
-  for (const Control* control : indexed) AddInOrder(*control, order);
-  return order;
-}
-
-}  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
     : form_(&form), surroundings_(surroundings) {
@@ -138,7 +93,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 
 void FormWindow::SetTabOrder() {
   QWidget* previous = nullptr;
-  const std::vector<const Control*> sequence = TabSequence(*form_);
+  const std::vector<Control*> sequence = controls::TabSequence(*form_);
   for (const auto& [control, view] : views_) {
     QWidget& widget = view->Widget();
     const bool inOrder = std::find(sequence.begin(), sequence.end(), control) != sequence.end();
