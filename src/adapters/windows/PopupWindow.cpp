@@ -1,7 +1,5 @@
 #include "adapters/windows/PopupWindow.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -74,40 +72,42 @@ void PopupWindow::Hide() {
 }
 
 void PopupWindow::BeginWatching() {
-  if (hook_ != nullptr) return;
+  if (open == this) return;
+  if (open != nullptr) PostMessageW(open->Handle(), kLeave, 0, 0);
   open = this;
-  hook_ = SetWindowsHookExW(WH_GETMESSAGE, &PopupWindow::Watch, nullptr, GetCurrentThreadId());
-  SetWindowSubclass(form_, &PopupWindow::WatchForm, reinterpret_cast<UINT_PTR>(this),
-                    reinterpret_cast<DWORD_PTR>(Handle()));
+  const DWORD thread = GetCurrentThreadId();
+  presses_ = SetWindowsHookExW(WH_GETMESSAGE, &PopupWindow::WatchPresses, nullptr, thread);
+  moves_ = SetWindowsHookExW(WH_CALLWNDPROC, &PopupWindow::WatchMoves, nullptr, thread);
 }
 
 void PopupWindow::EndWatching() {
-  if (hook_ == nullptr) return;
-  UnhookWindowsHookEx(std::exchange(hook_, nullptr));
-  RemoveWindowSubclass(form_, &PopupWindow::WatchForm, reinterpret_cast<UINT_PTR>(this));
+  for (HHOOK* hook : {&presses_, &moves_}) {
+    if (*hook != nullptr) UnhookWindowsHookEx(std::exchange(*hook, nullptr));
+  }
   if (open == this) open = nullptr;
 }
 
-LRESULT CALLBACK PopupWindow::Watch(int code, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK PopupWindow::WatchPresses(int code, WPARAM removed, LPARAM lParam) {
   auto& message = *reinterpret_cast<MSG*>(lParam);
-  if (code == HC_ACTION && wParam == PM_REMOVE && open != nullptr && IsPress(message.message) &&
+  if (code == HC_ACTION && removed == PM_REMOVE && open != nullptr && IsPress(message.message) &&
       message.hwnd != open->Handle()) {
     message.message = WM_NULL;
     PostMessageW(open->Handle(), kLeave, 0, 0);
   }
-  return CallNextHookEx(nullptr, code, wParam, lParam);
+  return CallNextHookEx(nullptr, code, removed, lParam);
 }
 
-LRESULT CALLBACK PopupWindow::WatchForm(HWND form, UINT message, WPARAM wParam, LPARAM lParam,
-                                        UINT_PTR /*id*/, DWORD_PTR popup) {
-  if (message == WM_WINDOWPOSCHANGED) {
+LRESULT CALLBACK PopupWindow::WatchMoves(int code, WPARAM wParam, LPARAM lParam) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+  if (code == HC_ACTION && open != nullptr && sent.hwnd == open->form_ &&
+      sent.message == WM_WINDOWPOSCHANGED) {
     constexpr UINT kStays = SWP_NOMOVE | SWP_NOSIZE;
-    const UINT flags = reinterpret_cast<const WINDOWPOS*>(lParam)->flags;
+    const UINT flags = reinterpret_cast<const WINDOWPOS*>(sent.lParam)->flags;
     if ((flags & kStays) != kStays || (flags & SWP_HIDEWINDOW) != 0) {
-      PostMessageW(reinterpret_cast<HWND>(popup), kLeave, 0, 0);
+      PostMessageW(open->Handle(), kLeave, 0, 0);
     }
   }
-  return DefSubclassProc(form, message, wParam, lParam);
+  return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 LRESULT PopupWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

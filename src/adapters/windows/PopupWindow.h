@@ -36,9 +36,8 @@ class PopupWindow : public Window {
   int Design(int pixels) const { return look_.GetScale().Design(pixels); }
 
  private:
-  static LRESULT CALLBACK Watch(int code, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK WatchForm(HWND form, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR popup);
+  static LRESULT CALLBACK WatchPresses(int code, WPARAM removed, LPARAM lParam);
+  static LRESULT CALLBACK WatchMoves(int code, WPARAM wParam, LPARAM lParam);
   RECT PlaceFor(SIZE size) const;
   void BeginWatching();
   void EndWatching();
@@ -46,7 +45,8 @@ class PopupWindow : public Window {
   const Theme& look_;
   HWND field_;
   HWND form_;
-  HHOOK hook_ = nullptr;
+  HHOOK presses_ = nullptr;
+  HHOOK moves_ = nullptr;
 };
 
 }  // namespace adapters::windows
