@@ -70,6 +70,7 @@ TEST_F(FieldWindowTest, MonthPage_ClickedMovedByKeysOrLeft_GivesTheDay) {
   Click(Of(cmdCancel), 5, 5);
   EXPECT_FALSE(page.Visible());
   Press({VK_F4});
+  ASSERT_TRUE(page.Visible());
   SetWindowPos(screen.WindowOf(*this), nullptr, 7, 7, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   Click(page.Handle(), 0, 0);
   EXPECT_FALSE(page.Visible()) << "the form was moved";

@@ -43,6 +43,7 @@ class SampleWindows : public testing::Test, public controls::Form {
     Resize(9000, 6600);
     datFrom.Move(6000, 150, 1900, 375);
     sltCity.Move(150, 150, 4000, 375);
+    cmdCancel.Move(4500, 150, 1200, 375);
     flx.Move(150, 750, 8700, 5700);
     datFrom.SetTabIndex(0);
     sltCity.SetTabIndex(1);
