@@ -48,30 +48,44 @@ class Factory final : public IClassFactory {
   ULONG references_ = 1;
 };
 
-}  // namespace
+bool Installed() {
+  CLSID ignored;
+  return SUCCEEDED(CLSIDFromProgID(kNotice, &ignored));
+}
 
-StandIns::StandIns() {
-  CLSID installed;
-  if (SUCCEEDED(CLSIDFromProgID(kNotice, &installed))) return;
+void Register(HKEY root) {
   HKEY key = nullptr;
   const std::wstring path = std::wstring(kNoticeKey) + L"\\CLSID";
-  Check(HRESULT_FROM_WIN32(RegCreateKeyExW(HKEY_CURRENT_USER, path.c_str(), 0, nullptr,
-                                           REG_OPTION_VOLATILE, KEY_SET_VALUE, nullptr, &key,
-                                           nullptr)));
+  Check(HRESULT_FROM_WIN32(RegCreateKeyExW(root, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                                           KEY_SET_VALUE, nullptr, &key, nullptr)));
   const LONG set =
       RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(kNoticeClassText),
                      sizeof kNoticeClassText);
   RegCloseKey(key);
   Check(HRESULT_FROM_WIN32(set));
+}
+
+}  // namespace
+
+StandIns::StandIns() {
+  if (Installed()) return;
+  root_ = HKEY_CURRENT_USER;
+  Register(root_);
+  if (!Installed()) {
+    // Wine looks up classes in the machine's part of the registry only.
+    RegDeleteTreeW(root_, kNoticeKey);
+    root_ = HKEY_LOCAL_MACHINE;
+    Register(root_);
+  }
   const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(guard_));
   Check(CoRegisterClassObject(kNoticeClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                               &cookie_));
 }
 
 StandIns::~StandIns() {
-  if (cookie_ == 0) return;
+  if (root_ == nullptr) return;
   CoRevokeClassObject(cookie_);
-  RegDeleteTreeW(HKEY_CURRENT_USER, kNoticeKey);
+  RegDeleteTreeW(root_, kNoticeKey);
 }
 
 }  // namespace activexhost

@@ -19,6 +19,7 @@ class StandIns {
 
  private:
   adapters::windows::ErrorGuard guard_;
+  HKEY root_ = nullptr;  // where the component is registered; null when the suite's own is there
   DWORD cookie_ = 0;
 };
 

@@ -110,25 +110,29 @@ Tour::~Tour() {
 }
 
 void Tour::Start() {
-  SetTimer(nullptr, 0, kStepDelay, &Tour::OnTimer);
+  if (timer_ != 0) KillTimer(nullptr, timer_);
+  timer_ = SetTimer(nullptr, 0, kStepDelay, &Tour::OnTimer);
 }
 
 void CALLBACK Tour::OnTimer(HWND /*window*/, UINT /*message*/, UINT_PTR id, DWORD /*time*/) {
-  KillTimer(nullptr, id);
-  if (playing != nullptr) playing->Next();
+  if (playing != nullptr && playing->timer_ == id) playing->Next();
 }
 
 void Tour::Next() {
   if (script_.Ended()) {
+    KillTimer(nullptr, timer_);
     ended_ = true;
     std::printf("The tour is over: %d pictures in %s.\n", pictures_, folder_.c_str());
     PostQuitMessage(0);
     return;
   }
-  // Beforehand: the step may open a modal form, in whose loop the next one plays.
+  // Beforehand: the step may open a modal form, in whose loop the next one plays. Afterwards anew:
+  // what it has set going comes before the next one.
   Start();
+  const UINT_PTR own = timer_;
   try {
     script_.PlayNext();
+    if (timer_ == own) Start();
   } catch (const std::exception& error) {
     Fail(error.what());
   }

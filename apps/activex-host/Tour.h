@@ -51,6 +51,7 @@ class Tour : public tour::Player {
   std::function<void(std::int32_t)> open_;
   Camera camera_;
   tour::Script script_;
+  UINT_PTR timer_ = 0;
   int pictures_ = 0;
   bool ended_ = false;
 };

@@ -1,6 +1,7 @@
 #include "Windows.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/Window.h"
@@ -105,6 +106,12 @@ std::string TextOf(HWND window) {
 std::vector<HWND> ButtonsOf(HWND dialog) {
   std::vector<HWND> buttons = Descendants(dialog);
   std::erase_if(buttons, [](HWND each) { return !IsA(each, L"BUTTON"); });
+  const auto rightEdge = [](HWND each) {
+    RECT place;
+    GetWindowRect(each, &place);
+    return place.right;
+  };
+  std::ranges::sort(buttons, std::greater(), rightEdge);
   return buttons;
 }
 
