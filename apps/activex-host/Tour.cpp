@@ -31,7 +31,6 @@ LPARAM Middle(HWND window) {
 }
 
 void ClickAt(HWND window, LPARAM place) {
-  SendMessageW(window, WM_MOUSEMOVE, 0, place);
   SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
   SendMessageW(window, WM_LBUTTONUP, 0, place);
 }
