@@ -30,6 +30,7 @@ constexpr char kHelp[] =
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N at once; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
+  --make-office FILE make a sample office in FILE and end
   --help             this text
 )";
 
@@ -38,6 +39,7 @@ struct Options {
   std::int32_t user = 1;
   std::int32_t program = 0;
   std::string tourFolder;
+  std::string newOffice;
   bool help = false;
   std::string mistake;  // a line for the user
 };
@@ -59,6 +61,8 @@ Options Parse(const std::vector<std::string>& arguments) {
       options.program = std::atoi(arguments[++i].c_str());
     } else if (option == "--tour") {
       options.tourFolder = arguments[++i];
+    } else if (option == "--make-office") {
+      options.newOffice = arguments[++i];
     } else {
       options.mistake = "\"" + option + "\" is no option; see --help.";
     }
@@ -95,6 +99,10 @@ void PumpMessages() {
 }
 
 int Run(const Options& options) {
+  if (!options.newOffice.empty()) {
+    activexhost::EnsureSampleOffice(options.newOffice);
+    return EXIT_SUCCESS;
+  }
   const bool touring = !options.tourFolder.empty();
   const std::string tourFolder = touring ? FullFolder(options.tourFolder) : std::string();
   activexhost::Login login;
