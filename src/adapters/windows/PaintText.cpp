@@ -77,7 +77,10 @@ int TextWidth(HDC dc, std::wstring_view text) {
 }
 
 std::wstring Shortened(HDC dc, std::wstring_view text, int width) {
-  if (TextWidth(dc, text) <= width) return std::wstring(text);
+  // Letters that stand alone are the wider ones, and the quicker to measure: most texts end here.
+  SIZE apart{};
+  GetTextExtentPoint32W(dc, text.data(), static_cast<int>(text.size()), &apart);
+  if (apart.cx <= width || TextWidth(dc, text) <= width) return std::wstring(text);
   // The longest beginning that fits together with the dots.
   std::size_t fits = 0;
   std::size_t tooLong = text.size();
