@@ -2,10 +2,13 @@
 
 #include <exception>
 #include <functional>
-#include <string>
 #include <utility>
 
 #include "platform/RuntimeError.h"
+
+namespace controls {
+struct ErrorTexts;
+}
 
 namespace adapters::windows {
 
@@ -46,7 +49,7 @@ class ErrorGuard {
   };
   void Show(const platform::RuntimeError& error) noexcept;
   void Show(const std::exception& error) noexcept;
-  void ShowDialog(const std::wstring& sentence, const std::wstring& technical) noexcept;
+  void ShowDialog(const controls::ErrorTexts& texts) noexcept;
 
   std::function<void()> beforeShow_;
   int depth_ = 0;

@@ -122,6 +122,8 @@ void FormWindow::AddToolTips() {
       InitCommonControlsEx(&wanted);
       tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
                              0, 0, Handle(), nullptr, Instance(), nullptr);
+      SendMessageW(tips, TTM_SETTIPBKCOLOR, controls::palette::kGridRow, 0);
+      SendMessageW(tips, TTM_SETTIPTEXTCOLOR, theme::kText, 0);
     }
     std::wstring text = Wide(control->ToolTip());
     TTTOOLINFOW tool{};

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 #include <utility>
 
@@ -110,7 +109,8 @@ TEST_F(WinScreenTest, Controls_ClickedOrChosen_AskTheModel) {
 TEST_F(WinScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
   int clicks = 0;
   form.cmdOK.onClick = [&] {
-    if (++clicks == 1) throw RuntimeError(3704, "Operation is not allowed", "Recordset");
+    if (++clicks == 1)
+      throw RuntimeError(3704, "گروه قفل است. Operation is not allowed", "Recordset");
     throw std::out_of_range("no such place");
   };
   form.Show(Modality::kModeless);
@@ -125,7 +125,6 @@ TEST_F(WinScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
     EXPECT_EQ(technical, expected);
     EXPECT_TRUE(IsWindowEnabled(screen.WindowOf(form)));
   }
-  EXPECT_EQ(clicks, 2);
 }
 
 TEST_F(WinScreenTest, MessageComponent_AskedByName_TellsTheAnswer) {

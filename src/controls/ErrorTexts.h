@@ -1,0 +1,22 @@
+#pragma once
+
+#include <exception>
+#include <string>
+
+#include "platform/RuntimeError.h"
+
+namespace controls {
+
+/// What a screen tells the user of an error that no form trapped. UTF-8.
+struct ErrorTexts {
+  std::string title;
+  std::string sentence;   // Persian, two or three lines
+  std::string technical;  // English, to be read from the left and copied
+};
+
+/// A description may begin with Persian sentences, up to the last letter of that script and its
+/// full stop: these go to the user's sentence, the rest is technical.
+ErrorTexts TextsOf(const platform::RuntimeError& error);
+ErrorTexts TextsOf(const std::exception& error);
+
+}  // namespace controls
