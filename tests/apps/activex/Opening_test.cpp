@@ -22,10 +22,21 @@ using test::Container;
 class Opening : public test::LoadedLibrary {
  protected:
   Opening() {
-    std::remove("opening-test.db");
-    demo::CreateSampleOffice("opening-test.db",
+    std::remove(kOffice);
+    demo::CreateSampleOffice(kOffice,
                              {.customers = 50, .today = std::chrono::sys_days{}, .basePath = {}});
   }
+  ~Opening() override { std::remove(kOffice); }
+  /// A control in the container, for a user of the sample office.
+  ComPtr<_DistPromoterProg> NewFor(std::int32_t user, Container& container) const {
+    auto control = New();
+    As<IOleObject>(control)->SetClientSite(&container);
+    Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
+    Late(control).Put("UserID", user);
+    return control;
+  }
+
+  static constexpr char kOffice[] = "opening-test.db";
 };
 
 int visibleWindows = 0;
@@ -44,11 +55,8 @@ int Forms() {
 
 TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
   Container container;
-  auto control = New();
-  As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
   // A user without rights is refused, without a word where there is no message component.
-  Late(control).Put("UserID", 3);
+  auto control = NewFor(3, container);
   EXPECT_FALSE(Late(control).Call("ClearShow").Flag());
   EXPECT_EQ(Forms(), 0);
 
@@ -132,10 +140,7 @@ void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
 
 TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
   Container container;
-  auto control = New();
-  As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
-  Late(control).Put("UserID", 1);
+  auto control = NewFor(1, container);
   Late(control).Call("View", {std::int32_t{1}});
   Search search{"cmdSearch"};
   EnumChildWindows(FormOf("FormMain"), TakeControl, reinterpret_cast<LPARAM>(&search));
@@ -172,10 +177,7 @@ void CALLBACK CloseTheEditor(HWND, UINT, UINT_PTR timer, DWORD) {
 
 TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
   Container container;
-  const auto control = New();
-  As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:opening-test.db");
-  Late(control).Put("UserID", 1);
+  const auto control = NewFor(1, container);
   As<IOleInPlaceActiveObject>(control)->EnableModeless(FALSE);
   SetTimer(nullptr, 0, USER_TIMER_MINIMUM, CloseTheEditor);
   EXPECT_FALSE(Late(control).Call("View", {std::int32_t{1}}).Flag());
