@@ -43,7 +43,7 @@ class FormWindow : public Window {
   std::vector<const ControlWindow*> tabOrder_;
   controls::Subscription subscription_;
   HWND lastFocus_ = nullptr;  // to come back to when the form is activated again
-  bool fitting_ = true;  // the window takes the form's size; at first it has none
+  bool fitting_ = true;       // the window takes the form's size; at first it has none
   bool busy_ = false;
 };
 
