@@ -48,6 +48,8 @@ const Rules& ProjectRules() {
               {"adapters/*", Words(plain), kAny},
               // Makes its database through an adapter, and is told nothing of the module.
               {"demo", Words("text calendar platform adapters/*"), kAny},
+              // A user's day, told without a screen.
+              {"apps/tour", {}, kAny},
               // Composition roots: the only ones that see both the module and the adapters.
               {"apps/*",
                Words(plain + "tools batch search editor module adapters/* demo apps/tour"), kAny},
