@@ -73,8 +73,8 @@ TEST_F(ServerOffice, EmptyDatabase_Loaded_GetsSchemaThenEveryRowInOneTransaction
   const auto isInsert = [](const std::string& text) { return text.find("VALUES\n(") < 300; };
   const auto inserts = std::find_if(sent.begin(), sent.end(), isInsert);
   const auto commit = std::find(sent.begin(), sent.end(), "COMMIT TRANSACTION;");
-  EXPECT_THAT(sent[1], HasSubstr("BEGIN TRANSACTION"));
-  EXPECT_THAT(sent[2], HasSubstr("CREATE TABLE dbo.tblEmployee"));
+  EXPECT_THAT(sent[2], HasSubstr("BEGIN TRANSACTION"));
+  EXPECT_THAT(sent[3], HasSubstr("CREATE TABLE dbo.tblEmployee"));
   EXPECT_THAT(*(inserts - 1), HasSubstr("CREATE PROCEDURE dbo.spZomirInsertFormAction"));
   ASSERT_NE(commit, sent.end());
   for (auto statement = inserts; statement != commit; ++statement) {
@@ -112,9 +112,12 @@ TEST_F(ServerOffice, Failure_MidwayOrAtOnce_TakesAllBackAndTells) {
   EXPECT_TRUE(database_.Statements("COMMIT").empty());
 
   database_.ForgetCalls();
+  database_.When(Holding("CodePage"))
+      .Gives(support::RowSetOf({"Collation", "CodePage"}, {{"Latin1_General_CI_AS", "1252"}}));
   database_.When(Holding("sys.objects")).Gives(support::RowSetOf({"name"}, {{"tblAccount"}}));
   EXPECT_THAT(Load(), testing::StartsWith("2714: The database already holds tblAccount."));
-  EXPECT_EQ(database_.Statements().size(), 1U);
+  EXPECT_EQ(database_.Statements().size(), 2U);
+  EXPECT_THAT(progress_.str(), HasSubstr("Latin1_General_CI_AS (code page 1252)"));
 }
 
 TEST_F(ServerOffice, Schema_ComparedWithTheEmbeddedOne_HasTheSameTablesViewsAndColumns) {
