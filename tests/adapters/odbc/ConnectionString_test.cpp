@@ -22,6 +22,7 @@ const Installed kMicrosoft{{{"ODBC Driver 9 for SQL Server", ""},
                             {"FreeTDS", "libtdsodbc.so"},
                             {"ODBC Driver 18 for SQL Server", ""}},
                            {}};
+const Installed kNothing;
 const std::string kUtf8Words = "TDS_Version=7.4;ClientCharset=UTF-8";
 
 TEST(ConnectionString, OleDbString_isReadIntoTheDriversWords) {
@@ -86,7 +87,7 @@ TEST(ConnectionString, StringWithoutAServerOrDriver_isRefusedWithoutItsPassword)
       {kFreeTds, "Provider=Microsoft.Jet.OLEDB.4.0;Password=s3cret", "Microsoft.Jet.OLEDB.4.0"},
       {kFreeTds, "Provider=SQLOLEDB;Initial Catalog=x;Password=s3cret", "Data Source"},
       {kFreeTds, "Provider=SQLOLEDB;Data Source=s;Password='s3cret};x'", "};"},
-      {Installed{}, "Provider=SQLOLEDB;Data Source=s;Password=s3cret", "tdsodbc"},
+      {kNothing, "Provider=SQLOLEDB;Data Source=s;Password=s3cret", "tdsodbc"},
   };
   for (const auto& [installed, given, words] : cases) {
     try {
