@@ -16,13 +16,13 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
+const Installed kNothing;
 const Installed kFreeTds{{{"SQLite3", "libsqlite3odbc.so"}, {"FreeTDS", "libtdsodbc.so"}},
                          {{"office", "FreeTDS"}, {"files", "SQLite3"}}};
 const Installed kMicrosoft{{{"ODBC Driver 9 for SQL Server", ""},
                             {"FreeTDS", "libtdsodbc.so"},
                             {"ODBC Driver 18 for SQL Server", ""}},
                            {}};
-const Installed kNothing;
 const std::string kUtf8Words = "TDS_Version=7.4;ClientCharset=UTF-8";
 
 TEST(ConnectionString, OleDbString_isReadIntoTheDriversWords) {
@@ -73,7 +73,7 @@ TEST(ConnectionString, OdbcString_isKeptButForWhatFreeTdsNeeds) {
       {"Driver=FreeTDS;PWD={x;Provider=SQLOLEDB}", ";" + kUtf8Words},
   };
   for (const auto& [given, added] : cases)
-    EXPECT_EQ(OdbcConnectionString(given, kFreeTds), given + added);
+    EXPECT_EQ(OdbcConnectionString(given, kFreeTds), std::string(given).append(added));
   // A driver registered under another name is known by its library.
   const Installed renamed{{{"Office SQL", "/opt/libtdsodbc.so"}}, {}};
   EXPECT_EQ(OdbcConnectionString("Driver=office sql", renamed), "Driver=office sql;" + kUtf8Words);
