@@ -18,17 +18,19 @@ qsizetype PersianEnd(const QString& description) {
   return end;
 }
 
-void ShowDialog(const QString& sentence, const QString& technical) {
+}  // namespace
+
+void ErrorGuard::ShowDialog(const QString& sentence, const QString& technical) const {
   qWarning().noquote() << technical;
   MessageDialog::Content content;
   content.title = QStringLiteral("خطا");
-  content.message = sentence + QStringLiteral("\nبرنامه ادامه می‌یابد.");
+  content.message =
+      sentence + (programGoesOn_ ? QStringLiteral("\nبرنامه ادامه می‌یابد.")
+                                 : QStringLiteral("\nبرنامه بسته می‌شود."));
   content.technical = technical;
   content.kind = MessageDialog::Kind::kError;
   MessageDialog(content).Run();
 }
-
-}  // namespace
 
 void ErrorGuard::Show(const platform::RuntimeError& error) {
   if (beforeShow_) beforeShow_();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <exception>
 #include <functional>
 #include <utility>
@@ -25,6 +26,10 @@ class ErrorGuard {
     }
   }
 
+  /// What is said of the program after an error: that it goes on, which holds once a form is up, or
+  /// that it ends.
+  void SetProgramGoesOn(bool goesOn) { programGoesOn_ = goesOn; }
+
   /// How many calls into models are under way. While there is one, the widget that made it must
   /// live.
   int Depth() const { return depth_; }
@@ -45,8 +50,10 @@ class ErrorGuard {
   };
   void Show(const platform::RuntimeError& error);
   void Show(const std::exception& error);
+  void ShowDialog(const QString& sentence, const QString& technical) const;
 
   std::function<void()> beforeShow_;
+  bool programGoesOn_ = true;
   int depth_ = 0;
 };
 
