@@ -54,9 +54,10 @@ TEST(ConnectionString, OleDbString_isReadIntoTheDriversWords) {
        "SERVER=s;PWD={x}};y;DSN=z};Encrypt=no"},
   };
   for (const auto& [installed, given, expected] : cases) {
-    EXPECT_EQ(OdbcConnectionString(given, installed),
-              &installed == &kFreeTds ? "DRIVER={FreeTDS};" + expected + kUtf8Words
-                                      : "DRIVER={ODBC Driver 18 for SQL Server};" + expected);
+    const bool isFreeTds = &installed == &kFreeTds;
+    std::string whole = isFreeTds ? "DRIVER={FreeTDS};" : "DRIVER={ODBC Driver 18 for SQL Server};";
+    whole.append(expected).append(isFreeTds ? kUtf8Words : "");
+    EXPECT_EQ(OdbcConnectionString(given, installed), whole);
   }
 }
 
