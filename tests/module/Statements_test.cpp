@@ -200,7 +200,7 @@ TEST_F(Statements, EveryFormPlayed_DocumentTellsEveryObjectAndColumn) {
   PlayTheRest();
   // The server's own words, and the names that the statements give for themselves.
   const Names others = Listed(
-      "and as asc by convert count delete dbo distinct exists from getdate group  in "
+      "and as asc by convert count delete dbo distinct exists from getdate group in "
       "inner insert into isnull join left like ltrim not null on order outer over replace "
       "row_number rtrim scope_identity select set substring top update values varchar where "
       "ac arow cnt d do installdirectory newid o p pathname pd promotername r regionname today w "
