@@ -11,9 +11,9 @@ RECORD is a file that receives, before anything is answered, a line for each thi
     batch STATEMENT                        line ends within it as \\n
     call NAME(ARGUMENT, ...)               texts in quotes, NULL, dates yyyy-mm-dd
 
-The second argument is what becomes of who connects: served, refused with 18456, hung up on, or not
-answered at all. Commands on the standard input, each answered by the same line on the standard
-output when it has been done:
+The second argument is what becomes of who connects: served, refused with 18456 and words that tell
+the password, hung up on, or not answered at all. Commands on the standard input, each answered by
+the same line on the standard output when it has been done:
 
     away    hang up on all and refuse who comes; the port stays reserved
     back    listen again
@@ -41,10 +41,6 @@ def utf16(text):
 
 def short_text(text):
     return bytes([len(utf16(text)) // 2]) + utf16(text)
-
-
-def middle_text(text):
-    return struct.pack("<H", len(utf16(text))) + utf16(text)
 
 
 def long_text(text):
@@ -78,7 +74,8 @@ TYPES = {
     "datetime": (b"\x6F\x08", b"\0", moment),
     "date": (b"\x28", b"\0", lambda text: b"\x03" + (
         datetime.date.fromisoformat(text).toordinal() - 1).to_bytes(3, "little")),
-    "nvarchar": (b"\xE7\x40\x1F" + COLLATION, b"\xFF\xFF", middle_text),
+    "nvarchar": (b"\xE7\x40\x1F" + COLLATION, b"\xFF\xFF", lambda text: struct.pack(
+        "<H", len(utf16(text))) + utf16(text)),
     "nvarchar(max)": (b"\xE7\xFF\xFF" + COLLATION, b"\xFF" * 8, long_text),
 }
 
@@ -263,13 +260,10 @@ class Client:
         user, password, database = login_words(content)
         self.record(f"login {user}|{password}|{database}")
         if self.behaviour == "refuse":
-            self.answer([message(18456, 14, f"Login failed for user '{user}'.")])
+            self.answer([message(18456, 14, f"Login failed for user '{user}', '{password}'.")])
             raise ConnectionError
         accepted = b"\x01\x74\0\0\x04" + short_text("Stand-in") + b"\x0F\0\x07\xD0"
-        packets = b"\x04" + short_text("4096") + short_text("4096")
-        collation = b"\x07\x05" + COLLATION + b"\0"
-        tokens = token(0xE3, packets) + token(0xE3, collation) + token(0xAD, accepted)
-        self.answer([(tokens, 0, 0)])
+        self.answer([(token(0xAD, accepted), 0, 0)])
 
     def serve(self):
         while True:
