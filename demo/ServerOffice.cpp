@@ -267,6 +267,8 @@ void RunScripts(platform::Connection& server, const ServerScripts& scripts) {
 
 void LoadServerOffice(platform::Connection& server, const ServerScripts& scripts,
                       const SampleOptions& options, std::ostream& progress) {
+  // First, so that a server that cannot be reached says so before the office is made.
+  WarnOfCollation(server, progress);
   const EmbeddedOffice office(options);
   const std::vector<Table> tables = TablesOf(office);
   RefuseIfThere(server, tables, ViewsOf(office));
@@ -294,7 +296,6 @@ void LoadServerOffice(platform::Connection& server, const ServerScripts& scripts
         "The sample office was not loaded (" + about + "); " + outcome + ". " + error.Description(),
         error.Source());
   }
-  WarnOfCollation(server, progress);
 }
 
 }  // namespace demo

@@ -5,8 +5,8 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # Needed to build and start the desktop host.
-run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev
-  unixodbc-dev tdsodbc libkainjow-mustache-dev libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
+run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev unixodbc-dev tdsodbc
+  libkainjow-mustache-dev libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
 # Needed besides by the tests and the benchmark programs.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format unzip
   poppler-utils libsqliteodbc python3 sqlfluff)

@@ -6,6 +6,7 @@
 
 #include "demo/SqlScript.h"
 #include "platform/RuntimeError.h"
+#include "text/Text.h"
 
 namespace desktop {
 
@@ -71,7 +72,9 @@ bool Replay(std::string_view script, platform::Connection& connection, std::ostr
       }
     } catch (const platform::RuntimeError& error) {
       ++failed;
-      out << "error " << error.Number() << ": " << error.Description() << std::endl;
+      // A driver's diagnostics stand in several lines.
+      out << "error " << error.Number() << ": " << text::Replace(error.Description(), "\n", " ")
+          << std::endl;
     }
   }
   out << number << " statements, " << number - failed << " ran, " << failed << " failed, "

@@ -120,7 +120,9 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options,
       control.ClearShow();
     }
   });
-  return desktop.Module().Editor().Visible();
+  const bool open = desktop.Module().Editor().Visible();
+  desktop.Guard().SetProgramGoesOn(open);
+  return open;
 }
 
 desktop::Tour::Stage StageOf(Desktop& desktop) {
@@ -137,6 +139,8 @@ desktop::Tour::Stage StageOf(Desktop& desktop) {
 
 int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
+  // Until a form is up, an error ends the program.
+  desktop.Guard().SetProgramGoesOn(false);
   const bool tour = !options.tourDirectory.empty();
   std::optional<QTemporaryDir> dropped;
   std::string connectionString = options.connect;

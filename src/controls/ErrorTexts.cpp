@@ -7,7 +7,10 @@ namespace controls {
 namespace {
 
 constexpr const char* kTitle = "خطا";
-constexpr const char* kGoesOn = "\nبرنامه ادامه می‌یابد.";
+std::string WhatNext(AfterError after) {
+  return after == AfterError::kGoesOn ? "\nبرنامه ادامه می‌یابد."
+                                      : "\nبرنامه بسته می‌شود.";
+}
 
 /// Whether the bytes at `at` begin a letter of the Arabic script, or one of its presentation forms.
 bool IsArabicScript(std::string_view utf8, std::size_t at) {
@@ -30,7 +33,7 @@ std::size_t PersianEnd(std::string_view description) {
 
 }  // namespace
 
-ErrorTexts TextsOf(const platform::RuntimeError& error) {
+ErrorTexts TextsOf(const platform::RuntimeError& error, AfterError after) {
   const std::string number = std::to_string(error.Number());
   const std::string description = error.Description();
   const std::size_t persian = PersianEnd(description);
@@ -39,7 +42,7 @@ ErrorTexts TextsOf(const platform::RuntimeError& error) {
   // The mark keeps a minus sign before its digits.
   texts.sentence = "خطای شماره \u200E" + number + " هنگام اجرا رخ داد.";
   if (persian > 0) texts.sentence += "\n" + description.substr(0, persian);
-  texts.sentence += kGoesOn;
+  texts.sentence += WhatNext(after);
   texts.technical = "Run-time error '" + number + "'";
   const std::size_t rest = description.find_first_not_of(" \t\r\n", persian);
   if (rest != std::string::npos) texts.technical += ": " + description.substr(rest);
@@ -47,12 +50,12 @@ ErrorTexts TextsOf(const platform::RuntimeError& error) {
   return texts;
 }
 
-ErrorTexts TextsOf(const std::exception& error) {
+ErrorTexts TextsOf(const std::exception& error, AfterError after) {
   return {
       .title = kTitle,
       .sentence =
           std::string("خطایی پیش‌بینی‌نشده هنگام اجرا رخ داد.") +
-          kGoesOn,
+          WhatNext(after),
       .technical = std::string("Unexpected error: ") + error.what()};
 }
 

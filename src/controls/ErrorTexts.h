@@ -14,9 +14,12 @@ struct ErrorTexts {
   std::string technical;  // English, to be read from the left and copied
 };
 
+/// What the program does once the user has read it; the sentence says so.
+enum class AfterError { kGoesOn, kEnds };
+
 /// A description may begin with Persian sentences, up to the last letter of that script and its
 /// full stop: these go to the user's sentence, the rest is technical.
-ErrorTexts TextsOf(const platform::RuntimeError& error);
-ErrorTexts TextsOf(const std::exception& error);
+ErrorTexts TextsOf(const platform::RuntimeError& error, AfterError after = AfterError::kGoesOn);
+ErrorTexts TextsOf(const std::exception& error, AfterError after = AfterError::kGoesOn);
 
 }  // namespace controls

@@ -41,13 +41,13 @@ class Replay : public testing::Test {
 
 TEST_F(Replay, Statements_OneFails_AreAllSentAndTold) {
   database_.When(Exact("select x")).Gives(RowSetOf({"a"}, {{"1"}, {"2"}}));
-  database_.When(Exact("select y")).Fails({208, "Invalid object name 'y'."});
+  database_.When(Exact("select y")).Fails({208, "Invalid object name 'y'.\n(42S02)"});
   EXPECT_FALSE(Run("select y\ngo\nselect x\ngo\nDelete z\ngo\n"));
   EXPECT_EQ(database_.Statements(), (std::vector<std::string>{"select y", "select x", "Delete z"}));
   std::string told = out_.str();
   told.replace(told.find(" rows  ") + 7, 16, "(digest)");
   EXPECT_EQ(told,
-            "    1  error 208: Invalid object name 'y'.\n"
+            "    1  error 208: Invalid object name 'y'. (42S02)\n"
             "    2         2 rows  (digest)\n"
             "    3      done\n"
             "3 statements, 2 ran, 1 failed, 2 rows\n");

@@ -6,7 +6,10 @@
 
 #include <filesystem>
 #include <memory>
+#include <set>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
@@ -75,17 +78,43 @@ class ModuleTest : public testing::Test {
   }
 
   support::ScriptedPlatform outside;
+  /// What the module has sent so far, over all of its connections, in order and to the byte.
+  std::vector<std::string> sentStatements;
+  /// The names of the procedures that it has called.
+  std::set<std::string> calledProcedures;
 
  private:
+  class RecordedConnection : public platform::Connection {
+   public:
+    RecordedConnection(ModuleTest& test, const std::string& connectionString)
+        : test_(test), embedded_(connectionString) {}
+    platform::RowSet Execute(std::string_view statement) override {
+      test_.sentStatements.emplace_back(statement);
+      return embedded_.Execute(statement);
+    }
+    std::int32_t CallProcedure(std::string_view name,
+                               std::span<const platform::Parameter> parameters) override {
+      test_.calledProcedures.emplace(name);
+      return embedded_.CallProcedure(name, parameters);
+    }
+
+   private:
+    ModuleTest& test_;
+    adapters::sqlite::SqliteConnection embedded_;
+  };
   class Connections : public platform::ConnectionFactory {
    public:
+    explicit Connections(ModuleTest& test) : test_(test) {}
     std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
-      return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+      return std::make_unique<RecordedConnection>(test_, connectionString);
     }
+
+   private:
+    ModuleTest& test_;
   };
   std::filesystem::path folder_;
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
-  Connections connections_;
+  Connections connections_{*this};
   std::unique_ptr<class Module> module_ =
       std::make_unique<class Module>(host::Services{.screen = outside.screen,
                                                     .connections = connections_,

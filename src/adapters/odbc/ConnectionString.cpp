@@ -59,7 +59,7 @@ Address AddressOf(std::string_view source) {
 /// The ODBC words of an OLE DB string, one after the other.
 class Translation {
  public:
-  Translation(const Words& words, std::string driver, bool isFreeTds)
+  Translation(const Words& words, const std::string& driver, bool isFreeTds)
       : words_(words), isFreeTds_(isFreeTds), result_("DRIVER=" + Braced(driver)) {}
 
   std::string Run() {

@@ -147,6 +147,10 @@ Fault LoginFault(const Diagnostics& diagnostics) {
 
 platform::RuntimeError MakeError(Fault fault, const Diagnostics& diagnostics) {
   std::string description(UserSentence(fault));
+  // So FreeTDS does with a "?" outside the texts of a statement, which it takes for a parameter.
+  if (description.empty() && diagnostics.empty()) {
+    description = "درايور پايگاه داده دستور را نپذيرفت. The driver refused without a reason.";
+  }
   for (std::size_t i = 0; i < diagnostics.size(); ++i) {
     const Diagnostic& diagnostic = diagnostics[i];
     const auto sameText = [&](const Diagnostic& other) { return other.text == diagnostic.text; };

@@ -85,12 +85,13 @@ class OdbcConnection::Session {
   }
 
   std::int32_t Call(std::string_view name, std::span<const platform::Parameter> parameters) {
-    const Statement statement = NewStatement();
+    // What is bound outlives the statement, which may still read results when it is freed.
     SQLINTEGER returned = 0;
     SQLLEN returnedLength = 0;
+    std::vector<Argument> arguments(parameters.size());
+    const Statement statement = NewStatement();
     Check(statement, SQLBindParameter(statement.Get(), 1, SQL_PARAM_OUTPUT, SQL_C_SLONG,
                                       SQL_INTEGER, 0, 0, &returned, 0, &returnedLength));
-    std::vector<Argument> arguments(parameters.size());
     std::string call = "{? = CALL ";
     call += name;
     for (std::size_t i = 0; i < parameters.size(); ++i) {

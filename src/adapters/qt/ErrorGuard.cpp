@@ -24,12 +24,12 @@ void ShowDialog(const controls::ErrorTexts& texts) {
 
 void ErrorGuard::Show(const platform::RuntimeError& error) {
   if (beforeShow_) beforeShow_();
-  ShowDialog(controls::TextsOf(error));
+  ShowDialog(controls::TextsOf(error, after_));
 }
 
 void ErrorGuard::Show(const std::exception& error) {
   if (beforeShow_) beforeShow_();
-  ShowDialog(controls::TextsOf(error));
+  ShowDialog(controls::TextsOf(error, after_));
 }
 
 }  // namespace adapters::qt

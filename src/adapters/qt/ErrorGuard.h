@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "controls/ErrorTexts.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::qt {
@@ -23,6 +24,12 @@ class ErrorGuard {
     } catch (const std::exception& error) {
       Show(error);
     }
+  }
+
+  /// What is said of the program after an error: that it goes on, which holds once a form is up, or
+  /// that it ends.
+  void SetProgramGoesOn(bool goesOn) {
+    after_ = goesOn ? controls::AfterError::kGoesOn : controls::AfterError::kEnds;
   }
 
   /// How many calls into models are under way. While there is one, the widget that made it must
@@ -47,6 +54,7 @@ class ErrorGuard {
   void Show(const std::exception& error);
 
   std::function<void()> beforeShow_;
+  controls::AfterError after_ = controls::AfterError::kGoesOn;
   int depth_ = 0;
 };
 

@@ -16,6 +16,7 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
+const Installed kNothing;
 const Installed kFreeTds{{{"SQLite3", "libsqlite3odbc.so"}, {"FreeTDS", "libtdsodbc.so"}},
                          {{"office", "FreeTDS"}, {"files", "SQLite3"}}};
 const Installed kMicrosoft{{{"ODBC Driver 9 for SQL Server", ""},
@@ -53,9 +54,10 @@ TEST(ConnectionString, OleDbString_isReadIntoTheDriversWords) {
        "SERVER=s;PWD={x}};y;DSN=z};Encrypt=no"},
   };
   for (const auto& [installed, given, expected] : cases) {
-    EXPECT_EQ(OdbcConnectionString(given, installed),
-              &installed == &kFreeTds ? "DRIVER={FreeTDS};" + expected + kUtf8Words
-                                      : "DRIVER={ODBC Driver 18 for SQL Server};" + expected);
+    const bool isFreeTds = &installed == &kFreeTds;
+    std::string whole = isFreeTds ? "DRIVER={FreeTDS};" : "DRIVER={ODBC Driver 18 for SQL Server};";
+    whole.append(expected).append(isFreeTds ? kUtf8Words : "");
+    EXPECT_EQ(OdbcConnectionString(given, installed), whole);
   }
 }
 
@@ -72,7 +74,7 @@ TEST(ConnectionString, OdbcString_isKeptButForWhatFreeTdsNeeds) {
       {"Driver=FreeTDS;PWD={x;Provider=SQLOLEDB}", ";" + kUtf8Words},
   };
   for (const auto& [given, added] : cases)
-    EXPECT_EQ(OdbcConnectionString(given, kFreeTds), given + added);
+    EXPECT_EQ(OdbcConnectionString(given, kFreeTds), std::string(given).append(added));
   // A driver registered under another name is known by its library.
   const Installed renamed{{{"Office SQL", "/opt/libtdsodbc.so"}}, {}};
   EXPECT_EQ(OdbcConnectionString("Driver=office sql", renamed), "Driver=office sql;" + kUtf8Words);
@@ -86,7 +88,7 @@ TEST(ConnectionString, StringWithoutAServerOrDriver_isRefusedWithoutItsPassword)
       {kFreeTds, "Provider=Microsoft.Jet.OLEDB.4.0;Password=s3cret", "Microsoft.Jet.OLEDB.4.0"},
       {kFreeTds, "Provider=SQLOLEDB;Initial Catalog=x;Password=s3cret", "Data Source"},
       {kFreeTds, "Provider=SQLOLEDB;Data Source=s;Password='s3cret};x'", "};"},
-      {Installed{}, "Provider=SQLOLEDB;Data Source=s;Password=s3cret", "tdsodbc"},
+      {kNothing, "Provider=SQLOLEDB;Data Source=s;Password=s3cret", "tdsodbc"},
   };
   for (const auto& [installed, given, words] : cases) {
     try {

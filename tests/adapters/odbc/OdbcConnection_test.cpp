@@ -1,0 +1,223 @@
+#include "adapters/odbc/OdbcConnection.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "adapters/odbc/StandInServer.h"
+#include "platform/RuntimeError.h"
+#include "support/Lines.h"
+#include "text/Text.h"
+
+namespace adapters::odbc {
+namespace {
+
+using namespace std::chrono_literals;
+using platform::Parameter;
+using support::Lines;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+constexpr std::string_view kNames = "1|نیک\u200Cپی\n2|علي كاظمي";
+constexpr std::string_view kLost = "ارتباط با پايگاه داده قطع شد.";
+constexpr std::string_view kUnreachable = "پايگاه داده در دسترس نيست.";
+
+struct Failure {
+  int number = 0;
+  std::string words;
+};
+
+template <typename Action>
+Failure FailureOf(Action action) {
+  try {
+    action();
+    return {};
+  } catch (const platform::RuntimeError& error) {
+    return {error.Number(), error.Description()};
+  }
+}
+
+Failure FailureOf(OdbcConnection& connection, std::string_view statement) {
+  return FailureOf([&] { connection.Execute(statement); });
+}
+
+TEST(OdbcConnection, Rows_comeOutAsTexts) {
+  const StandInServer server;
+  OdbcConnection connection(server.Address());
+  const platform::RowSet values = connection.Execute("select * from tblValues");
+  EXPECT_THAT(values.Columns(), ElementsAre("Whole", "Large", "Yes", "Real", "Price", "Exact",
+                                            "Moment", "Midnight", "Day", "Words", "Notes"));
+  EXPECT_EQ(Lines(values),
+            "-5|9000000000|1|0.25|1234567.25|-12.5|2025-03-21 08:30:07|2025-03-21|2025-03-21|"
+            "نیک\u200Cپی، علي كاظمي|يادداشت\n"
+            "0|0|0|-1E+20|-0.5|0|1753-01-01 00:00:01|9999-12-31|0622-03-22||\n"
+            "~|~|~|~|~|~|~|~|~|~|~");
+  std::string longText;
+  for (int i = 0; i < 10000; ++i) longText += "نیک\u200Cپی، يك. ";
+  EXPECT_EQ(Lines(connection.Execute("select replicate(10000)")), longText);
+  for (const std::string text : {"", "نیک\u200Cپی، علي كاظمي 😀", "{d '2025-03-21'} ? \n\t--"}) {
+    const platform::RowSet said =
+        connection.Execute("select N'" + text::Replace(text, "'", "''") + "'");
+    EXPECT_TRUE(said.ReturnsRows());
+    EXPECT_EQ(Lines(said), text);
+  }
+}
+
+TEST(OdbcConnection, Results_areReadToTheEndAndTheFirstRowsKept) {
+  const StandInServer server;
+  OdbcConnection connection(server.Address());
+  EXPECT_EQ(Lines(connection.Execute("change and select")), kNames);
+  EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames);
+  const platform::RowSet empty = connection.Execute("select ID, Name from tblEmployee where ID=0");
+  EXPECT_THAT(empty.Columns(), ElementsAre("ID", "Name"));
+  EXPECT_EQ(empty.RowCount(), 0U);
+  const std::string changes[] = {"update tblEmployee Set Name=N'x'",
+                                 "delete tblEmployee where ID=0", "create table tblNew(ID int)",
+                                 "print N'سلام'"};
+  for (const std::string& change : changes)
+    EXPECT_FALSE(connection.Execute(change).ReturnsRows()) << change;
+  EXPECT_EQ(Lines(connection.Execute("Select SCOPE_IDENTITY() as newID")), "7");
+  // Executed as they are, never prepared, and each once.
+  EXPECT_THAT(server.Heard("batch"),
+              ElementsAre("change and select", "select ID, Name from tblEmployee",
+                          "select ID, Name from tblEmployee where ID=0", changes[0], changes[1],
+                          changes[2], changes[3], "Select SCOPE_IDENTITY() as newID"));
+  EXPECT_THAT(server.Heard("call"), IsEmpty());
+}
+
+TEST(OdbcConnection, Errors_bringNumberAndTextAndLeaveTheSession) {
+  const std::string duplicate = "Violation of UNIQUE KEY: «نیک\u200Cپی» تكراري است.";
+  const struct {
+    std::string statement;
+    int number;
+    std::string words;
+  } cases[] = {
+      {"select * from tblNowhere", 208, "Invalid object name 'tblNowhere'."},
+      {"insert twice", 2627, duplicate},
+      {"{fn nonsense()}", 102, "Incorrect syntax near '{fn nonsense()}'."},
+      {"select and fail", 208, "Invalid object name 'tblNowhere'."},
+      {"change and fail", 2627, duplicate},
+      {"select twice and fail within the rows", 245, "Conversion failed."},
+      {"fail within the rows", 245, "Conversion failed."},
+  };
+  const StandInServer server;
+  OdbcConnection connection(server.Address());
+  for (const auto& [statement, number, words] : cases) {
+    const Failure failure = FailureOf(connection, statement);
+    EXPECT_EQ(failure.number, number) << statement;
+    EXPECT_THAT(failure.words, AllOf(HasSubstr(words), HasSubstr("SQLSTATE"))) << statement;
+    EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames) << statement;
+  }
+  // The driver takes the mark for a parameter and says nothing.
+  EXPECT_THAT(FailureOf(connection, "nonsense ?").words, HasSubstr("without a reason"));
+  EXPECT_THAT(server.Heard("login"), ElementsAre("sa|s3cret|suite"));
+}
+
+TEST(OdbcConnection, Procedure_getsItsParametersAndReturnsItsValue) {
+  const StandInServer server;
+  OdbcConnection connection(server.Address());
+  const Parameter permission[] = {{"@UserID", 5}, {"@FormPermissionID", -330801}};
+  EXPECT_EQ(connection.CallProcedure("spZomirHasPermission", permission), 1);
+  const std::chrono::sys_days day = std::chrono::year(2025) / 3 / 21;
+  const Parameter action[] = {{"@Text", "”نیک\u200Cپی“ it's"}, {"@Empty", ""}, {"@Date", day}};
+  EXPECT_EQ(connection.CallProcedure("spZomirInsertFormAction", action), 0);
+  EXPECT_EQ(connection.CallProcedure("spAnswerRows", {}), -6);
+  const auto failureOf = [&](std::string_view name) {
+    return FailureOf([&] { connection.CallProcedure(name, {}); });
+  };
+  EXPECT_THAT(failureOf("spFail").words, HasSubstr("مجاز نیست."));
+  EXPECT_EQ(failureOf("spNone").number, 2812);
+  EXPECT_THAT(failureOf("spVanish").words, StartsWith(std::string(kLost)));
+  EXPECT_EQ(connection.CallProcedure("spZomirHasPermission", permission), 1);
+  EXPECT_THAT(
+      server.Heard("call"),
+      ElementsAre("spZomirHasPermission(5, -330801)",
+                  "spZomirInsertFormAction('”نیک\u200Cپی“ it's', '', 2025-03-21)", "spAnswerRows()",
+                  "spFail()", "spNone()", "spVanish()", "spZomirHasPermission(5, -330801)"));
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
+}
+
+TEST(OdbcConnection, OleDbString_reachesTheServer) {
+  const StandInServer server;
+  OdbcConnection connection("Provider=SQLOLEDB.1;Data Source=127.0.0.1," + server.Port() +
+                            ";Initial Catalog=suite;User ID=sa;Password=\"p;w}{'آ\"");
+  EXPECT_EQ(Lines(connection.Execute("select N'نیک\u200Cپی'")), "نیک\u200Cپی");
+  EXPECT_THAT(server.Heard("login"), ElementsAre("sa|p;w}{'آ|suite"));
+}
+
+TEST(OdbcConnection, FailedLogin_saysWhyWithoutThePassword) {
+  const struct {
+    std::string behaviour;
+    int number;
+    std::string words;
+  } cases[] = {
+      {"refuse", 18456, "سرور پايگاه داده اجازه ورود نداد."},
+      {"close", 0, std::string(kUnreachable)},
+      {"silent", 0, "سرور پايگاه داده به درخواست اتصال پاسخ نداد."},
+  };
+  for (const auto& [behaviour, number, words] : cases) {
+    const StandInServer server(behaviour);
+    OdbcConnection connection(server.Address(), 1s);
+    const Failure failure = FailureOf(connection, "select 1");
+    EXPECT_EQ(failure.number == 18456, number == 18456) << failure.words;
+    EXPECT_NE(failure.number, 0);
+    EXPECT_THAT(failure.words, AllOf(StartsWith(words), Not(HasSubstr("s3cret"))));
+    EXPECT_THAT(server.Heard("batch"), IsEmpty());
+  }
+}
+
+TEST(OdbcConnection, AbsentServer_isNamedUnreachableUntilItIsThere) {
+  StandInServer server;
+  server.Command("away");
+  OdbcConnection connection(server.Address(), 1s);
+  const Failure failure = FailureOf(connection, "select 1");
+  EXPECT_NE(failure.number, 0);
+  EXPECT_THAT(failure.words,
+              AllOf(StartsWith(std::string(kUnreachable)), Not(HasSubstr("s3cret"))));
+  server.Command("back");
+  EXPECT_EQ(FailureOf(connection, "select ID, Name from tblEmployee").words, "");
+}
+
+TEST(OdbcConnection, LostServer_failsTheStatementOnceAndIsFoundAgainByTheNext) {
+  const std::string names = "select ID, Name from tblEmployee";
+  for (const std::string statement :
+       {"vanish at once", "vanish within the rows", "vanish after the rows"}) {
+    const StandInServer server;
+    OdbcConnection connection(server.Address());
+    EXPECT_EQ(FailureOf(connection, names).words, "");
+    const Failure failure = FailureOf(connection, statement);
+    EXPECT_NE(failure.number, 0) << statement;
+    EXPECT_THAT(failure.words, StartsWith(std::string(kLost))) << statement;
+    EXPECT_EQ(Lines(connection.Execute(names)), kNames) << statement;
+    EXPECT_THAT(server.Heard("batch"), ElementsAre(names, statement, names));
+    EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
+  }
+}
+
+TEST(OdbcConnection, ServerLostWhileIdle_failsTheNextStatementAndIsFoundAgain) {
+  const std::string names = "select ID, Name from tblEmployee";
+  StandInServer server;
+  OdbcConnection connection(server.Address(), 1s);
+  EXPECT_EQ(FailureOf(connection, names).words, "");
+  server.Command("away");
+  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kLost)));
+  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kUnreachable)));
+  server.Command("back");
+  EXPECT_EQ(Lines(connection.Execute(names)), kNames);
+  EXPECT_THAT(server.Heard("batch"), ElementsAre(names, names));
+}
+
+TEST(OdbcConnection, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
+  const StandInServer server;
+  OdbcConnection connection(server.Address(), 1s, 1s);
+  const Failure failure = FailureOf(connection, "fall silent within the rows");
+  EXPECT_THAT(failure.words, StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
+  EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames);
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
+}
+
+}  // namespace
+}  // namespace adapters::odbc
