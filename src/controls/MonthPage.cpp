@@ -1,6 +1,8 @@
-#include <stdexcept>
+#include "controls/MonthPage.h"
 
-#include "controls/DateBox.h"
+#include <array>
+#include <cstddef>
+#include <stdexcept>
 
 namespace controls {
 
@@ -12,7 +14,7 @@ std::string MonthPage::Title() const {
 }
 
 calendar::SolarHijriDate MonthPage::DayAt(int week, int weekday) const {
-  const int offset = 7 * week + weekday - first_.Weekday();
+  const int offset = kDays * week + weekday - first_.Weekday();
   try {
     return first_.PlusDays(offset);
   } catch (const std::out_of_range&) {
@@ -21,12 +23,10 @@ calendar::SolarHijriDate MonthPage::DayAt(int week, int weekday) const {
   }
 }
 
-MonthPage MonthPage::PlusMonths(int months) const {
-  try {
-    return MonthPage(first_.PlusMonths(months));
-  } catch (const std::out_of_range&) {
-    return *this;
-  }
+std::string_view MonthPage::WeekdayLetter(int weekday) {
+  static constexpr std::array<std::string_view, kDays> kLetters = {"ش", "ی", "د", "س",
+                                                                   "چ", "پ", "ج"};
+  return kLetters.at(static_cast<std::size_t>(weekday));
 }
 
 }  // namespace controls

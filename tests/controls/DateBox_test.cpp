@@ -9,7 +9,6 @@ namespace {
 
 using calendar::SolarHijriDate;
 using controls::DateBox;
-using controls::MonthPage;
 using testing::AllOf;
 using testing::HasSubstr;
 
@@ -54,10 +53,6 @@ TEST_F(DateBoxTest, StepBeyondTheCalendar_IsRefusedAndKeepsTheDate) {
   box.PressKey(DateBox::Key::kUp, {});
   box.PressKey(DateBox::Key::kPageUp, {});
   EXPECT_EQ(box.Text(), "9377/12/30");
-  const MonthPage last(Date("9377/12/01"));  // filled with the last day
-  EXPECT_EQ(last.DayAt(5, 6).Text(), "9377/12/30");
-  EXPECT_EQ(last.PlusMonths(1).Month(), 12);
-  EXPECT_EQ(MonthPage(Date("0001/01/09")).DayAt(0, 0).Text(), "0001/01/01");
 }
 
 TEST_F(DateBoxTest, TypedText_IsADateOrExplainedAndTheDateKept) {
@@ -89,24 +84,6 @@ TEST_F(DateBoxTest, Keys_StepDaysAndMonthsUnlessDisabled) {
   EXPECT_EQ(box.Text(), "1404/06/30");
   box.StepDays(1);  // by code
   EXPECT_EQ(box.Text(), "1404/06/31");
-}
-
-TEST(MonthPage, AnyMonth_ShowsAllOfItsDaysUnderTheirWeekdays) {
-  MonthPage page(Date("1400/01/01"));
-  for (int month = 0; month < 400; ++month, page = page.PlusMonths(1)) {
-    int shown = 0;
-    for (int cell = 0; cell < 7 * MonthPage::kWeeks; ++cell) {
-      const SolarHijriDate day = page.DayAt(cell / 7, cell % 7);
-      ASSERT_EQ(day.Weekday(), cell % 7) << day.Text();
-      if (page.InMonth(day)) ++shown;
-    }
-    EXPECT_EQ(shown, calendar::DaysInMonth(page.Year(), page.Month())) << page.Title();
-  }
-  page = MonthPage(Date("1404/02/15"));  // the month begins on a Monday
-  EXPECT_EQ(page.Title(), "ارديبهشت 1404");
-  EXPECT_EQ(page.DayAt(0, 0).Text(), "1404/01/30");
-  EXPECT_EQ(page.DayAt(5, 6).Text(), "1404/03/09");
-  EXPECT_EQ(page.PlusMonths(-2).Title(), "اسفند 1403");
 }
 
 }  // namespace

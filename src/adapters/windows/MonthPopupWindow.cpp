@@ -2,8 +2,6 @@
 
 #include <windowsx.h>
 
-#include <chrono>
-#include <stdexcept>
 #include <string>
 
 #include "adapters/windows/Wide.h"
@@ -12,12 +10,11 @@ namespace adapters::windows {
 
 using calendar::SolarHijriDate;
 using controls::Colour;
+using controls::MonthBrowser;
 using controls::MonthPage;
 
 namespace {
 
-constexpr int kDays = 7;
-constexpr int kFriday = 6;
 // Lengths at 96 dpi.
 constexpr int kCellWidth = 32;
 constexpr int kCellHeight = 25;
@@ -29,8 +26,33 @@ constexpr int kCorner = 4;
 constexpr int kDaysTop = kMargin + kHeadHeight + kCellHeight;
 constexpr int kTodayTop = kDaysTop + MonthPage::kWeeks * kCellHeight + 4;
 
-/// Weekdays by one letter each, from Saturday.
-constexpr const wchar_t* kWeekdayLetters[kDays] = {L"ش", L"ی", L"د", L"س", L"چ", L"پ", L"ج"};
+std::optional<MonthBrowser::Key> KeyOf(WPARAM key) {
+  switch (key) {
+    case VK_LEFT:
+      return MonthBrowser::Key::kLeft;
+    case VK_RIGHT:
+      return MonthBrowser::Key::kRight;
+    case VK_DOWN:
+      return MonthBrowser::Key::kDown;
+    case VK_UP:
+      return MonthBrowser::Key::kUp;
+    case VK_NEXT:
+      return MonthBrowser::Key::kPageDown;
+    case VK_PRIOR:
+      return MonthBrowser::Key::kPageUp;
+    case VK_HOME:
+      return MonthBrowser::Key::kHome;
+    case VK_RETURN:
+    case VK_SPACE:
+      return MonthBrowser::Key::kPick;
+    case VK_ESCAPE:
+    case VK_F4:
+    case VK_TAB:
+      return MonthBrowser::Key::kClose;
+    default:
+      return std::nullopt;
+  }
+}
 
 RECT Inside(RECT area, int by) {
   InflateRect(&area, -by, -by);
@@ -40,10 +62,12 @@ RECT Inside(RECT area, int by) {
 }  // namespace
 
 MonthPopupWindow::MonthPopupWindow(const Surroundings& surroundings, HWND field)
-    : PopupWindow(surroundings, field),
-      today_(SolarHijriDate::FromDays(std::chrono::sys_days())),
-      cursor_(today_),
-      page_(today_) {
+    : PopupWindow(surroundings, field) {
+  browser_.onChange = [this] { Invalidate(); };
+  browser_.onClose = [this] { Hide(); };
+  browser_.onPicked = [this](const SolarHijriDate& day) {
+    if (onPicked) onPicked(day);
+  };
   WindowPlan plan;
   plan.style = WS_POPUP;
   plan.extendedStyle = WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW;
@@ -52,17 +76,12 @@ MonthPopupWindow::MonthPopupWindow(const Surroundings& surroundings, HWND field)
 }
 
 void MonthPopupWindow::Open(std::optional<SolarHijriDate> chosen, SolarHijriDate today) {
-  today_ = today;
-  cursor_ = chosen.value_or(today);
-  page_ = MonthPage(cursor_);
-  hover_ = {};
-  pressed_ = {};
+  browser_.Open(chosen, today);
   ShowBelow(Size());
-  Invalidate();
 }
 
 SIZE MonthPopupWindow::Size() const {
-  return {kDays * Design(kCellWidth) + 2 * Design(kMargin),
+  return {MonthPage::kDays * Design(kCellWidth) + 2 * Design(kMargin),
           Design(kTodayTop + kTodayHeight + kMargin)};
 }
 
@@ -72,7 +91,7 @@ RECT MonthPopupWindow::DayPlace(int week, int weekday) const {
   return {right - Design(kCellWidth), top, right, Design(kDaysTop + (week + 1) * kCellHeight)};
 }
 
-RECT MonthPopupWindow::PartPlace(Part part) const {
+RECT MonthPopupWindow::PlaceOf(const Spot& spot) const {
   const int width = Size().cx;
   const int margin = Design(kMargin);
   const int arrow = Design(kArrowWidth);
@@ -80,7 +99,7 @@ RECT MonthPopupWindow::PartPlace(Part part) const {
     return {left, margin, left + arrow, Design(kMargin + kHeadHeight - 4)};
   };
   // The past lies to the right, where reading begins.
-  switch (part) {
+  switch (spot.part) {
     case Part::kYearBack:
       return headButton(width - margin - arrow);
     case Part::kMonthBack:
@@ -91,23 +110,19 @@ RECT MonthPopupWindow::PartPlace(Part part) const {
       return headButton(margin);
     case Part::kToday:
       return {margin, Design(kTodayTop), width - margin, Design(kTodayTop + kTodayHeight)};
-    default:
-      return {};
-  }
-}
-
-MonthPopupWindow::Hit MonthPopupWindow::HitAt(POINT place) const {
-  const auto within = [&](const RECT& area) { return PtInRect(&area, place) != FALSE; };
-  for (const Part part :
-       {Part::kYearBack, Part::kMonthBack, Part::kMonthOn, Part::kYearOn, Part::kToday}) {
-    if (within(PartPlace(part))) return {part};
-  }
-  for (int week = 0; week < MonthPage::kWeeks; ++week) {
-    for (int weekday = 0; weekday < kDays; ++weekday) {
-      if (within(DayPlace(week, weekday))) return {Part::kDay, week, weekday};
-    }
+    case Part::kDay:
+      return DayPlace(spot.week, spot.weekday);
+    case Part::kNone:
+      break;
   }
   return {};
+}
+
+MonthPopupWindow::Spot MonthPopupWindow::SpotAt(POINT place) const {
+  return MonthBrowser::Find([&](const Spot& spot) {
+    const RECT area = PlaceOf(spot);
+    return PtInRect(&area, place) != FALSE;
+  });
 }
 
 void MonthPopupWindow::Paint() const {
@@ -116,19 +131,19 @@ void MonthPopupWindow::Paint() const {
   session.Frame(session.Area(), theme::kLine);
   PaintHead(session);
   for (int week = 0; week < MonthPage::kWeeks; ++week) {
-    for (int weekday = 0; weekday < kDays; ++weekday) PaintDay(session, week, weekday);
+    for (int weekday = 0; weekday < MonthPage::kDays; ++weekday) PaintDay(session, week, weekday);
   }
   TextLook look;
   look.font = Look().Font();
-  look.colour = hover_.part == Part::kToday ? theme::kAccent : theme::kMutedText;
+  look.colour = browser_.Hovered().part == Part::kToday ? theme::kAccent : theme::kMutedText;
   look.across = Across::kCentre;
-  session.Text(L"امروز: " + Wide(today_.Text()), PartPlace(Part::kToday), look);
+  session.Text(Wide(browser_.TodayText()), PlaceOf({Part::kToday}), look);
 }
 
 void MonthPopupWindow::PaintArrow(const Canvas& canvas, Part part, bool toRight,
                                   int strokes) const {
-  const RECT place = PartPlace(part);
-  if (hover_.part == part) {
+  const RECT place = PlaceOf({part});
+  if (browser_.Hovered().part == part) {
     canvas.RoundBox(place, Design(kCorner), theme::kAccentGround, theme::kAccentGround);
   }
   const double unit = Look().GetScale().Dpi() / 96.0;
@@ -149,114 +164,38 @@ void MonthPopupWindow::PaintHead(const Canvas& canvas) const {
   TextLook look;
   look.font = Look().BoldFont();
   look.across = Across::kCentre;
-  const RECT title{PartPlace(Part::kMonthOn).right, Design(kMargin),
-                   PartPlace(Part::kMonthBack).left, Design(kMargin + kHeadHeight - 4)};
-  canvas.Text(Wide(page_.Title()), title, look);
+  const RECT title{PlaceOf({Part::kMonthOn}).right, Design(kMargin),
+                   PlaceOf({Part::kMonthBack}).left, Design(kMargin + kHeadHeight - 4)};
+  canvas.Text(Wide(browser_.Page().Title()), title, look);
   look.font = Look().Font();
-  for (int weekday = 0; weekday < kDays; ++weekday) {
-    look.colour = weekday == kFriday ? theme::kRefused : theme::kMutedText;
-    canvas.Text(kWeekdayLetters[weekday], DayPlace(-1, weekday), look);
+  for (int weekday = 0; weekday < MonthPage::kDays; ++weekday) {
+    look.colour = weekday == MonthPage::kFriday ? theme::kRefused : theme::kMutedText;
+    canvas.Text(Wide(MonthPage::WeekdayLetter(weekday)), DayPlace(-1, weekday), look);
   }
   const int y = Design(kDaysTop) - 1;
   canvas.Line(Design(kMargin), y, Size().cx - Design(kMargin), y, theme::kLine);
 }
 
 void MonthPopupWindow::PaintDay(const Canvas& canvas, int week, int weekday) const {
-  const SolarHijriDate day = page_.DayAt(week, weekday);
+  const SolarHijriDate day = browser_.Page().DayAt(week, weekday);
   const RECT place = Inside(DayPlace(week, weekday), Design(1));
-  const bool friday = weekday == kFriday;
+  const bool friday = weekday == MonthPage::kFriday;
   Colour ground = friday ? controls::palette::kGridBand : controls::palette::kFrame;
-  if (hover_ == Hit{Part::kDay, week, weekday}) ground = theme::kAccentGround;
-  if (day == cursor_) ground = theme::kAccent;
-  const Colour line = day == today_ ? theme::kAccent : ground;
+  if (browser_.Hovered() == Spot{Part::kDay, week, weekday}) ground = theme::kAccentGround;
+  if (day == browser_.Cursor()) ground = theme::kAccent;
+  const Colour line = day == browser_.Today() ? theme::kAccent : ground;
   canvas.RoundBox(place, Design(kCorner), ground, line);
   TextLook look;
   look.font = Look().Font();
   look.across = Across::kCentre;
   look.colour = friday ? theme::kRefused : theme::kText;
-  if (!page_.InMonth(day)) look.colour = theme::kLine;
-  if (day == cursor_) look.colour = theme::kWhite;
+  if (!browser_.Page().InMonth(day)) look.colour = theme::kLine;
+  if (day == browser_.Cursor()) look.colour = theme::kWhite;
   canvas.Text(std::to_wstring(day.Day()), place, look);
 }
 
-void MonthPopupWindow::Hover(Hit hit) {
-  if (hit == hover_) return;
-  hover_ = hit;
-  Invalidate();
-}
-
-void MonthPopupWindow::Act(Hit hit) {
-  switch (hit.part) {
-    case Part::kYearBack:
-      return Turn(-12);
-    case Part::kMonthBack:
-      return Turn(-1);
-    case Part::kMonthOn:
-      return Turn(1);
-    case Part::kYearOn:
-      return Turn(12);
-    case Part::kDay:
-      return Pick(page_.DayAt(hit.week, hit.weekday));
-    case Part::kToday:
-      return Pick(today_);
-    case Part::kNone:
-      return;
-  }
-}
-
 void MonthPopupWindow::OnKey(WPARAM key, bool control) {
-  switch (key) {
-    case VK_LEFT:  // reading goes on to the left
-      return Step(1);
-    case VK_RIGHT:
-      return Step(-1);
-    case VK_DOWN:
-      return Step(kDays);
-    case VK_UP:
-      return Step(-kDays);
-    case VK_NEXT:
-      return Turn(control ? 12 : 1);
-    case VK_PRIOR:
-      return Turn(control ? -12 : -1);
-    case VK_HOME:
-      return MoveTo(today_);
-    case VK_RETURN:
-    case VK_SPACE:
-      return Pick(cursor_);
-    case VK_ESCAPE:
-    case VK_F4:
-    case VK_TAB:
-      return Hide();
-    default:
-      return;
-  }
-}
-
-void MonthPopupWindow::Turn(int months) {
-  try {
-    MoveTo(cursor_.PlusMonths(months));
-  } catch (const std::out_of_range&) {
-    // The calendar ends here.
-  }
-}
-
-void MonthPopupWindow::Step(int days) {
-  try {
-    MoveTo(cursor_.PlusDays(days));
-  } catch (const std::out_of_range&) {
-    // The calendar ends here.
-  }
-}
-
-void MonthPopupWindow::MoveTo(const SolarHijriDate& day) {
-  cursor_ = day;
-  page_ = MonthPage(cursor_);
-  Invalidate();
-}
-
-void MonthPopupWindow::Pick(const SolarHijriDate& day) {
-  Hide();
-  if (onPicked) onPicked(day);
+  if (const auto known = KeyOf(key)) browser_.PressKey(*known, control);
 }
 
 LRESULT MonthPopupWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -267,27 +206,25 @@ LRESULT MonthPopupWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) 
       return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
-      pressed_ = HitAt(place);
+      browser_.Press(SpotAt(place));
       return 0;
-    case WM_LBUTTONUP: {
-      const Hit pressed = std::exchange(pressed_, {});
-      if (HitAt(place) == pressed) Act(pressed);
+    case WM_LBUTTONUP:
+      browser_.Release(SpotAt(place));
       return 0;
-    }
     case WM_MOUSEMOVE: {
-      Hover(HitAt(place));
+      browser_.Hover(SpotAt(place));
       TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, Handle(), 0};
       TrackMouseEvent(&leaving);
       return 0;
     }
     case WM_MOUSELEAVE:
-      Hover({});
+      browser_.Hover({});
       return 0;
     case WM_MOUSEWHEEL: {
       wheelRest_ += static_cast<short>(HIWORD(wParam));
       const int notches = wheelRest_ / WHEEL_DELTA;
       wheelRest_ -= notches * WHEEL_DELTA;
-      if (notches != 0) Turn(-notches);
+      if (notches != 0) browser_.Turn(-notches);
       return 0;
     }
     default:
