@@ -1,6 +1,5 @@
 #include "adapters/odbc/ConnectionString.h"
 
-#include <algorithm>
 #include <charconv>
 
 #include "adapters/odbc/ConnectionWords.h"
@@ -236,8 +235,6 @@ std::vector<std::string> Passwords(std::string_view connectionString) {
     passwords.push_back(text::Replace(word.value, "}", "}}"));
     passwords.emplace_back(text::Trim(word.written));
   }
-  std::sort(passwords.begin(), passwords.end(),
-            [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
   return passwords;
 }
 

@@ -33,7 +33,7 @@ std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionSt
 std::string WithoutPassword(std::string_view connectionString);
 
 /// Every text by which a password of `connectionString` could show up in a message: its value, and
-/// the value as it is written there or in the ODBC string. The longest first.
+/// the value as it is written there or in the ODBC string.
 std::vector<std::string> Passwords(std::string_view connectionString);
 
 }  // namespace adapters::odbc

@@ -1,17 +1,15 @@
 #include "adapters/odbc/Diagnostics.h"
 
 #include <algorithm>
-#include <array>
 
 #include "adapters/odbc/Utf16.h"
-#include "text/Text.h"
+#include "text/Secrets.h"
 
 namespace adapters::odbc {
 
 namespace {
 
 constexpr std::int32_t kFirstOwnNumber = 1'000'000'000;
-constexpr std::size_t kShortestSureSecret = 4;
 
 bool AnyOf(const Diagnostics& diagnostics, bool (*holds)(const Diagnostic&)) {
   return std::any_of(diagnostics.begin(), diagnostics.end(), holds);
@@ -25,13 +23,8 @@ bool IsAboutTheConnection(const Diagnostic& diagnostic) {
   return diagnostic.state.starts_with("08");
 }
 
-/// 28000 is the state of a refused login; the numbers are the server's for a database that it
-/// does not open for the user, or a login that is expired, disabled or untrusted.
 bool IsRefusal(const Diagnostic& diagnostic) {
-  constexpr auto kNumbers =
-      std::to_array<std::int32_t>({4060, 4064, 18452, 18456, 18470, 18486, 18487, 18488, 40615});
-  return diagnostic.state == "28000" ||
-         std::find(kNumbers.begin(), kNumbers.end(), diagnostic.number) != kNumbers.end();
+  return platform::IsRefusal(diagnostic.state, diagnostic.number);
 }
 
 /// IM... is the driver manager's own: no such data source, no such driver, a library that would
@@ -39,28 +32,6 @@ bool IsRefusal(const Diagnostic& diagnostic) {
 bool IsAboutTheDriver(const Diagnostic& diagnostic) {
   return diagnostic.state.starts_with("IM") ||
          diagnostic.text.find("Can't open lib") != std::string::npos;
-}
-
-std::string_view UserSentence(Fault fault) {
-  switch (fault) {
-    case Fault::kLost:
-      return "ارتباط با پايگاه داده قطع شد. دوباره تلاش كنيد؛ فرم شما باز است و چيزي از آنچه نوشته "
-             "ايد از دست نرفته است.";
-    case Fault::kSilent:
-      return "پايگاه داده در زمان مقرر پاسخ نداد و ارتباط با آن قطع شد. كمي بعد دوباره تلاش كنيد؛ "
-             "فرم شما باز است و چيزي از آنچه نوشته ايد از دست نرفته است.";
-    case Fault::kUnreachable:
-      return "پايگاه داده در دسترس نيست. نشاني سرور، روشن بودن آن و شبكه را بررسي كنيد.";
-    case Fault::kNoAnswer:
-      return "سرور پايگاه داده به درخواست اتصال پاسخ نداد. كمي بعد دوباره تلاش كنيد.";
-    case Fault::kRefused:
-      return "سرور پايگاه داده اجازه ورود نداد. نام كاربر، رمز و نام پايگاه داده را بررسي كنيد.";
-    case Fault::kNoDriver:
-      return "درايور پايگاه داده روي اين رايانه پيدا نشد يا بار نشد.";
-    case Fault::kStatement:
-      break;
-  }
-  return {};
 }
 
 std::int32_t NumberOfState(std::string_view state) {
@@ -88,27 +59,6 @@ std::int32_t NumberOf(const Diagnostics& diagnostics) {
   return NumberOfState(diagnostics.empty() ? "HY000" : diagnostics.front().state);
 }
 
-bool IsWordByte(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-         static_cast<unsigned char>(c) >= 0x80;
-}
-
-/// A very short password may be a part of any word; only where it stands alone is it the password.
-std::string StarredOut(std::string_view text, std::string_view password) {
-  std::string result;
-  std::size_t from = 0;
-  for (std::size_t hit = text.find(password); hit != std::string_view::npos;
-       hit = text.find(password, from)) {
-    const std::size_t end = hit + password.size();
-    const bool alone =
-        (hit == 0 || !IsWordByte(text[hit - 1])) && (end == text.size() || !IsWordByte(text[end]));
-    const bool isPassword = alone || password.size() >= kShortestSureSecret;
-    result.append(text.substr(from, hit - from)).append(isPassword ? "***" : password);
-    from = end;
-  }
-  return result.append(text.substr(from));
-}
-
 }  // namespace
 
 Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
@@ -132,21 +82,22 @@ Diagnostics ReadDiagnostics(SQLSMALLINT handleType, SQLHANDLE handle) {
   }
 }
 
-Fault StatementFault(const Diagnostics& diagnostics, bool connectionDead) {
-  if (AnyOf(diagnostics, IsAboutTheConnection)) return Fault::kLost;
+ConnectionFault StatementFault(const Diagnostics& diagnostics, bool connectionDead) {
+  if (AnyOf(diagnostics, IsAboutTheConnection)) return ConnectionFault::kLost;
   // First of the two: a driver may give the connection up itself when a statement's time is over.
-  if (AnyOf(diagnostics, IsTimeOut)) return Fault::kSilent;
-  return connectionDead ? Fault::kLost : Fault::kStatement;
+  if (AnyOf(diagnostics, IsTimeOut)) return ConnectionFault::kSilent;
+  return connectionDead ? ConnectionFault::kLost : ConnectionFault::kStatement;
 }
 
-Fault LoginFault(const Diagnostics& diagnostics) {
-  if (AnyOf(diagnostics, IsRefusal)) return Fault::kRefused;
-  if (AnyOf(diagnostics, IsTimeOut)) return Fault::kNoAnswer;
-  return AnyOf(diagnostics, IsAboutTheDriver) ? Fault::kNoDriver : Fault::kUnreachable;
+ConnectionFault LoginFault(const Diagnostics& diagnostics) {
+  if (AnyOf(diagnostics, IsRefusal)) return ConnectionFault::kRefused;
+  if (AnyOf(diagnostics, IsTimeOut)) return ConnectionFault::kNoAnswer;
+  return AnyOf(diagnostics, IsAboutTheDriver) ? ConnectionFault::kNoDriver
+                                              : ConnectionFault::kUnreachable;
 }
 
-platform::RuntimeError MakeError(Fault fault, const Diagnostics& diagnostics) {
-  std::string description(UserSentence(fault));
+platform::RuntimeError MakeError(ConnectionFault fault, const Diagnostics& diagnostics) {
+  std::string description(platform::UserSentence(fault));
   // So FreeTDS does with a "?" outside the texts of a statement, which it takes for a parameter.
   if (description.empty() && diagnostics.empty()) {
     description = "درايور پايگاه داده دستور را نپذيرفت. The driver refused without a reason.";
@@ -164,11 +115,7 @@ platform::RuntimeError MakeError(Fault fault, const Diagnostics& diagnostics) {
 
 platform::RuntimeError WithoutPasswords(const platform::RuntimeError& error,
                                         const std::vector<std::string>& passwords) {
-  std::string description = error.Description();
-  for (const std::string& password : passwords) {
-    if (!password.empty()) description = StarredOut(description, password);
-  }
-  return {error.Number(), description, error.Source()};
+  return {error.Number(), text::StarredOut(error.Description(), passwords), error.Source()};
 }
 
 }  // namespace adapters::odbc

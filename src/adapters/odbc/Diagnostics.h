@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "adapters/odbc/Handles.h"
+#include "platform/ConnectionFault.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::odbc {
@@ -26,25 +27,16 @@ Diagnostics ReadDiagnostics(const Handle<kType>& handle) {
   return ReadDiagnostics(kType, handle.Get());
 }
 
-/// What went wrong, as far as the user can do something about it.
-enum class Fault {
-  kStatement,    ///< the server refused the statement; the session lives
-  kLost,         ///< the session is gone
-  kSilent,       ///< the statement ran into its time limit; the session is given up
-  kUnreachable,  ///< no server answered at that address
-  kNoAnswer,     ///< a server that accepted the connection but not the login in time
-  kRefused,      ///< the server refused the login or the database
-  kNoDriver,     ///< the driver manager could not load the driver or knows no such data source
-};
+using platform::ConnectionFault;
 
-Fault StatementFault(const Diagnostics& diagnostics, bool connectionDead);
-Fault LoginFault(const Diagnostics& diagnostics);
+ConnectionFault StatementFault(const Diagnostics& diagnostics, bool connectionDead);
+ConnectionFault LoginFault(const Diagnostics& diagnostics);
 
 /// The error that is thrown: for every fault but kStatement a sentence for the user first, then
 /// all diagnostics, each text once, with its SQLSTATE. The number is that of the first diagnostic
 /// that has one, the server's own where the server spoke. Without any it is 1,000,000,000 and the
 /// SQLSTATE read as a number of base 36, so that each state has one number and none is a server's.
-platform::RuntimeError MakeError(Fault fault, const Diagnostics& diagnostics);
+platform::RuntimeError MakeError(ConnectionFault fault, const Diagnostics& diagnostics);
 
 /// `error` with every place where one of the passwords stands starred out.
 platform::RuntimeError WithoutPasswords(const platform::RuntimeError& error,

@@ -59,7 +59,7 @@ class OdbcConnection::Session {
           std::chrono::seconds statementTimeout)
       : statementTimeout_(statementTimeout), environment_(MakeEnvironment()) {
     if (environment_) database_ = DatabaseHandle(environment_.Get());
-    if (!database_) throw MakeError(Fault::kNoDriver, ReadDiagnostics(environment_));
+    if (!database_) throw MakeError(ConnectionFault::kNoDriver, ReadDiagnostics(environment_));
     SQLSetConnectAttrW(database_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                        AttributeValue(static_cast<std::size_t>(loginTimeout.count())), 0);
     Utf16 wide = ToUtf16(odbcString);
@@ -137,8 +137,8 @@ class OdbcConnection::Session {
   [[noreturn]] void Fail(const Diagnostics& diagnostics) {
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(database_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
-    const Fault fault = StatementFault(diagnostics, dead == SQL_CD_TRUE);
-    givenUp_ = fault != Fault::kStatement;
+    const ConnectionFault fault = StatementFault(diagnostics, dead == SQL_CD_TRUE);
+    givenUp_ = fault != ConnectionFault::kStatement;
     throw MakeError(fault, diagnostics);
   }
 

@@ -6,7 +6,7 @@
 
 #include "adapters/windows/AdoErrors.h"
 #include "adapters/windows/AdoRows.h"
-#include "adapters/windows/Secrets.h"
+#include "adapters/windows/Passwords.h"
 #include "adapters/windows/Wide.h"
 #include "platform/ResumeNext.h"
 
@@ -109,8 +109,8 @@ auto AdoConnection::InSession(Action action) {
       return action();
     } catch (const platform::RuntimeError& error) {
       const AdoFailure failure = ReadFailure(connection_, error);
-      const Fault fault = StatementFault(failure);
-      if (fault != Fault::kStatement) Close();
+      const ConnectionFault fault = StatementFault(failure);
+      if (fault != ConnectionFault::kStatement) Close();
       throw MakeError(fault, failure);
     }
   } catch (const platform::RuntimeError& error) {

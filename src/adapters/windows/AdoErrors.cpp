@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 #include <string_view>
 
 #include "platform/ResumeNext.h"
@@ -20,11 +19,6 @@ bool AnyOf(const AdoFailure& failure, Condition holds) {
   return std::any_of(failure.errors.begin(), failure.errors.end(), holds);
 }
 
-template <std::size_t kCount>
-bool IsOneOf(std::int32_t number, const std::array<std::int32_t, kCount>& numbers) {
-  return std::find(numbers.begin(), numbers.end(), number) != numbers.end();
-}
-
 bool IsTimeOut(const AdoError& error) {
   return error.state == "HYT00" || error.state == "HYT01" || error.result == kTimeLimitReached;
 }
@@ -32,38 +26,12 @@ bool IsTimeOut(const AdoError& error) {
 /// Class 08 is the connection's; the numbers are a killed session's and the network's own.
 bool IsAboutTheConnection(const AdoError& error) {
   static constexpr auto kNumbers = std::to_array<std::int32_t>({596, 10053, 10054, 10060, 10061});
-  return error.state.starts_with("08") || error.state == "HYT01" || IsOneOf(error.number, kNumbers);
+  return error.state.starts_with("08") || error.state == "HYT01" ||
+         std::find(kNumbers.begin(), kNumbers.end(), error.number) != kNumbers.end();
 }
 
-/// 28000 is the state of a refused login; the numbers are the server's for a database that it does
-/// not open for the user, or a login that is expired, disabled or untrusted.
 bool IsRefusal(const AdoError& error) {
-  static constexpr auto kNumbers =
-      std::to_array<std::int32_t>({4060, 4064, 18452, 18456, 18470, 18486, 18487, 18488, 40615});
-  return error.state == "28000" || IsOneOf(error.number, kNumbers);
-}
-
-std::string_view UserSentence(Fault fault) {
-  switch (fault) {
-    case Fault::kLost:
-      return "ارتباط با پايگاه داده قطع شد. دوباره تلاش كنيد؛ فرم شما باز است و چيزي از آنچه نوشته "
-             "ايد از دست نرفته است.";
-    case Fault::kSilent:
-      return "پايگاه داده در زمان مقرر پاسخ نداد و ارتباط با آن قطع شد. كمي بعد دوباره تلاش كنيد؛ "
-             "فرم شما باز است و چيزي از آنچه نوشته ايد از دست نرفته است.";
-    case Fault::kUnreachable:
-      return "پايگاه داده در دسترس نيست. نشاني سرور، روشن بودن آن و شبكه را بررسي كنيد.";
-    case Fault::kNoAnswer:
-      return "سرور پايگاه داده به درخواست اتصال پاسخ نداد. كمي بعد دوباره تلاش كنيد.";
-    case Fault::kRefused:
-      return "سرور پايگاه داده اجازه ورود نداد. نام كاربر، رمز و نام پايگاه داده را بررسي كنيد.";
-    case Fault::kNoProvider:
-      return "درايور پايگاه داده روي اين رايانه پيدا نشد يا بار نشد.";
-    case Fault::kLogin:
-    case Fault::kStatement:
-      break;
-  }
-  return {};
+  return platform::IsRefusal(error.state, error.number);
 }
 
 /// A message that only informs (class 01) may come before the error itself.
@@ -103,26 +71,28 @@ AdoFailure ReadFailure(const Dispatch& connection, const platform::RuntimeError&
   return failure;
 }
 
-Fault StatementFault(const AdoFailure& failure) {
-  if (!failure.connectionOpen || AnyOf(failure, IsAboutTheConnection)) return Fault::kLost;
+ConnectionFault StatementFault(const AdoFailure& failure) {
+  if (!failure.connectionOpen || AnyOf(failure, IsAboutTheConnection))
+    return ConnectionFault::kLost;
   const bool timeOut = AnyOf(failure, IsTimeOut) || failure.raised.Number() == kTimeLimitReached;
-  return timeOut ? Fault::kSilent : Fault::kStatement;
+  return timeOut ? ConnectionFault::kSilent : ConnectionFault::kStatement;
 }
 
-Fault LoginFault(const AdoFailure& failure) {
+ConnectionFault LoginFault(const AdoFailure& failure) {
   // IM... is ODBC's own: no such data source or driver behind the provider.
   const auto noDriver = [](const AdoError& error) { return error.state.starts_with("IM"); };
   if (failure.raised.Number() == kProviderNotFound || AnyOf(failure, noDriver)) {
-    return Fault::kNoProvider;
+    return ConnectionFault::kNoDriver;
   }
-  if (AnyOf(failure, IsRefusal)) return Fault::kRefused;
-  if (AnyOf(failure, IsTimeOut)) return Fault::kNoAnswer;
-  return AnyOf(failure, IsAboutTheConnection) ? Fault::kUnreachable : Fault::kLogin;
+  if (AnyOf(failure, IsRefusal)) return ConnectionFault::kRefused;
+  if (AnyOf(failure, IsTimeOut)) return ConnectionFault::kNoAnswer;
+  return AnyOf(failure, IsAboutTheConnection) ? ConnectionFault::kUnreachable
+                                              : ConnectionFault::kLogin;
 }
 
-platform::RuntimeError MakeError(Fault fault, const AdoFailure& failure) {
+platform::RuntimeError MakeError(ConnectionFault fault, const AdoFailure& failure) {
   std::vector<std::string> lines;
-  if (const std::string_view sentence = UserSentence(fault); !sentence.empty()) {
+  if (const std::string_view sentence = platform::UserSentence(fault); !sentence.empty()) {
     lines.emplace_back(sentence);
   }
   std::string source = failure.raised.Source();

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "adapters/windows/Com.h"
+#include "platform/ConnectionFault.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::windows {
@@ -24,25 +25,15 @@ struct AdoFailure {
   bool connectionOpen = false;
 };
 
-/// What went wrong, as far as the user can do something about it.
-enum class Fault {
-  kStatement,    ///< the server refused the statement; the session lives
-  kLost,         ///< the session is gone
-  kSilent,       ///< the statement ran into its time limit; the session is given up
-  kUnreachable,  ///< no server answered at that address
-  kNoAnswer,     ///< a server that did not answer the login in time
-  kRefused,      ///< the server refused the login or the database
-  kNoProvider,   ///< no such provider on this machine
-  kLogin,        ///< any other failure to connect, in the provider's words alone
-};
+using platform::ConnectionFault;
 
 AdoFailure ReadFailure(const Dispatch& connection, const platform::RuntimeError& raised);
-Fault StatementFault(const AdoFailure& failure);
-Fault LoginFault(const AdoFailure& failure);
+ConnectionFault StatementFault(const AdoFailure& failure);
+ConnectionFault LoginFault(const AdoFailure& failure);
 
 /// The error that is thrown. Number: the server's own of the first error that has one, else that of
 /// the failed call. Description: a sentence for the user where the fault has one, then every text
 /// of the provider once, a line each. Source: the provider's.
-platform::RuntimeError MakeError(Fault fault, const AdoFailure& failure);
+platform::RuntimeError MakeError(ConnectionFault fault, const AdoFailure& failure);
 
 }  // namespace adapters::windows

@@ -1,13 +1,13 @@
-#include "adapters/windows/Secrets.h"
+#include "adapters/windows/Passwords.h"
 
 #include <algorithm>
 #include <vector>
 
+#include "text/Secrets.h"
+
 namespace adapters::windows {
 
 namespace {
-
-constexpr std::size_t kShortestSureSecret = 4;
 
 std::string_view TrimBlanks(std::string_view s) {
   constexpr std::string_view kBlanks = " \t\r\n";
@@ -39,7 +39,7 @@ std::size_t ReadQuoted(std::string_view s, std::string& value) {
   return 0;
 }
 
-/// The longest first, so that none is cut by a part of it.
+/// Every text by which a password could show up in a message.
 std::vector<std::string> Passwords(std::string_view rest) {
   std::vector<std::string> passwords;
   for (;;) {
@@ -62,40 +62,13 @@ std::vector<std::string> Passwords(std::string_view rest) {
     }
     rest.remove_prefix(bytes);
   }
-  std::erase(passwords, std::string());
-  std::sort(passwords.begin(), passwords.end(),
-            [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
   return passwords;
-}
-
-bool IsWordByte(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-         static_cast<unsigned char>(c) >= 0x80;
-}
-
-std::string StarredOut(std::string_view text, std::string_view password) {
-  std::string result;
-  std::size_t from = 0;
-  for (std::size_t hit = text.find(password); hit != std::string_view::npos;
-       hit = text.find(password, from)) {
-    const std::size_t end = hit + password.size();
-    const bool alone =
-        (hit == 0 || !IsWordByte(text[hit - 1])) && (end == text.size() || !IsWordByte(text[end]));
-    const bool isPassword = alone || password.size() >= kShortestSureSecret;
-    result.append(text.substr(from, hit - from)).append(isPassword ? "***" : password);
-    from = end;
-  }
-  return result.append(text.substr(from));
 }
 
 }  // namespace
 
 std::string WithoutPasswords(std::string_view message, std::string_view connectionString) {
-  std::string result(message);
-  for (const std::string& password : Passwords(connectionString)) {
-    result = StarredOut(result, password);
-  }
-  return result;
+  return text::StarredOut(message, Passwords(connectionString));
 }
 
 }  // namespace adapters::windows
