@@ -5,6 +5,7 @@
 #include <string>
 
 #include "adapters/windows/Com.h"
+#include "adapters/windows/ComObject.h"
 #include "adapters/windows/MessageComponent.h"
 
 namespace activexhost {
@@ -21,21 +22,9 @@ constexpr wchar_t kNoticeClassText[] = L"{5F0E3A5D-66B4-4F3A-9E0D-2C8B1C6D7A41}"
 constexpr CLSID kNoticeClass = {
     0x5f0e3a5d, 0x66b4, 0x4f3a, {0x9e, 0x0d, 0x2c, 0x8b, 0x1c, 0x6d, 0x7a, 0x41}};
 
-class Factory final : public IClassFactory {
+class Factory final : public adapters::windows::ComObject<IClassFactory> {
  public:
   explicit Factory(ErrorGuard& guard) : guard_(guard) {}
-  STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-    const bool known = id == IID_IUnknown || id == IID_IClassFactory;
-    *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-    if (known) AddRef();
-    return known ? S_OK : E_NOINTERFACE;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
@@ -45,7 +34,6 @@ class Factory final : public IClassFactory {
 
  private:
   ErrorGuard& guard_;
-  ULONG references_ = 1;
 };
 
 bool Installed() {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "adapters/windows/Com.h"
+#include "adapters/windows/ComObject.h"
 
 namespace activex {
 
@@ -44,35 +45,10 @@ class Lock {
   static long Count(long change);
 };
 
-/// A COM object of one interface that counts its own references, from 1.
+/// An object that the library hands out.
 template <typename Interface>
-class Counted : public Interface {
- public:
-  Counted(const Counted&) = delete;
-  Counted& operator=(const Counted&) = delete;
-
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = id == IID_IUnknown || id == __uuidof(Interface);
-    *object = known ? static_cast<Interface*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
-
- protected:
-  Counted() = default;
-  virtual ~Counted() = default;
-
- private:
+class Counted : public adapters::windows::ComObject<Interface> {
   Lock lock_;
-  ULONG references_ = 1;
 };
 
 /// A part of the control: some of its interfaces, whose references and whose other interfaces are

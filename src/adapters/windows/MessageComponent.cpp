@@ -1,9 +1,9 @@
 #include "adapters/windows/MessageComponent.h"
 
 #include <algorithm>
-#include <atomic>
 #include <exception>
 
+#include "adapters/windows/ComObject.h"
 #include "adapters/windows/MessageDialog.h"
 #include "adapters/windows/Wide.h"
 
@@ -33,29 +33,11 @@ constexpr NamedMember kMembers[] = {
 };
 constexpr std::int32_t kQuestion = 1;
 
-// COM's interfaces have no destructor; an object ends itself, in Release.
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-
 /// One message after the other, as the suite's component: what was put stays until it is put anew.
-class MessageComponent final : public IDispatch {
+class MessageComponent final : public ComObject<IDispatch> {
  public:
   explicit MessageComponent(ErrorGuard& guard) : guard_(guard) {}
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
-    if (object == nullptr) return E_POINTER;
-    const bool known = IsEqualIID(id, IID_IUnknown) || IsEqualIID(id, IID_IDispatch);
-    *object = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() noexcept override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() noexcept override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override {
     if (count == nullptr) return E_POINTER;
     *count = 0;
@@ -96,8 +78,6 @@ class MessageComponent final : public IDispatch {
   }
 
  private:
-  ~MessageComponent() = default;
-
   HRESULT ClearShow() {
     answer_ = MessageDialog(guard_, content_).Run();
     return S_OK;
@@ -159,13 +139,10 @@ class MessageComponent final : public IDispatch {
     return DISP_E_EXCEPTION;
   }
 
-  std::atomic<ULONG> references_ = 1;
   ErrorGuard& guard_;
   MessageDialog::Content content_;
   MessageDialog::Answer answer_ = MessageDialog::Answer::kClosed;
 };
-
-#pragma GCC diagnostic pop
 
 }  // namespace
 

@@ -15,45 +15,19 @@ class ComThread : public testing::Environment {
 };
 [[maybe_unused]] const auto* const kComThread = testing::AddGlobalTestEnvironment(new ComThread);
 
-class Factory : public IClassFactory {
+class Factory : public ComObject<IClassFactory> {
  public:
   explicit Factory(std::function<Variant()> create) : create_(std::move(create)) {}
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-    *object = this;
-    ++references_;
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID id, void** object) override {
     return create_().Object()->QueryInterface(id, object);
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
  private:
-  virtual ~Factory() = default;
-  ULONG references_ = 1;
   std::function<Variant()> create_;
 };
 
 }  // namespace
-
-HRESULT StandIn::QueryInterface(REFIID id, void** object) {
-  const bool known = id == IID_IUnknown || id == IID_IDispatch;
-  *object = known ? this : nullptr;
-  if (known) AddRef();
-  return known ? S_OK : E_NOINTERFACE;
-}
-
-ULONG StandIn::Release() {
-  const ULONG left = --references_;
-  if (left == 0) delete this;
-  return left;
-}
 
 HRESULT StandIn::GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) {
   const std::string name = Utf8(names[0]);

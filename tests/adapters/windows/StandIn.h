@@ -7,12 +7,13 @@
 #include <vector>
 
 #include "adapters/windows/Com.h"
+#include "adapters/windows/ComObject.h"
 
 namespace adapters::windows {
 
 /// An automation object whose members are functions of the test. A RuntimeError that one throws
 /// reaches the caller as an automation exception.
-class StandIn : public IDispatch {
+class StandIn : public ComObject<IDispatch> {
  public:
   using Arguments = std::vector<Variant>;
 
@@ -39,9 +40,6 @@ class StandIn : public IDispatch {
   using Other = std::function<Variant(const std::string& name, const Arguments& arguments)>;
   void OnOther(Other other) { other_ = std::move(other); }
 
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-  ULONG STDMETHODCALLTYPE Release() override;
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
@@ -50,7 +48,6 @@ class StandIn : public IDispatch {
                                    VARIANT* answer, EXCEPINFO* info, UINT*) override;
 
  private:
-  virtual ~StandIn() = default;
   template <typename Function>
   static Variant Answer(const Function& function) {
     if constexpr (std::is_void_v<decltype(function())>) {
@@ -61,7 +58,6 @@ class StandIn : public IDispatch {
     }
   }
 
-  ULONG references_ = 1;
   std::map<std::string, std::function<Variant(const Arguments&)>> members_;
   Other other_;
   std::vector<std::string> names_;  // by id
