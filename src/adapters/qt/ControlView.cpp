@@ -7,19 +7,7 @@ using controls::Change;
 using controls::Control;
 
 void ControlView::Follow(Control& control) {
-  for (const Aspect aspect :
-       {Aspect::kBounds, Aspect::kColumns, Aspect::kItems, Aspect::kRows, Aspect::kText,
-        Aspect::kSelection, Aspect::kEnabled, Aspect::kVisible}) {
-    Apply(control, {aspect});
-  }
-  subscription_ =
-      control.Subscribe([this, &control](const Change& change) { Apply(control, change); });
-  // Where a frame stands decides how the edges in it are rounded.
-  if (auto* frame = dynamic_cast<controls::Frame*>(&control.Parent())) {
-    frameSubscription_ = frame->Subscribe([this, &control](const Change& change) {
-      if (change.aspect == Aspect::kBounds) Apply(control, change);
-    });
-  }
+  following_.Begin(control, [this, &control](const Change& change) { Apply(control, change); });
 }
 
 void ControlView::Apply(Control& control, const Change& change) {

@@ -6,7 +6,7 @@
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/ErrorGuard.h"
-#include "controls/Control.h"
+#include "controls/Following.h"
 #include "platform/Clock.h"
 
 namespace adapters::qt {
@@ -32,15 +32,11 @@ class ControlView {
  protected:
   /// Shows one aspect of the model. Bounds, enabled and visible are seen to already.
   virtual void Refresh(const controls::Change& change) = 0;
-  void Unfollow() {
-    subscription_.Reset();
-    frameSubscription_.Reset();
-  }
+  void Unfollow() { following_.End(); }
 
  private:
   void Apply(controls::Control& control, const controls::Change& change);
-  controls::Subscription subscription_;
-  controls::Subscription frameSubscription_;
+  controls::Following following_;
 };
 
 /// A Qt widget that shows `Model`. Derived classes override Refresh and call the model through

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "controls/Controls.h"
+#include "controls/PixelPlace.h"
 
 namespace adapters::qt {
 
@@ -20,7 +20,7 @@ inline std::string ToUtf8(const QString& text) {
 }
 
 /// A form's colour (0x00BBGGRR).
-inline QColor ToQColor(controls::Colour colour) {
+constexpr QColor ToQColor(controls::Colour colour) {
   return QColor(static_cast<int>(colour & 0xFFU), static_cast<int>(colour >> 8U & 0xFFU),
                 static_cast<int>(colour >> 16U & 0xFFU));
 }
@@ -33,24 +33,10 @@ inline controls::Twips ToTwips(const QWidget& widget, int pixels) {
   return pixels * 1440.0 / widget.logicalDpiX();
 }
 
-/// A control's place in its container. Edges are rounded, not sizes, and on the form, not in the
-/// container, so that controls that touch in twips touch in pixels, also those in different frames.
+/// A control's place in its container, on the screen that `widget` is on.
 inline QRect PixelBounds(const QWidget& widget, const controls::Control& control) {
-  controls::Twips originX = 0;
-  controls::Twips originY = 0;
-  const auto* frame = dynamic_cast<const controls::Frame*>(&control.Parent());
-  while (frame != nullptr) {
-    originX += frame->Left();
-    originY += frame->Top();
-    frame = dynamic_cast<const controls::Frame*>(&frame->Parent());
-  }
-  const auto edge = [&widget](controls::Twips origin, controls::Twips place) {
-    return ToPixels(widget, origin + place) - ToPixels(widget, origin);
-  };
-  const int left = edge(originX, control.Left());
-  const int top = edge(originY, control.Top());
-  const int right = edge(originX, control.Left() + control.Width());
-  const int bottom = edge(originY, control.Top() + control.Height());
+  const auto [left, top, right, bottom] = controls::PlaceInContainer(
+      control, [&widget](controls::Twips twips) { return ToPixels(widget, twips); });
   return {left, top, right - left, bottom - top};
 }
 

@@ -3,6 +3,7 @@
 #include "adapters/windows/Theme.h"
 #include "adapters/windows/Window.h"
 #include "controls/Controls.h"
+#include "controls/Following.h"
 #include "platform/Clock.h"
 
 namespace adapters::windows {
@@ -34,10 +35,7 @@ class ControlWindow : public Window {
   virtual void Refresh(const controls::Change& change) = 0;
   /// The focus has arrived at this window or, from outside, at one inside it.
   virtual void TellGotFocus() = 0;
-  void Unfollow() {
-    subscription_.Reset();
-    frameSubscription_.Reset();
-  }
+  void Unfollow() { following_.End(); }
   const Surroundings& Around() const { return surroundings_; }
   const Theme& Look() const { return surroundings_.theme; }
   const Scale& GetScale() const { return surroundings_.theme.GetScale(); }
@@ -57,8 +55,7 @@ class ControlWindow : public Window {
   void PassFocusOn() const;
   Surroundings surroundings_;
   controls::Colour ground_ = controls::palette::kFormGround;
-  controls::Subscription subscription_;
-  controls::Subscription frameSubscription_;
+  controls::Following following_;
 };
 
 /// Gives a key or character message of a window that is part of a control to the form around it:

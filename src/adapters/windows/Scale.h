@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "controls/Controls.h"
+#include "controls/PixelPlace.h"
 
 namespace adapters::windows {
 
@@ -29,24 +29,11 @@ class Scale {
   /// A length designed in pixels at 96 dpi.
   int Design(int pixels) const { return MulDiv(pixels, dpi_, kDesignDpi); }
 
-  /// A control's place in its container. Edges are rounded, not sizes, and on the form, not in the
-  /// container, so that controls that touch in twips touch in pixels, also those in different
-  /// frames.
+  /// A control's place in its container.
   RECT Bounds(const controls::Control& control) const {
-    controls::Twips originX = 0;
-    controls::Twips originY = 0;
-    const auto* frame = dynamic_cast<const controls::Frame*>(&control.Parent());
-    while (frame != nullptr) {
-      originX += frame->Left();
-      originY += frame->Top();
-      frame = dynamic_cast<const controls::Frame*>(&frame->Parent());
-    }
-    const auto edge = [this](controls::Twips origin, controls::Twips place) -> LONG {
-      return Pixels(origin + place) - Pixels(origin);
-    };
-    return {edge(originX, control.Left()), edge(originY, control.Top()),
-            edge(originX, control.Left() + control.Width()),
-            edge(originY, control.Top() + control.Height())};
+    const auto [left, top, right, bottom] = controls::PlaceInContainer(
+        control, [this](controls::Twips twips) { return Pixels(twips); });
+    return {left, top, right, bottom};
   }
 
  private:
