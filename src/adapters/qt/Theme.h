@@ -2,6 +2,9 @@
 
 #include <QColor>
 
+#include "adapters/qt/Convert.h"
+#include "controls/ScreenPalette.h"
+
 class QApplication;
 
 namespace adapters::qt {
@@ -11,15 +14,14 @@ namespace adapters::qt {
 void ApplyTheme(QApplication& application);
 
 namespace theme {
-// Colours that the forms do not name.
-inline constexpr QColor kText{54, 44, 36};
-inline constexpr QColor kMutedText{124, 108, 94};
-inline constexpr QColor kLine{203, 184, 166};
-inline constexpr QColor kFaintLine{232, 219, 204};
-inline constexpr QColor kField{255, 253, 250};
-inline constexpr QColor kAccent{166, 104, 58};
-inline constexpr QColor kAccentGround{244, 214, 182};
-inline constexpr QColor kRefused{184, 56, 44};
+inline constexpr QColor kText = ToQColor(controls::palette::kText);
+inline constexpr QColor kMutedText = ToQColor(controls::palette::kMutedText);
+inline constexpr QColor kLine = ToQColor(controls::palette::kLine);
+inline constexpr QColor kFaintLine = ToQColor(controls::palette::kFaintLine);
+inline constexpr QColor kField = ToQColor(controls::palette::kField);
+inline constexpr QColor kAccent = ToQColor(controls::palette::kAccent);
+inline constexpr QColor kAccentGround = ToQColor(controls::palette::kAccentGround);
+inline constexpr QColor kRefused = ToQColor(controls::palette::kRefused);
 }  // namespace theme
 
 }  // namespace adapters::qt

@@ -5,21 +5,21 @@
 #include <utility>
 
 #include "adapters/windows/Scale.h"
-#include "controls/Control.h"
+#include "controls/ScreenPalette.h"
 
 namespace adapters::windows {
 
 namespace theme {
-// Colours that the forms do not name; a Colour is a COLORREF.
-inline constexpr controls::Colour kText = controls::Rgb(54, 44, 36);
-inline constexpr controls::Colour kMutedText = controls::Rgb(124, 108, 94);
-inline constexpr controls::Colour kLine = controls::Rgb(203, 184, 166);
-inline constexpr controls::Colour kFaintLine = controls::Rgb(232, 219, 204);
-inline constexpr controls::Colour kField = controls::Rgb(255, 253, 250);
-inline constexpr controls::Colour kAccent = controls::Rgb(166, 104, 58);
+// A Colour is a COLORREF.
+using controls::palette::kAccent;
+using controls::palette::kAccentGround;
+using controls::palette::kFaintLine;
+using controls::palette::kField;
+using controls::palette::kLine;
+using controls::palette::kMutedText;
+using controls::palette::kRefused;
+using controls::palette::kText;
 inline constexpr controls::Colour kDeepAccent = controls::Rgb(128, 80, 45);
-inline constexpr controls::Colour kAccentGround = controls::Rgb(244, 214, 182);
-inline constexpr controls::Colour kRefused = controls::Rgb(184, 56, 44);
 inline constexpr controls::Colour kNoteGround = controls::Rgb(255, 243, 196);
 inline constexpr controls::Colour kWhite = controls::Rgb(255, 255, 255);
 }  // namespace theme
