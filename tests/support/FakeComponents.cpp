@@ -71,6 +71,7 @@ std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_v
 }
 
 Answer FakeComponents::NextAnswer(const Message& question) {
+  if (answers_.empty() && otherwise) return otherwise();
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody told how the user answers " << question;
     return Answer::kClosed;

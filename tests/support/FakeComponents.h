@@ -44,6 +44,8 @@ class FakeComponents : public platform::ComponentFactory {
   void WillAnswer(std::initializer_list<Answer> answers) {
     answers_.insert(answers_.end(), answers);
   }
+  /// Answers the questions for which nothing is queued.
+  std::function<Answer()> otherwise;
   /// The dialogs shown, in order.
   std::vector<Message> messages;
   /// All that the message components were told, in order: property names and values, and
