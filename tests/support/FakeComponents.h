@@ -60,6 +60,8 @@ class FakeComponents : public platform::ComponentFactory {
   /// Other components by their programmatic id.
   std::map<std::string, std::function<std::unique_ptr<platform::AutomationObject>()>, std::less<>>
       others;
+  /// Hears the id of a component that is to be made, and the members of the message component.
+  BeforeCall beforeCall;
   /// Every id asked for, in order.
   std::vector<std::string> created;
 
