@@ -113,6 +113,7 @@ class RandomWalk : public ModuleTest {
                       : dice_.Of(std::array{support::Answer::kYes, support::Answer::kYes,
                                             support::Answer::kNo, support::Answer::kClosed});
     };
+    Stored("PRAGMA foreign_keys = ON");
     Stored("DELETE FROM tblDistributionPromoterProgramDetail WHERE CustomerID % 5 > 0");
   }
 
@@ -167,6 +168,7 @@ class RandomWalk : public ModuleTest {
       PressAny(form, &mirrors);
       CheckEditor(true);
     }
+    if (!form.Visible()) return;
     leaving_ = true;
     Act("close " + form.Name(), [&] { form.CloseBox(); });
     leaving_ = false;
@@ -196,6 +198,8 @@ class RandomWalk : public ModuleTest {
       trail_.push_back("  error " + std::to_string(error.Number()) + " " + error.Description());
       EXPECT_FALSE(error.Description().empty());
       ++errors_[error.Number()];
+      // As required, a block delete that runs out of rows ends there and reads nothing anew.
+      if (error.Number() == platform::kSubscriptOutOfRange) gridIsStale_ = true;
     }
     granted_.pop_back();
     EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault) << what;
@@ -328,6 +332,7 @@ class RandomWalk : public ModuleTest {
 
   void Sending(std::string_view statement) override {
     const std::string_view first = text::Trim(statement).substr(0, 6);
+    if (statement.starts_with("select PromoterID , (Select")) gridIsStale_ = false;
     if (first == "select" || first == "Select") return;
     const Need& need = *std::find_if(kNeeds.begin(), kNeeds.end(), [&](const Need& each) {
       return statement.starts_with(each.beginning);
@@ -375,6 +380,7 @@ class RandomWalk : public ModuleTest {
   /// The editor's grid beside what a plain statement finds.
   void CheckShownVisits() {
     if (Editor().CurrentMode() != editor::Mode::kView || !Editor().Visible()) return;
+    if (gridIsStale_) return;
     std::vector<std::string> shown;
     for (int row = 1; row < Editor().flxDetail.Rows(); ++row) {
       std::string cells;
@@ -457,6 +463,7 @@ class RandomWalk : public ModuleTest {
   std::deque<std::string> trail_;
   long step_ = 0;
   bool leaving_ = false;
+  bool gridIsStale_ = false;
 };
 
 TEST_F(RandomWalk, AnyActions_InAnyOrder_KeepWhatMustAlwaysHold) {
