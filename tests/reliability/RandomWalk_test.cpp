@@ -432,7 +432,7 @@ class RandomWalk : public ModuleTest {
         "DELETE FROM tblDistributionPromoterProgram WHERE ID NOT IN (SELECT ProgramID FROM "
         "tblDistributionPromoterProgramVisitResult) AND ID <> " +
         ShownId());
-    Act("show a program anew", [&] { Module().Control().View(AnyProgram()); });
+    Act("show a program anew", [&] { Editor().View(AnyProgram()); });
   }
 
   /// What the fakes have noted; nothing of it may count as the module's memory.
