@@ -5,8 +5,6 @@
 
 #include <algorithm>
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "platform/RuntimeError.h"
 #include "reliability/OfficeDay.h"
 
 namespace reliability {
@@ -88,16 +86,6 @@ TEST(Permissions, EveryAction_WithoutItsRight_SendsNothingMoreAndSaysSo) {
       }
     }
     EXPECT_TRUE(refused);
-  }
-}
-
-TEST(Secrets, ConnectionStringOfAServer_GivenToTheEmbeddedDatabase_IsNotShown) {
-  adapters::sqlite::SqliteConnection connection("Data Source=office;Password=Geheim-7301");
-  try {
-    connection.Execute("select 1");
-    FAIL() << "connected";
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_THAT(error.Description(), testing::Not(testing::HasSubstr("Geheim")));
   }
 }
 
