@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <string>
 #include <string_view>
 
@@ -19,8 +19,7 @@ inline std::string_view Text(const std::uint8_t* data, std::size_t size) {
 
 inline void Require(bool holds, std::string_view what, std::string_view where = {}) {
   if (holds) return;
-  std::fprintf(stderr, "does not hold: %.*s\n%.*s\n", static_cast<int>(what.size()), what.data(),
-               static_cast<int>(where.size()), where.data());
+  std::cerr << "does not hold: " << what << '\n' << where << std::endl;
   std::abort();
 }
 

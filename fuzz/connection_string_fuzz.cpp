@@ -38,7 +38,7 @@ void CheckRedacted(std::string_view text) {
 void CheckTranslated(std::string_view text, const std::string& driver) {
   std::string translated;
   try {
-    translated = OdbcConnectionString(text, {.drivers = {{driver, driver + ".so"}}});
+    translated = OdbcConnectionString(text, {{{driver, driver + ".so"}}, {}});
   } catch (const platform::RuntimeError& error) {
     fuzz::Require(!error.Description().empty(), "a refusal says why");
     return;
