@@ -65,7 +65,7 @@ std::string Dump(const fs::path& file) {
     std::istringstream names(
         Rows(Template(), {"SELECT name FROM sqlite_master WHERE type = 'table'"}));
     for (std::string name; std::getline(names, name, '|') && names.get() == '\n';) {
-      selects.push_back("SELECT '" + name + "', * FROM " + name);
+      selects.push_back("SELECT * FROM " + name);
     }
     return selects;
   }();

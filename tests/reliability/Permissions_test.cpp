@@ -56,7 +56,7 @@ TEST(Permissions, EveryAction_WithItsRight_AsksForItFirstAndForNoOther) {
     const auto* right = std::ranges::find(kRights, action.name, &Right::action);
     if (right != std::end(kRights)) {
       ++acted;
-      EXPECT_THAT(asked, ElementsAre(Asking(right->permission))) << action.name;
+      ASSERT_THAT(asked, ElementsAre(Asking(right->permission))) << action.name;
       EXPECT_EQ(action.sent.front(), asked.front()) << action.name;
       EXPECT_THAT(action.told, IsEmpty()) << action.name;
     } else {
