@@ -34,6 +34,7 @@ inline std::size_t Size(int n) {
 
 inline std::vector<Cell> RowOf(const FlexGrid& grid, int row) {
   std::vector<Cell> cells;
+  cells.reserve(Size(grid.Cols()));
   for (int col = 0; col < grid.Cols(); ++col) {
     cells.push_back({std::string(grid.TextMatrix(row, col)), grid.EffectiveBackColor(row, col)});
   }
