@@ -7,6 +7,11 @@ target_compile_options(promoter_flags INTERFACE
   -Wnull-dereference -Wold-style-cast -Werror)
 
 function(promoter_sanitize)
+  if(PROMOTER_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+      -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+  endif()
   if(PROMOTER_SANITIZE)
     # Under the sanitizers gcc 12 takes members of std::regex for uninitialized.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer

@@ -14,9 +14,10 @@ void FormAddBatch::FillDateGrid() {
   if (datDateFrom.Text() <= datDateTo.Text()) {
     flxDate.Flex.SetRows(1);
     flxDate.Flex.SetCols(3);
-    for (datTemp.SetText(datDateFrom.Text()); datTemp.Text() <= datDateTo.Text();
-         datTemp.StepDays(1)) {
+    for (datTemp.SetText(datDateFrom.Text()); datTemp.Text() <= datDateTo.Text();) {
       AddDateRow();
+      // The calendar's last day has no next one.
+      if (platform::ResumeNext([this] { datTemp.StepDays(1); }) != 0) break;
     }
   }
   SetDateHeadings();

@@ -114,6 +114,8 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void ShowNew();
   void OpenProgram(std::int32_t programId);
   void OpenForEdit(std::int32_t programId);
+  /// Leaves the editor in kEmpty for the caller to set the mode, also when it fails.
+  void LoadProgram(std::int32_t programId);
   void ClearControls();
   void LoadHeader(std::int32_t programId);
   void LoadDetails(std::int32_t programId);

@@ -97,19 +97,26 @@ void FormMain::OpenProgram(std::int32_t programId) {
     ShowEmpty();
     return;
   }
-  mode_ = Mode::kEmpty;
-  ClearControls();
-  LoadHeader(programId);
+  LoadProgram(programId);
   mode_ = Mode::kView;
   DisableComponents();
 }
 
 void FormMain::OpenForEdit(std::int32_t programId) {
-  mode_ = Mode::kEmpty;
-  ClearControls();
-  LoadHeader(programId);
+  LoadProgram(programId);
   mode_ = Mode::kEdit;
   DisableComponents();
+}
+
+void FormMain::LoadProgram(std::int32_t programId) {
+  mode_ = Mode::kEmpty;
+  try {
+    ClearControls();
+    LoadHeader(programId);
+  } catch (...) {
+    DisableComponents();  // else the buttons of the program before would act on half of this one
+    throw;
+  }
 }
 
 void FormMain::ClearControls() {

@@ -159,7 +159,8 @@ void modMain::SwitchKeyboard() {
   } else if (major >= 5) {
     keyboardLayout_ = "00000429";
   }
-  services_.keyboard.LoadKeyboardLayout(keyboardLayout_);
+  // A layout that the machine cannot load keeps no form from opening.
+  ResumeNext([&] { services_.keyboard.LoadKeyboardLayout(keyboardLayout_); });
 }
 
 platform::RowSet modMain::Lookup(const std::string& connectionString,

@@ -32,7 +32,7 @@ class NumberReader {
     if (!rest_.empty()) rest_.remove_prefix(1);
     return c;
   }
-  // `small` is "&" or a small letter; a capital one is taken for it.
+  // `small` is a small letter; a capital one is taken for it.
   bool TakeIf(char small) {
     const char c = Peek();
     if (c != small && c != small - 'a' + 'A') return false;
@@ -119,7 +119,8 @@ std::string Replace(std::string_view s, std::string_view from, std::string_view 
 
 double LeadingNumber(std::string_view s) {
   NumberReader reader(s);
-  if (reader.TakeIf('&')) {
+  if (reader.Peek() == '&') {
+    reader.Take();
     if (reader.TakeIf('h')) return RadixNumber(reader, 16);
     return reader.TakeIf('o') ? RadixNumber(reader, 8) : 0;
   }

@@ -112,6 +112,9 @@ TEST_F(FormAddBatchTest, Load_EndsTheRangeWithTheMonthAndListsEveryDay) {
   EXPECT_EQ(form.flxDate.Flex.Rows(), 5);
   form.datDateTo.SetText("1404/02/05");
   EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "1404/02/05"));
+  form.datDateFrom.SetText("9377/12/28");  // beyond the range, then up to the calendar's end
+  form.datDateTo.SetText("9377/12/29");
+  EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "9377/12/28", "9377/12/29"));
 }
 
 TEST_F(FormAddBatchTest, Commit_ReturnsPickedDaysCustomersAndNotes) {

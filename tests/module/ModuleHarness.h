@@ -23,7 +23,7 @@ namespace module {
 /// stored is read by plain statements on another connection.
 class ModuleTest : public testing::Test {
  protected:
-  ModuleTest() {
+  explicit ModuleTest(int customers = 1000) {
     namespace fs = std::filesystem;
     folder_ =
         fs::path(testing::TempDir()) /
@@ -32,7 +32,7 @@ class ModuleTest : public testing::Test {
     fs::create_directories(folder_);
     const std::string file = (folder_ / "office.db").string();
     demo::SampleOptions options;
-    options.customers = 1000;
+    options.customers = customers;
     options.today = std::chrono::year(2025) / std::chrono::November / 22;
     options.basePath = "/suite/";
     demo::CreateSampleOffice(file, options);
@@ -77,6 +77,13 @@ class ModuleTest : public testing::Test {
     return rows.empty() ? std::string() : rows[0];
   }
 
+  /// Told of every statement before it runs and of every procedure's result, which it may change.
+  virtual void Sending(std::string_view /*statement*/) {}
+  virtual std::int32_t Called(std::span<const platform::Parameter> /*parameters*/,
+                              std::int32_t result) {
+    return result;
+  }
+
   support::ScriptedPlatform outside;
   /// What the module has sent so far, over all of its connections, in order and to the byte.
   std::vector<std::string> sentStatements;
@@ -90,12 +97,13 @@ class ModuleTest : public testing::Test {
         : test_(test), embedded_(connectionString) {}
     platform::RowSet Execute(std::string_view statement) override {
       test_.sentStatements.emplace_back(statement);
+      test_.Sending(statement);
       return embedded_.Execute(statement);
     }
     std::int32_t CallProcedure(std::string_view name,
                                std::span<const platform::Parameter> parameters) override {
       test_.calledProcedures.emplace(name);
-      return embedded_.CallProcedure(name, parameters);
+      return test_.Called(parameters, embedded_.CallProcedure(name, parameters));
     }
 
    private:

@@ -44,6 +44,7 @@ class FakeNotice : public platform::AutomationObject {
 
  private:
   void CheckMember(std::string_view member) const {
+    Tell(owner_.beforeCall, member);
     if (owner_.missingMembers.contains(member)) NoSuchMember(member);
   }
   [[noreturn]] static void NoSuchMember(std::string_view member) {
@@ -62,6 +63,7 @@ FakeComponents::~FakeComponents() {
 
 std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_view progId) {
   created.emplace_back(progId);
+  Tell(beforeCall, progId);
   if (const auto other = others.find(progId); other != others.end()) return other->second();
   if (progId != "comNotice.comNTC") {
     throw RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
@@ -71,6 +73,7 @@ std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_v
 }
 
 Answer FakeComponents::NextAnswer(const Message& question) {
+  if (answers_.empty() && otherwise) return otherwise();
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody told how the user answers " << question;
     return Answer::kClosed;

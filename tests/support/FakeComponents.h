@@ -44,6 +44,8 @@ class FakeComponents : public platform::ComponentFactory {
   void WillAnswer(std::initializer_list<Answer> answers) {
     answers_.insert(answers_.end(), answers);
   }
+  /// Answers the questions for which nothing is queued.
+  std::function<Answer()> otherwise;
   /// The dialogs shown, in order.
   std::vector<Message> messages;
   /// All that the message components were told, in order: property names and values, and
@@ -58,6 +60,8 @@ class FakeComponents : public platform::ComponentFactory {
   /// Other components by their programmatic id.
   std::map<std::string, std::function<std::unique_ptr<platform::AutomationObject>()>, std::less<>>
       others;
+  /// Hears the id of a component that is to be made, and the members of the message component.
+  BeforeCall beforeCall;
   /// Every id asked for, in order.
   std::vector<std::string> created;
 

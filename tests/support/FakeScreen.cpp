@@ -27,11 +27,11 @@ void FakeScreen::Show(controls::Form& form, controls::Modality modality) {
     return;
   }
   Note("show " + form.Name() + " modal");
-  if (actions_.empty()) {
+  if (actions_.empty() && !otherwise) {
     ADD_FAILURE() << "nobody told what the user does on " << form.Name();
   } else {
-    const auto action = std::move(actions_.front());
-    actions_.pop_front();
+    const auto action = actions_.empty() ? otherwise : std::move(actions_.front());
+    if (!actions_.empty()) actions_.pop_front();
     // Counted down also when the action throws.
     const auto countDown = [](int* depth) { --*depth; };
     ++modalDepth_;

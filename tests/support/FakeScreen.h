@@ -32,6 +32,8 @@ class FakeScreen : public controls::Screen {
       action(dynamic_cast<FormKind&>(form));
     });
   }
+  /// What the user does on a modal form for which nothing is queued.
+  std::function<void(controls::Form&)> otherwise;
   /// The host is showing a modal form: showing modeless throws 401, as it does while one of the
   /// module's own is up.
   bool hostIsModal = false;

@@ -6,6 +6,7 @@ using platform::PropertyValue;
 using platform::RuntimeError;
 
 std::string FakeFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
+  Tell(beforeCall, "ShowSave");
   shown.emplace_back(fileName, filter);
   if (!chosen) throw RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   return *chosen;
@@ -23,14 +24,22 @@ std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
   class Application : public platform::ExcelApplication {
    public:
     explicit Application(FakeExcel& excel) : excel_(excel) {}
-    void AddWorkbook() override { ++excel_.workbooks; }
-    void SetVisible(bool shown) override { excel_.visible = shown; }
+    void AddWorkbook() override {
+      Tell(excel_.beforeCall, "AddWorkbook");
+      ++excel_.workbooks;
+    }
+    void SetVisible(bool shown) override {
+      Tell(excel_.beforeCall, "SetVisible");
+      excel_.visible = shown;
+    }
     void SetCell(int row, int column, std::string_view text) override {
+      Tell(excel_.beforeCall, "SetCell");
       if (excel_.workbooks == 0) throw RuntimeError(9, "Subscript out of range");
       if (excel_.failAt == Position{row, column}) throw RuntimeError(excel_.failure);
       excel_.written.emplace_back(Position{row, column}, text);
     }
     void Finish() override {
+      Tell(excel_.beforeCall, "Finish");
       if (excel_.failFinish) throw RuntimeError(excel_.failure);
       ++excel_.finished;
     }
@@ -38,6 +47,7 @@ std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
    private:
     FakeExcel& excel_;
   };
+  Tell(beforeCall, "CreateApplication");
   if (!installed) {
     throw RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
   }
@@ -64,13 +74,17 @@ class FakeTextFile : public platform::TextFile {
  public:
   FakeTextFile(FakeFileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
   void Write(std::string_view text) override {
+    Tell(files_.beforeCall, "Write");
     if (files_.failAfterBytes && text_.size() + text.size() > *files_.failAfterBytes) {
       throw platform::RuntimeError(files_.failure);
     }
     text_ += text;
   }
   void WriteLineBreak() override { Write("\r\n"); }
-  void Close() override { files_.files[path_] = text_; }
+  void Close() override {
+    Tell(files_.beforeCall, "Close");
+    files_.files[path_] = text_;
+  }
 
  private:
   FakeFileSystem& files_;
@@ -99,12 +113,14 @@ class FakeReportEngine : public platform::ReportEngine {
 }  // namespace
 
 std::unique_ptr<platform::TextFile> FakeFileSystem::CreateTextFile(const std::string& path) {
+  Tell(beforeCall, "CreateTextFile");
   if (failCreate) throw platform::RuntimeError(failure);
   return std::make_unique<FakeTextFile>(*this, path);
 }
 
 void FakeReports::Note(const std::string& line) {
   log.push_back(line);
+  Tell(beforeCall, line);
   if (!failAt.empty() && line.starts_with(failAt)) throw platform::RuntimeError(failure);
 }
 

@@ -21,6 +21,7 @@
 #include "platform/PropertyBag.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
+#include "support/Events.h"
 
 namespace support {
 
@@ -38,8 +39,12 @@ class FakeKeyboard : public platform::Keyboard {
   std::uint32_t version = 10;
   /// The layouts loaded, in order.
   std::vector<std::string> loaded;
+  BeforeCall beforeCall;
   std::uint32_t GetVersion() const override { return version; }
-  void LoadKeyboardLayout(std::string_view layout) override { loaded.emplace_back(layout); }
+  void LoadKeyboardLayout(std::string_view layout) override {
+    Tell(beforeCall, "LoadKeyboardLayout");
+    loaded.emplace_back(layout);
+  }
 };
 
 class FakeFileDialog : public platform::FileDialog {
@@ -48,6 +53,7 @@ class FakeFileDialog : public platform::FileDialog {
   std::optional<std::string> chosen;
   /// File name and filter of every dialog shown.
   std::vector<std::pair<std::string, std::string>> shown;
+  BeforeCall beforeCall;
   std::string ShowSave(const std::string& fileName, std::string_view filter) override;
 };
 
@@ -61,6 +67,7 @@ class FakeExcel : public platform::Excel {
   /// Finishing fails with failure.
   bool failFinish = false;
   platform::RuntimeError failure{1004, "Application-defined or object-defined error"};
+  BeforeCall beforeCall;
 
   bool visible = false;
   int workbooks = 0;
@@ -125,7 +132,11 @@ class FakeFileSystem : public platform::FileSystem {
   bool failCreate = false;
   std::optional<std::size_t> failAfterBytes;
   platform::RuntimeError failure{70, "Permission denied"};
-  bool FileExists(const std::string& path) override { return files.contains(path); }
+  BeforeCall beforeCall;
+  bool FileExists(const std::string& path) override {
+    Tell(beforeCall, "FileExists");
+    return files.contains(path);
+  }
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
 };
 
@@ -134,7 +145,9 @@ class FakeLauncher : public platform::ProcessLauncher {
   /// The command lines started, in order.
   std::vector<std::string> started;
   std::function<void()> onStart;
+  BeforeCall beforeCall;
   void Start(const std::string& commandLine) override {
+    Tell(beforeCall, "Start");
     started.push_back(commandLine);
     if (onStart) onStart();
   }
@@ -148,6 +161,7 @@ class FakeReports : public platform::ReportEngineFactory {
   /// The call with this beginning fails with failure.
   std::string failAt;
   platform::RuntimeError failure{20534, "Error detected by database DLL"};
+  BeforeCall beforeCall;  // hears the log's lines
   std::unique_ptr<platform::ReportEngine> Create() override;
   void Note(const std::string& line);
 };

@@ -36,9 +36,11 @@ struct ScriptedPlatform {
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
 
-  host::Services Services() {
+  host::Services Services() { return Services(connections); }
+  /// The same with other connections.
+  host::Services Services(platform::ConnectionFactory& connecting) {
     return {.screen = screen,
-            .connections = connections,
+            .connections = connecting,
             .components = components,
             .clock = clock,
             .keyboard = keyboard,

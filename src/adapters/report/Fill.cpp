@@ -155,10 +155,19 @@ std::string Restricted(const ReportTemplate& report, const ReportQuery& query,
   }
 }
 
+bool BeginsWithSelect(std::string_view statement) {
+  constexpr std::string_view kSelect = "select";
+  statement.remove_prefix(std::min(statement.find_first_not_of(" \t\r\n"), statement.size()));
+  return statement.size() >= kSelect.size() &&
+         std::equal(kSelect.begin(), kSelect.end(), statement.begin(),
+                    [](char lower, char c) { return lower == (c | 0x20); });
+}
+
+/// Anything but a SELECT is refused before it runs: a report changes nothing.
 RowSet Run(const ReportTemplate& report, const ReportQuery& query, const std::string& statement,
            platform::Connection& connection) {
   try {
-    RowSet rows = connection.Execute(statement);
+    RowSet rows = BeginsWithSelect(statement) ? connection.Execute(statement) : RowSet();
     if (rows.ReturnsRows()) return rows;
   } catch (const platform::RuntimeError& error) {
     throw ReportError(error.Number(),

@@ -39,6 +39,8 @@ class Tokenizer {
   explicit Tokenizer(std::string_view statement) : rest_(statement) {}
 
   std::vector<Token> Run() {
+    // SQLite would take the statement to end there.
+    if (rest_.find('\0') != std::string_view::npos) ThrowIncorrectSyntax("0x00");
     std::vector<Token> tokens;
     do {
       tokens.push_back(Next());

@@ -135,8 +135,10 @@ TEST_F(ReportFillTest, Names_NotKnownWhereTheyStand_AreRefusedWithTheLine) {
 TEST_F(ReportFillTest, Queries_ThatFail_TellFileQueryAndTheDatabasesWords) {
   EXPECT_EQ(FillError("", "query bad: select x {fmlID}"),
             "208 t.html:7: query bad: Invalid object name 'x'.");
+  rows.statements = 0;
   EXPECT_THAT(FillError("", "query bad: update {fmlID}"),
               HasSubstr("321 t.html:7: query bad is no"));
+  EXPECT_EQ(rows.statements, 2) << "only the head's own: a report must not write";
   rows.statements = 0;
   EXPECT_THAT(FillError("", "query bad: select x {fmlNo}"), HasSubstr("wants {fmlNo}"));
   EXPECT_EQ(rows.statements, 0);

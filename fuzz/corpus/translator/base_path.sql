@@ -1,0 +1,1 @@
+Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1

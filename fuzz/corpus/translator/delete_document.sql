@@ -1,0 +1,1 @@
+Delete tblAccountDocumentDetail Where DocumentID=901

@@ -1,0 +1,1 @@
+delete tblDistributionPromoterProgramDetail  where ProgramID=15 and PromoterID=7 and FarsiVisitDate like '1404/09/03'

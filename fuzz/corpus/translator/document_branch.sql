@@ -1,0 +1,1 @@
+update tblAccountDocumentDetail set BranchID=2 Where DocumentID=901 and RowNumber=1

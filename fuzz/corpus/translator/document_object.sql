@@ -1,0 +1,1 @@
+insert into tblAccountDocumentObjects (DocumentID, RowNumber, Sequence, ClassID, ObjectID)  Select 901, 1, Sequence, 19, 2 from tblAccountRelatedClasses ac  Where ac.AccountID=1 and ac.ClassID=19 and not Exists(Select x.* from tblAccountDocumentObjects x where x.ClassID= 19 and x.DocumentID=901 and x.RowNumber=1)

@@ -1,0 +1,1 @@
+select x.ID from dbo.fnZomirStringToTable('14040902') x

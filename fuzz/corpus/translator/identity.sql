@@ -1,0 +1,1 @@
+Select SCOPE_IDENTITY() as newID

@@ -1,0 +1,1 @@
+insert into tblDistributionPromoterProgram (CreatorID, CreateDate, FarsiCreateDate, BranchID, SupervisorID, Notes) values (1, '20261121','1405/08/30' ,1,1,'برنامه تازه')

@@ -1,0 +1,1 @@
+Select Top 1 DocumentID from tblAccountDocumentDetail Where FormID=1 and FormTypeID=3308

@@ -1,0 +1,1 @@
+update tblDistributionPromoterProgram  Set CreatorID=1, BranchID=1, SupervisorID=1, Notes='برنامه نو', Code=ID Where ID=15

@@ -1,0 +1,1 @@
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
