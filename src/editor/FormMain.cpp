@@ -60,6 +60,11 @@ tools::FormPrint& FormMain::PrintForm() {
   return MadeOnce(printForm_, module_);
 }
 
+bool FormMain::DialogIsUp() const {
+  const auto isUp = [](const auto& form) { return form && form->Visible(); };
+  return isUp(batchForm_) || isUp(searchForm_) || isUp(printForm_);
+}
+
 void FormMain::SearchClick() {
   const std::int32_t programId = SearchForm().PickProgram();
   if (programId > 0) OpenProgram(programId);

@@ -31,6 +31,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   /// form); both return false.
   bool ClearShow() override;
   bool View(std::int32_t inProgramID) override;
+  bool DialogIsUp() const override;
 
   Mode CurrentMode() const { return mode_; }
   /// For modules that post accounting documents: ties an object of a class to a document's line,

@@ -3,6 +3,8 @@
 #include <utility>
 #include <variant>
 
+#include "platform/RuntimeError.h"
+
 namespace host {
 
 namespace {
@@ -37,6 +39,14 @@ void DistPromoterProg::SetOLEConnectionString(std::string New_OLEConnectionStrin
   site_.PropertyChanged("OLEConnectionString");
 }
 
+/// A routine that waits for the user goes on with the program, the context and the connection that
+/// it began with: a deletion that was asked about must not meet another program.
+void DistPromoterProg::RefuseWhileWaiting() const {
+  if (!module_.NoticeIsUp() && !editor_.DialogIsUp()) return;
+  throw platform::RuntimeError(platform::kNonModalWhileModal,
+                               "Can't show non-modal form when modal form is displayed");
+}
+
 void DistPromoterProg::RefreshHostContext() {
   module_.SetContext({.userId = userId_,
                       .positionId = positionId_,
@@ -53,12 +63,14 @@ bool DistPromoterProg::MayOpen() {
 }
 
 bool DistPromoterProg::ClearShow() {
+  RefuseWhileWaiting();
   RefreshHostContext();
   if (MayOpen()) editor_.ClearShow();
   return false;
 }
 
 bool DistPromoterProg::View(std::int32_t inID) {
+  RefuseWhileWaiting();
   RefreshHostContext();
   if (MayOpen()) editor_.View(inID);
   return false;

@@ -29,7 +29,8 @@ class DistPromoterProg {
   void SetOLEConnectionString(std::string New_OLEConnectionString);
 
   /// Both re-read the host context, rebuild the data environment, ask for permission 111 and open
-  /// the editor or say that the user may not. Both return false on every path.
+  /// the editor or say that the user may not. Both return false on every path. While a message or a
+  /// dialog of the module is up they throw RuntimeError 401 and change nothing.
   bool ClearShow();
   bool View(std::int32_t inID);
 
@@ -40,6 +41,7 @@ class DistPromoterProg {
   void Paint();
 
  private:
+  void RefuseWhileWaiting() const;
   void RefreshHostContext();
   bool MayOpen();
 

@@ -29,6 +29,18 @@ constexpr std::int32_t kFrameBackColor = 15791353;
 constexpr std::uint32_t kMajorVersionMask = 0xFF;
 constexpr std::size_t kDateTextLength = 10;
 
+/// One more for as long as it lives.
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
 }  // namespace
 
 double NumericValue(std::string_view text) {
@@ -100,7 +112,10 @@ std::optional<std::int32_t> modMain::ShowNotice(std::string_view title, std::str
   for (const auto& property : properties) {
     ResumeNext([&] { notice->Put(property.first, property.second); });
   }
-  ResumeNext([&] { notice->Call("ClearShow"); });
+  {
+    const Counted up(notices_);
+    ResumeNext([&] { notice->Call("ClearShow"); });
+  }
   if (formType != kQuestion) return std::nullopt;
   AutomationValue answer;
   ResumeNext([&] { answer = notice->Get("Resualt"); });  // the component spells it so

@@ -69,6 +69,8 @@ class modMain : public controls::LookupSource {
   void ShowMessage(std::string_view title, std::string_view message);
   /// A yes/no dialog: kYes, kNo, or 0 when neither was answered or there is no component.
   int AskQuestion(std::string_view title, std::string_view message);
+  /// One of the two is up: a routine waits for the user.
+  bool NoticeIsUp() const { return notices_ > 0; }
 
   /// Fills the form's list with the report templates of its form type; when there are none, says so
   /// to the user, leaves the list alone and returns false. Throws what the database throws.
@@ -110,6 +112,7 @@ class modMain : public controls::LookupSource {
   std::string keyboardLayout_;
   std::unique_ptr<platform::Connection> lookupConnection_;
   std::string lookupConnectionString_;
+  int notices_ = 0;
 };
 
 }  // namespace host

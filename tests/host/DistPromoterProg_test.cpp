@@ -25,6 +25,7 @@ class NotedEditor : public host::ProgramEditor {
     opened.push_back("program " + std::to_string(inProgramID));
     return true;
   }
+  bool DialogIsUp() const override { return false; }
 };
 
 class DistPromoterProgTest : public testing::Test {

@@ -29,6 +29,34 @@ TEST_F(ModuleTest, Delete_OfAProgramWithResults_LosesVisitsAndKeepsTheHeader) {
   EXPECT_GT(Editor().flxDetail.Rows(), 1) << "shown as it was";
 }
 
+TEST_F(ModuleTest, View_WhileAMessageOrDialogIsUp_IsRefusedAndChangesNothing) {
+  const auto refused = [this] {
+    try {
+      Module().Control().View(9);
+      ADD_FAILURE() << "was not refused";
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Number(), platform::kNonModalWhileModal);
+    }
+    EXPECT_EQ(Editor().txtID.Text(), "8");
+  };
+  Module().Control().View(8);
+  const std::string others = Cell("SELECT count(*) FROM tblDistributionPromoterProgramDetail");
+  outside.screen.OnModalForm<batch::FormAddBatch>([&](batch::FormAddBatch& form) {
+    refused();
+    outside.components.WillAnswer({Answer::kYes});
+    form.cmdCancel.Click();
+  });
+  Editor().cmdAddBatch.Click();
+  outside.components.otherwise = [&] {
+    refused();
+    return Answer::kNo;
+  };
+  Editor().cmdDelete.Click();
+  EXPECT_EQ(Cell("SELECT count(*) FROM tblDistributionPromoterProgramDetail"), others);
+  Module().Control().View(9);
+  EXPECT_EQ(Editor().txtID.Text(), "9") << "the message is gone";
+}
+
 TEST_F(ModuleTest, Viewer_MayLookButStoreNothing) {
   const std::string before = Cell("SELECT sum(ID) FROM tblZomirFormAction");
   LogIn(2);
