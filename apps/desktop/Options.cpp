@@ -103,6 +103,8 @@ const char* HelpText() {
   --replay FILE      with --connect or --database: send each statement of FILE (batches separated
                      by a line "go") there; print its number of rows and a digest of them, or its
                      error
+  --windows ...      as the first option: the Windows control in its trial container, under Wine;
+                     what follows goes to the container, --help too
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of
