@@ -213,7 +213,10 @@ void Tour::SaveAs(const std::string& fileName) {
   auto& dialog = dynamic_cast<QFileDialog&>(Dialog());
   auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
   Expect(name != nullptr, "a place for the file's name");
-  name->setText(directory_.absoluteFilePath(ToQString(fileName)));
+  const QString path = directory_.absoluteFilePath(ToQString(fileName));
+  // Of an earlier tour: the dialog would ask whether to replace it.
+  QFile::remove(path);
+  name->setText(path);
   SendKey(*name, Qt::Key_Return, QString());
 }
 
