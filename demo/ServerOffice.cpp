@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <ostream>
 #include <random>
+#include <span>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -12,6 +13,7 @@
 #include "demo/SqlScript.h"
 #include "platform/ResumeNext.h"
 #include "platform/RuntimeError.h"
+#include "text/CellText.h"
 
 namespace demo {
 
@@ -126,16 +128,6 @@ void AppendQuoted(std::string& sql, std::string_view text) {
   sql += '\'';
 }
 
-void AppendHex(std::string& sql, std::string_view bytes) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  sql += "0x";
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    sql += kDigits[byte >> 4];
-    sql += kDigits[byte & 15];
-  }
-}
-
 void AppendValue(std::string& sql, const StatementHandle& row, int column,
                  const std::string& type) {
   // SQLite's type has to be asked for before its text.
@@ -144,7 +136,8 @@ void AppendValue(std::string& sql, const StatementHandle& row, int column,
   if (null) {
     sql += "NULL";
   } else if (type == "BLOB") {
-    AppendHex(sql, value);
+    sql += "0x";
+    text::AppendHex(sql, std::as_bytes(std::span(value)));
   } else if (type == "DATE") {
     AppendQuoted(sql, value);
   } else if (type == "TEXT") {

@@ -1,5 +1,7 @@
 #include "Container.h"
 
+#include "DistPromoterProg_h.h"
+#include "Office.h"
 #include "adapters/windows/Wide.h"
 #include "platform/RuntimeError.h"
 
@@ -15,20 +17,12 @@ using adapters::windows::Variant;
 using adapters::windows::Wide;
 
 constexpr wchar_t kProgId[] = L"comDistPromoterProg.DistPromoterProg";
-constexpr wchar_t kLibrary[] = L"DistPromoterProg.ocx";
-// As the library's type library has it.
-constexpr CLSID kClass = {
-    0x34b960f7, 0xe8a0, 0x4bcd, {0x9b, 0x38, 0x9b, 0x1f, 0x3e, 0xba, 0x49, 0x99}};
-
+constexpr char kLibrary[] = "DistPromoterProg.ocx";
 enum Command { kClearShowCommand = 100, kViewCommand, kBagCommand, kExitCommand, kNumberField };
 
 /// The library beside the program, for a trial without registration.
 HMODULE LoadBeside() {
-  wchar_t path[MAX_PATH];
-  const DWORD units = GetModuleFileNameW(nullptr, path, MAX_PATH);
-  std::wstring folder(path, units);
-  folder.resize(folder.find_last_of(L'\\') + 1);
-  return LoadLibraryW((folder + kLibrary).c_str());
+  return LoadLibraryW(Wide(ProgramFolder() + kLibrary).c_str());
 }
 
 ComPtr<IOleObject> CreateFrom(HMODULE library) {
@@ -37,7 +31,7 @@ ComPtr<IOleObject> CreateFrom(HMODULE library) {
       reinterpret_cast<void*>(GetProcAddress(library, "DllGetClassObject")));
   ComPtr<IClassFactory> factory;
   if (getClassObject == nullptr) Check(REGDB_E_CLASSNOTREG);
-  Check(getClassObject(kClass, IID_IClassFactory, factory.OutVoid()));
+  Check(getClassObject(CLSID_DistPromoterProg, IID_IClassFactory, factory.OutVoid()));
   ComPtr<IOleObject> object;
   Check(factory->CreateInstance(nullptr, IID_IOleObject, object.OutVoid()));
   return object;

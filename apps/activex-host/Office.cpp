@@ -5,39 +5,26 @@
 #include <shlobj.h>
 
 #include <cstdio>
-#include <memory>
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "adapters/windows/AdoConnection.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Services.h"
 #include "adapters/windows/Wide.h"
+#include "apps/activex/Databases.h"
 #include "demo/SampleOffice.h"
 #include "host/modMain.h"
 
 namespace activexhost {
 
-namespace {
-
 using adapters::windows::Utf8;
 using adapters::windows::Wide;
 
-std::string TemplatesFolder() {
+std::string ProgramFolder() {
   wchar_t path[MAX_PATH];
   const DWORD units = GetModuleFileNameW(nullptr, path, MAX_PATH);
   std::wstring folder(path, units);
   folder.resize(folder.find_last_of(L'\\') + 1);
-  return Utf8(folder) + "templates\\";
+  return Utf8(folder);
 }
-
-std::unique_ptr<platform::Connection> Connect(const std::string& connectionString) {
-  if (connectionString.starts_with("sqlite:")) {
-    return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
-  }
-  return std::make_unique<adapters::windows::AdoConnection>(connectionString);
-}
-
-}  // namespace
 
 std::string SampleOfficePath() {
   wchar_t path[MAX_PATH];
@@ -54,13 +41,14 @@ void EnsureSampleOffice(const std::string& path) {
   std::fflush(stdout);
   demo::SampleOptions options;
   options.today = adapters::windows::WinClock().Today();
-  options.basePath = TemplatesFolder();
+  options.basePath = ProgramFolder() + "templates\\";
   demo::CreateSampleOffice(path, options);
 }
 
 std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {
   const platform::RowSet rows =
-      Connect(connectionString)
+      activex::Databases()
+          .Create(connectionString)
           ->Execute("select EmployeeID from tblZomirUser where ID=" + std::to_string(user));
   return rows.RowCount() == 0 ? -1 : host::NumericId(rows.Text(0, 0));
 }

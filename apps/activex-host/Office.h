@@ -5,6 +5,10 @@
 
 namespace activexhost {
 
+/// Where the program lies, ending in a backslash; the library and the report templates lie there
+/// too.
+std::string ProgramFolder();
+
 /// Path of the user's sample office, in the folder for local application data. Throws RuntimeError.
 std::string SampleOfficePath();
 

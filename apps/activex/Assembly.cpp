@@ -1,7 +1,6 @@
 #include "Assembly.h"
 
-#include "adapters/sqlite/SqliteConnection.h"
-#include "adapters/windows/AdoConnection.h"
+#include "Databases.h"
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
 #include "adapters/windows/ErrorGuard.h"
@@ -15,18 +14,6 @@
 namespace activex {
 
 namespace {
-
-/// `sqlite:` and a file is the embedded database, to try the control without a server; everything
-/// else is for ADO to understand.
-class Connections : public platform::ConnectionFactory {
- public:
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
-    if (connectionString.starts_with("sqlite:")) {
-      return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
-    }
-    return std::make_unique<adapters::windows::AdoConnection>(connectionString);
-  }
-};
 
 /// The screen within the control's container, which may be given, moved and taken at any time: so
 /// it is looked at anew for every form.
@@ -55,7 +42,7 @@ struct Assembly::Parts {
   adapters::windows::WinClock clock;
   adapters::windows::Theme theme;
   HostedScreen screen;
-  Connections connections;
+  Databases connections;
   adapters::windows::ComComponents components;
   adapters::windows::WinKeyboard keyboard;
   adapters::windows::SaveDialog fileDialog;

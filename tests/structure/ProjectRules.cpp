@@ -51,8 +51,12 @@ const Rules& ProjectRules() {
               // A user's day, told without a screen.
               {"apps/tour", {}, kAny},
               // Composition roots: the only ones that see both the module and the adapters.
+              {"apps/activex", Words(plain + "module adapters/*"), kAny},
+              // The trial container takes the control's databases, nothing else of it.
               {"apps/*",
-               Words(plain + "tools batch search editor module adapters/* demo apps/tour"), kAny},
+               Words(plain +
+                     "tools batch search editor module adapters/* demo apps/tour apps/activex"),
+               kAny},
           },
       .standardHeaders = Words(kStandardHeaders),
       .exceptions = {},

@@ -1,12 +1,12 @@
 #include "adapters/odbc/Rows.h"
 
 #include <array>
-#include <charconv>
 #include <cstddef>
 #include <span>
 #include <vector>
 
 #include "adapters/odbc/Utf16.h"
+#include "text/CellText.h"
 #include "text/Text.h"
 
 namespace adapters::odbc {
@@ -44,28 +44,6 @@ Kind KindOf(SQLSMALLINT sqlType) {
   }
 }
 
-void PutPadded(std::string& out, unsigned value, std::size_t width) {
-  std::array<char, 12> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  const auto count = static_cast<std::size_t>(end - digits.data());
-  if (count < width) out.append(width - count, '0');
-  out.append(digits.data(), count);
-}
-
-void PutDay(std::string& out, SQLSMALLINT year, SQLUSMALLINT month, SQLUSMALLINT day) {
-  PutPadded(out, year < 0 ? 0U : static_cast<unsigned>(year), 4);
-  PutPadded(out += '-', month, 2);
-  PutPadded(out += '-', day, 2);
-}
-
-void PutHex(std::string& out, std::span<const std::byte> bytes) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  for (const std::byte byte : bytes) {
-    out += kDigits[std::to_integer<unsigned>(byte >> 4U)];
-    out += kDigits[std::to_integer<unsigned>(byte & std::byte{0x0F})];
-  }
-}
-
 void TidyDecimal(std::string& number) {
   const std::size_t point = number.find('.');
   if (point == std::string::npos) return;
@@ -74,15 +52,6 @@ void TidyDecimal(std::string& number) {
   const std::size_t first = number.starts_with('-') ? 1 : 0;
   if (point == first) number.insert(first, 1, '0');
   if (number == "-0") number = "0";
-}
-
-/// A four-byte number has seven digits to show; those of its eight-byte image are noise.
-std::string RealText(float value) {
-  std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  double shown = 0;
-  std::from_chars(digits.data(), end, shown);
-  return text::DecimalText(shown);
 }
 
 class Reader {
@@ -166,7 +135,7 @@ class Reader {
       case Kind::kReal: {
         SQLREAL value = 0;
         if (!Get(column, SQL_C_FLOAT, value, isNull)) return false;
-        cell_ = RealText(value);
+        cell_ = text::RealText(value);
         return true;
       }
       case Kind::kDouble: {
@@ -178,17 +147,14 @@ class Reader {
       case Kind::kDate: {
         SQL_DATE_STRUCT value{};
         if (!Get(column, SQL_C_TYPE_DATE, value, isNull)) return false;
-        PutDay(cell_, value.year, value.month, value.day);
+        text::AppendDay(cell_, value.year, value.month, value.day);
         return true;
       }
       default: {
         SQL_TIMESTAMP_STRUCT value{};
         if (!Get(column, SQL_C_TYPE_TIMESTAMP, value, isNull)) return false;
-        PutDay(cell_, value.year, value.month, value.day);
-        if (value.hour == 0 && value.minute == 0 && value.second == 0) return true;
-        PutPadded(cell_ += ' ', value.hour, 2);
-        PutPadded(cell_ += ':', value.minute, 2);
-        PutPadded(cell_ += ':', value.second, 2);
+        text::AppendDay(cell_, value.year, value.month, value.day);
+        text::AppendTimeOfDay(cell_, value.hour, value.minute, value.second);
         return true;
       }
     }
@@ -216,7 +182,7 @@ class Reader {
       const bool cut = length == SQL_NO_TOTAL || length > room;
       const auto bytes = static_cast<std::size_t>(cut ? room : length);
       if (isBinary) {
-        PutHex(cell_, std::as_bytes(std::span(piece_)).first(bytes));
+        text::AppendHex(cell_, std::as_bytes(std::span(piece_)).first(bytes));
       } else {
         const std::span units = std::span(piece_).first(bytes / sizeof(SQLWCHAR));
         // Pieces are put together first: a pair of surrogates may be split between two.

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
 
 #include "adapters/windows/Wide.h"
+#include "text/CellText.h"
 #include "text/Text.h"
 
 namespace adapters::windows {
@@ -39,12 +39,6 @@ class ArrayData {
   void* data_ = nullptr;
 };
 
-void PutPadded(std::string& out, unsigned value, std::size_t width) {
-  const std::string digits = std::to_string(value);
-  if (digits.size() < width) out.append(width - digits.size(), '0');
-  out += digits;
-}
-
 /// Days from kFirstDateDay, the time of day as the fraction, which counts forward before it too.
 std::string DateText(DATE date) {
   using std::chrono::days;
@@ -59,14 +53,10 @@ std::string DateText(DATE date) {
   }
   const std::chrono::year_month_day calendar(day);
   std::string out;
-  PutPadded(out, static_cast<unsigned>(std::max(0, static_cast<int>(calendar.year()))), 4);
-  PutPadded(out += '-', static_cast<unsigned>(calendar.month()), 2);
-  PutPadded(out += '-', static_cast<unsigned>(calendar.day()), 2);
+  text::AppendDay(out, static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
+                  static_cast<unsigned>(calendar.day()));
   const auto seconds = static_cast<unsigned>(milliseconds / 1000);
-  if (seconds == 0) return out;
-  PutPadded(out += ' ', seconds / 3600, 2);
-  PutPadded(out += ':', seconds / 60 % 60, 2);
-  PutPadded(out += ':', seconds % 60, 2);
+  text::AppendTimeOfDay(out, seconds / 3600, seconds / 60 % 60, seconds % 60);
   return out;
 }
 
@@ -110,24 +100,9 @@ std::string CurrencyText(CY value) {
   return DecimalText(decimal);
 }
 
-/// A four-byte number has seven digits to show; those of its eight-byte image are noise.
-std::string RealText(float value) {
-  std::array<char, 64> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  double shown = 0;
-  std::from_chars(digits.data(), end, shown);
-  return text::DecimalText(shown);
-}
-
 std::string BinaryText(SAFEARRAY* array) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string out = "0x";
-  if (array == nullptr) return out;
-  const ArrayData data(array);
-  for (const unsigned char byte : data.As<unsigned char>()) {
-    out += kDigits[byte >> 4U];
-    out += kDigits[byte & 0x0FU];
-  }
+  if (array != nullptr) text::AppendHex(out, ArrayData(array).As<std::byte>());
   return out;
 }
 
@@ -151,7 +126,7 @@ void AppendCell(platform::RowSet& rows, const VARIANT& value) {
     case VT_I8:
       return rows.Append(std::to_string(value.llVal));
     case VT_R4:
-      return rows.Append(RealText(value.fltVal));
+      return rows.Append(text::RealText(value.fltVal));
     case VT_R8:
       return rows.Append(text::DecimalText(value.dblVal));
     case VT_CY:

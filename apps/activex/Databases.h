@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "adapters/sqlite/SqliteConnection.h"
+#include "adapters/windows/AdoConnection.h"
+#include "platform/Connection.h"
+
+namespace activex {
+
+/// Connections by what their string says: `sqlite:` and a file is the embedded database, to try the
+/// control without a server; everything else is for ADO to understand.
+class Databases : public platform::ConnectionFactory {
+ public:
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    if (connectionString.starts_with("sqlite:")) {
+      return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+    }
+    return std::make_unique<adapters::windows::AdoConnection>(connectionString);
+  }
+};
+
+}  // namespace activex
