@@ -117,17 +117,7 @@ class MeasuringFiles : public platform::FileSystem {
 
 TEST_F(TextExportTest, Export_ReachesTheFileRowByRow) {
   MeasuringFiles files;
-  host::modMain measured({.screen = outside.screen,
-                          .connections = outside.connections,
-                          .components = outside.components,
-                          .clock = outside.clock,
-                          .keyboard = outside.keyboard,
-                          .fileDialog = outside.fileDialog,
-                          .excel = outside.excel,
-                          .progress = outside.progress,
-                          .fileSystem = files,
-                          .launcher = outside.launcher,
-                          .reports = outside.reports});
+  host::modMain measured(outside.Services(files));
   FormSearch large(measured);
   large.Load();
   platform::RowSet rows({"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"});
