@@ -52,7 +52,7 @@ class FilesTest : public testing::Test {
 
 /// Cells and what stands for them in the file: the compiler's own UTF-16, without line breaks.
 const std::pair<std::string, std::u16string> kCells[] = {
-    {"a;b \"c\" 'd'\te||^t", u"a;b \"c\" 'd'\te||^t"},
+    {"1,000;b \"c\" 'd'\te||^t", u"1,000;b \"c\" 'd'\te||^t"},
     {"\r\nx\ry\nz\n\r\r\n", u"xyz"},
     {"علي\u200Cكي ی ک ۱۲ ي", u"علي\u200Cكي ی ک ۱۲ ي"},
     {"€\uFEFF\u2028\uFFFF😀\U0010FFFF.", u"€\uFEFF\u2028\uFFFF😀\U0010FFFF."},
@@ -84,6 +84,7 @@ TEST_F(FilesTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
       outside.screen.OnModalForm<tools::FormSendToTextFile>([&](auto& dialog) {
         dialog.txtDelimiter.SetText(typed);
         dialog.chkHeader.SetChecked(headers == 1);
+        dialog.chkRemoveMoney.SetChecked(headers == 1);  // of no effect
         dialog.chkNewLine.SetChecked(newLine == 1);
         dialog.cmdSave.Click();
         dialog.cmdOk.Click();
@@ -106,6 +107,8 @@ TEST_F(FilesTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
     }
   }
   EXPECT_EQ(Names(), QStringList{"list.txt"});
+  EXPECT_EQ(outside.components.messages.back(),
+            (support::Message{"اطلاع", "فايل متني با نام «" + PathOf("list.txt") + "» ذخيره شد."}));
 }
 
 TEST_F(FilesTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {

