@@ -17,6 +17,7 @@
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
 #include "platform/RuntimeError.h"
+#include "text/Secrets.h"
 
 namespace {
 
@@ -44,6 +45,11 @@ struct Options {
   std::string mistake;  // a line for the user
 };
 
+/// Also a connection string may have been given in the wrong place.
+std::string Quoted(const std::string& argument) {
+  return "\"" + text::ShownConnection(argument) + "\"";
+}
+
 Options Parse(const std::vector<std::string>& arguments) {
   Options options;
   for (std::size_t i = 0; i < arguments.size() && options.mistake.empty(); ++i) {
@@ -52,7 +58,7 @@ Options Parse(const std::vector<std::string>& arguments) {
     if (option == "--help") {
       options.help = true;
     } else if (!hasValue) {
-      options.mistake = "\"" + option + "\" is no option or wants a value; see --help.";
+      options.mistake = Quoted(option) + " is no option or wants a value; see --help.";
     } else if (option == "--connect") {
       options.connectionString = arguments[++i];
     } else if (option == "--user") {
@@ -64,7 +70,7 @@ Options Parse(const std::vector<std::string>& arguments) {
     } else if (option == "--make-office") {
       options.newOffice = arguments[++i];
     } else {
-      options.mistake = "\"" + option + "\" is no option; see --help.";
+      options.mistake = Quoted(option) + " is no option; see --help.";
     }
   }
   return options;

@@ -7,7 +7,6 @@
 #include <iostream>
 
 #include "Replay.h"
-#include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/qt/Services.h"
 #include "adapters/sqlite/SqliteConnection.h"
@@ -16,6 +15,7 @@
 #include "demo/ServerOffice.h"
 #include "host/modMain.h"
 #include "platform/RuntimeError.h"
+#include "text/Secrets.h"
 
 namespace desktop {
 
@@ -72,11 +72,6 @@ std::unique_ptr<platform::Connection> Connections::Create(const std::string& con
   return std::make_unique<adapters::odbc::OdbcConnection>(connectionString);
 }
 
-std::string ShownConnection(const std::string& connectionString) {
-  if (connectionString.starts_with(kEmbedded)) return connectionString;
-  return adapters::odbc::WithoutPassword(connectionString);
-}
-
 std::string SampleOfficePath(const Options& options) {
   std::string name = "office-" + std::to_string(options.customers);
   if (options.sampleDate) name += "-" + calendar::GregorianText(*options.sampleDate);
@@ -95,7 +90,7 @@ void EnsureSampleOffice(const std::string& path, const Options& options) {
 
 void LoadSample(const Options& options) {
   std::cout << "Making a sample office with " << options.customers << " customers in "
-            << ShownConnection(options.connect) << " ..." << std::endl;
+            << text::ShownConnection(options.connect) << " ..." << std::endl;
   const QDir templates(DataFolder().filePath("templates"));
   CopyTemplates(templates);
   const demo::SampleOptions sample = SampleOf(options, templates);

@@ -16,9 +16,6 @@ class Connections : public platform::ConnectionFactory {
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
 };
 
-/// The connection string as people may see it: without its password.
-std::string ShownConnection(const std::string& connectionString);
-
 /// Path of the user's sample office with so many customers, around that day.
 std::string SampleOfficePath(const Options& options);
 

@@ -3,10 +3,16 @@
 #include <charconv>
 
 #include "calendar/Gregorian.h"
+#include "text/Secrets.h"
 
 namespace desktop {
 
 namespace {
+
+/// Also a connection string may have been given in the wrong place.
+std::string Quoted(const std::string& argument) {
+  return "\"" + text::ShownConnection(argument) + "\"";
+}
 
 int Number(const std::string& option, const std::string& value, int lowest, int highest) {
   int number = 0;
@@ -14,7 +20,7 @@ int Number(const std::string& option, const std::string& value, int lowest, int 
   if (error != std::errc() || end != value.data() + value.size() || number < lowest ||
       number > highest) {
     throw UsageError(option + " wants a whole number from " + std::to_string(lowest) + " to " +
-                     std::to_string(highest) + ", not \"" + value + "\".");
+                     std::to_string(highest) + ", not " + Quoted(value) + ".");
   }
   return number;
 }
@@ -25,7 +31,8 @@ std::chrono::sys_days Date(const std::string& option, const std::string& value) 
   constexpr std::chrono::sys_days kLast = 2100y / 12 / 31;
   const auto day = calendar::GregorianFromText(value);
   if (!day || calendar::GregorianText(*day) != value || *day < kFirst || *day > kLast) {
-    throw UsageError(option + " wants a day as yyyy-mm-dd, 1900 to 2100, not \"" + value + "\".");
+    throw UsageError(option + " wants a day as yyyy-mm-dd, 1900 to 2100, not " + Quoted(value) +
+                     ".");
   }
   return *day;
 }
@@ -80,7 +87,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
     } else if (option == "--tour") {
       options.tourDirectory = value();
     } else {
-      throw UsageError("\"" + option + "\" is no option; see --help.");
+      throw UsageError(Quoted(option) + " is no option; see --help.");
     }
   }
   CheckTogether(options);

@@ -22,6 +22,7 @@
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "module/Module.h"
+#include "text/Secrets.h"
 
 namespace {
 
@@ -189,12 +190,21 @@ int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
   return EXIT_FAILURE;
 }
 
+/// Every user of the machine can list the arguments of a running program.
+void HidePasswords(int argc, char* argv[]) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view argument = argv[i];
+    if (text::ShownConnection(argument) != argument) std::fill_n(argv[i], argument.size(), '*');
+  }
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
   desktop::Options options;
   try {
     options = desktop::ParseOptions({argv + 1, argv + argc});
+    HidePasswords(argc, argv);
   } catch (const desktop::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;

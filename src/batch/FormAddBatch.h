@@ -48,9 +48,9 @@ class FormAddBatch : public controls::Form {
   tools::comFlex flxDate;
 
   controls::Frame frameFilter{*this, "frameFilter", "جستجوي مشتري"};
-  controls::Label lblCodeFrom{frameFilter, "lblCodeFrom", "از کد:"};
+  controls::Label lblCodeFrom{frameFilter, "lblCodeFrom", "از كد:"};
   controls::TextBox txtCodeFrom{frameFilter, "txtCodeFrom"};
-  controls::Label lblCodeTo{frameFilter, "lblCodeTo", "تا کد:"};
+  controls::Label lblCodeTo{frameFilter, "lblCodeTo", "تا كد:"};
   controls::TextBox txtCodeTo{frameFilter, "txtCodeTo"};
   controls::Label lblName{frameFilter, "lblName", "نام:"};
   controls::TextBox txtName{frameFilter, "txtName"};

@@ -22,7 +22,7 @@ constexpr std::array<std::string_view, 12> kMonthNames = {"فروردين", "ا�
                                                           "مرداد",   "شهريور",   "مهر",   "آبان",
                                                           "آذر",     "دي",       "بهمن",  "اسفند"};
 constexpr std::array<std::string_view, 7> kWeekdayNames = {
-    "شنبه", "يکشنبه", "دوشنبه", "سه شنبه", "چهارشنبه", "پنجشنبه", "جمعه"};
+    "شنبه", "يكشنبه", "دوشنبه", "سه شنبه", "چهارشنبه", "پنجشنبه", "جمعه"};
 
 // Days from the first day of year 1 to the first day of `year`. Everything else follows from this:
 // eight of 33 years are leap years, spread so that (25 * year + 11) mod 33 < 8 holds for them.

@@ -8,8 +8,8 @@ namespace {
 
 constexpr const char* kTitle = "خطا";
 std::string WhatNext(AfterError after) {
-  return after == AfterError::kGoesOn ? "\nبرنامه ادامه می‌یابد."
-                                      : "\nبرنامه بسته می‌شود.";
+  return after == AfterError::kGoesOn ? "\nبرنامه ادامه مي‌يابد."
+                                      : "\nبرنامه بسته مي‌شود.";
 }
 
 /// Whether the bytes at `at` begin a letter of the Arabic script, or one of its presentation forms.
@@ -40,7 +40,7 @@ ErrorTexts TextsOf(const platform::RuntimeError& error, AfterError after) {
   ErrorTexts texts;
   texts.title = kTitle;
   // The mark keeps a minus sign before its digits.
-  texts.sentence = "خطای شماره \u200E" + number + " هنگام اجرا رخ داد.";
+  texts.sentence = "خطاي شماره \u200E" + number + " هنگام اجرا رخ داد.";
   if (persian > 0) texts.sentence += "\n" + description.substr(0, persian);
   texts.sentence += WhatNext(after);
   texts.technical = "Run-time error '" + number + "'";
@@ -54,7 +54,7 @@ ErrorTexts TextsOf(const std::exception& error, AfterError after) {
   return {
       .title = kTitle,
       .sentence =
-          std::string("خطایی پیش‌بینی‌نشده هنگام اجرا رخ داد.") +
+          std::string("خطايي پيش‌بيني‌نشده هنگام اجرا رخ داد.") +
           WhatNext(after),
       .technical = std::string("Unexpected error: ") + error.what()};
 }

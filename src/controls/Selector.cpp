@@ -102,11 +102,13 @@ void Selector::ForgetTexts() {
 }
 
 void Selector::AssignId(std::int32_t id, std::optional<std::string> displayText) {
-  if (selectedId_ == id) return;
+  if (selectedId_ == id && !changeFailed_) return;
   selectedId_ = id;
   displayText_ = std::move(displayText);
   Notify(Aspect::kText);
+  changeFailed_ = true;
   if (onChange) onChange();
+  changeFailed_ = false;
 }
 
 void Selector::Select(std::int32_t id) {

@@ -47,7 +47,8 @@ class Selector : public Control {
   void Select(std::int32_t id);
   void Clear() { Select(-1); }
 
-  /// Raised when another id (or none) became selected, by code or by the user.
+  /// Raised when another id (or none) became selected, by code or by the user; and once more when
+  /// the same is selected again after it threw, so that what was lost is fetched by choosing again.
   std::function<void()> onChange;
 
   // For the screen.
@@ -90,6 +91,7 @@ class Selector : public Control {
   std::vector<std::string> folded_;
   std::optional<std::string> displayText_ = std::string();  // absent until it is asked for
   std::int32_t selectedId_ = -1;
+  bool changeFailed_ = false;
 };
 
 }  // namespace controls

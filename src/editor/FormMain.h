@@ -64,7 +64,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   controls::TextBox txtID{frameHeader, "txtID"};
   controls::Label lblCode{frameHeader, "lblCode", "شماره برنامه:"};
   controls::TextBox txtCode{frameHeader, "txtCode"};
-  controls::Label lblCreator{frameHeader, "lblCreator", "ايجاد کننده:"};
+  controls::Label lblCreator{frameHeader, "lblCreator", "ايجاد كننده:"};
   controls::Selector sltCreator;
   controls::Label lblCreateDate{frameHeader, "lblCreateDate", "تاريخ ايجاد:"};
   controls::DateBox datCreateDate{frameHeader, "datCreateDate"};
@@ -80,7 +80,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   controls::FlexGrid flxDetail{*this, "flxDetail"};
   controls::Button cmdAddBatch{*this, "cmdAddBatch", "افزودن ويزيت"};
   controls::Button cmdSelectAll{*this, "cmdSelectAll", "انتخاب همه"};
-  controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "انتخاب معکوس"};
+  controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "انتخاب معكوس"};
   controls::Button cmdSelectNone{*this, "cmdSelectNone", "لغو انتخاب"};
   controls::Button cmdDeleteSelected{*this, "cmdDeleteSelected", "حذف از ليست"};
 

@@ -26,7 +26,7 @@ class FormSearch : public controls::Form {
   controls::Frame frameFilter{*this, "frameFilter", "مشخصات جستجو"};
   controls::Label lblID{frameFilter, "lblID", "شماره رايانه اي:"};
   controls::TextBox txtID{frameFilter, "txtID"};
-  controls::Label lblCreator{frameFilter, "lblCreator", "ايجاد کننده:"};
+  controls::Label lblCreator{frameFilter, "lblCreator", "ايجاد كننده:"};
   controls::Selector sltCreator;
   controls::Label lblProgram{frameFilter, "lblProgram", "برنامه:"};
   controls::Selector sltProgram;
@@ -47,7 +47,7 @@ class FormSearch : public controls::Form {
 
   controls::Button cmdSearch{*this, "cmdSearch", "جستجو"};
   controls::Button cmdNewsearch{*this, "cmdNewsearch", "جستجوي جديد"};
-  controls::Button cmdExcel{*this, "cmdExcel", "انتقال به اکسل"};
+  controls::Button cmdExcel{*this, "cmdExcel", "انتقال به اكسل"};
   controls::Button cmdSentToText{*this, "cmdSentToText", "فايل متني"};
   controls::Button cmdExit{*this, "cmdExit", "خروج"};
   controls::FlexGrid flxSearch{*this, "flxSearch"};

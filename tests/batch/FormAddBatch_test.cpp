@@ -178,6 +178,14 @@ TEST_F(FormAddBatchTest, Promoter_ChangedEmptiesWhatDependsOnIt) {
   EXPECT_THAT(Column(form.flxRegion, 0), ElementsAre("عنوان منطقه"));
   EXPECT_EQ(form.flxPath.Flex.Rows(), 1);
   EXPECT_EQ(form.flxCustomer.Flex.Rows(), 1);
+
+  outside.database.FailAtCall(1, platform::RuntimeError(11, "lost"));
+  EXPECT_THROW(form.sltPromoter.Select(7), platform::RuntimeError);
+  EXPECT_EQ(form.flxRegion.Flex.Rows(), 1) << "none of promoter 8's";
+  outside.database.ForgetCalls();
+  for (int again = 0; again < 2; ++again) form.sltPromoter.Select(7);
+  EXPECT_THAT(outside.database.Log(), ElementsAre(kRegionsOf7)) << "read again, once";
+  EXPECT_THAT(Column(form.flxRegion, 0), ElementsAre("عنوان منطقه", "شمال", "جنوب"));
 }
 
 TEST_F(FormAddBatchTest, RegionPicks_AskForThePathsOfExactlyThose) {

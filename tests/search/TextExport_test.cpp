@@ -11,7 +11,6 @@ struct Entry {
   std::string delimiter = ";";
   bool newLine = false;
   bool headers = false;
-  bool withoutMoneySeparators = false;
 };
 
 class TextExportTest : public SearchTest {
@@ -24,7 +23,6 @@ class TextExportTest : public SearchTest {
           dialog.txtDelimiter.SetText(entry.delimiter);
           dialog.chkNewLine.SetChecked(entry.newLine);
           dialog.chkHeader.SetChecked(entry.headers);
-          dialog.chkRemoveMoney.SetChecked(entry.withoutMoneySeparators);
           dialog.cmdSave.Click();
           dialog.cmdOk.Click();
         });
@@ -38,27 +36,6 @@ class TextExportTest : public SearchTest {
   }
   std::string Written() { return outside.fileSystem.files["/out/list.txt"]; }
 };
-
-TEST_F(TextExportTest, Export_ByTheSettings_WritesEveryCellWithTheDelimiterBehindIt) {
-  const struct {
-    Entry entry;
-    std::string content;
-  } cases[] = {
-      {{}, "5;pq;1,000;\r\n6;r;;"},
-      {{.newLine = true}, "5;pq;1,000;\r\n6;r;;\r\n"},
-      {{.headers = true}, "شماره رايانه اي;بازارياب;شرح;\r\n5;pq;1,000;\r\n6;r;;"},
-      {{.delimiter = " ^T "}, "5\tpq\t1,000\t\r\n6\tr\t\t"},
-      {{.delimiter = "", .withoutMoneySeparators = true}, "5pq1,000\r\n6r"},
-      {{.delimiter = " | "}, "5 | pq | 1,000 | \r\n6 | r |  | "},
-  };
-  FindTwoLines();
-  for (const auto& c : cases) {
-    outside.fileSystem.files.clear();
-    Export(c.entry);
-    EXPECT_EQ(Written(), c.content);
-  }
-  EXPECT_EQ(Said().back(), (Message{"اطلاع", "فايل متني با نام «/out/list.txt» ذخيره شد.", 0}));
-}
 
 TEST_F(TextExportTest, Export_CancelledOrOfAResultWithoutRows_WritesTheHeaderOrNothing) {
   outside.screen.OnModalForm<tools::FormSendToTextFile>([](tools::FormSendToTextFile& dialog) {
@@ -117,17 +94,7 @@ class MeasuringFiles : public platform::FileSystem {
 
 TEST_F(TextExportTest, Export_ReachesTheFileRowByRow) {
   MeasuringFiles files;
-  host::modMain measured({.screen = outside.screen,
-                          .connections = outside.connections,
-                          .components = outside.components,
-                          .clock = outside.clock,
-                          .keyboard = outside.keyboard,
-                          .fileDialog = outside.fileDialog,
-                          .excel = outside.excel,
-                          .progress = outside.progress,
-                          .fileSystem = files,
-                          .launcher = outside.launcher,
-                          .reports = outside.reports});
+  host::modMain measured(outside.Services(files));
   FormSearch large(measured);
   large.Load();
   platform::RowSet rows({"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"});

@@ -36,18 +36,26 @@ struct ScriptedPlatform {
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
 
-  host::Services Services() { return Services(connections); }
-  /// The same with other connections.
-  host::Services Services(platform::ConnectionFactory& connecting) {
+  host::Services Services() { return All(connections, excel, fileSystem); }
+  /// The same with one that is not scripted.
+  host::Services Services(platform::ConnectionFactory& real) {
+    return All(real, excel, fileSystem);
+  }
+  host::Services Services(platform::Excel& real) { return All(connections, real, fileSystem); }
+  host::Services Services(platform::FileSystem& real) { return All(connections, excel, real); }
+
+ private:
+  host::Services All(platform::ConnectionFactory& connecting, platform::Excel& copying,
+                     platform::FileSystem& storing) {
     return {.screen = screen,
             .connections = connecting,
             .components = components,
             .clock = clock,
             .keyboard = keyboard,
             .fileDialog = fileDialog,
-            .excel = excel,
+            .excel = copying,
             .progress = progress,
-            .fileSystem = fileSystem,
+            .fileSystem = storing,
             .launcher = launcher,
             .reports = reports};
   }

@@ -13,10 +13,6 @@ namespace {
 /// ADO's number for a provider that cannot be found.
 constexpr std::int32_t kProviderNotFound = 3706;
 
-bool IsPasswordKey(std::string_view key) {
-  return key.ends_with("password") || key.ends_with("pwd");
-}
-
 std::string Braced(std::string_view value) {
   return "{" + text::Replace(value, "}", "}}") + "}";
 }
@@ -214,28 +210,6 @@ std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionSt
   }
   if (seconds <= 0) return std::nullopt;
   return std::chrono::seconds(seconds);
-}
-
-std::string WithoutPassword(std::string_view connectionString) {
-  std::string result;
-  const char* from = connectionString.data();
-  for (const Word& word : ReadWords(connectionString, SyntaxOf(connectionString))) {
-    if (!IsPasswordKey(word.key) || word.written.empty()) continue;
-    result.append(from, word.written.data()).append("***");
-    from = word.written.data() + word.written.size();
-  }
-  return result.append(from, connectionString.data() + connectionString.size());
-}
-
-std::vector<std::string> Passwords(std::string_view connectionString) {
-  std::vector<std::string> passwords;
-  for (const Word& word : ReadWords(connectionString, SyntaxOf(connectionString))) {
-    if (!IsPasswordKey(word.key) || word.value.empty()) continue;
-    passwords.push_back(word.value);
-    passwords.push_back(text::Replace(word.value, "}", "}}"));
-    passwords.emplace_back(text::Trim(word.written));
-  }
-  return passwords;
 }
 
 }  // namespace adapters::odbc

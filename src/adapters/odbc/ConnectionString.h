@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "adapters/odbc/Drivers.h"
 
@@ -28,12 +27,5 @@ std::string OdbcConnectionString(std::string_view connectionString, const Instal
 
 /// `Connect Timeout` of an OLE DB string; absent when it is not said, or 0 (wait for ever).
 std::optional<std::chrono::seconds> ConnectTimeout(std::string_view connectionString);
-
-/// `connectionString` with its passwords starred out, for people to read.
-std::string WithoutPassword(std::string_view connectionString);
-
-/// Every text by which a password of `connectionString` could show up in a message: its value, and
-/// the value as it is written there or in the ODBC string.
-std::vector<std::string> Passwords(std::string_view connectionString);
 
 }  // namespace adapters::odbc

@@ -20,10 +20,8 @@ class WordReader {
       if (rest_.empty()) return words;
       Word word;
       word.key = Key();
-      const std::string_view from = rest_;
       Value(word.value);
       rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
-      word.written = from.substr(0, from.size() - rest_.size());
       words.push_back(std::move(word));
     }
   }

@@ -13,9 +13,8 @@ enum class Syntax { kOleDb, kOdbc };
 
 /// One `key=value` of a connection string.
 struct Word {
-  std::string key;           ///< Folded (Drivers.h)
-  std::string value;         ///< without quotes or braces, doubled ones single
-  std::string_view written;  ///< the value as it stands in the string that was read
+  std::string key;    ///< Folded (Drivers.h)
+  std::string value;  ///< without quotes or braces, doubled ones single
 };
 
 using Words = std::vector<Word>;

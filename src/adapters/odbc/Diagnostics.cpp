@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "adapters/odbc/Utf16.h"
-#include "text/Secrets.h"
 
 namespace adapters::odbc {
 
@@ -111,11 +110,6 @@ platform::RuntimeError MakeError(ConnectionFault fault, const Diagnostics& diagn
     description += diagnostic.text + " (SQLSTATE " + diagnostic.state + ")";
   }
   return {NumberOf(diagnostics), description, "ODBC"};
-}
-
-platform::RuntimeError WithoutPasswords(const platform::RuntimeError& error,
-                                        const std::vector<std::string>& passwords) {
-  return {error.Number(), text::StarredOut(error.Description(), passwords), error.Source()};
 }
 
 }  // namespace adapters::odbc

@@ -38,8 +38,4 @@ ConnectionFault LoginFault(const Diagnostics& diagnostics);
 /// SQLSTATE read as a number of base 36, so that each state has one number and none is a server's.
 platform::RuntimeError MakeError(ConnectionFault fault, const Diagnostics& diagnostics);
 
-/// `error` with every place where one of the passwords stands starred out.
-platform::RuntimeError WithoutPasswords(const platform::RuntimeError& error,
-                                        const std::vector<std::string>& passwords);
-
 }  // namespace adapters::odbc

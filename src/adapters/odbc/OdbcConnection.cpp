@@ -8,6 +8,7 @@
 #include "adapters/odbc/Handles.h"
 #include "adapters/odbc/Rows.h"
 #include "adapters/odbc/Utf16.h"
+#include "text/Secrets.h"
 
 namespace adapters::odbc {
 
@@ -167,7 +168,9 @@ auto OdbcConnection::InSession(Action action) {
     return action(*session_);
   } catch (const platform::RuntimeError& error) {
     if (session_ && session_->IsGivenUp()) session_.reset();
-    throw WithoutPasswords(error, Passwords(connectionString_));
+    throw platform::RuntimeError(error.Number(),
+                                 text::WithoutPasswords(error.Description(), connectionString_),
+                                 error.Source());
   }
 }
 

@@ -1,39 +1,18 @@
 #include "adapters/odbc/Utf16.h"
 
 #include <algorithm>
-#include <array>
+
+#include "text/Utf8.h"
 
 namespace adapters::odbc {
 
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 bool IsHighSurrogate(char32_t unit) {
   return unit >= 0xD800 && unit < 0xDC00;
 }
 bool IsLowSurrogate(char32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
-}
-
-/// The character at `at`, which moves behind it; behind one byte when it begins no character.
-char32_t TakeUtf8(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-  const unsigned char lead = byte(at++);
-  if (lead < 0x80) return lead;
-  const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-  if (lead < 0xC2 || lead > 0xF4 || at + more > text.size()) return kReplacement;
-  char32_t code = lead & (0x3FU >> more);
-  for (std::size_t i = at; i < at + more; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) return kReplacement;
-    code = (code << 6U) | (byte(i) & 0x3FU);
-  }
-  constexpr std::array<char32_t, 4> kSmallest{0, 0x80, 0x800, 0x10000};
-  if (code < kSmallest.at(more) || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) {
-    return kReplacement;
-  }
-  at += more;
-  return code;
 }
 
 char* PutUtf8(char* out, char32_t code) {
@@ -63,7 +42,7 @@ Utf16 ToUtf16(std::string_view text) {
   Utf16 units;
   units.reserve(text.size() + 1);
   for (std::size_t at = 0; at < text.size();) {
-    const char32_t code = TakeUtf8(text, at);
+    const char32_t code = text::TakeCharacter(text, at);
     if (code < 0x10000) {
       units.push_back(static_cast<SQLWCHAR>(code));
     } else {
@@ -85,7 +64,7 @@ void AppendUtf8(std::string& out, std::span<const SQLWCHAR> text) {
     if (IsHighSurrogate(code) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       code = 0x10000 + ((code - 0xD800) << 10U) + (text[++i] - 0xDC00U);
     } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
-      code = kReplacement;
+      code = text::kReplacement;
     }
     end = PutUtf8(end, code);
   }

@@ -112,8 +112,8 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   };
   const bool question = content.kind == Kind::kQuestion;
   QPushButton* first =
-      addButton(question ? QStringLiteral("بله") : QStringLiteral("تأیید"), Answer::kYes);
-  if (question) addButton(QStringLiteral("خیر"), Answer::kNo);
+      addButton(question ? QStringLiteral("بله") : QStringLiteral("تأييد"), Answer::kYes);
+  if (question) addButton(QStringLiteral("خير"), Answer::kNo);
   first->setDefault(true);
   first->setFocus();
 

@@ -162,7 +162,7 @@ ReportPreview::ReportPreview(const ReportPages& pages, ErrorGuard& guard)
       pages_(pages),
       guard_(guard),
       view_(new PagesView(pages)) {
-  setWindowTitle(QStringLiteral("پیش‌نمایش چاپ - %1").arg(pages.Title()));
+  setWindowTitle(QStringLiteral("پيش‌نمايش چاپ - %1").arg(pages.Title()));
   setWindowModality(Qt::ApplicationModal);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   auto* all = new QVBoxLayout(this);
@@ -206,16 +206,16 @@ void ReportPreview::AddBar() {
   };
   add(QStringLiteral("چاپ..."), QStringLiteral("چاپ گزارش"), QKeySequence::Print,
       [this] { PrintPages(pages_); });
-  add(QStringLiteral("ذخیره PDF..."), QStringLiteral("ذخیره گزارش در فایل PDF"), QKeySequence::Save,
+  add(QStringLiteral("ذخيره PDF..."), QStringLiteral("ذخيره گزارش در فايل PDF"), QKeySequence::Save,
       [this] { SavePdf(); });
   bar->addStretch(1);
-  add(QStringLiteral("قبلی"), QStringLiteral("صفحه قبلی"), {},
+  add(QStringLiteral("قبلي"), QStringLiteral("صفحه قبلي"), {},
       [this] { view_->ShowPage(view_->CurrentPage() - 1); });
   position_ = addLabel(100);
-  add(QStringLiteral("بعدی"), QStringLiteral("صفحه بعدی"), {},
+  add(QStringLiteral("بعدي"), QStringLiteral("صفحه بعدي"), {},
       [this] { view_->ShowPage(view_->CurrentPage() + 1); });
   bar->addStretch(1);
-  add(QStringLiteral("−"), QStringLiteral("کوچک‌تر"), QKeySequence::ZoomOut,
+  add(QStringLiteral("−"), QStringLiteral("كوچك‌تر"), QKeySequence::ZoomOut,
       [this] { view_->SetZoom(view_->Zoom() / kZoomStep); });
   size_ = addLabel(44);
   add(QStringLiteral("+"), QStringLiteral("بزرگ‌تر"), QKeySequence::ZoomIn,
@@ -225,7 +225,7 @@ void ReportPreview::AddBar() {
   add(QStringLiteral("تمام صفحه"), QStringLiteral("همه صفحه در پنجره"), {},
       [this] { view_->SetFit(PagesView::Fit::kPage); });
   bar->addStretch(1);
-  add(QStringLiteral("بستن"), QStringLiteral("بستن پیش‌نمایش"), {},
+  add(QStringLiteral("بستن"), QStringLiteral("بستن پيش‌نمايش"), {},
       [this] { accept(); });
   layout()->addWidget(buttons);
 }
@@ -246,7 +246,7 @@ void ReportPreview::Run() {
 void ReportPreview::SavePdf() {
   QString name = pages_.Title() + QStringLiteral(".pdf");
   name.replace(QLatin1Char('/'), QLatin1Char('-'));
-  QString path = QFileDialog::getSaveFileName(this, QStringLiteral("ذخیره گزارش"), name,
+  QString path = QFileDialog::getSaveFileName(this, QStringLiteral("ذخيره گزارش"), name,
                                               QStringLiteral("PDF (*.pdf)"));
   if (path.isEmpty()) return;
   if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");

@@ -71,7 +71,7 @@ class PopupList : public QListView {
     if (!model() || model()->rowCount() > 0) return;
     QPainter painter(viewport());
     painter.setPen(theme::kMutedText);
-    painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("موردی یافت نشد"));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("موردي يافت نشد"));
   }
 };
 

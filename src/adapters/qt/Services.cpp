@@ -48,7 +48,7 @@ QString QtFilter(std::string_view filter) {
 
 std::string QtFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
   const QString chosen =
-      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("ذخیره در فایل"),
+      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("ذخيره در فايل"),
                                    ToQString(fileName), QtFilter(filter));
   if (chosen.isEmpty()) {
     throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
@@ -73,7 +73,7 @@ bool QtProgress::Advance(std::size_t done) {
     if (!sinceBegin_.isValid() || sinceBegin_.elapsed() < kPatienceMilliseconds) return true;
     bar_ = new QProgressDialog(what_, QStringLiteral("انصراف"), 0, kBarSteps,
                                QApplication::activeWindow());
-    bar_->setWindowTitle(QStringLiteral("لطفاً صبر کنید"));
+    bar_->setWindowTitle(QStringLiteral("لطفاً صبر كنيد"));
     bar_->setWindowModality(Qt::ApplicationModal);
     bar_->setMinimumWidth(340);
     bar_->setMinimumDuration(0);

@@ -146,7 +146,7 @@ std::string Restricted(const ReportTemplate& report, const ReportQuery& query,
     if (end == std::string_view::npos || name != formula.field) {
       report.Refuse(query.line,
                     "پرسش «" + query.name + "» فيلد انتخاب «" + std::string(name) +
-                        "» را مي خواهد، که شناخته نيست.",
+                        "» را مي خواهد، كه شناخته نيست.",
                     "query " + query.name + " wants {" + std::string(name) +
                         "}, the selection formula gives " + formula.field);
     }

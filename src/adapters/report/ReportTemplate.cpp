@@ -131,7 +131,7 @@ void ReportTemplate::TakeEntry(const Entry& entry) {
 
 void ReportTemplate::CheckNewSection(const std::string& name, int line) const {
   if (!IsName(name)) {
-    Refuse(line, "«" + name + "» نام درستي براي يک بخش نيست.", "no name for a section: " + name);
+    Refuse(line, "«" + name + "» نام درستي براي يك بخش نيست.", "no name for a section: " + name);
   }
   for (const ReportQuery& query : queries_) {
     const bool isGroup = std::any_of(query.groups.begin(), query.groups.end(),
@@ -163,7 +163,7 @@ void ReportTemplate::AddGroups(const std::string& query, const Entry& entry) {
     constexpr std::string_view kBy = " by ";
     const auto by = part.find(kBy);
     if (by == std::string_view::npos) {
-      Refuse(entry.line, "گروه «" + std::string(part) + "» نمي گويد بر پايه کدام ستونهاست.",
+      Refuse(entry.line, "گروه «" + std::string(part) + "» نمي گويد بر پايه كدام ستونهاست.",
              "no \"name by column, column\": " + std::string(part));
     }
     ReportGroup group{std::string(TrimBlanks(part.substr(0, by))), {}};

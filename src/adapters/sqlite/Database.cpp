@@ -19,13 +19,13 @@ void RequireFile(const std::string& path) {
   std::error_code error;
   const auto status = std::filesystem::status(PathOf(path), error);
   if (path.empty() || status.type() == std::filesystem::file_type::not_found) {
-    throw MakeError(kCannotOpenDatabase, "فایل پایگاه داده «" + path +
-                                             "» پیدا نشد. Cannot open database. (no such file)");
+    throw MakeError(kCannotOpenDatabase, "فايل پايگاه داده «" + path +
+                                             "» پيدا نشد. Cannot open database. (no such file)");
   }
   if (std::filesystem::is_directory(status)) {
     throw MakeError(kCannotOpenDatabase,
                     "«" + path +
-                        "» پوشه است، نه فایل پایگاه داده. Cannot open database. (it is a "
+                        "» پوشه است، نه فايل پايگاه داده. Cannot open database. (it is a "
                         "directory)");
   }
 }

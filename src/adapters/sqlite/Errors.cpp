@@ -81,27 +81,27 @@ Report FileReport(int code, const std::string& file) {
   switch (code) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return {kLockTimeout, "پایگاه داده " + named +
-                                " را برنامه دیگری قفل کرده است؛ کمی بعد دوباره تلاش کنید. Lock "
+      return {kLockTimeout, "پايگاه داده " + named +
+                                " را برنامه ديگري قفل كرده است؛ كمي بعد دوباره تلاش كنيد. Lock "
                                 "request time out period exceeded."};
     case SQLITE_READONLY:
-      return {kReadOnlyDatabase, "پایگاه داده " + named +
-                                     " فقط خواندنی است و چیزی در آن ثبت نشد. Failed to update "
+      return {kReadOnlyDatabase, "پايگاه داده " + named +
+                                     " فقط خواندني است و چيزي در آن ثبت نشد. Failed to update "
                                      "database because the database is read-only."};
     case SQLITE_FULL:
       return {kNoSpace,
-              "برای نوشتن در پایگاه داده " + named + " جا نیست. Could not allocate space."};
+              "براي نوشتن در پايگاه داده " + named + " جا نيست. Could not allocate space."};
     case SQLITE_NOTADB:
-      return {kCannotOpenDatabase, "فایل " + named + " پایگاه داده نیست. Cannot open database."};
+      return {kCannotOpenDatabase, "فايل " + named + " پايگاه داده نيست. Cannot open database."};
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-      return {kCannotOpenDatabase, "فایل پایگاه داده " + named + " باز نشد. Cannot open database."};
+      return {kCannotOpenDatabase, "فايل پايگاه داده " + named + " باز نشد. Cannot open database."};
     case SQLITE_CORRUPT:
       return {kInconsistentFile,
-              "پایگاه داده " + named + " آسیب دیده است. The database file is inconsistent."};
+              "پايگاه داده " + named + " آسيب ديده است. The database file is inconsistent."};
     case SQLITE_IOERR:
-      return {kInputOutput, "خواندن یا نوشتن پایگاه داده " + named +
+      return {kInputOutput, "خواندن يا نوشتن پايگاه داده " + named +
                                 " ناموفق بود. The operating system returned an error."};
     default:
       return {kOther, "The statement failed."};

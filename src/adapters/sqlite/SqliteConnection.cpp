@@ -91,7 +91,7 @@ sqlite3* SqliteConnection::Database() {
     if (!connectionString_.starts_with(kPrefix)) {
       throw MakeError(kCannotOpenDatabase,
                       // Not shown: it may be a server's, with a password.
-                      "رشته اتصال نام فایل پایگاه داده ندارد. Cannot open database. "
+                      "رشته اتصال نام فايل پايگاه داده ندارد. Cannot open database. "
                       "(the connection string must be sqlite:FILE)");
     }
     database_ = OpenDatabase(file_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);

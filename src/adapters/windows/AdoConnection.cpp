@@ -6,9 +6,9 @@
 
 #include "adapters/windows/AdoErrors.h"
 #include "adapters/windows/AdoRows.h"
-#include "adapters/windows/Passwords.h"
 #include "adapters/windows/Wide.h"
 #include "platform/ResumeNext.h"
+#include "text/Secrets.h"
 
 namespace adapters::windows {
 
@@ -114,8 +114,9 @@ auto AdoConnection::InSession(Action action) {
       throw MakeError(fault, failure);
     }
   } catch (const platform::RuntimeError& error) {
-    throw platform::RuntimeError(
-        error.Number(), WithoutPasswords(error.Description(), connectionString_), error.Source());
+    throw platform::RuntimeError(error.Number(),
+                                 text::WithoutPasswords(error.Description(), connectionString_),
+                                 error.Source());
   }
 }
 

@@ -1,6 +1,8 @@
 #include "adapters/windows/ComExcel.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "adapters/windows/Com.h"
 
@@ -15,11 +17,31 @@ bool IsNegativeNumber(std::string_view cell) {
          digits.find('.') == digits.rfind('.');
 }
 
+/// Without the blanks, breaks and signs of direction that it begins with: typed ones are passed
+/// over by who looks for a formula.
+std::string_view WithoutInvisible(std::string_view cell) {
+  constexpr std::string_view kInvisible[] = {"\u00A0", "\u200B", "\u200C", "\u200D",
+                                             "\u200E", "\u200F", "\u3000", "\uFEFF"};
+  for (;;) {
+    const auto begins = [&](std::string_view each) { return cell.starts_with(each); };
+    const auto* const found = std::ranges::find_if(kInvisible, begins);
+    if (found != std::end(kInvisible)) {
+      cell.remove_prefix(found->size());
+    } else if (!cell.empty() && static_cast<unsigned char>(cell.front()) <= ' ') {
+      cell.remove_prefix(1);
+    } else {
+      return cell;
+    }
+  }
+}
+
 std::string CellText(std::string_view cell) {
-  const char first = cell.empty() ? '\0' : cell.front();
-  const bool asText = first == '=' || first == '+' || first == '@' || first == '\'' ||
-                      (first == '-' && !IsNegativeNumber(cell));
-  return (asText ? "'" : "") + std::string(cell);
+  constexpr std::string_view kSigns[] = {"=", "+", "@", "＝", "＋", "－", "＠"};
+  const std::string_view seen = WithoutInvisible(cell);
+  const bool isFormula =
+      std::ranges::any_of(kSigns, [&](std::string_view sign) { return seen.starts_with(sign); }) ||
+      (seen.starts_with('-') && !IsNegativeNumber(seen));
+  return (isFormula || cell.starts_with('\'') ? "'" : "") + std::string(cell);
 }
 
 // What Excel answers while the user edits a cell or has a menu open.

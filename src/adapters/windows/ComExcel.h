@@ -8,8 +8,9 @@ namespace adapters::windows {
 ///
 /// A text goes in as a string, and Excel converts it as if it had been typed, so that numbers can
 /// be summed. What would be taken for a formula, or lose its first character, goes in as text: a
-/// cell that begins with "=", "+", "@" or an apostrophe, or with "-" and is no number, gets an
-/// apostrophe in front, which Excel takes for "text" and does not show.
+/// cell that begins with "=", "+", "@", their full-width forms or an apostrophe, or with "-" and is
+/// no number, behind blanks or not, gets an apostrophe in front, which Excel takes for "text" and
+/// does not show.
 ///
 /// The user watches the cells fill and may edit one meanwhile, when Excel takes none: a cell waits
 /// ten seconds for that.

@@ -115,10 +115,10 @@ void MessageDialog::AddButtons() {
     buttons_.back()->Face().SetGrounds(content_.formGround, content_.buttonGround);
   };
   if (content_.kind == Kind::kQuestion) {
-    add(L"خیر", Answer::kNo);
+    add(L"خير", Answer::kNo);
     add(L"بله", Answer::kYes);
   } else {
-    add(L"تأیید", Answer::kYes);
+    add(L"تأييد", Answer::kYes);
   }
   buttons_.back()->Face().SetDefault(true);
 }

@@ -41,7 +41,7 @@ class ProgressWindow::Bar : public Window {
             .extendedStyle = kExtendedStyle,
             .parent = owner,
             .place = place,
-            .text = L"لطفاً صبر کنید"});
+            .text = L"لطفاً صبر كنيد"});
     SetName(kFormProperty, "ProgressWindow");
     const RECT stop{Px(kMargin), Px(kHeight - kMargin - 28), Px(kMargin + 88),
                     Px(kHeight - kMargin)};

@@ -136,7 +136,7 @@ void SelectorList::Paint() const {
   const PaintSession session(Handle());
   session.Fill(session.Area(), theme::kField);
   if (Count() == 0) {
-    session.Text(L"موردی یافت نشد", session.Area(),
+    session.Text(L"موردي يافت نشد", session.Area(),
                  {.font = Look().Font(), .colour = theme::kMutedText, .across = Across::kCentre});
     return;
   }

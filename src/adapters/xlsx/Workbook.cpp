@@ -5,7 +5,6 @@
 #include <xlsxwriter.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
@@ -14,6 +13,7 @@
 #include <optional>
 
 #include "text/Text.h"
+#include "text/Utf8.h"
 
 namespace adapters::xlsx {
 
@@ -23,11 +23,13 @@ using platform::RuntimeError;
 
 constexpr std::int32_t kApplicationError = 1004;
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+constexpr std::string_view kUnderscore = "_x005F_";
 // A spreadsheet shows longer numbers rounded, with an exponent.
 constexpr std::size_t kLongestPlainNumber = 11;
 constexpr std::size_t kNarrowest = 8;
 constexpr std::size_t kWidest = 60;
 constexpr off_t kRoomBesideRows = 1 << 16;
+constexpr std::size_t kLongestText = 32'767;
 
 RuntimeError LibraryError(lxw_error code, const std::string& path) {
   return RuntimeError(kApplicationError,
@@ -46,33 +48,28 @@ std::optional<double> PlainNumber(std::string_view cell) {
   return value;
 }
 
-/// Bytes of the character that `s` begins with; 0 for what XML cannot hold.
-std::size_t CharacterLength(std::string_view s) {
-  const auto byte = [&](std::size_t at) -> char32_t { return static_cast<unsigned char>(s[at]); };
-  const char32_t lead = byte(0);
-  if (lead < 0x80) return lead == 0 ? 0 : 1;
-  const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-  if (lead < 0xC2 || s.size() < length) return 0;
-  char32_t value = lead & (0x7FU >> length);
-  for (std::size_t at = 1; at < length; ++at) {
-    if ((byte(at) & 0xC0U) != 0x80) return 0;
-    value = value << 6U | (byte(at) & 0x3FU);
-  }
-  constexpr std::array<char32_t, 5> kLowest{0, 0, 0x80, 0x800, 0x10000};
-  const bool surrogate = value >= 0xD800 && value <= 0xDFFF;
-  const bool character = value >= kLowest[length] && value <= 0x10FFFF && !surrogate &&
-                         value != 0xFFFE && value != 0xFFFF;
-  return character ? length : 0;
+/// Whether a spreadsheet would take what `s` begins with for one character: "_x0041_" for "A".
+bool IsEscape(std::string_view s) {
+  constexpr std::string_view kHexadecimal = "0123456789abcdefABCDEF";
+  return s.starts_with("_x") && s.size() >= 7 && s[6] == '_' &&
+         s.substr(2, 4).find_first_not_of(kHexadecimal) == std::string_view::npos;
 }
 
-/// One byte that is no character would make the whole workbook unreadable.
-void AssignReadable(std::string& target, std::string_view s) {
+/// Assigns `s` with a mark for each byte that XML cannot hold: one of them would make the whole
+/// workbook unreadable. Gives the units of UTF-16, by which a spreadsheet counts.
+std::size_t AssignReadable(std::string& target, std::string_view s) {
   target.clear();
-  while (!s.empty()) {
-    const std::size_t length = CharacterLength(s);
-    target += length == 0 ? kReplacement : s.substr(0, length);
-    s.remove_prefix(std::max<std::size_t>(length, 1));
+  std::size_t units = 0;
+  for (std::size_t at = 0; at < s.size();) {
+    const std::size_t from = at;
+    const char32_t character = text::TakeCharacter(s, at);
+    const bool readable = character != 0 && character != text::kReplacement &&
+                          character != 0xFFFE && character != 0xFFFF;
+    const bool escape = IsEscape(s.substr(from));
+    target += escape ? kUnderscore : readable ? s.substr(from, at - from) : kReplacement;
+    units += character >= 0x10000 ? 2 : 1;
   }
+  return units;
 }
 
 lxw_workbook* NewWorkbook(const std::string& path) {
@@ -170,7 +167,10 @@ void Workbook::WriteCell(std::uint32_t row, std::uint16_t column, std::string_vi
         text.size() > kLongestPlainNumber && text.find('.') == std::string_view::npos;
     error = worksheet_write_number(sheet_, row, column, *number, isLong ? longNumber_ : nullptr);
   } else {
-    AssignReadable(buffer_, text);
+    // The library counts characters.
+    if (AssignReadable(buffer_, text) > kLongestText) {
+      throw LibraryError(LXW_ERROR_MAX_STRING_LENGTH_EXCEEDED, path_);
+    }
     error =
         worksheet_write_string(sheet_, row, column, buffer_.c_str(), row == 0 ? heading_ : text_);
   }

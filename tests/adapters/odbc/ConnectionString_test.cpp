@@ -5,7 +5,6 @@
 
 #include <tuple>
 
-#include "adapters/odbc/Diagnostics.h"
 #include "adapters/odbc/Utf16.h"
 #include "platform/RuntimeError.h"
 
@@ -99,28 +98,6 @@ TEST(ConnectionString, StringWithoutAServerOrDriver_isRefusedWithoutItsPassword)
       EXPECT_THAT(error.Description(), AllOf(HasSubstr(words), Not(HasSubstr("s3cret"))));
     }
   }
-}
-
-TEST(ConnectionString, Password_isStarredOutWhereverItShows) {
-  const std::pair<std::string, std::string> cases[] = {
-      {"Driver=x;PWD=a;UID=u", "Driver=x;PWD=***;UID=u"},
-      {"Driver=x;pwd = {a;}}b} ;UID=u", "Driver=x;pwd = ***;UID=u"},
-      {"Provider=SQLOLEDB;Password='a;''b';Jet OLEDB:Database Password=z",
-       "Provider=SQLOLEDB;Password=***;Jet OLEDB:Database Password=***"},
-      {"PWD={never closed;UID=u", "PWD=***"},
-      {"Password=", "Password="},
-  };
-  for (const auto& [given, shown] : cases) EXPECT_EQ(WithoutPassword(given), shown);
-
-  const auto cleaned = [](const std::string& connection, const std::string& text) {
-    return WithoutPasswords({1, text, "ODBC"}, Passwords(connection)).Description();
-  };
-  EXPECT_EQ(cleaned("PWD={a;}}b}", "bad value in PWD={a;}}b}; or a;}b"),
-            "bad value in PWD=***; or ***");
-  EXPECT_EQ(cleaned("Provider=SQLOLEDB;Password='it''s}'", "'it''s}' {it's}}} it's}"),
-            "*** {***} ***");
-  // A short one is a part of many words.
-  EXPECT_EQ(cleaned("DSN=x;PWD=a", "a login that failed: PWD=a"), "*** login that failed: PWD=***");
 }
 
 TEST(ConnectionString, ConnectTimeout_isReadFromAnOleDbString) {

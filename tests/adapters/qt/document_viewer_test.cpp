@@ -70,7 +70,7 @@ TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {
 TEST_F(DocumentViewerTest, View_nothingToShow_saysSoAndDoesNotThrow) {
   for (const std::int32_t id : {-1, 999}) {
     std::string shown;
-    AnswerDialog("تأیید", &shown);
+    AnswerDialog("تأييد", &shown);
     View(id);
     EXPECT_THAT(shown, HasSubstr("سند حسابداري براي اين فرم ثبت نشده")) << id;
   }

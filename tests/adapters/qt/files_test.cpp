@@ -12,6 +12,8 @@
 
 #include "adapters/qt/Convert.h"
 #include "platform/RuntimeError.h"
+#include "search/FormSearch.h"
+#include "support/ScriptedPlatform.h"
 
 namespace adapters::qt {
 namespace {
@@ -48,22 +50,65 @@ class FilesTest : public testing::Test {
   QtFileSystem files_;
 };
 
-TEST_F(FilesTest, TextFile_IsUtf16LittleEndianWithMarkAndCrLf) {
-  const std::pair<std::string, QByteArray> cases[] = {
-      {"", ""},
-      {"ي‌ک€", QByteArray("\x4A\x06\x0C\x20\xA9\x06\xAC\x20", 8)},
-      {"😀", QByteArray("\x3D\xD8\x00\xDE", 4)},
-      {"\xC0\x80", QByteArray("\xFD\xFF\xFD\xFF", 4)},  // no UTF-8
-      {"\xD9", QByteArray("\xFD\xFF", 2)},              // cut off
-  };
-  for (const auto& [text, bytes] : cases) {
-    const auto file = files_.CreateTextFile(PathOf("list.txt"));
-    file->Write(text);
-    file->WriteLineBreak();
-    file->Close();
-    EXPECT_EQ(Content("list.txt"), QByteArray("\xFF\xFE", 2) + bytes + QByteArray("\r\0\n\0", 4));
+/// Cells and what stands for them in the file: the compiler's own UTF-16, without line breaks.
+const std::pair<std::string, std::u16string> kCells[] = {
+    {"1,000;b \"c\" 'd'\te||^t", u"1,000;b \"c\" 'd'\te||^t"},
+    {"\r\nx\ry\nz\n\r\r\n", u"xyz"},
+    {"علي\u200Cكي ی ک ۱۲ ي", u"علي\u200Cكي ی ک ۱۲ ي"},
+    {"€\uFEFF\u2028\uFFFF😀\U0010FFFF.", u"€\uFEFF\u2028\uFFFF😀\U0010FFFF."},
+    {std::string("n\0m", 3), std::u16string(u"n\0m", 3)},
+    {"\xC3(\xE2\x82x\xED\xA0\x80\xC0\x80", u"\uFFFD(\uFFFD\uFFFDx\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
+    {"\xF4\x90\x80\x80گ\xF0\x9F\x98", u"\uFFFD\uFFFD\uFFFD\uFFFDگ\uFFFD\uFFFD\uFFFD"},
+    {"", u""},
+};
+
+TEST_F(FilesTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services(files_)};
+  search::FormSearch form{module};
+  form.Load();
+  controls::FlexGrid& grid = form.flxSearch;
+  grid.SetRows(1 + static_cast<int>(std::size(kCells)));
+  for (int col = 3; col < grid.Cols(); ++col) grid.SetColWidth(col, 0);
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const int mirrored = grid.Rows() - row;
+    grid.SetTextMatrix(row, 1, kCells[static_cast<std::size_t>(row) - 1].first);
+    grid.SetTextMatrix(row, 2, kCells[static_cast<std::size_t>(mirrored) - 1].first);
+  }
+  outside.fileDialog.chosen = PathOf("list.txt");
+  outside.components.otherwise = [] { return support::Answer::kYes; };
+  const std::pair<std::string, std::u16string> delimiters[] = {
+      {";", u";"}, {" ^T ", u"\t"}, {"", u""}, {" | ", u" | "}, {"؛\u200C😀", u"؛\u200C😀"}};
+  for (const auto& [typed, delimiter] : delimiters) {
+    for (const auto& [headers, newLine] : {std::pair{0, 0}, {0, 1}, {1, 0}, {1, 1}}) {
+      outside.screen.OnModalForm<tools::FormSendToTextFile>([&](auto& dialog) {
+        dialog.txtDelimiter.SetText(typed);
+        dialog.chkHeader.SetChecked(headers == 1);
+        dialog.chkRemoveMoney.SetChecked(headers == 1);  // of no effect
+        dialog.chkNewLine.SetChecked(newLine == 1);
+        dialog.cmdSave.Click();
+        dialog.cmdOk.Click();
+      });
+      form.cmdSentToText.Click();
+      std::u16string expected = u"\uFEFF";
+      if (headers == 1)
+        expected += u"شماره رايانه اي" + delimiter + u"بازارياب" + delimiter + u"\r\n";
+      for (std::size_t row = 0; row < std::size(kCells); ++row) {
+        expected += kCells[row].second + delimiter;
+        expected += kCells[std::size(kCells) - 1 - row].second + delimiter;
+        if (newLine == 1 || row + 1 < std::size(kCells)) expected += u"\r\n";
+      }
+      QByteArray bytes;
+      for (const char16_t unit : expected) {
+        bytes += static_cast<char>(unit & 0xFF);
+        bytes += static_cast<char>(unit >> 8);
+      }
+      EXPECT_EQ(Content("list.txt"), bytes) << typed << headers << newLine;
+    }
   }
   EXPECT_EQ(Names(), QStringList{"list.txt"});
+  EXPECT_EQ(outside.components.messages.back(),
+            (support::Message{"اطلاع", "فايل متني با نام «" + PathOf("list.txt") + "» ذخيره شد."}));
 }
 
 TEST_F(FilesTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {
@@ -99,7 +144,7 @@ TEST_F(FilesTest, TextFile_ThatCannotBe_IsAClearError) {
   EXPECT_EQ(ErrorOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }).Number(), 53);
 }
 
-TEST_F(FilesTest, FullDisk_IsAnErrorAndLeavesTheOldFile) {
+TEST_F(FilesTest, FullDiskOrLostFolder_IsAnErrorAndLeavesTheOldFile) {
   Put("list.txt", "old");
   // No file may grow beyond 64 KiB for the time.
   rlimit before{};
@@ -116,6 +161,13 @@ TEST_F(FilesTest, FullDisk_IsAnErrorAndLeavesTheOldFile) {
   std::signal(SIGXFSZ, handler);
   EXPECT_EQ(error.Number(), 61) << error.Description();
   EXPECT_EQ(Content("list.txt"), "old");
+  EXPECT_EQ(Names(), QStringList{"list.txt"});
+
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("lost"));
+  const auto file = files_.CreateTextFile(PathOf("lost/list.txt"));
+  file->Write(std::string(1 << 20, 'x'));
+  QDir(folder_.filePath("lost")).removeRecursively();
+  EXPECT_EQ(ErrorOf([&] { file->Close(); }).Number(), 76);
   EXPECT_EQ(Names(), QStringList{"list.txt"});
 }
 

@@ -167,7 +167,7 @@ TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
   engine->SetSelectionFormula(1, "fmlID = 1");
   engine->SetConnectionString(connectionString);
   std::string message;
-  AnswerDialog("تأیید", &message);
+  AnswerDialog("تأييد", &message);
   EXPECT_EQ(NumberOf([&] { engine->Produce(ReportOutput::kScreen); }), 207);
   EXPECT_THAT(message, HasSubstr("پرسش «v» قالب گزارش «t.html» اجرا نشد."));
   EXPECT_THAT(message, HasSubstr("t.html:3: query v: Invalid column name 'Nothing'."));

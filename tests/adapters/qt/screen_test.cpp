@@ -65,7 +65,7 @@ TEST_F(QtTest, UntrappedError_InAButton_IsShownAndTheProgramGoesOn) {
   for (const std::vector<std::string>& words :
        {std::vector<std::string>{"3704", "Operation is not allowed"}, {"no such place"}}) {
     std::string shown;
-    AnswerDialog("تأیید", &shown);
+    AnswerDialog("تأييد", &shown);
     WidgetOf<QPushButton>(form.cmdOK).click();
     for (const std::string& each : words) EXPECT_THAT(shown, HasSubstr(each));
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);

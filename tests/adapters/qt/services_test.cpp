@@ -32,7 +32,7 @@ TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
     std::int32_t type;
     QString button;  // none of this caption: the window is closed
     std::int32_t result;
-  } kCases[] = {{1, "بله", 1}, {1, "خیر", 0}, {1, "", -1}, {0, "تأیید", 1}};
+  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", -1}, {0, "تأييد", 1}};
   for (const auto& each : kCases) {
     auto notice = Components(connections).Create("comNotice.comNTC");
     notice->Put("FormTitle", std::string("خطا"));
@@ -73,7 +73,7 @@ TEST_F(ServicesTest, Filter_OfPairs_BecomesQtsList) {
 
 TEST_F(ServicesTest, Progress_LongWorkCancelled_SaysStop) {
   QtProgress progress;
-  progress.Begin("انتقال به اکسل", 100);
+  progress.Begin("انتقال به اكسل", 100);
   EXPECT_TRUE(progress.Advance(10));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "short work shows nothing";
   QTest::qSleep(750);

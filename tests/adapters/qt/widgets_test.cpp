@@ -125,7 +125,7 @@ TEST_F(SelectorWidgetTest, TypedAndLeft_WithoutAChoice_KeepsOrEmptiesTheSelectio
 TEST_F(SelectorWidgetTest, ServerSilent_OpenedOrShown_ErrorIsShownAndTheListStaysClosed) {
   cities.failing = true;
   std::string shown;
-  AnswerDialog("تأیید", &shown);
+  AnswerDialog("تأييد", &shown);
   Press(*box, Qt::Key_F4);
   EXPECT_THAT(shown, testing::HasSubstr("The server does not answer"));
   EXPECT_FALSE(box->Popup().isVisible());

@@ -56,10 +56,10 @@ TEST(Opening, UnusableFile_isNamedInAClearError) {
   const std::string noDatabase = folder.File("letter.txt");
   std::ofstream(noDatabase) << std::string(2000, 'x');
   const std::pair<std::string, std::string> cases[] = {
-      {"sqlite:" + folder.File("missing.db"), "پیدا نشد"},
-      {"sqlite:", "پیدا نشد"},
+      {"sqlite:" + folder.File("missing.db"), "پيدا نشد"},
+      {"sqlite:", "پيدا نشد"},
       {"sqlite:" + folder.Path().string(), "پوشه است"},
-      {"sqlite:" + noDatabase, "پایگاه داده نیست"},
+      {"sqlite:" + noDatabase, "پايگاه داده نيست"},
   };
   for (const auto& [connectionString, words] : cases) {
     SqliteConnection connection(connectionString);
@@ -89,7 +89,7 @@ TEST(Opening, ReadOnlyFile_readsAndRefusesToWrite) {
     EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").words, "");
     const Failure failure = FailureOf(connection, "delete tblEmployee where ID=7");
     EXPECT_EQ(failure.number, 3906) << failure.words;
-    EXPECT_THAT(failure.words, HasSubstr("فقط خواندنی"));
+    EXPECT_THAT(failure.words, HasSubstr("فقط خواندني"));
     EXPECT_THAT(failure.words, HasSubstr(office.file));
   }
   fs::permissions(office.folder.Path(), fs::perms::owner_all);

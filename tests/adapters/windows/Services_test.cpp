@@ -81,19 +81,21 @@ TEST(ComExcel, Cells_ArePutOneByOneAndNoneBecomesAFormula) {
   application->AddWorkbook();
   application->SetVisible(true);
   busy = 2;
+  const std::vector<std::string> texts = {"گ", "-12.5", " -7", "", "a=1", " b", "12", "1404/02/01"};
+  const std::vector<std::string> signs = {
+      "=1+1",     "+98", "@x",   "-1+1",    "-",        "- 5",
+      "--5",      "'a",  "\t=1", "\r\n +1", "\u00A0@x", "\u200E\uFEFF=1",
+      "\u3000-x", "＝1", "＋1",  "－1",     "＠x",      " ＝1"};
+  std::vector<std::string> expected = {"Workbooks.Add()", "Visible=-1"};
   int column = 0;
-  for (const char* text : {"گ", "=1+1", "+98", "@x", "-12.5", "-1+1", "-", "'a", ""}) {
-    application->SetCell(3, ++column, text);
+  for (const auto* const kind : {&texts, &signs}) {
+    for (const std::string& text : *kind) {
+      application->SetCell(3, ++column, text);
+      expected.push_back("Workbooks(1).Worksheets(1).Cells(3," + std::to_string(column) +
+                         ").Value=" + (kind == &signs ? "'" : "") + text);
+    }
   }
-  ASSERT_EQ(log.size(), 11U);
-  EXPECT_EQ(log[0], "Workbooks.Add()");
-  EXPECT_EQ(log[1], "Visible=-1");
-  column = 0;
-  for (const char* put : {"گ", "'=1+1", "'+98", "'@x", "-12.5", "'-1+1", "'-", "''a", ""}) {
-    ++column;
-    EXPECT_EQ(log[static_cast<std::size_t>(column) + 1],
-              "Workbooks(1).Worksheets(1).Cells(3," + std::to_string(column) + ").Value=" + put);
-  }
+  EXPECT_EQ(log, expected);
 }
 
 TEST(ScriptingFileSystem, File_IsUtf16AndReplacesTheOldOneOnCloseAlone) {
