@@ -221,13 +221,14 @@ TEST_F(FlexGridTest, mouse_pressOnDataCell_currentBeforeTheHandlerHearsUnlessDis
     grid.MouseDrag(4, 1);
     grid.Click();
     grid.DblClick();
-    grid.DragColWidth(1, 20);
+    grid.DragColWidth(2, 20);
     grid.PressKey(FlexGrid::Key::kDown, false, 5);
   };
   use();
   EXPECT_THAT(events, ElementsAre(ElementsAre(1, 0, 3, 2, 3, 2), ElementsAre(2, 4, 2, 0, 3, 2),
                                   ElementsAre(1, 0, 5, 4, 3, 2), IsEmpty(), IsEmpty()));
-  EXPECT_EQ(grid.ColWidth(1), 150);
+  EXPECT_EQ(grid.ColWidth(2), 150);
+  grid.SetColWidth(2, 500);
   grid.SetColWidth(1, 0);
   grid.DragColWidth(1, 700);  // hidden
   EXPECT_EQ(grid.ColWidth(1), 0);
