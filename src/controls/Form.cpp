@@ -64,7 +64,6 @@ void Form::Show(Modality modality) {
     return;
   }
   visible_ = true;
-  modality_ = modality;
   try {
     screen_.Show(*this, modality);
   } catch (...) {

@@ -43,7 +43,6 @@ class Form : public Container {
 
   bool Loaded() const { return loaded_; }
   bool Visible() const { return visible_; }
-  bool ShownModal() const { return visible_ && modality_ == Modality::kModal; }
 
   /// Runs FormLoad unless the form is loaded already. When FormLoad throws, the form stays
   /// unloaded.
@@ -91,7 +90,6 @@ class Form : public Container {
   Twips minHeight_ = 0;
   Button* defaultButton_ = nullptr;
   Button* cancelButton_ = nullptr;
-  Modality modality_ = Modality::kModeless;
   bool loaded_ = false;
   bool visible_ = false;
 };
