@@ -46,7 +46,7 @@ consteval void Rank(Ranks& ranks, char32_t c, std::uint8_t rank) {
 consteval Ranks MakeRanks() {
   Ranks ranks;
   std::uint8_t rank = 0;
-  const auto isWordCharacter = [](char32_t c) {
+  const auto isWordCharacter = [](char32_t c) consteval {
     return (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z');
   };
   for (const char32_t c : kBlanks) Rank(ranks, c, ++rank);
