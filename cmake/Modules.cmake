@@ -1,4 +1,4 @@
-# What every target of the project shares: warnings, sanitizers, and the two functions that turn a
+# What every target of the project shares: warnings, instrumentation, and the two functions that turn a
 # folder into a library and a file into a test program.
 
 add_library(promoter_flags INTERFACE)
@@ -6,7 +6,7 @@ target_compile_options(promoter_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
   -Wnull-dereference -Wold-style-cast -Werror)
 
-function(promoter_sanitize)
+function(promoter_instrument)
   if(PROMOTER_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
       -fno-omit-frame-pointer)
@@ -17,6 +17,10 @@ function(promoter_sanitize)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
       -Wno-maybe-uninitialized)
     add_link_options(-fsanitize=address,undefined)
+  endif()
+  if(PROMOTER_COVERAGE)
+    add_compile_options(--coverage -fprofile-abs-path)
+    add_link_options(--coverage)
   endif()
 endfunction()
 
@@ -45,6 +49,10 @@ function(promoter_library folder)
   if(units)
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PRIVATE promoter_flags)
+    if(PROMOTER_COVERAGE AND NOT folder MATCHES "^(adapters/|demo)")
+      # Without it a function of a header that nobody calls leaves no trace to be missed by.
+      target_compile_options(${name} PRIVATE -fkeep-inline-functions)
+    endif()
   else()
     add_library(${name} INTERFACE)
     set(scope INTERFACE)
@@ -75,4 +83,4 @@ function(promoter_test name)
     WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
 endfunction()
 
-promoter_sanitize()
+promoter_instrument()

@@ -107,9 +107,11 @@ configure() {
   (cd "$root" && step "Configuring ($preset)" cmake "${arguments[@]}")
 }
 
-# build PRESET TARGET
+# build PRESET TARGET...
 build() {
-  step "Building $2 ($1)" cmake --build "$root/build/$1" --target "$2" -j "$(nproc)"
+  local preset=$1
+  shift
+  step "Building $* ($preset)" cmake --build "$root/build/$preset" --target "$@" -j "$(nproc)"
 }
 
 # Qt wants a UTF-8 locale; a bare machine has none but this.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <compare>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -39,9 +38,6 @@ class SolarHijriDate {
   /// Same day of another month, the last day where that month is shorter.
   SolarHijriDate PlusMonths(int months) const;
 
-  friend auto operator<=>(const SolarHijriDate& a, const SolarHijriDate& b) {
-    return a.days_ <=> b.days_;
-  }
   friend bool operator==(const SolarHijriDate& a, const SolarHijriDate& b) {
     return a.days_ == b.days_;
   }

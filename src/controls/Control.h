@@ -20,7 +20,7 @@ using Twips = double;
 /// 0x00BBGGRR, as the forms write colours: 65535 is pure yellow.
 using Colour = std::uint32_t;
 
-constexpr Colour Rgb(unsigned red, unsigned green, unsigned blue) {
+consteval Colour Rgb(unsigned red, unsigned green, unsigned blue) {
   return red | green << 8U | blue << 16U;
 }
 
@@ -145,8 +145,6 @@ class Control {
   /// Moves the keyboard focus here. Throws RuntimeError 5 when the control or a frame around it is
   /// disabled or hidden, or its form is not shown.
   void SetFocus();
-  /// The view calls this when the focus has arrived.
-  virtual void GotFocus() {}
 
   Subscription Subscribe(Observers::Listener listener) {
     return observers_.Subscribe(std::move(listener));

@@ -81,7 +81,6 @@ class FlexGrid : public Control {
   /// columns has no current cell: nothing is coloured.
   Colour CellBackColor() const;
   void SetCellBackColor(Colour colour);
-  FillStyle GetFillStyle() const { return fillStyle_; }
   void SetFillStyle(FillStyle style) { fillStyle_ = style; }
   Colour BackColor() const { return backColor_; }
   void SetBackColor(Colour colour);

@@ -35,7 +35,7 @@ constexpr std::u32string_view kLetters =
     U"\u0636\u0637\u0638\u0639\u063A\u0641\u0642(\u06A9\u0643)\u06AF"  // ض ط ظ ع غ ف ق ک ك گ
     U"\u0644\u0645\u0646\u0648\u0647\u0629\u06C0(\u06CC\u064A)\u0649";  // ل م ن و ه ة ۀ ی ي ى
 
-constexpr void Rank(Ranks& ranks, char32_t c, std::uint8_t rank) {
+consteval void Rank(Ranks& ranks, char32_t c, std::uint8_t rank) {
   if (c < 0x800) {
     ranks.low[c] = rank;
   } else {
@@ -43,10 +43,10 @@ constexpr void Rank(Ranks& ranks, char32_t c, std::uint8_t rank) {
   }
 }
 
-constexpr Ranks MakeRanks() {
+consteval Ranks MakeRanks() {
   Ranks ranks;
   std::uint8_t rank = 0;
-  const auto isWordCharacter = [](char32_t c) {
+  const auto isWordCharacter = [](char32_t c) consteval {
     return (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z');
   };
   for (const char32_t c : kBlanks) Rank(ranks, c, ++rank);

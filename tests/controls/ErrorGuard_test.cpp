@@ -26,14 +26,21 @@ TEST(ErrorGuard, ErrorsOfNestedCalls_AreToldEachAndTheCallersGoOn) {
   RecordingGuard guard;
   guard.SetBeforeShow([&] { guard.told.emplace_back("before"); });
   guard.Run([&] {
-    guard.Run([] { throw platform::RuntimeError(380, "Invalid property value", "box"); });
+    guard.Run([] { throw platform::RuntimeError(380, "جدول قفل است. Locked", "box"); });
     guard.SetProgramGoesOn(false);
     throw std::logic_error("a gap");
   });
-  EXPECT_THAT(guard.told,
-              ElementsAre("before", AllOf(HasSubstr("ادامه"), HasSubstr("380"), HasSubstr("|2")),
-                          "before", AllOf(HasSubstr("بسته"), HasSubstr("a gap"), HasSubstr("|1"))));
+  EXPECT_THAT(guard.told, ElementsAre("before",
+                                      AllOf(HasSubstr("380"), HasSubstr("\nجدول قفل است.\n"),
+                                            HasSubstr("ادامه"),
+                                            HasSubstr("|Run-time error '380': Locked (box)|2")),
+                                      "before", AllOf(HasSubstr("بسته"), HasSubstr("a gap|1"))));
   EXPECT_EQ(guard.Depth(), 0);
+  guard.SetBeforeShow({});
+  // A letter's presentation form is Persian too; nothing technical is left over.
+  guard.Run([] { throw platform::RuntimeError(1, "\uFE8D"); });
+  EXPECT_THAT(guard.told.back(),
+              AllOf(HasSubstr("\n\uFE8D\n"), testing::EndsWith("|Run-time error '1'|1")));
 }
 
 }  // namespace

@@ -3,116 +3,128 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "controls/Controls.h"
-#include "controls/FlexGridHarness.h"
-#include "controls/RecordingScreen.h"
+#include "controls/DateBox.h"
+#include "controls/FlexGrid.h"
+#include "controls/Following.h"
+#include "controls/PixelPlace.h"
+#include "controls/Selector.h"
+#include "controls/TabOrder.h"
+#include "platform/ResumeNext.h"
+#include "support/FakeScreen.h"
 
 namespace {
 
 using controls::Modality;
+using platform::ResumeNext;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class SampleForm : public controls::Form {
  public:
-  explicit SampleForm(controls::Screen& screen, std::string name = "FormSample")
-      : Form(screen, std::move(name), Border::kSizable) {}
+  SampleForm(controls::Screen& screen, support::Events& calls)
+      : Form(screen, "Sample", Border::kSizable), calls_(calls) {
+    SetDefaultButton(&ok);
+  }
 
-  std::vector<std::string> events;
-  bool loadFails = false;
-  bool unloadFails = false;
+  bool fails = false;
 
   controls::Frame frame{*this, "frame"};
   controls::TextBox inner{frame, "inner"};
+  controls::Label brother{frame, "brother"};
   controls::TextBox outer{*this, "outer"};
+  controls::Button ok{*this, "ok", "Yes"};
 
  protected:
   void FormLoad() override {
-    events.emplace_back("load");
+    calls_.emplace_back("load");
     Load();  // finds the form loaded
-    if (loadFails) throw platform::RuntimeError(1, "load");
+    if (fails) throw platform::RuntimeError(1, "load");
   }
   void FormUnload() override {
-    events.emplace_back("unload");
-    if (unloadFails) throw platform::RuntimeError(2, "unload");
+    calls_.emplace_back("finish");
+    if (fails) throw platform::RuntimeError(2, "unload");
   }
-  void FormResize() override { events.emplace_back("resize"); }
+  void FormResize() override { calls_.emplace_back("resize"); }
+
+ private:
+  support::Events& calls_;
 };
 
 class FormTest : public testing::Test {
  protected:
-  RecordingScreen screen;
-  SampleForm form{screen};
+  support::Events calls;
+  support::FakeScreen screen{calls};
+  SampleForm form{screen, calls};
 };
 
 TEST_F(FormTest, ShownHiddenAndUnloaded_IsLoadedOnceUntilItIsUnloaded) {
   form.Unload();
-  EXPECT_THAT(screen.calls, IsEmpty());
+  EXPECT_THAT(calls, IsEmpty());
   form.Show(Modality::kModeless);
+  form.Show(Modality::kModeless);  // comes to the front
   form.Hide();
   form.Hide();
   form.Show(Modality::kModeless);
   form.CloseBox();
-  EXPECT_FALSE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("load"));
   form.Show(Modality::kModeless);
   form.Unload();
   EXPECT_FALSE(form.Loaded() || form.Visible());
   form.Load();
-  EXPECT_THAT(form.events, ElementsAre("load", "unload", "load"));
-  EXPECT_THAT(screen.calls, ElementsAre("show FormSample", "hide FormSample", "show FormSample",
-                                        "hide FormSample", "show FormSample", "hide FormSample",
-                                        "unload FormSample"));
+  const std::string show = "show Sample modeless";
+  EXPECT_THAT(calls, ElementsAre("load", show, show, "hide Sample", show, "hide Sample", show,
+                                 "hide Sample", "finish", "unload Sample", "load"));
 }
 
 TEST_F(FormTest, LoadOrUnloadThrows_StaysUnloadedOrLoadedAndUnseen) {
-  form.loadFails = form.unloadFails = true;
-  EXPECT_EQ(ErrorOf([&] { form.Show(Modality::kModal); }), 1);
+  form.fails = true;
+  EXPECT_EQ(ResumeNext([&] { form.Show(Modality::kModal); }), 1);
   EXPECT_FALSE(form.Loaded() || form.Visible());
-  EXPECT_THAT(screen.calls, IsEmpty());
-  form.loadFails = false;
+  EXPECT_THAT(screen.log, IsEmpty());
+  form.fails = false;
   form.Show(Modality::kModeless);
-  EXPECT_EQ(ErrorOf([&] { form.Unload(); }), 2);
+  form.fails = true;
+  EXPECT_EQ(ResumeNext([&] { form.Unload(); }), 2);
   EXPECT_TRUE(form.Loaded());
   EXPECT_FALSE(form.Visible());
 }
 
 TEST_F(FormTest, ShownModal_IsModalUntilHiddenAndRefusesToBeShownAgain) {
-  SampleForm other{screen, "FormOther"};
+  SampleForm other{screen, calls};
   std::vector<int> errors;
-  screen.whileModal = [&] {
+  screen.OnModal([&](controls::Form&) {
     for (const Modality modality : {Modality::kModal, Modality::kModeless}) {
-      errors.push_back(ErrorOf([&] { form.Show(modality); }));
+      errors.push_back(ResumeNext([&] { form.Show(modality); }));
     }
-    errors.push_back(ErrorOf([&] { other.Show(Modality::kModeless); }));
-    EXPECT_TRUE(form.Visible());
+    errors.push_back(ResumeNext([&] { other.Show(Modality::kModeless); }));
     EXPECT_TRUE(other.Loaded() && !other.Visible());
     form.Hide();
-  };
+  });
   form.Show(Modality::kModal);
   EXPECT_THAT(errors, ElementsAre(400, 401, 401));
-  EXPECT_THAT(screen.calls, ElementsAre("show modal FormSample", "hide FormSample"));
+  EXPECT_THAT(screen.log, ElementsAre("show Sample modal", "hide Sample"));
   form.Show(Modality::kModeless);
-  EXPECT_EQ(ErrorOf([&] { form.Show(Modality::kModal); }), 400);
-  form.Show(Modality::kModeless);  // comes to the front
-  EXPECT_EQ(screen.calls.size(), 4U);
+  EXPECT_EQ(ResumeNext([&] { form.Show(Modality::kModal); }), 400);
 }
 
-TEST_F(FormTest, Resize_LaysOutOnlyForAnotherSize) {
-  int notified = 0;
-  const auto subscription = form.Subscribe([&](const controls::Change& change) {
-    if (change.aspect == controls::Aspect::kBounds) ++notified;
-  });
-  form.Resize(9000, 6000);
-  form.Resize(9000, 6000);
-  EXPECT_EQ(ErrorOf([&] { form.Resize(-1, 6000); }), 380);
+TEST_F(FormTest, ResizeAndCaption_AnotherOne_LayOutAndNotifyOnce) {
+  std::vector<controls::Aspect> heard;
+  const auto subscription =
+      form.Subscribe([&](const controls::Change& change) { heard.push_back(change.aspect); });
+  for (int twice = 0; twice < 2; ++twice) {
+    form.Resize(9000, 6000);
+    form.SetCaption("a");
+    EXPECT_EQ(ResumeNext([&] { form.Resize(-1, 6000); }), 380);
+  }
   EXPECT_EQ(form.Width(), 9000);
-  EXPECT_THAT(form.events, ElementsAre("resize"));
-  EXPECT_EQ(notified, 1);
+  EXPECT_THAT(calls, ElementsAre("resize"));
+  EXPECT_THAT(heard, ElementsAre(controls::Aspect::kBounds, controls::Aspect::kText));
 }
 
 TEST_F(FormTest, SetFocus_ReachesOnlyWhatAUserCanReach) {
-  const auto focusError = [&] { return ErrorOf([&] { form.inner.SetFocus(); }); };
+  const auto focusError = [&] { return ResumeNext([&] { form.inner.SetFocus(); }); };
   EXPECT_EQ(focusError(), 5);
   form.Show(Modality::kModeless);
   for (controls::Control* part : std::vector<controls::Control*>{&form.inner, &form.frame}) {
@@ -124,7 +136,7 @@ TEST_F(FormTest, SetFocus_ReachesOnlyWhatAUserCanReach) {
     part->SetVisible(true);
   }
   EXPECT_EQ(focusError(), 0);
-  EXPECT_EQ(screen.calls.back(), "focus inner");
+  EXPECT_EQ(calls.back(), "focus inner");
 }
 
 TEST_F(FormTest, EndOfControlOrForm_IsForgottenByFormOrScreen) {
@@ -132,11 +144,95 @@ TEST_F(FormTest, EndOfControlOrForm_IsForgottenByFormOrScreen) {
   EXPECT_EQ(form.FindControl("Outer"), nullptr);
   { const controls::Label brief{form.frame, "brief"}; }
   EXPECT_EQ(form.FindControl("brief"), nullptr);
-  {
-    SampleForm loaded{screen, "FormLoaded"};
-    loaded.Load();
+  { SampleForm(screen, calls).Load(); }
+  EXPECT_THAT(calls, ElementsAre("load", "unload Sample"));
+}
+
+// What a screen reads of each kind of control, a line each.
+class Describing : public controls::ControlVisitor {
+ public:
+  std::vector<std::string> lines;
+  void Visit(controls::Label& c) override {
+    Add(c, "label " + c.Caption() + Flag(c.TextAlignment() == controls::Label::Alignment::kRight));
   }
-  EXPECT_THAT(screen.calls, ElementsAre("unload FormLoaded"));
+  void Visit(controls::TextBox& c) override {
+    const bool several = c.LineMode() == controls::TextBox::Lines::kSeveral;
+    Add(c, "text " + std::to_string(c.MaxLength()) + Flag(several) + Flag(c.SelectAllOnFocus()));
+  }
+  void Visit(controls::Button& c) override { Add(c, "button " + c.Caption()); }
+  void Visit(controls::CheckBox& c) override { Add(c, "check " + c.Caption()); }
+  void Visit(controls::ComboBox& c) override { Add(c, "combo"); }
+  void Visit(controls::Frame& c) override {
+    Add(c, "frame " + c.Caption() + Flag(c.BorderStyle() == controls::Frame::Border::kLine));
+    for (controls::Control* part : c.Controls()) part->Accept(*this);
+  }
+  void Visit(controls::DateBox& c) override { Add(c, c.Date()->Text()); }
+  void Visit(controls::Selector& c) override { Add(c, "selector"); }
+  void Visit(controls::FlexGrid& c) override { Add(c, "grid"); }
+
+ private:
+  static std::string Flag(bool on) { return on ? "+" : "-"; }
+  void Add(const controls::Control& c, const std::string& line) {
+    lines.push_back(c.Name() + ": " + line + (c.ToolTip().empty() ? "" : " " + c.ToolTip()));
+  }
+};
+
+TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
+  controls::CheckBox check{form, "check", "Tick"};
+  controls::DateBox day{form, "day"};
+  controls::ComboBox combo{form, "combo"};
+  controls::FlexGrid grid{form, "grid"};
+  form.inner.SetMaxLength(9);
+  form.outer.SetSelectAllOnFocus(true);
+  form.outer.SetToolTip("hint");
+  form.brother.SetCaption("b");
+  day.SetText("1404/01/01");
+  Describing seen;
+  for (controls::Control* control : form.Controls()) control->Accept(seen);
+  EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text 9--", "brother: label b+",
+                                      "outer: text 0-+ hint", "ok: button Yes", "check: check Tick",
+                                      "day: 1404/01/01", "combo: combo", "grid: grid"));
+  EXPECT_EQ(form.DefaultButton(), &form.ok);
+  EXPECT_EQ(form.CancelButton(), nullptr);
+  EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
+}
+
+// By index; the parts of a frame that has one stand together at its place.
+TEST_F(FormTest, TabSequence_FramesWithAndWithoutAnIndex_VisitsTheirPartsInPlace) {
+  form.outer.SetTabIndex(2);
+  form.inner.SetTabIndex(3);
+  EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.outer, &form.inner));
+  form.frame.SetTabIndex(1);
+  EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.brother, &form.inner, &form.outer));
+}
+
+// What a screen makes of places: edges are rounded on the form, so that what touches there touches
+// in pixels; and its views move with their frame.
+TEST_F(FormTest, PlaceAndFollowing_InAFrame_KeepStepWithIt) {
+  const auto edges = [&] {
+    const auto place = controls::PlaceInContainer(form.inner, [](controls::Twips twips) {
+      return static_cast<int>(std::lround(twips / 10));
+    });
+    return std::vector<int>{place.left, place.top, place.right, place.bottom};
+  };
+  form.inner.Move(3, 6, 20, 20);
+  EXPECT_THAT(edges(), ElementsAre(0, 1, 2, 3));
+  form.frame.Move(13, 17, 100, 100);
+  EXPECT_THAT(edges(), ElementsAre(1, 0, 3, 2));
+
+  std::vector<controls::Aspect> applied;
+  controls::Following following;
+  following.Begin(form.inner, [&](const controls::Change& c) { applied.push_back(c.aspect); });
+  EXPECT_EQ(applied.size(), 8U);
+  EXPECT_EQ(applied.at(0), controls::Aspect::kBounds);
+  applied.clear();
+  form.frame.SetLeft(50);
+  form.frame.SetEnabled(false);  // no matter of its parts
+  form.inner.SetText("a");
+  following.End();
+  form.frame.SetLeft(60);
+  form.inner.SetText("b");
+  EXPECT_THAT(applied, ElementsAre(controls::Aspect::kBounds, controls::Aspect::kText));
 }
 
 }  // namespace

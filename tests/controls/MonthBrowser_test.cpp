@@ -38,6 +38,7 @@ TEST(MonthPage, AnyMonth_ShowsAllOfItsDaysUnderTheirWeekdays) {
   // Where the calendar ends, its last day fills up.
   EXPECT_EQ(MonthPage(Date("9377/12/01")).DayAt(5, 6).Text(), "9377/12/30");
   EXPECT_EQ(MonthPage(Date("0001/01/09")).DayAt(0, 0).Text(), "0001/01/01");
+  EXPECT_EQ(MonthPage::WeekdayLetter(MonthPage::kFriday), "ج");
 }
 
 class MonthBrowserTest : public testing::Test {
@@ -47,6 +48,10 @@ class MonthBrowserTest : public testing::Test {
     browser.onPicked = [this](const SolarHijriDate& day) { events.push_back(day.Text()); };
   }
   void Open(std::string_view chosen) { browser.Open(Date(chosen), Date("1404/06/31")); }
+  void Click(const MonthBrowser::Spot& spot) {
+    browser.Press(spot);
+    browser.Release(spot);
+  }
   MonthBrowser browser;
   std::vector<std::string> events;
 };
@@ -93,19 +98,33 @@ TEST_F(MonthBrowserTest, PressAndRelease_OnOnePart_AreAClick) {
                                                  {Part::kNone, "1404/02/15"}};
   for (const auto& [part, day] : kTurns) {
     Open("1404/02/15");
-    browser.Press({part});
-    browser.Release({part});
+    Click({part});
     EXPECT_EQ(browser.Cursor().Text(), day);
   }
   browser.Press({Part::kDay, 1, 0});
   browser.Release({Part::kDay, 1, 1});
   browser.Release({Part::kDay, 1, 0});  // a release of its own
   EXPECT_TRUE(events.empty());
-  browser.Press({Part::kDay, 0, 0});
-  browser.Release({Part::kDay, 0, 0});
-  browser.Press({Part::kToday});
-  browser.Release({Part::kToday});
+  Click({Part::kDay, 0, 0});
+  Click({Part::kToday});
   EXPECT_THAT(events, ElementsAre("closed", "1404/01/30", "closed", "1404/06/31"));
+}
+
+TEST_F(MonthBrowserTest, Hover_FindsItsPartAndPaintsForAnotherOne) {
+  using Spot = MonthBrowser::Spot;
+  for (const Spot& spot : {Spot{Part::kToday}, Spot{Part::kDay, 5, 6}, Spot{}}) {
+    int painted = 0;
+    browser.onChange = [&] { ++painted; };
+    for (int twice = 0; twice < 2; ++twice) {
+      browser.Hover(MonthBrowser::Find([&](const Spot& at) { return at == spot; }));
+    }
+    EXPECT_EQ(browser.Hovered(), spot);
+    EXPECT_EQ(painted, 1);
+  }
+  Open("1404/02/15");
+  EXPECT_EQ(browser.Hovered(), Spot{});
+  EXPECT_EQ(browser.TodayText(), "امروز: " + browser.Today().Text());
+  EXPECT_EQ(browser.Today(), Date("1404/06/31"));
 }
 
 }  // namespace

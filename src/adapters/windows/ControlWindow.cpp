@@ -90,12 +90,6 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETDLGCODE:
       // For a host that runs a dialog's keyboard over whatever window is active.
       return DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS;
-    case WM_SETFOCUS: {
-      const LRESULT result = Default(message, wParam, lParam);
-      const auto from = reinterpret_cast<HWND>(wParam);
-      if (from == nullptr || !IsChild(Handle(), from)) TellGotFocus();
-      return result;
-    }
     case WM_GETFONT:
       return reinterpret_cast<LRESULT>(Look().Font());
     case WM_ERASEBKGND:

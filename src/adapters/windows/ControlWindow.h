@@ -33,8 +33,6 @@ class ControlWindow : public Window {
   /// Shows one aspect of the model. Bounds, enabled and visible are seen to already; kText,
   /// kBounds, kItems, ... all come once at first. Also called for kEnabled and kVisible.
   virtual void Refresh(const controls::Change& change) = 0;
-  /// The focus has arrived at this window or, from outside, at one inside it.
-  virtual void TellGotFocus() = 0;
   void Unfollow() { following_.End(); }
   const Surroundings& Around() const { return surroundings_; }
   const Theme& Look() const { return surroundings_.theme; }
@@ -90,9 +88,6 @@ class WindowOf : public ControlWindow {
   bool Call(Action&& action) {
     if (model_) Guard().Run([&] { action(*model_); });
     return model_ != nullptr;
-  }
-  void TellGotFocus() override {
-    Call([](ModelType& model) { model.GotFocus(); });
   }
 
  private:
