@@ -50,6 +50,21 @@ DatabaseHandle Open(const std::string& name, int flags, std::chrono::millisecond
   return database;
 }
 
+/// Another program's file, or an empty one, is left as it is: nothing is stored in it, not even how
+/// it keeps its journal. Every office has the table that the permission procedure reads.
+void RequireOffice(sqlite3* database, const std::string& path) {
+  const StatementHandle statement = Prepare(database,
+                                            "SELECT 1 FROM sqlite_schema WHERE lower(name) = "
+                                            "'tblzomiruserpermission'",
+                                            path);
+  const int result = sqlite3_step(statement.get());
+  if (result == SQLITE_ROW) return;
+  if (result != SQLITE_DONE) throw LastError(database, path);
+  throw MakeError(kCannotOpenDatabase, "پایگاه داده «" + path +
+                                           "» از این سامانه نیست. Cannot open database. (it has "
+                                           "no table tblZomirUserPermission)");
+}
+
 /// The file's address by which SQLite takes no locks and expects nobody to change the file.
 std::string UnchangingAddress(const std::string& path) {
   std::string address = "file:";
@@ -90,9 +105,12 @@ DatabaseHandle OpenDatabase(const std::string& path, int flags,
     database = Open(UnchangingAddress(path), readOnly, busyTimeout, path);
     Run(database.get(), kFirstRead, path);
   }
+  if ((flags & SQLITE_OPEN_CREATE) == 0) RequireOffice(database.get(), path);
   if (sqlite3_db_readonly(database.get(), "main") == 0) {
     Run(database.get(), "PRAGMA journal_mode = WAL", path);
-    Run(database.get(), "PRAGMA synchronous = NORMAL", path);
+    // The log reaches the disk before a statement reports success: a power cut takes nothing that
+    // the user saw stored.
+    Run(database.get(), "PRAGMA synchronous = FULL", path);
   }
   return database;
 }

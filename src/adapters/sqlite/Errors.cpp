@@ -46,17 +46,21 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
   }
 }
 
+Report MissingObject(const std::string& name, const std::string& file) {
+  return {kInvalidObject, "پایگاه داده «" + file + "» جدول یا نمای «" + name +
+                              "» را ندارد. Invalid object name '" + name + "'."};
+}
+
+Report MissingColumn(const std::string& name, const std::string& file) {
+  return {kInvalidColumn, "پایگاه داده «" + file + "» ستون «" + name +
+                              "» را ندارد. Invalid column name '" + name + "'."};
+}
+
 /// SQLite reports what a statement names wrongly by words alone.
-Report StatementReport(std::string_view words) {
-  if (const auto name = Between(words, "no such table: ")) {
-    return {kInvalidObject, "Invalid object name '" + *name + "'."};
-  }
-  if (const auto name = Between(words, "no such column: ")) {
-    return {kInvalidColumn, "Invalid column name '" + *name + "'."};
-  }
-  if (const auto name = Between(words, " has no column named ")) {
-    return {kInvalidColumn, "Invalid column name '" + *name + "'."};
-  }
+Report StatementReport(std::string_view words, const std::string& file) {
+  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name, file);
+  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name, file);
+  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name, file);
   if (const auto name = Between(words, "ambiguous column name: ")) {
     return {kAmbiguousColumn, "Ambiguous column name '" + *name + "'."};
   }
@@ -76,11 +80,18 @@ Report StatementReport(std::string_view words) {
   return {kOther, "The statement failed."};
 }
 
-Report FileReport(int code, const std::string& file) {
+Report OutOfMemory() {
+  return {kOutOfMemory,
+          "حافظه رایانه برای این کار کافی نیست. There is insufficient system memory to run this "
+          "statement."};
+}
+
+Report FileReport(int extendedCode, const std::string& file) {
   const std::string named = "«" + file + "»";
-  switch (code) {
+  switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL:
       return {kLockTimeout, "پایگاه داده " + named +
                                 " را برنامه دیگری قفل کرده است؛ کمی بعد دوباره تلاش کنید. Lock "
                                 "request time out period exceeded."};
@@ -90,7 +101,9 @@ Report FileReport(int code, const std::string& file) {
                                      "database because the database is read-only."};
     case SQLITE_FULL:
       return {kNoSpace,
-              "برای نوشتن در پایگاه داده " + named + " جا نیست. Could not allocate space."};
+              "برای نوشتن در پایگاه داده " + named +
+                  " جا نیست و چیزی ثبت نشد؛ روی دیسک جا باز کنید و دوباره تلاش کنید. Could not "
+                  "allocate space."};
     case SQLITE_NOTADB:
       return {kCannotOpenDatabase, "فایل " + named + " پایگاه داده نیست. Cannot open database."};
     case SQLITE_CANTOPEN:
@@ -98,29 +111,31 @@ Report FileReport(int code, const std::string& file) {
     case SQLITE_AUTH:
       return {kCannotOpenDatabase, "فایل پایگاه داده " + named + " باز نشد. Cannot open database."};
     case SQLITE_CORRUPT:
-      return {kInconsistentFile,
-              "پایگاه داده " + named + " آسیب دیده است. The database file is inconsistent."};
+      return {kInconsistentFile, "پایگاه داده " + named +
+                                     " آسیب دیده است؛ آن را از نسخه پشتیبان برگردانید. The "
+                                     "database file is inconsistent."};
     case SQLITE_IOERR:
+      if (extendedCode == SQLITE_IOERR_NOMEM) return OutOfMemory();
       return {kInputOutput, "خواندن یا نوشتن پایگاه داده " + named +
-                                " ناموفق بود. The operating system returned an error."};
+                                " ناموفق بود؛ دیسک را بررسی کنید و دوباره تلاش کنید. The operating "
+                                "system returned an error."};
     default:
       return {kOther, "The statement failed."};
   }
 }
 
 Report ReportOf(int extendedCode, std::string_view words, const std::string& file) {
-  const int code = extendedCode & 0xFF;
-  switch (code) {
+  switch (extendedCode & 0xFF) {
     case SQLITE_CONSTRAINT:
       return ConstraintReport(extendedCode, words);
     case SQLITE_MISMATCH:
       return {kConversion, "Conversion failed when converting a value to the column's data type."};
     case SQLITE_NOMEM:
-      return {kOutOfMemory, "There is insufficient system memory to run this statement."};
+      return OutOfMemory();
     case SQLITE_ERROR:
-      return StatementReport(words);
+      return StatementReport(words, file);
     default:
-      return FileReport(code, file);
+      return FileReport(extendedCode, file);
   }
 }
 

@@ -54,8 +54,8 @@ platform::RuntimeError MakeError(std::int32_t number, const std::string& descrip
 void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text);
 
 /// The last failure of a handle as the server would report it, with SQLite's own words in
-/// parentheses. Failures of the file (locked, read-only, full, damaged) begin with a Persian
-/// sentence that names it.
+/// parentheses. Failures of the file (locked, read-only, full, damaged, without a table or column
+/// that a statement names) begin with a Persian sentence that names it.
 platform::RuntimeError LastError(sqlite3* database, const std::string& file);
 
 }  // namespace adapters::sqlite

@@ -86,7 +86,24 @@ SqliteConnection::SqliteConnection(std::string_view connectionString,
   if (connectionString.starts_with(kPrefix)) file_ = connectionString.substr(kPrefix.size());
 }
 
+/// A file that was renamed or removed under an open handle would take rows that nobody finds again.
+/// What its log holds goes into it, so that the log cannot be taken for that of a file put in its
+/// place.
+void SqliteConnection::RequireInPlace() {
+  int moved = 0;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  if (moved == 0) return;
+  sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+  database_.reset();
+  throw MakeError(
+      kCannotOpenDatabase,
+      "فایل پایگاه داده «" + file_ +
+          "» جابه‌جا یا پاک شده است و چیزی ثبت نشد. Cannot open "
+          "database. (the file was moved or removed)");
+}
+
 sqlite3* SqliteConnection::Database() {
+  if (database_) RequireInPlace();
   if (!database_) {
     if (!connectionString_.starts_with(kPrefix)) {
       throw MakeError(kCannotOpenDatabase,
@@ -113,15 +130,15 @@ platform::RowSet SqliteConnection::Execute(std::string_view statement) {
 void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement,
                              const std::string& insertedTable) {
   const sqlite3_int64 identity = sqlite3_last_insert_rowid(database);
+  // Asked before, because nothing may fail once the rows are stored.
+  const bool givesIdentity = insertedTable.empty() || HasIdentity(database, insertedTable);
   if (sqlite3_step(statement) != SQLITE_DONE) {
     const platform::RuntimeError error = LastError(database, file_);
     sqlite3_reset(statement);
     sqlite3_set_last_insert_rowid(database, identity);
     throw error;
   }
-  if (!insertedTable.empty() && !HasIdentity(database, insertedTable)) {
-    sqlite3_set_last_insert_rowid(database, identity);
-  }
+  if (!givesIdentity) sqlite3_set_last_insert_rowid(database, identity);
 }
 
 bool SqliteConnection::HasIdentity(sqlite3* database, const std::string& table) {
