@@ -138,12 +138,12 @@ int FailingVfs::Open(sqlite3_vfs* self, sqlite3_filename name, sqlite3_file* fil
   return SQLITE_OK;
 }
 
-int FailingVfs::Delete(sqlite3_vfs* self, const char* name, int syncFolder) {
+int FailingVfs::Delete(sqlite3_vfs* self, const char* name, int /*syncFolder*/) {
   FailingVfs& vfs = Of(self);
   if (const int code = vfs.Refusal(Call::kDelete)) return code;
   if (vfs.onChange) vfs.onChange();
   vfs.disk_.erase(name);
-  return vfs.real_->xDelete(vfs.real_, name, syncFolder);
+  return vfs.real_->xDelete(vfs.real_, name, 0);
 }
 
 void FailingVfs::WriteAfterPowerCut(const std::filesystem::path& folder, unsigned seed) const {
