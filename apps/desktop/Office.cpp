@@ -86,11 +86,20 @@ std::string SampleOfficePath(const Options& options) {
 void EnsureSampleOffice(const std::string& path, const Options& options) {
   const QFileInfo file(QString::fromStdString(path));
   const QDir templates(file.absoluteDir().filePath("templates"));
-  CopyTemplates(templates);
-  if (file.exists()) return;
-  std::cout << "Making a sample office with " << options.customers << " customers in " << path
-            << " ..." << std::endl;
-  demo::CreateSampleOffice(path, SampleOf(options, templates));
+  try {
+    CopyTemplates(templates);
+    if (file.exists()) return;
+    std::cout << "Making a sample office with " << options.customers << " customers in " << path
+              << " ..." << std::endl;
+    demo::CreateSampleOffice(path, SampleOf(options, templates));
+  } catch (const platform::RuntimeError& error) {
+    throw platform::RuntimeError(
+        error.Number(),
+        "دفتر نمونه «" + path +
+            "» آماده نشد؛ جای خالی دیسک و اجازه نوشتن در پوشه آن را بررسی کنید. " +
+            error.Description(),
+        error.Source());
+  }
 }
 
 void LoadSample(const Options& options) {
