@@ -104,17 +104,21 @@ class PowerCut : public testing::Test {
       _exit(127);
     }
     Met met{};
-    int status = 0;
-    while (waitpid(host, &status, WNOHANG) == 0) {
+    const auto look = [&] {
       std::error_code none;
       const auto size = fs::file_size(file_ + "-wal", none);
       if (!none) met.log = std::max(met.log, size);
       std::ostringstream lines;
       lines << std::ifstream(told).rdbuf();
       met.told = lines.str().find("done") != std::string::npos;
+    };
+    int status = 0;
+    while (waitpid(host, &status, WNOHANG) == 0) {
+      look();
       if (killAt != kNever && (met.told || met.log >= killAt)) kill(host, SIGKILL);
       std::this_thread::sleep_for(std::chrono::microseconds(200));
     }
+    look();
     met.killed = WIFSIGNALED(status);
     EXPECT_TRUE(met.killed || status == 0) << status;
     return met;
