@@ -95,8 +95,9 @@ void EnsureSampleOffice(const std::string& path, const Options& options) {
   } catch (const platform::RuntimeError& error) {
     throw platform::RuntimeError(
         error.Number(),
-        "دفتر نمونه «" + path +
-            "» آماده نشد؛ جای خالی دیسک و اجازه نوشتن در پوشه آن را بررسی کنید. " +
+        // The marks keep the slash before the path where the line runs from the right.
+        "دفتر نمونه «\u202A" + path +
+            "\u202C» آماده نشد؛ جای خالی دیسک و اجازه نوشتن در پوشه آن را بررسی کنید. " +
             error.Description(),
         error.Source());
   }

@@ -19,13 +19,13 @@ void RequireFile(const std::string& path) {
   std::error_code error;
   const auto status = std::filesystem::status(PathOf(path), error);
   if (path.empty() || status.type() == std::filesystem::file_type::not_found) {
-    throw MakeError(kCannotOpenDatabase, "فایل پایگاه داده «" + path +
-                                             "» پیدا نشد. Cannot open database. (no such file)");
+    throw MakeError(kCannotOpenDatabase, "فایل پایگاه داده " + Quoted(path) +
+                                             " پیدا نشد. Cannot open database. (no such file)");
   }
   if (std::filesystem::is_directory(status)) {
     throw MakeError(kCannotOpenDatabase,
-                    "«" + path +
-                        "» پوشه است، نه فایل پایگاه داده. Cannot open database. (it is a "
+                    Quoted(path) +
+                        " پوشه است، نه فایل پایگاه داده. Cannot open database. (it is a "
                         "directory)");
   }
 }
@@ -60,8 +60,8 @@ void RequireOffice(sqlite3* database, const std::string& path) {
   const int result = sqlite3_step(statement.get());
   if (result == SQLITE_ROW) return;
   if (result != SQLITE_DONE) throw LastError(database, path);
-  throw MakeError(kCannotOpenDatabase, "پایگاه داده «" + path +
-                                           "» از این سامانه نیست. Cannot open database. (it has "
+  throw MakeError(kCannotOpenDatabase, "پایگاه داده " + Quoted(path) +
+                                           " از این سامانه نیست. Cannot open database. (it has "
                                            "no table tblZomirUserPermission)");
 }
 

@@ -47,13 +47,13 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
 }
 
 Report MissingObject(const std::string& name, const std::string& file) {
-  return {kInvalidObject, "پایگاه داده «" + file + "» جدول یا نمای «" + name +
-                              "» را ندارد. Invalid object name '" + name + "'."};
+  return {kInvalidObject, "پایگاه داده " + Quoted(file) + " جدول یا نمای " + Quoted(name) +
+                              " را ندارد. Invalid object name '" + name + "'."};
 }
 
 Report MissingColumn(const std::string& name, const std::string& file) {
-  return {kInvalidColumn, "پایگاه داده «" + file + "» ستون «" + name +
-                              "» را ندارد. Invalid column name '" + name + "'."};
+  return {kInvalidColumn, "پایگاه داده " + Quoted(file) + " ستون " + Quoted(name) +
+                              " را ندارد. Invalid column name '" + name + "'."};
 }
 
 /// SQLite reports what a statement names wrongly by words alone.
@@ -87,7 +87,7 @@ Report OutOfMemory() {
 }
 
 Report FileReport(int extendedCode, const std::string& file) {
-  const std::string named = "«" + file + "»";
+  const std::string named = Quoted(file);
   switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
@@ -143,6 +143,11 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
 
 platform::RuntimeError MakeError(std::int32_t number, const std::string& description) {
   return {number, description, "SQLite"};
+}
+
+std::string Quoted(const std::string& name) {
+  // A left-to-right embedding: a slash at an end would else go to the wrong one.
+  return "«\u202A" + name + "\u202C»";
 }
 
 void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text) {

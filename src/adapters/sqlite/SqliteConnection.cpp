@@ -1,6 +1,9 @@
 #include "adapters/sqlite/SqliteConnection.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
@@ -14,6 +17,14 @@ namespace adapters::sqlite {
 namespace {
 
 constexpr std::string_view kPrefix = "sqlite:";
+constexpr const char* kLog = "-wal";
+
+/// What tells a file from others that have or had its name; 0 where there is none, or no such
+/// number.
+std::uint64_t FileNumber(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
 
 bool IsDateColumn(sqlite3_stmt* statement, int column) {
   const char* declared = sqlite3_column_decltype(statement, column);
@@ -87,18 +98,22 @@ SqliteConnection::SqliteConnection(std::string_view connectionString,
 }
 
 /// A file that was renamed or removed under an open handle would take rows that nobody finds again.
-/// What its log holds goes into it, so that the log cannot be taken for that of a file put in its
-/// place.
+/// What its log holds goes into it, and the log away, lest it be taken for that of a file put in
+/// its place; unless that file has one of its own by now.
 void SqliteConnection::RequireInPlace() {
   int moved = 0;
   sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
   if (moved == 0) return;
-  sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+  if (log_ != 0 && log_ == FileNumber(file_ + kLog)) {
+    sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr,
+                              nullptr);
+    for (const char* part : {kLog, "-shm"}) std::remove((file_ + part).c_str());
+  }
   database_.reset();
   throw MakeError(
       kCannotOpenDatabase,
-      "فایل پایگاه داده «" + file_ +
-          "» جابه‌جا یا پاک شده است و چیزی ثبت نشد. Cannot open "
+      "فایل پایگاه داده " + Quoted(file_) +
+          " جابه‌جا یا پاک شده است و چیزی ثبت نشد. Cannot open "
           "database. (the file was moved or removed)");
 }
 
@@ -112,6 +127,7 @@ sqlite3* SqliteConnection::Database() {
                       "(the connection string must be sqlite:FILE)");
     }
     database_ = OpenDatabase(file_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);
+    log_ = FileNumber(file_ + kLog);
   }
   return database_.get();
 }

@@ -38,6 +38,7 @@ class SqliteConnection : public platform::Connection {
   std::string file_;
   std::chrono::milliseconds busyTimeout_;
   DatabaseHandle database_;
+  std::uint64_t log_ = 0;  // number of the file that holds the handle's log
 };
 
 }  // namespace adapters::sqlite

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Office.h"
 
 namespace adapters::sqlite {
@@ -84,7 +85,7 @@ TEST(Opening, UnusableFile_isNamedInAClearError) {
     const Failure failure = FailureOf(connection, "select 1");
     EXPECT_EQ(failure.number, 4060) << connectionString;
     EXPECT_THAT(failure.words, HasSubstr(words));
-    EXPECT_THAT(failure.words, HasSubstr("«" + connectionString.substr(7) + "»"));
+    EXPECT_THAT(failure.words, HasSubstr(Quoted(connectionString.substr(7))));
   }
   EXPECT_FALSE(std::filesystem::exists(folder.File("missing.db")));
   EXPECT_EQ(std::filesystem::file_size(empty), 0U);
@@ -143,8 +144,8 @@ TEST(Opening, MissingTableOrColumn_isNamedWithTheFile) {
     const Failure failure =
         FailureOf(office.connection, name == "Nothing" ? "select Nothing from tblEmployee"
                                                        : "select ID from tblNowhere");
-    EXPECT_THAT(failure.words, testing::StartsWith("پایگاه داده «" + office.file + "»"));
-    EXPECT_THAT(failure.words, HasSubstr("«" + name + "» را ندارد."));
+    EXPECT_THAT(failure.words, testing::StartsWith("پایگاه داده " + Quoted(office.file)));
+    EXPECT_THAT(failure.words, HasSubstr(Quoted(name) + " را ندارد."));
   }
 }
 
@@ -154,6 +155,8 @@ TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
   const std::string backup = office.folder.File("backup.db");
   fs::copy_file(office.file, backup);
   const std::string moved = office.folder.File("moved.db");
+  SqliteConnection late(office.ConnectionString());
+  late.Execute("select 1");
   office.connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
   fs::rename(office.file, moved);
   const Failure gone = FailureOf(office.connection, "delete tblEmployee where ID=30");
@@ -165,6 +168,12 @@ TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
   EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3") << "the other file's log";
   SqliteConnection other("sqlite:" + moved);
   EXPECT_EQ(Lines(other.Execute("select count(*) from tblEmployee")), "4");
+
+  // Another connection of the host hears of it when the new file is in use already.
+  office.connection.Execute("insert into tblEmployee(ID, Name) values (31,'b')");
+  EXPECT_EQ(FailureOf(late, "select 1").number, 4060);
+  EXPECT_EQ(Lines(late.Execute("select max(ID) from tblEmployee")), "31");
+  EXPECT_EQ(office.Rows("select max(ID) from tblEmployee"), "31");
 }
 
 TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
@@ -195,7 +204,7 @@ TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
       const Failure failure = FailureOf(connection, statement);
       numbers.insert(failure.number);
       if (failure.number == 0) continue;
-      EXPECT_THAT(failure.words, HasSubstr("«" + file + "»")) << turn << " " << statement;
+      EXPECT_THAT(failure.words, HasSubstr(Quoted(file))) << turn << " " << statement;
     }
   }
   EXPECT_THAT(numbers, testing::IsSupersetOf({0, 824, 4060}));

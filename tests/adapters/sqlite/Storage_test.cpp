@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/FailingVfs.h"
 #include "adapters/sqlite/Office.h"
 
@@ -112,7 +113,7 @@ class FailingDisk : public Storage, public testing::WithParamInterface<Fault> {
       } catch (const platform::RuntimeError& error) {
         ++told_;
         EXPECT_EQ(error.Number(), fault.number) << error.what();
-        EXPECT_NE(error.Description().find("پایگاه داده «" + file + "»"), std::string::npos)
+        EXPECT_NE(error.Description().find("پایگاه داده " + Quoted(file)), std::string::npos)
             << error.what();
       }
       vfs_.Mend();
