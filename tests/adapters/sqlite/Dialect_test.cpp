@@ -133,8 +133,11 @@ TEST(Dialect, RefusedStatement_reportsTheServersNumberAndChangesNothing) {
       {"insert into tblEmployee(ID, Name) values (1,'a') on conflict do nothing", 156, "'on'"},
       {"update tblEmployee set Name='a' from tblOrganization", 156, "'from'"},
       // What it knows fails as on the server.
-      {"select ID from tblNowhere", 208, "Invalid object name 'tblNowhere'."},
-      {"select Nothing from tblEmployee", 207, "Invalid column name 'Nothing'."},
+      {"select ID from tblNowhere", 208,
+       "office #1%.db\u202C» جدول یا نمای «\u202AtblNowhere\u202C» را ندارد. Invalid object name "
+       "'tblNowhere'."},
+      {"select Nothing from tblEmployee", 207,
+       "ستون «\u202ANothing\u202C» را ندارد. Invalid column name 'Nothing'."},
       {"select ID from tblEmployee, tblOrganization", 209, "Ambiguous column name 'ID'."},
       {"insert into tblEmployee(ID, Name) values (1, null)", 515, "'tblEmployee.Name'"},
       {"insert into tblOrganization(Code) values ('105')", 2627, "tblOrganization.Code"},

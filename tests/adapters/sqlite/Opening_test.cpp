@@ -138,17 +138,6 @@ TEST(Opening, LockedFile_failsAfterTheTimeoutAndWorksAgainLater) {
   EXPECT_EQ(FailureOf(connection, "delete tblEmployee where ID=7").number, 0);
 }
 
-TEST(Opening, MissingTableOrColumn_isNamedWithTheFile) {
-  Office office;
-  for (const std::string name : {"tblNowhere", "Nothing"}) {
-    const Failure failure =
-        FailureOf(office.connection, name == "Nothing" ? "select Nothing from tblEmployee"
-                                                       : "select ID from tblNowhere");
-    EXPECT_THAT(failure.words, testing::StartsWith("پایگاه داده " + Quoted(office.file)));
-    EXPECT_THAT(failure.words, HasSubstr(Quoted(name) + " را ندارد."));
-  }
-}
-
 TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
   namespace fs = std::filesystem;
   Office office;
