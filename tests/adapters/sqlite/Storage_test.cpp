@@ -32,8 +32,7 @@ const std::vector<std::string>& Work() {
         "Select SCOPE_IDENTITY() as newID",
         "update tblDistributionPromoterProgramDetail Set Notes='دیگر' Where ProgramID=3",
         "delete tblDistributionPromoterProgramDetail Where ProgramID=3 and CustomerID<30",
-        "select CustomerID, count(*) from tblDistributionPromoterProgramDetail group by "
-        "CustomerID order by CustomerID"};
+        "select count(*), sum(CustomerID) from tblDistributionPromoterProgramDetail"};
   }();
   return work;
 }
