@@ -60,7 +60,7 @@ class PowerCut : public testing::Test {
                                                            .customerIds = Numbers(1, kCustomers),
                                                            .notesLiteral = "'it''s a month'"});
   }
-  ~PowerCut() override { fs::remove_all(folder_); }
+  void TearDown() override { fs::remove_all(folder_); }
 
   void NewOffice() const {
     for (const char* part : {"-wal", "-shm"}) fs::remove(file_ + part);
