@@ -81,11 +81,21 @@ std::string SampleOfficePath(const Options& options) {
 void EnsureSampleOffice(const std::string& path, const Options& options) {
   const QFileInfo file(QString::fromStdString(path));
   const QDir templates(file.absoluteDir().filePath("templates"));
-  CopyTemplates(templates);
-  if (file.exists()) return;
-  std::cout << "Making a sample office with " << options.customers << " customers in " << path
-            << " ..." << std::endl;
-  demo::CreateSampleOffice(path, SampleOf(options, templates));
+  try {
+    CopyTemplates(templates);
+    if (file.exists()) return;
+    std::cout << "Making a sample office with " << options.customers << " customers in " << path
+              << " ..." << std::endl;
+    demo::CreateSampleOffice(path, SampleOf(options, templates));
+  } catch (const platform::RuntimeError& error) {
+    throw platform::RuntimeError(
+        error.Number(),
+        // The marks keep the slash before the path where the line runs from the right.
+        "دفتر نمونه «\u202A" + path +
+            "\u202C» آماده نشد؛ جاي خالي ديسك و اجازه نوشتن در پوشه آن را بررسي كنيد. " +
+            error.Description(),
+        error.Source());
+  }
 }
 
 void LoadSample(const Options& options) {

@@ -19,13 +19,13 @@ void RequireFile(const std::string& path) {
   std::error_code error;
   const auto status = std::filesystem::status(PathOf(path), error);
   if (path.empty() || status.type() == std::filesystem::file_type::not_found) {
-    throw MakeError(kCannotOpenDatabase, "فايل پايگاه داده «" + path +
-                                             "» پيدا نشد. Cannot open database. (no such file)");
+    throw MakeError(kCannotOpenDatabase, "فايل پايگاه داده " + Quoted(path) +
+                                             " پيدا نشد. Cannot open database. (no such file)");
   }
   if (std::filesystem::is_directory(status)) {
     throw MakeError(kCannotOpenDatabase,
-                    "«" + path +
-                        "» پوشه است، نه فايل پايگاه داده. Cannot open database. (it is a "
+                    Quoted(path) +
+                        " پوشه است، نه فايل پايگاه داده. Cannot open database. (it is a "
                         "directory)");
   }
 }
@@ -48,6 +48,21 @@ DatabaseHandle Open(const std::string& name, int flags, std::chrono::millisecond
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegisterFunctions(opened);
   return database;
+}
+
+/// Another program's file, or an empty one, is left as it is: nothing is stored in it, not even how
+/// it keeps its journal. Every office has the table that the permission procedure reads.
+void RequireOffice(sqlite3* database, const std::string& path) {
+  const StatementHandle statement = Prepare(database,
+                                            "SELECT 1 FROM sqlite_schema WHERE lower(name) = "
+                                            "'tblzomiruserpermission'",
+                                            path);
+  const int result = sqlite3_step(statement.get());
+  if (result == SQLITE_ROW) return;
+  if (result != SQLITE_DONE) throw LastError(database, path);
+  throw MakeError(kCannotOpenDatabase, "پايگاه داده " + Quoted(path) +
+                                           " از اين سامانه نيست. Cannot open database. (it has "
+                                           "no table tblZomirUserPermission)");
 }
 
 /// The file's address by which SQLite takes no locks and expects nobody to change the file.
@@ -90,9 +105,12 @@ DatabaseHandle OpenDatabase(const std::string& path, int flags,
     database = Open(UnchangingAddress(path), readOnly, busyTimeout, path);
     Run(database.get(), kFirstRead, path);
   }
+  if ((flags & SQLITE_OPEN_CREATE) == 0) RequireOffice(database.get(), path);
   if (sqlite3_db_readonly(database.get(), "main") == 0) {
     Run(database.get(), "PRAGMA journal_mode = WAL", path);
-    Run(database.get(), "PRAGMA synchronous = NORMAL", path);
+    // The log reaches the disk before a statement reports success: a power cut takes nothing that
+    // the user saw stored.
+    Run(database.get(), "PRAGMA synchronous = FULL", path);
   }
   return database;
 }

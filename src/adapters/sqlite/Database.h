@@ -22,9 +22,11 @@ using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 inline constexpr std::chrono::milliseconds kBusyTimeout{5000};
 
 /// Opens a file (UTF-8 path) with the suite's functions registered, foreign keys enforced, a
-/// write-ahead log and a quoted name never taken for a text. `flags` are SQLITE_OPEN_...; without
-/// SQLITE_OPEN_CREATE the file must exist. A file that may only be read opens for reading. Throws
-/// RuntimeError 4060, or 1222 when another program holds the file, its first sentence Persian.
+/// write-ahead log that is on the disk when a statement returns, and a quoted name never taken for
+/// a text. `flags` are SQLITE_OPEN_...; without SQLITE_OPEN_CREATE the file must exist and be one
+/// of the suite's, any other is not written to. A file that may only be read opens for reading.
+/// Throws RuntimeError 4060, or 1222 when another program holds the file, its first sentence
+/// Persian.
 DatabaseHandle OpenDatabase(const std::string& path, int flags,
                             std::chrono::milliseconds busyTimeout = kBusyTimeout);
 

@@ -46,17 +46,21 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
   }
 }
 
+Report MissingObject(const std::string& name, const std::string& file) {
+  return {kInvalidObject, "پايگاه داده " + Quoted(file) + " جدول يا نماي " + Quoted(name) +
+                              " را ندارد. Invalid object name '" + name + "'."};
+}
+
+Report MissingColumn(const std::string& name, const std::string& file) {
+  return {kInvalidColumn, "پايگاه داده " + Quoted(file) + " ستون " + Quoted(name) +
+                              " را ندارد. Invalid column name '" + name + "'."};
+}
+
 /// SQLite reports what a statement names wrongly by words alone.
-Report StatementReport(std::string_view words) {
-  if (const auto name = Between(words, "no such table: ")) {
-    return {kInvalidObject, "Invalid object name '" + *name + "'."};
-  }
-  if (const auto name = Between(words, "no such column: ")) {
-    return {kInvalidColumn, "Invalid column name '" + *name + "'."};
-  }
-  if (const auto name = Between(words, " has no column named ")) {
-    return {kInvalidColumn, "Invalid column name '" + *name + "'."};
-  }
+Report StatementReport(std::string_view words, const std::string& file) {
+  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name, file);
+  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name, file);
+  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name, file);
   if (const auto name = Between(words, "ambiguous column name: ")) {
     return {kAmbiguousColumn, "Ambiguous column name '" + *name + "'."};
   }
@@ -76,11 +80,18 @@ Report StatementReport(std::string_view words) {
   return {kOther, "The statement failed."};
 }
 
-Report FileReport(int code, const std::string& file) {
-  const std::string named = "«" + file + "»";
-  switch (code) {
+Report OutOfMemory() {
+  return {kOutOfMemory,
+          "حافظه رايانه براي اين كار كافي نيست. There is insufficient system memory to run this "
+          "statement."};
+}
+
+Report FileReport(int extendedCode, const std::string& file) {
+  const std::string named = Quoted(file);
+  switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
+    case SQLITE_PROTOCOL:
       return {kLockTimeout, "پايگاه داده " + named +
                                 " را برنامه ديگري قفل كرده است؛ كمي بعد دوباره تلاش كنيد. Lock "
                                 "request time out period exceeded."};
@@ -90,7 +101,9 @@ Report FileReport(int code, const std::string& file) {
                                      "database because the database is read-only."};
     case SQLITE_FULL:
       return {kNoSpace,
-              "براي نوشتن در پايگاه داده " + named + " جا نيست. Could not allocate space."};
+              "براي نوشتن در پايگاه داده " + named +
+                  " جا نيست و چيزي ثبت نشد؛ روي ديسك جا باز كنيد و دوباره تلاش كنيد. Could not "
+                  "allocate space."};
     case SQLITE_NOTADB:
       return {kCannotOpenDatabase, "فايل " + named + " پايگاه داده نيست. Cannot open database."};
     case SQLITE_CANTOPEN:
@@ -98,29 +111,31 @@ Report FileReport(int code, const std::string& file) {
     case SQLITE_AUTH:
       return {kCannotOpenDatabase, "فايل پايگاه داده " + named + " باز نشد. Cannot open database."};
     case SQLITE_CORRUPT:
-      return {kInconsistentFile,
-              "پايگاه داده " + named + " آسيب ديده است. The database file is inconsistent."};
+      return {kInconsistentFile, "پايگاه داده " + named +
+                                     " آسيب ديده است؛ آن را از نسخه پشتيبان برگردانيد. The "
+                                     "database file is inconsistent."};
     case SQLITE_IOERR:
+      if (extendedCode == SQLITE_IOERR_NOMEM) return OutOfMemory();
       return {kInputOutput, "خواندن يا نوشتن پايگاه داده " + named +
-                                " ناموفق بود. The operating system returned an error."};
+                                " ناموفق بود؛ ديسك را بررسي كنيد و دوباره تلاش كنيد. The operating "
+                                "system returned an error."};
     default:
       return {kOther, "The statement failed."};
   }
 }
 
 Report ReportOf(int extendedCode, std::string_view words, const std::string& file) {
-  const int code = extendedCode & 0xFF;
-  switch (code) {
+  switch (extendedCode & 0xFF) {
     case SQLITE_CONSTRAINT:
       return ConstraintReport(extendedCode, words);
     case SQLITE_MISMATCH:
       return {kConversion, "Conversion failed when converting a value to the column's data type."};
     case SQLITE_NOMEM:
-      return {kOutOfMemory, "There is insufficient system memory to run this statement."};
+      return OutOfMemory();
     case SQLITE_ERROR:
-      return StatementReport(words);
+      return StatementReport(words, file);
     default:
-      return FileReport(code, file);
+      return FileReport(extendedCode, file);
   }
 }
 
@@ -128,6 +143,11 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
 
 platform::RuntimeError MakeError(std::int32_t number, const std::string& description) {
   return {number, description, "SQLite"};
+}
+
+std::string Quoted(const std::string& name) {
+  // A left-to-right embedding: a slash at an end would else go to the wrong one.
+  return "«\u202A" + name + "\u202C»";
 }
 
 void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text) {

@@ -53,9 +53,12 @@ platform::RuntimeError MakeError(std::int32_t number, const std::string& descrip
 /// of SQLite's extended result code, where SQLite itself never looks.
 void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text);
 
+/// A path or name as a Persian sentence holds it: in quotes, running from left to right.
+std::string Quoted(const std::string& name);
+
 /// The last failure of a handle as the server would report it, with SQLite's own words in
-/// parentheses. Failures of the file (locked, read-only, full, damaged) begin with a Persian
-/// sentence that names it.
+/// parentheses. Failures of the file (locked, read-only, full, damaged, without a table or column
+/// that a statement names) begin with a Persian sentence that names it.
 platform::RuntimeError LastError(sqlite3* database, const std::string& file);
 
 }  // namespace adapters::sqlite

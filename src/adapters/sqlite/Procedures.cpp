@@ -99,8 +99,8 @@ std::int32_t CallStoredProcedure(sqlite3* database, std::string_view name,
   const sqlite3_int64 identity = sqlite3_last_insert_rowid(database);
   const int result = sqlite3_step(statement.get());
   const std::int32_t value = result == SQLITE_ROW ? sqlite3_column_int(statement.get(), 0) : 0;
-  if (result != SQLITE_ROW && result != SQLITE_DONE) throw LastError(database, file);
   sqlite3_set_last_insert_rowid(database, identity);
+  if (result != SQLITE_ROW && result != SQLITE_DONE) throw LastError(database, file);
   return value;
 }
 

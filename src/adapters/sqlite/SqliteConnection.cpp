@@ -1,6 +1,9 @@
 #include "adapters/sqlite/SqliteConnection.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
@@ -14,6 +17,14 @@ namespace adapters::sqlite {
 namespace {
 
 constexpr std::string_view kPrefix = "sqlite:";
+constexpr const char* kLog = "-wal";
+
+/// What tells a file from others that have or had its name; 0 where there is none, or no such
+/// number.
+std::uint64_t FileNumber(const std::string& path) {
+  struct stat status = {};
+  return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
+}
 
 bool IsDateColumn(sqlite3_stmt* statement, int column) {
   const char* declared = sqlite3_column_decltype(statement, column);
@@ -86,7 +97,28 @@ SqliteConnection::SqliteConnection(std::string_view connectionString,
   if (connectionString.starts_with(kPrefix)) file_ = connectionString.substr(kPrefix.size());
 }
 
+/// A file that was renamed or removed under an open handle would take rows that nobody finds again.
+/// What its log holds goes into it, and the log away, lest it be taken for that of a file put in
+/// its place; unless that file has one of its own by now.
+void SqliteConnection::RequireInPlace() {
+  int moved = 0;
+  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  if (moved == 0) return;
+  if (log_ != 0 && log_ == FileNumber(file_ + kLog)) {
+    sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr,
+                              nullptr);
+    for (const char* part : {kLog, "-shm"}) std::remove((file_ + part).c_str());
+  }
+  database_.reset();
+  throw MakeError(
+      kCannotOpenDatabase,
+      "فايل پايگاه داده " + Quoted(file_) +
+          " جابه‌جا يا پاك شده است و چيزي ثبت نشد. Cannot open "
+          "database. (the file was moved or removed)");
+}
+
 sqlite3* SqliteConnection::Database() {
+  if (database_) RequireInPlace();
   if (!database_) {
     if (!connectionString_.starts_with(kPrefix)) {
       throw MakeError(kCannotOpenDatabase,
@@ -95,6 +127,7 @@ sqlite3* SqliteConnection::Database() {
                       "(the connection string must be sqlite:FILE)");
     }
     database_ = OpenDatabase(file_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);
+    log_ = FileNumber(file_ + kLog);
   }
   return database_.get();
 }
@@ -113,15 +146,15 @@ platform::RowSet SqliteConnection::Execute(std::string_view statement) {
 void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement,
                              const std::string& insertedTable) {
   const sqlite3_int64 identity = sqlite3_last_insert_rowid(database);
+  // Asked before, because nothing may fail once the rows are stored.
+  const bool givesIdentity = insertedTable.empty() || HasIdentity(database, insertedTable);
   if (sqlite3_step(statement) != SQLITE_DONE) {
     const platform::RuntimeError error = LastError(database, file_);
     sqlite3_reset(statement);
     sqlite3_set_last_insert_rowid(database, identity);
     throw error;
   }
-  if (!insertedTable.empty() && !HasIdentity(database, insertedTable)) {
-    sqlite3_set_last_insert_rowid(database, identity);
-  }
+  if (!givesIdentity) sqlite3_set_last_insert_rowid(database, identity);
 }
 
 bool SqliteConnection::HasIdentity(sqlite3* database, const std::string& table) {

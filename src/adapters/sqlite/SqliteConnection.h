@@ -14,10 +14,11 @@
 namespace adapters::sqlite {
 
 /// The suite's database in a file. The connection string is `sqlite:` and the file's path (UTF-8);
-/// the file must exist when the first statement runs. After a failure to open, the next statement
-/// tries again. Statements are in the server's dialect (Translator.h) and fail with the server's
-/// numbers, followed by SQLite's own words in parentheses. Columns declared DATE or DATETIME hold
-/// yyyymmdd and come out as yyyy-mm-dd.
+/// the file must exist when the first statement runs. After a failure to open, or when the file was
+/// moved or removed meanwhile (4060), the next statement opens it anew. Statements are in the
+/// server's dialect (Translator.h) and fail with the server's numbers, followed by SQLite's own
+/// words in parentheses. Columns declared DATE or DATETIME hold yyyymmdd and come out as
+/// yyyy-mm-dd.
 class SqliteConnection : public platform::Connection {
  public:
   explicit SqliteConnection(std::string_view connectionString,
@@ -29,6 +30,7 @@ class SqliteConnection : public platform::Connection {
 
  private:
   sqlite3* Database();
+  void RequireInPlace();
   void Write(sqlite3* database, sqlite3_stmt* statement, const std::string& insertedTable);
   bool HasIdentity(sqlite3* database, const std::string& table);
 
@@ -36,6 +38,7 @@ class SqliteConnection : public platform::Connection {
   std::string file_;
   std::chrono::milliseconds busyTimeout_;
   DatabaseHandle database_;
+  std::uint64_t log_ = 0;  // number of the file that holds the handle's log
 };
 
 }  // namespace adapters::sqlite

@@ -3,7 +3,11 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <random>
+#include <set>
+#include <sstream>
 
+#include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Office.h"
 
 namespace adapters::sqlite {
@@ -24,6 +28,12 @@ Failure FailureOf(SqliteConnection& connection, std::string_view statement) {
   } catch (const platform::RuntimeError& error) {
     return {error.Number(), error.Description()};
   }
+}
+
+std::string Content(const std::string& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
 }
 
 /// The superuser may write anything: for the time of a test he becomes nobody.
@@ -55,25 +65,36 @@ TEST(Opening, UnusableFile_isNamedInAClearError) {
   TestFolder folder;
   const std::string noDatabase = folder.File("letter.txt");
   std::ofstream(noDatabase) << std::string(2000, 'x');
+  const std::string empty = folder.File("empty.db");
+  std::ofstream(empty).close();
+  const std::string foreign = folder.File("albums.db");
+  sqlite3_exec(OpenDatabase(foreign, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).get(),
+               "PRAGMA journal_mode = DELETE; CREATE TABLE tblAlbum (ID INTEGER)", nullptr, nullptr,
+               nullptr);
+  const std::string content = Content(foreign);
   const std::pair<std::string, std::string> cases[] = {
       {"sqlite:" + folder.File("missing.db"), "پيدا نشد"},
       {"sqlite:", "پيدا نشد"},
       {"sqlite:" + folder.Path().string(), "پوشه است"},
       {"sqlite:" + noDatabase, "پايگاه داده نيست"},
+      {"sqlite:" + empty, "از اين سامانه نيست"},
+      {"sqlite:" + foreign, "از اين سامانه نيست"},
   };
   for (const auto& [connectionString, words] : cases) {
     SqliteConnection connection(connectionString);
     const Failure failure = FailureOf(connection, "select 1");
     EXPECT_EQ(failure.number, 4060) << connectionString;
     EXPECT_THAT(failure.words, HasSubstr(words));
-    EXPECT_THAT(failure.words, HasSubstr("«" + connectionString.substr(7) + "»"));
+    EXPECT_THAT(failure.words, HasSubstr(Quoted(connectionString.substr(7))));
   }
   EXPECT_FALSE(std::filesystem::exists(folder.File("missing.db")));
+  EXPECT_EQ(std::filesystem::file_size(empty), 0U);
+  EXPECT_TRUE(Content(foreign) == content) << "another program's file was written to";
 
   // A file that appears later is opened by the next statement.
-  SqliteConnection early("sqlite:" + folder.File("پایگاه داده.db"));
+  SqliteConnection early("sqlite:" + folder.File("پايگاه داده.db"));
   EXPECT_EQ(FailureOf(early, "select 1").number, 4060);
-  OpenDatabase(folder.File("پایگاه داده.db"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  std::filesystem::rename(Office().file, folder.File("پايگاه داده.db"));
   EXPECT_EQ(FailureOf(early, "select 1").words, "");
   EXPECT_EQ(std::filesystem::file_size(noDatabase), 2000U);
 }
@@ -115,6 +136,67 @@ TEST(Opening, LockedFile_failsAfterTheTimeoutAndWorksAgainLater) {
   EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").number, 0);
   run("COMMIT");
   EXPECT_EQ(FailureOf(connection, "delete tblEmployee where ID=7").number, 0);
+}
+
+TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
+  namespace fs = std::filesystem;
+  Office office;
+  const std::string backup = office.folder.File("backup.db");
+  fs::copy_file(office.file, backup);
+  const std::string moved = office.folder.File("moved.db");
+  SqliteConnection late(office.ConnectionString());
+  late.Execute("select 1");
+  office.connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
+  fs::rename(office.file, moved);
+  const Failure gone = FailureOf(office.connection, "delete tblEmployee where ID=30");
+  EXPECT_EQ(gone.number, 4060);
+  EXPECT_THAT(gone.words, HasSubstr("جابه‌جا يا پاك شده است"));
+  EXPECT_EQ(FailureOf(office.connection, "select 1").number, 4060) << "made anew";
+
+  fs::rename(backup, office.file);
+  EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3") << "the other file's log";
+  SqliteConnection other("sqlite:" + moved);
+  EXPECT_EQ(Lines(other.Execute("select count(*) from tblEmployee")), "4");
+
+  // Another connection of the host hears of it when the new file is in use already.
+  office.connection.Execute("insert into tblEmployee(ID, Name) values (31,'b')");
+  EXPECT_EQ(FailureOf(late, "select 1").number, 4060);
+  EXPECT_EQ(Lines(late.Execute("select max(ID) from tblEmployee")), "31");
+  EXPECT_EQ(office.Rows("select max(ID) from tblEmployee"), "31");
+}
+
+TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
+  Office office;
+  const std::string whole = Content(office.file);
+  const std::string file = office.folder.File("damaged.db");
+  constexpr std::size_t kPage = 4096;
+  std::mt19937 random(1404);
+  std::set<int> numbers;
+  for (int turn = 0; turn < 400; ++turn) {
+    std::string damaged = whole;
+    const std::size_t at = random() % whole.size();
+    const std::size_t length = std::min(random() % 3 == 0 ? 4 : kPage, whole.size() - at);
+    if (turn % 10 == 0) {
+      damaged.resize(at);
+    } else if (turn % 2 == 0) {
+      damaged.replace(at, length, length, '\0');
+    } else {
+      for (std::size_t i = 0; i < length; ++i) damaged[at + i] = static_cast<char>(random());
+    }
+    std::filesystem::remove(file + "-wal");
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << damaged;
+    SqliteConnection connection("sqlite:" + file);
+    for (const char* statement :
+         {"select * from tblOrganization order by Name", "select * from vwProgramDays",
+          "insert into tblDistributionPromoterProgram (Notes) values ('x')",
+          "delete tblDistributionPromoterProgramDetail where PromoterID=7"}) {
+      const Failure failure = FailureOf(connection, statement);
+      numbers.insert(failure.number);
+      if (failure.number == 0) continue;
+      EXPECT_THAT(failure.words, HasSubstr(Quoted(file))) << turn << " " << statement;
+    }
+  }
+  EXPECT_THAT(numbers, testing::IsSupersetOf({0, 824, 4060}));
 }
 
 }  // namespace

@@ -1,0 +1,190 @@
+// The disk under the embedded database fails, is full, or loses its power at any call: what was
+// reported stored is stored, what failed is not, and the same connection works on.
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "adapters/sqlite/Errors.h"
+#include "adapters/sqlite/FailingVfs.h"
+#include "adapters/sqlite/Office.h"
+
+namespace adapters::sqlite {
+namespace {
+
+using namespace std::chrono_literals;
+using Call = FailingVfs::Call;
+
+/// The statements of a planner's work. Their rows fill a good many pages.
+const std::vector<std::string>& Work() {
+  static const std::vector<std::string> work = [] {
+    std::string days = "14040101";
+    std::string customers = "5";
+    for (int day = 2; day <= 15; ++day) days += "," + std::to_string(14040100 + day);
+    for (int id = 6; id < 65; ++id) customers += "," + std::to_string(id);
+    return std::vector<std::string>{
+        "select count(*) from tblEmployee",
+        "insert into tblDistributionPromoterProgram (Notes, Code) values ('نو', null)",
+        "insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, "
+        "CustomerID, Notes, Sequence) select 3, 7, convert(varchar,d.ID), o.ID, 'بخش شمالي شهر و "
+        "بازار', ROW_NUMBER() OVER(ORDER BY d.ID, o.ID) from dbo.fnZomirStringToTable('" +
+            days + "') d, dbo.fnZomirStringToTable('" + customers + "') o",
+        "Select SCOPE_IDENTITY() as newID",
+        "update tblDistributionPromoterProgramDetail Set Notes='ديگر' Where ProgramID=3",
+        "delete tblDistributionPromoterProgramDetail Where ProgramID=3 and CustomerID<30",
+        "select count(*), sum(CustomerID) from tblDistributionPromoterProgramDetail"};
+  }();
+  return work;
+}
+
+/// Whether a file is whole, and all rows of the tables that the work writes to; read past the
+/// failing files.
+std::string Whole(const std::filesystem::path& file) {
+  sqlite3* opened = nullptr;
+  sqlite3_open_v2(file.c_str(), &opened, SQLITE_OPEN_READWRITE, FailingVfs::Plain());
+  const DatabaseHandle database(opened);
+  std::string rows;
+  const auto append = [](void* into, int columns, char** cells, char** /*names*/) {
+    auto& text = *static_cast<std::string*>(into);
+    for (int col = 0; col < columns; ++col) text.append(cells[col] ? cells[col] : "~").append("|");
+    return 0;
+  };
+  EXPECT_EQ(sqlite3_exec(opened,
+                         "PRAGMA synchronous = OFF; PRAGMA integrity_check; SELECT * FROM "
+                         "tblDistributionPromoterProgram; "
+                         "SELECT * FROM tblDistributionPromoterProgramDetail",
+                         append, &rows, nullptr),
+            SQLITE_OK)
+      << sqlite3_errmsg(opened);
+  EXPECT_TRUE(rows.starts_with("ok|")) << rows.substr(0, 300);
+  return rows;
+}
+
+class Storage : public testing::Test {
+ protected:
+  Storage() {
+    // As an office comes: not yet with a log.
+    const DatabaseHandle database = OpenDatabase(office.file, SQLITE_OPEN_READWRITE);
+    sqlite3_exec(database.get(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+  }
+
+  /// A connection to a fresh copy of the office.
+  std::unique_ptr<SqliteConnection> Connect() {
+    for (const char* part : {"", "-wal"}) std::filesystem::remove(file + part);
+    std::filesystem::copy_file(office.file, file);
+    return std::make_unique<SqliteConnection>("sqlite:" + file, 5ms);
+  }
+
+  /// What the undisturbed work returns, and what is stored after each of its statements.
+  void Rehearse() {
+    const auto connection = Connect();
+    states = {Whole(file)};
+    for (const std::string& statement : Work()) {
+      answers.push_back(Lines(connection->Execute(statement)));
+      states.push_back(Whole(file));
+    }
+  }
+
+  Office office;
+  std::string file = office.folder.File("work.db");
+  std::vector<std::string> states;
+  std::vector<std::string> answers;
+};
+
+struct Fault {
+  Call call;
+  int code;
+  int number;
+};
+
+class FailingDisk : public Storage, public testing::WithParamInterface<Fault> {
+ protected:
+  /// The work with one fault, which is over when it was told; whether it came to it.
+  bool Work(int at, bool lasts) {
+    const Fault& fault = GetParam();
+    const auto connection = Connect();
+    vfs_.Fail(fault.call, fault.code, at, lasts);
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+      const std::string& statement = sqlite::Work()[i];
+      try {
+        EXPECT_EQ(Lines(connection->Execute(statement)), answers[i]);
+        continue;
+      } catch (const platform::RuntimeError& error) {
+        ++told_;
+        EXPECT_EQ(error.Number(), fault.number) << error.what();
+        EXPECT_NE(error.Description().find("پايگاه داده " + Quoted(file)), std::string::npos)
+            << error.what();
+      }
+      vfs_.Mend();
+      EXPECT_TRUE(Whole(file) == states[i]) << "half of " << statement;
+      EXPECT_EQ(Lines(connection->Execute(statement)), answers[i]);
+    }
+    return vfs_.Failed();
+  }
+
+  FailingVfs vfs_;
+  int told_ = 0;
+};
+
+TEST_P(FailingDisk, EveryCallInTurn_IsToldAndLosesNothing) {
+  Rehearse();
+  for (const bool lasts : {false, true}) {
+    // SQLite tries for ten seconds before it gives this one up.
+    if (lasts && GetParam().call == Call::kMapLock && GetParam().code == SQLITE_BUSY) break;
+    int at = 1;
+    for (bool failed = true; failed && !HasFailure(); ++at) {
+      SCOPED_TRACE("call " + std::to_string(at) + (lasts ? " and all that follow" : ""));
+      failed = Work(at, lasts);
+      vfs_.Mend();
+      EXPECT_TRUE(Whole(file) == states.back());
+    }
+    ASSERT_GT(at, 2);
+    RecordProperty(lasts ? "callsLasting" : "calls", at - 2);
+    RecordProperty(lasts ? "toldLasting" : "told", told_);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, FailingDisk,
+                         testing::Values(Fault{Call::kOpen, SQLITE_CANTOPEN, 4060},
+                                         Fault{Call::kRead, SQLITE_IOERR_READ, 823},
+                                         Fault{Call::kWrite, SQLITE_IOERR_WRITE, 823},
+                                         Fault{Call::kWrite, SQLITE_FULL, 1105},
+                                         Fault{Call::kSync, SQLITE_IOERR_FSYNC, 823},
+                                         Fault{Call::kDelete, SQLITE_IOERR_DELETE, 823},
+                                         Fault{Call::kLock, SQLITE_BUSY, 1222},
+                                         Fault{Call::kLock, SQLITE_IOERR_LOCK, 823},
+                                         Fault{Call::kMap, SQLITE_IOERR_SHMMAP, 823},
+                                         Fault{Call::kMapLock, SQLITE_BUSY, 1222},
+                                         Fault{Call::kMapLock, SQLITE_IOERR_SHMLOCK, 823}));
+
+using PowerCut = Storage;
+
+TEST_F(PowerCut, AtAnyChangeOfTheDisk_LeavesWholeStatementsAndAllThatWereReported) {
+  Rehearse();
+  const std::filesystem::path after = file + "-after";
+  int cuts = 0;
+  for (int round = 0; round < 3; ++round) {
+    FailingVfs vfs;
+    const auto stored = [&] {
+      vfs.WriteAfterPowerCut(after, static_cast<unsigned>(++cuts));
+      return Whole(after / "work.db");
+    };
+    std::set<std::string> seen;
+    auto connection = Connect();
+    vfs.onChange = [&] { seen.insert(stored()); };
+    for (std::size_t i = 0; i < answers.size() && !HasFailure(); ++i) {
+      SCOPED_TRACE(Work()[i]);
+      seen = {states[i], states[i + 1]};
+      const std::size_t possible = seen.size();
+      connection->Execute(Work()[i]);
+      EXPECT_EQ(seen.size(), possible) << "half of it";
+      EXPECT_TRUE(stored() == states[i + 1]) << "reported, and lost";
+    }
+    connection.reset();
+    EXPECT_EQ(seen.size(), 1U) << "after the end";
+    RecordProperty("cuts", cuts);
+  }
+}
+
+}  // namespace
+}  // namespace adapters::sqlite
