@@ -26,14 +26,14 @@ TEST(Dialect, Query_returnsWhatTheServerWould) {
       {"select 'a'+'b'+'c'", "abc"},
       {"select Name+Name from tblEmployee where ID=9", "بهاربهار"},
       {"select isnull(FirstName,'')+' '+isnull(Name,'') from tblOrganization",
-       "رضا كاظمي\n نيك‌پي"},
+       "رضا کاظمی\n نیک‌پی"},
       // Pieces of one value: of each row's own, by characters, also where the value ends early.
       {"select substring(convert(varchar,ID),1,1)+'/'+substring(convert(varchar,ID),2,1)+'.' from "
        "dbo.fnZomirStringToTable('12,12,34,5') d",
        "1/2.\n1/2.\n3/4.\n5/."},
       {"select '<'+substring(convert(varchar,Name),2,2)+'>'+substring(convert(varchar,Name),1,1) "
        "from tblEmployee where ID<9",
-       "<اس>ي\n<رو>پ"},
+       "<اس>ی\n<رو>پ"},
       // Functions.
       {"select isnull(null,3), coalesce(null,null,'x'), len('سلام '), ltrim(rtrim('  a  '))",
        "3|x|4|a"},
@@ -60,11 +60,11 @@ TEST(Dialect, Query_returnsWhatTheServerWould) {
        "5|11\n6|12"},
       // A value that only names a column of the outer query keeps the outer query's rows.
       {"select (select e.ID from tblZomirFormAction x) from tblEmployee e", "~\n~\n~"},
-      // The order of texts is the Persian reader's: پ before ي.
-      {"select Name from tblEmployee order by Name", "بهار\nپروين\nياسر"},
+      // The order of texts is the Persian reader's: پ before ی.
+      {"select Name from tblEmployee order by Name", "بهار\nپروین\nیاسر"},
       {"select ID as 'شماره', (select x.Name from tblEmployee x where x.ID=e.ID) as 'نام' "
        "from tblEmployee e order by 2 desc",
-       "7|ياسر\n8|پروين\n9|بهار"},
+       "7|یاسر\n8|پروین\n9|بهار"},
       // Dates come out in the house's form, also through a view and a group.
       {"select CreateDate from tblDistributionPromoterProgram", "2025-03-21\n~"},
       {"select ID from tblDistributionPromoterProgram where CreateDate = '20250321'", "1"},
@@ -96,11 +96,11 @@ TEST(Dialect, Values_keepTheirForm) {
   const std::string longText(200000, 'x');
   office.connection.Execute(
       "insert into tblValues(ID, Number, Words, Moment) values (1, 1, '', "
-      "'20250321 08:30:00'), (2, 1234567.25, 'نيم\u200Cفاصله', '20250321'), "
+      "'20250321 08:30:00'), (2, 1234567.25, 'نیم\u200Cفاصله', '20250321'), "
       "(3, -0.5, null, null), (4, 100000000, '" +
       longText + "', '2025-03-21 08:30:00')");
   EXPECT_EQ(office.Rows("select Number, Words, Moment from tblValues order by ID"),
-            "1||2025-03-21 08:30:00\n1234567.25|نيم\u200Cفاصله|2025-03-21\n-0.5|~|~\n100000000|" +
+            "1||2025-03-21 08:30:00\n1234567.25|نیم\u200Cفاصله|2025-03-21\n-0.5|~|~\n100000000|" +
                 longText + "|2025-03-21 08:30:00");
 }
 

@@ -26,11 +26,11 @@ const std::vector<std::string>& Work() {
         "select count(*) from tblEmployee",
         "insert into tblDistributionPromoterProgram (Notes, Code) values ('نو', null)",
         "insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, "
-        "CustomerID, Notes, Sequence) select 3, 7, convert(varchar,d.ID), o.ID, 'بخش شمالي شهر و "
+        "CustomerID, Notes, Sequence) select 3, 7, convert(varchar,d.ID), o.ID, 'بخش شمالی شهر و "
         "بازار', ROW_NUMBER() OVER(ORDER BY d.ID, o.ID) from dbo.fnZomirStringToTable('" +
             days + "') d, dbo.fnZomirStringToTable('" + customers + "') o",
         "Select SCOPE_IDENTITY() as newID",
-        "update tblDistributionPromoterProgramDetail Set Notes='ديگر' Where ProgramID=3",
+        "update tblDistributionPromoterProgramDetail Set Notes='دیگر' Where ProgramID=3",
         "delete tblDistributionPromoterProgramDetail Where ProgramID=3 and CustomerID<30",
         "select count(*), sum(CustomerID) from tblDistributionPromoterProgramDetail"};
   }();
