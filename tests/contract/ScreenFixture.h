@@ -55,8 +55,9 @@ class SampleForm : public controls::Form {
     Resize(10500, 7800);
     SetMinimumSize(7500, 6000);
     int place = 0;
-    for (controls::Control* control : std::vector<controls::Control*>{
-             &txtNumber, &txtName, &cmbReport, &sltCity, &datFrom, &flx, &cmdCancel, &cmdOK}) {
+    for (controls::Control* control :
+         std::vector<controls::Control*>{&txtNumber, &txtName, &chkActive, &cmbReport, &sltCity,
+                                         &datFrom, &flx, &cmdCancel, &cmdOK}) {
       control->Move(place % 5 * 2000 + 300, 300, 1900, 375);
       control->SetTabIndex(place++);
     }
@@ -125,7 +126,7 @@ class ScreenTest : public testing::Test {
   /// Replaces the text of the field that has the focus.
   void Retype(const std::string& text);
   void Click(controls::Control& control);
-  void ClickDay(int week, int weekday);
+  void ClickMonthPage(Place at);
   void ClickListRow(int row);
   void MouseOnGrid(Mouse what, Place at, int button = 1, Held held = Held::kNothing);
   void TurnWheelOnGrid(int delta);
@@ -144,11 +145,13 @@ class ScreenTest : public testing::Test {
   std::string Shown(controls::Control& control);
   bool HasWindow(controls::Form& shown);
   Place WindowSize();
+  std::string WindowTitle();
   /// The name of the control that has the keyboard.
   std::string Focused();
   bool DateRefused();
   bool MonthPageOpen();
-  /// Rows of the selector's list; -1 while it is closed.
+  Place DayAt(int week, int weekday);
+  /// How many rows the selector's list has room for; -1 while it is closed.
   int ListCount();
   /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
   Place At(int row, int col);
