@@ -130,7 +130,6 @@ class ScreenTest : public testing::Test {
   void ClickListRow(int row);
   void MouseOnGrid(Mouse what, Place at, int button = 1, Held held = Held::kNothing);
   void TurnWheelOnGrid(int delta);
-  void ScrollGridToEnd();
   /// Waits until a drag below the grid's edge has scrolled on.
   void AwaitAutoScroll();
   void DragWindowTo(int width, int height);
@@ -143,7 +142,6 @@ class ScreenTest : public testing::Test {
   void Settle();
 
   std::string Shown(controls::Control& control);
-  bool HasWindow(controls::Form& shown);
   Place WindowSize();
   std::string WindowTitle();
   /// The name of the control that has the keyboard.

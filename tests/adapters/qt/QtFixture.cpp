@@ -38,6 +38,10 @@ void SendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   QApplication::sendEvent(&KeyReceiver(), &event);
 }
 
+Place CentreOf(const QRect& place) {
+  return {place.center().x(), place.center().y()};
+}
+
 Qt::KeyboardModifiers Modifiers(Held held) {
   if (held == Held::kNothing) return Qt::NoModifier;
   return held == Held::kShift ? Qt::ShiftModifier : Qt::ControlModifier;
@@ -77,9 +81,9 @@ void ScreenTest::Click(controls::Control& control) {
   WidgetOf<QAbstractButton>(adapter->screen, control).click();
 }
 
-void ScreenTest::ClickDay(int week, int weekday) {
+void ScreenTest::ClickMonthPage(Place at) {
   MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
-  QTest::mouseClick(&page, Qt::LeftButton, {}, page.DayPlace(week, weekday).center());
+  QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(at.x, at.y));
 }
 
 void ScreenTest::ClickListRow(int row) {
@@ -106,11 +110,6 @@ void ScreenTest::TurnWheelOnGrid(int delta) {
   QWheelEvent event(place, view.mapToGlobal(place), {}, {0, delta}, {}, {}, Qt::NoScrollPhase,
                     false);
   QApplication::sendEvent(&view, &event);
-}
-
-void ScreenTest::ScrollGridToEnd() {
-  QScrollBar& bar = *WidgetOf<FlexGridView>(adapter->screen, form.flx).verticalScrollBar();
-  bar.setValue(bar.maximum());
 }
 
 void ScreenTest::AwaitAutoScroll() {
@@ -150,13 +149,13 @@ std::string ScreenTest::Shown(controls::Control& control) {
   return ToUtf8(dynamic_cast<QLineEdit&>(*widget).text());
 }
 
-bool ScreenTest::HasWindow(controls::Form& shown) {
-  return adapter->screen.WindowOf(shown) != nullptr;
-}
-
 Place ScreenTest::WindowSize() {
   const QSize size = adapter->screen.WindowOf(form)->size();
   return {size.width(), size.height()};
+}
+
+std::string ScreenTest::WindowTitle() {
+  return ToUtf8(adapter->screen.WindowOf(form)->windowTitle());
 }
 
 std::string ScreenTest::Focused() {
@@ -173,13 +172,18 @@ bool ScreenTest::MonthPageOpen() {
 
 int ScreenTest::ListCount() {
   const QListView& list = WidgetOf<SelectorWidget>(adapter->screen, form.sltCity).Popup();
-  return list.isVisible() ? list.model()->rowCount() : -1;
+  if (!list.isVisible()) return -1;
+  return list.viewport()->height() / list.visualRect(list.model()->index(0, 0)).height();
+}
+
+Place ScreenTest::DayAt(int week, int weekday) {
+  MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
+  return CentreOf(page.DayPlace(week, weekday));
 }
 
 Place ScreenTest::At(int row, int col) {
   const QRect place = WidgetOf<FlexGridView>(adapter->screen, form.flx).CellPlace(row, col);
-  if (place.isEmpty()) return {};
-  return {place.center().x(), place.center().y()};
+  return place.isEmpty() ? Place() : CentreOf(place);
 }
 
 std::string ScreenTest::Copied() {

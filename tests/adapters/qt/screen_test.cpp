@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QTest>
 
 #include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/QtFixture.h"
@@ -10,7 +11,9 @@ namespace {
 TEST_F(QtTest, FormDestroyed_WhileItsWindowIsUp_LeavesNothingThatTouchesIt) {
   auto other = std::make_unique<contract::SampleForm>(screen, cities);
   other->Show(controls::Modality::kModeless);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(adapter->screen.WindowOf(*other)));
   other->datFrom.SetFocus();
+  Type("1403");
   other.reset();
   Settle();
   ShowForm();
