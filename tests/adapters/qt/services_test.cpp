@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "adapters/qt/Components.h"
+#include "adapters/qt/Files.h"
 #include "adapters/qt/QtFixture.h"
 
 namespace adapters::qt {
@@ -56,10 +57,11 @@ TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
   EXPECT_EQ(NumberOf([&] { notice->Put("FormType", std::string("one")); }), 13);
 }
 
-TEST_F(ServicesTest, Filter_OfPairs_BecomesQtsList) {
+TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(QtFilter("Text (*.txt)|*.txt|All|*.*"), "Text (*.txt);;All (*.*)");
   EXPECT_EQ(QtFilter("Tables|*.csv;*.tsv"), "Tables (*.csv *.tsv)");
   EXPECT_EQ(QtFilter(""), "");
+  EXPECT_EQ(NumberOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }), 53);
 }
 
 TEST_F(ServicesTest, Progress_LongWorkCancelled_SaysStop) {
