@@ -1,4 +1,5 @@
 #include <QGuiApplication>
+#include <QPointer>
 #include <QTest>
 
 #include "adapters/qt/FlexGridView.h"
@@ -17,6 +18,18 @@ TEST_F(QtTest, FormDestroyed_WhileItsWindowIsUp_LeavesNothingThatTouchesIt) {
   other.reset();
   Settle();
   ShowForm();
+}
+
+TEST_F(QtTest, Unload_InAClick_KeepsTheButtonUntilItReturned) {
+  ShowForm();
+  const QPointer<QWidget> button = adapter->screen.WidgetOf(form.cmdOK);
+  form.cmdOK.onClick = [&] {
+    form.Unload();
+    EXPECT_TRUE(button);
+  };
+  Click(form.cmdOK);
+  Settle();
+  EXPECT_FALSE(button);
 }
 
 TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
