@@ -39,8 +39,10 @@ endfunction()
 
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
 promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids)
-target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp)
-target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex)
+target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp
+  ${PROJECT_SOURCE_DIR}/apps/activex-host/Windows.cpp adapters/windows/StandIn.cpp)
+target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
+  ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
 target_compile_definitions(apps_activex_test PRIVATE PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>")
 add_dependencies(apps_activex_test promoter-activex)

@@ -11,7 +11,6 @@
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
-#include "demo/SampleOffice.h"
 #include "platform/RuntimeError.h"
 #include "support/Lines.h"
 #include "text/Text.h"
@@ -62,12 +61,6 @@ std::unique_ptr<platform::Connection> Connect(Engine engine, const std::string& 
   return std::make_unique<adapters::odbc::OdbcConnection>("Driver=SQLite3;Database=" + file);
 }
 
-/// A new folder for a test's files.
-std::filesystem::path NewFolder() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
-  return mkdtemp(pattern.data());
-}
-
 /// A database with empty tables for each test. "$" in a statement is the prefix of their names.
 class ConnectionContract : public testing::TestWithParam<Engine> {
  protected:
@@ -81,7 +74,8 @@ class ConnectionContract : public testing::TestWithParam<Engine> {
       for (const char* table : kTables) Make(table);
       for (const char* procedure : kProcedures) Make(procedure);
     } else {
-      folder_ = NewFolder();
+      std::string pattern = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
+      folder_ = mkdtemp(pattern.data());
       const std::string file = (folder_ / "office.db").string();
       connection = Connect(Engine::kOdbcSqlite, file);
       for (const char* table : kTables) Make(table);
@@ -169,31 +163,29 @@ TEST_P(ConnectionContract, Values_comeOutAsTexts) {
   EXPECT_EQ(Rows("select count(*), max(Number), 1, 'a', null from $Value"), "3|100000000|1|a|~");
 }
 
-TEST_P(ConnectionContract, Texts_areKeptLetterByLetter) {
-  std::vector<std::string> texts{
-      "نیک\u200Cپی", "نيك\u200Cپي", "علی کاظمی", "علي كاظمي",
-      "۱۴۰۴/٠١/01",  "”3“ it's",    "a\r\n\tb",  "{d '2025-03-21'} ? :x @y -- /* % _ ["};
+TEST_P(ConnectionContract, Texts_areKeptLetterByLetterAndWhole) {
+  std::string persian;
+  for (int i = 0; i < 10000; ++i) persian += "نیک\u200Cپی، يك";
+  std::vector<std::string> texts{"نیک\u200Cپی",
+                                 "نيك\u200Cپي",
+                                 "علی کاظمی",
+                                 "علي كاظمي",
+                                 "۱۴۰۴/٠١/01",
+                                 "”3“ it's",
+                                 "a\r\n\tb",
+                                 "{d '2025-03-21'} ? :x @y -- /* % _ [",
+                                 persian,
+                                 std::string(8191, 'x'),
+                                 std::string(8192, 'x')};
   // The driver manager has no narrow letters for what lies beyond 16 bits.
   if (!IsNarrow()) texts.emplace_back("😀");
   for (const std::string& text : texts) {
+    const std::string words = text.substr(0, text.size() > 200 ? 0 : text.size());
     Execute("delete from $Value");
-    Execute("insert into $Value(ID, Words, Notes) values (1, " +
-            text::Replace("?, ?)", "?", Literal(text)));
-    EXPECT_EQ(Rows("select Words from $Value where Words=" + Literal(text)), text);
-    EXPECT_EQ(Rows("select Notes from $Value"), text);
-  }
-}
-
-TEST_P(ConnectionContract, LongText_arrivesWhole) {
-  std::string persian;
-  for (int i = 0; i < 10000; ++i) persian += "نیک\u200Cپی، يك";
-  for (const std::string& notes : {persian, std::string(8191, 'x'), std::string(8192, 'x')}) {
-    Execute("delete from $Value");
-    Execute("insert into $Value(ID, Notes) values (1, " + Literal(notes) + ")");
-    const RowSet rows = Execute("select Notes, ID from $Value");
-    ASSERT_EQ(rows.RowCount(), 1U);
-    EXPECT_TRUE(rows.Text(0, 0) == notes) << rows.Text(0, 0).size() << " of " << notes.size();
-    EXPECT_EQ(rows.Text(0, 1), "1");
+    Execute("insert into $Value(ID, Words, Notes) values (1, " + Literal(words) + ", " +
+            Literal(text) + ")");
+    EXPECT_EQ(Rows("select Words from $Value where Words=" + Literal(words)), words);
+    EXPECT_TRUE(Rows("select Notes, ID from $Value") == text + "|1") << text.substr(0, 50);
   }
 }
 
@@ -208,7 +200,12 @@ TEST_P(ConnectionContract, Results_haveTheirColumnsAndRows) {
   }
   Execute("insert into $Row(Name) values ('n')");
   for (int i = 0; i < 10; ++i) Execute("insert into $Row(Name) select Name from $Row");
-  EXPECT_EQ(Execute("select ID from $Row").RowCount(), 1024U);
+  const RowSet rows = Execute("select ID, Name from $Row order by ID");
+  ASSERT_EQ(rows.RowCount(), 1024U);
+  for (std::size_t row = 0; row < 1024; ++row) {
+    EXPECT_EQ(rows.Text(row, 0), std::to_string(row + 1));
+    EXPECT_EQ(rows.Text(row, 1), "n");
+  }
 }
 
 TEST_P(ConnectionContract, FailedStatement_changesNothingAndLeavesTheConnection) {
@@ -288,25 +285,6 @@ TEST_P(ServerContract, Procedures_takeParametersAndReturnTheirValue) {
 
 INSTANTIATE_TEST_SUITE_P(On, ServerContract, testing::Values(Engine::kEmbedded, Engine::kSqlServer),
                          testing::PrintToStringParamName());
-
-TEST(SampleOffice, Tables_areReadAlikeByBothEngines) {
-  const std::filesystem::path folder = NewFolder();
-  const std::string file = (folder / "office.db").string();
-  demo::CreateSampleOffice(
-      file, {.customers = 200, .today = std::chrono::year(2025) / 3 / 21, .basePath = ""});
-  const auto embedded = Connect(Engine::kEmbedded, file);
-  const auto odbc = Connect(Engine::kOdbcSqlite, file);
-  for (const char* statement :
-       {"select ID, Code, FirstName, Name, Address, Phone1 from tblOrganization order by ID",
-        "select ID, Name from vwEmployeeMajor order by ID",
-        "select ProgramID, FarsiVisitDate, CustomerID, Notes, Sequence from "
-        "tblDistributionPromoterProgramDetail order by 1, 2, 3, 5"}) {
-    const RowSet rows = embedded->Execute(statement);
-    EXPECT_GT(rows.RowCount(), 0U) << statement;
-    EXPECT_TRUE(Lines(odbc->Execute(statement)) == Lines(rows)) << statement;
-  }
-  std::filesystem::remove_all(folder);
-}
 
 }  // namespace
 }  // namespace contract

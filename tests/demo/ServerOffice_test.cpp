@@ -1,7 +1,6 @@
 #include "demo/ServerOffice.h"
 
 #include <gmock/gmock.h>
-#include <sqlite3.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include <regex>
 #include <sstream>
 
+#include "demo/PlainDatabase.h"
 #include "demo/Schema.h"
 #include "support/ScriptedDatabase.h"
 #include "text/Text.h"
@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 using support::Holding;
 using testing::HasSubstr;
 using text::Replace;
-using Rows = std::vector<std::vector<std::string>>;
+using Rows = demo::PlainDatabase::Rows;
 
 std::string Script(const std::string& name) {
   std::ostringstream text;
@@ -28,26 +28,7 @@ std::string Script(const std::string& name) {
 }
 
 class ServerOffice : public testing::Test {
- public:
-  ~ServerOffice() override { sqlite3_close(office_); }
-
  protected:
-  ServerOffice() {
-    sqlite3_open(":memory:", &office_);
-    Query("PRAGMA foreign_keys = ON;" + std::string(demo::OfficeSchema()));
-  }
-
-  /// Rows of an embedded office that is empty at first; else what is said against the query.
-  Rows Query(const std::string& sql) {
-    Rows rows;
-    const auto add = [](void* to, int count, char** cells, char**) {
-      auto& row = static_cast<Rows*>(to)->emplace_back();
-      for (int i = 0; i < count; ++i) row.emplace_back(cells[i] ? cells[i] : "NULL");
-      return 0;
-    };
-    const int result = sqlite3_exec(office_, sql.c_str(), add, &rows, nullptr);
-    return result == SQLITE_OK ? rows : Rows{{sqlite3_errmsg(office_)}};
-  }
   /// What the load failed with; empty when it did not.
   std::string Load() {
     const std::string texts[] = {Script("schema"), Script("functions"), Script("procedures")};
@@ -65,11 +46,13 @@ class ServerOffice : public testing::Test {
   support::ScriptedDatabase database_{events_};
   support::RecordingConnection server_{database_, "server"};
   std::ostringstream progress_;
-  sqlite3* office_ = nullptr;
+  /// An embedded office that is empty at first.
+  demo::PlainDatabase office_{":memory:"};
 };
 
 // The INSERTs, put into SQLite's words, must make the very office again, foreign keys enforced.
 TEST_F(ServerOffice, EmptyDatabase_Loaded_GetsSchemaThenEveryRowInOneTransaction) {
+  office_.Query(std::string(demo::OfficeSchema()));
   ASSERT_EQ(Load(), "");
   const std::vector<std::string> sent = database_.Statements();
   const auto isInsert = [](const std::string& text) { return text.find("VALUES\n(") < 300; };
@@ -93,15 +76,16 @@ TEST_F(ServerOffice, EmptyDatabase_Loaded_GetsSchemaThenEveryRowInOneTransaction
     }
     text = Replace(Replace(Replace(text, "INTO dbo.", "INTO "), "(N'", "('"), ", N'", ", '");
     text = std::regex_replace(text, std::regex("0x([0-9A-F]+)"), "CAST(X'$1' AS TEXT)");
-    EXPECT_EQ(Query(text), Rows()) << *statement;
+    EXPECT_EQ(office_.Query(text), Rows()) << *statement;
   }
   const auto original = std::filesystem::path(testing::TempDir()) / "server-office-test.db";
   std::filesystem::remove(original);
   demo::CreateSampleOffice(original.string(), options_);
-  Query("ATTACH '" + original.string() + "' AS original");
+  office_.Query("ATTACH '" + original.string() + "' AS original");
   for (const auto& table :
-       Query("SELECT name FROM original.sqlite_master WHERE name LIKE 'tbl%'")) {
-    EXPECT_EQ(Query("SELECT * FROM main." + table[0]), Query("SELECT * FROM original." + table[0]));
+       office_.Query("SELECT name FROM original.sqlite_master WHERE name LIKE 'tbl%'")) {
+    EXPECT_EQ(office_.Query("SELECT * FROM main." + table[0]),
+              office_.Query("SELECT * FROM original." + table[0]));
   }
   std::filesystem::remove(original);
 }
@@ -124,26 +108,27 @@ TEST_F(ServerOffice, Failure_MidwayOrAtOnce_TakesAllBackAndTells) {
 }
 
 TEST_F(ServerOffice, Schema_ComparedWithTheEmbeddedOne_HasTheSameTablesViewsAndColumns) {
+  office_.Query(std::string(demo::OfficeSchema()));
   const std::string script = Script("schema");
-  for (const auto& object :
-       Query("SELECT upper(type) || ' dbo.' || name, name, sql LIKE '%AUTOINCREMENT%' "
-             "FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite%'")) {
+  for (const auto& object : office_.Query(
+           "SELECT upper(type) || ' dbo.' || name, name, sql LIKE '%AUTOINCREMENT%' "
+           "FROM sqlite_master WHERE type IN ('table', 'view') AND name NOT LIKE 'sqlite%'")) {
     const auto begin = script.find("CREATE " + object[0] + " ");
     ASSERT_NE(begin, script.npos) << object[0];
     const std::string text = script.substr(begin, script.find("\ngo", begin) - begin);
     EXPECT_EQ(text.find("IDENTITY(1,1)") != text.npos, object[2] == "1") << text;
-    for (const auto& column :
-         Query("SELECT name, \"notnull\" OR pk > 0 FROM pragma_table_info('" + object[1] + "')")) {
+    for (const auto& column : office_.Query(
+             "SELECT name, \"notnull\" OR pk > 0 FROM pragma_table_info('" + object[1] + "')")) {
       const bool view = object[0].starts_with("VIEW");
       const auto at = text.find(view ? column[0] : "\n  " + column[0] + " ");
       ASSERT_NE(at, text.npos) << column[0] << " in " << text;
       const std::string line = text.substr(at + 1, text.find('\n', at + 1) - at);
       EXPECT_EQ(line.find("NOT NULL") != line.npos, !view && column[1] == "1") << line;
     }
-    for (const auto& part :
-         Query("SELECT 'REFERENCES dbo.' || \"table\" || ' (' FROM pragma_foreign_key_list('" +
-               object[1] + "') UNION SELECT 'INDEX ' || name || ' ' FROM pragma_index_list('" +
-               object[1] + "') WHERE origin = 'c'")) {
+    for (const auto& part : office_.Query(
+             "SELECT 'REFERENCES dbo.' || \"table\" || ' (' FROM pragma_foreign_key_list('" +
+             object[1] + "') UNION SELECT 'INDEX ' || name || ' ' FROM pragma_index_list('" +
+             object[1] + "') WHERE origin = 'c'")) {
       EXPECT_THAT(Replace(text, "\n", " "), HasSubstr(part[0]));
     }
   }

@@ -1,139 +1,93 @@
 #include "structure/IncludeRules.h"
 
 #include <algorithm>
-#include <iterator>
-#include <optional>
 #include <regex>
-#include <sstream>
-#include <utility>
+#include <string_view>
 
 namespace structure {
 namespace {
 
-/// The rule's or allowed entry's name covers the layer: the same, or "kind/*" for "kind/any".
+// Left out on purpose: whatever reads the clock, files, locale or environment by itself (ctime,
+// filesystem, fstream, iostream, locale, regex, cstdlib), and threads.
+constexpr std::string_view kStandardHeaders =
+    " algorithm array bit bitset cassert cctype charconv chrono climits cmath "
+    "compare concepts cstddef cstdint cstring deque exception functional "
+    "initializer_list iterator limits list map memory memory_resource new "
+    "numeric optional queue ranges ratio set span stack stdexcept string "
+    "string_view system_error tuple type_traits typeinfo unordered_map "
+    "unordered_set utility variant vector ";
+
+struct Include {
+  std::string written;
+  std::string path;  // in the tree; empty when it leads to none
+};
+
+/// The layer's name covers another: the same, or "kind/*" for "kind/any".
 bool Covers(std::string_view pattern, std::string_view layer) {
   if (pattern == layer) return true;
   return pattern.ends_with("/*") && layer.starts_with(pattern.substr(0, pattern.size() - 1));
 }
 
-const LayerRule* RuleOf(const Rules& rules, std::string_view layer) {
-  // Exact names stand before the pattern that would cover them too.
-  const auto found = std::ranges::find_if(
-      rules.layers, [&](const LayerRule& rule) { return Covers(rule.layer, layer); });
-  return found == rules.layers.end() ? nullptr : &*found;
+/// "src/adapters/qt/Window.h" belongs to adapters/qt, "src/host/modMain.h" to host.
+std::string LayerOf(const std::string& path) {
+  static const std::regex kLayer("(?:src/)?((?:adapters/|apps/)?[^/]+)/.*");
+  return std::regex_replace(path, kLayer, "$1");
 }
 
-/// The file that a quoted include leads to: written from src/, from the root, or beside the file.
-std::optional<std::string> Resolve(const SourceTree& tree, const std::string& file,
-                                   const std::string& target) {
-  const std::string beside = file.substr(0, file.rfind('/') + 1) + target;
-  for (const std::string& path : {"src/" + target, target, beside}) {
-    if (tree.contains(path)) return path;
-  }
-  return {};
-}
-
-/// What is wrong with one include, or nothing.
-std::optional<std::string> FaultOf(const SourceTree& tree, const Rules& rules,
-                                   const std::string& file, const Include& include) {
-  const std::string layer = LayerOf(file);
-  const LayerRule* rule = RuleOf(rules, layer);
-  if (rule == nullptr) return "no rule for the folder " + layer;
-  const auto path =
-      include.quoted ? Resolve(tree, file, include.target) : std::optional<std::string>{};
-  if (!path) {
-    if (rule->outside == LayerRule::Outside::kAny) return {};
-    if (include.quoted) return "no such file in the project";
-    if (rules.standardHeaders.contains(include.target)) return {};
-    return "not one of the standard headers for " + layer;
-  }
-  const std::string included = LayerOf(*path);
-  const bool allowed =
-      included == layer || std::ranges::any_of(rule->mayInclude, [&](const std::string& pattern) {
-        return Covers(pattern, included);
-      });
-  if (allowed) return {};
-  return layer + " may not include " + included;
-}
-
-/// Walks the includes between headers depth first and reports each ring once.
-class RingFinder {
- public:
-  explicit RingFinder(const SourceTree& tree) : tree_(tree) {}
-
-  std::vector<std::string> Find() {
-    for (const auto& [path, text] : tree_) Walk(path);
-    return std::move(faults_);
-  }
-
- private:
-  void Walk(const std::string& path) {
-    if (done_.contains(path)) return;
-    const auto open = std::ranges::find(trail_, path);
-    if (open != trail_.end()) {
-      std::string ring = "ring of includes: ";
-      for (auto it = open; it != trail_.end(); ++it) ring += *it + " -> ";
-      faults_.push_back(ring + path);
-      return;
-    }
-    trail_.push_back(path);
-    for (const Include& include : ReadIncludes(tree_.at(path))) {
-      if (!include.quoted) continue;
-      if (const auto next = Resolve(tree_, path, include.target)) Walk(*next);
-    }
-    trail_.pop_back();
-    done_.insert(path);
-  }
-
-  const SourceTree& tree_;
-  std::vector<std::string> trail_;
-  std::set<std::string> done_;
-  std::vector<std::string> faults_;
-};
-
-}  // namespace
-
-std::vector<Include> ReadIncludes(const std::string& source) {
-  static const std::regex kInclude(R"~(^[ \t]*#[ \t]*include[ \t]*(?:"([^"]+)"|<([^>]+)>).*)~");
+/// Quoted includes are written from src/, from the root, or beside the file.
+std::vector<Include> ReadIncludes(const SourceTree& tree, const std::string& file) {
+  static const std::regex kInclude(R"~((?:^|\n)[ \t]*#[ \t]*include[ \t]*["<]([^">]+)[">])~");
+  const std::string& text = tree.at(file);
   std::vector<Include> includes;
-  std::istringstream lines(source);
-  for (std::string line; std::getline(lines, line);) {
-    std::smatch found;
-    if (line.find('#') == std::string::npos || !std::regex_match(line, found, kInclude)) continue;
-    includes.push_back({found[1].matched ? found[1] : found[2], found[1].matched});
+  for (std::sregex_iterator at(text.begin(), text.end(), kInclude), end; at != end; ++at) {
+    Include include{(*at)[1], {}};
+    for (const std::string& folder :
+         {file.substr(0, file.rfind('/') + 1), std::string(), std::string("src/")}) {
+      if (tree.contains(folder + include.written)) include.path = folder + include.written;
+    }
+    includes.push_back(include);
   }
   return includes;
 }
 
-std::string LayerOf(const std::string& path) {
-  static const std::regex kLayer("(?:src/)?((?:adapters/|apps/)?[^/]+)/.*");
-  std::smatch found;
-  return std::regex_match(path, found, kLayer) ? found[1].str() : path;
+/// What is wrong with one include; empty when nothing is.
+std::string FaultOf(const std::string& layer, const Include& include) {
+  const auto rule = std::ranges::find_if(
+      ProjectRules(), [&](const LayerRule& each) { return Covers(each.layer, layer); });
+  if (rule == ProjectRules().end()) return "no rule for the folder " + layer;
+  if (include.path.empty()) {
+    const bool known = rule->anyLibrary ||
+                       kStandardHeaders.find(" " + include.written + " ") != std::string_view::npos;
+    return known ? "" : "neither in the project nor one of the standard headers for " + layer;
+  }
+  const std::string included = LayerOf(include.path);
+  const bool allowed =
+      included == layer || std::ranges::any_of(rule->mayInclude, [&](const std::string& pattern) {
+        return Covers(pattern, included);
+      });
+  return allowed ? "" : layer + " may not include " + included;
 }
 
-std::vector<std::string> FindFaults(const SourceTree& tree, const Rules& rules) {
+}  // namespace
+
+std::vector<std::string> FindFaults(const SourceTree& tree) {
   std::vector<std::string> faults;
-  std::set<const Exception*> used;
-  for (const auto& entry : tree) {
-    const std::string& file = entry.first;
-    for (const Include& include : ReadIncludes(entry.second)) {
-      const auto fault = FaultOf(tree, rules, file, include);
-      if (!fault) continue;
-      const auto exception = std::ranges::find_if(rules.exceptions, [&](const Exception& allowed) {
-        return allowed.file == file && allowed.include == include.target;
-      });
-      if (exception == rules.exceptions.end()) {
-        faults.push_back(file + " includes " + include.target + ": " + *fault);
-      } else {
-        used.insert(&*exception);
-      }
+  std::map<std::string, std::set<std::string>> below;
+  for (const auto& [file, text] : tree) {
+    below[file];
+    for (const Include& include : ReadIncludes(tree, file)) {
+      const std::string fault = FaultOf(LayerOf(file), include);
+      if (!fault.empty()) faults.push_back(file + " includes " + include.written + ": " + fault);
+      if (!include.path.empty()) below[file].insert(include.path);
     }
   }
-  for (const Exception& exception : rules.exceptions) {
-    if (used.contains(&exception)) continue;
-    faults.push_back("stale exception: " + exception.file + " includes " + exception.include);
+  // Files that include only what was taken away are taken away too; rings stay.
+  const auto stands = [&](const std::string& file) { return below.contains(file); };
+  while (std::erase_if(below, [&](const auto& file) {
+           return std::ranges::none_of(file.second, stands);
+         }) > 0) {
   }
-  std::ranges::move(RingFinder(tree).Find(), std::back_inserter(faults));
+  if (!below.empty()) faults.push_back("a ring of includes below " + below.begin()->first);
   return faults;
 }
 

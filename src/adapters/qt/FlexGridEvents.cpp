@@ -112,9 +112,13 @@ void FlexGridView::mouseMoveEvent(QMouseEvent* event) {
   viewport()->setCursor(ColumnBorderAt(place) ? Qt::SplitHCursor : Qt::ArrowCursor);
 }
 
+/// Where the mouse is outside of the cells, the nearest one in sight counts.
 void FlexGridView::DragTo(const QPoint& place) {
   lastDrag_ = place;
-  const Cell cell = CellAt(place);
+  const QRect inside = viewport()->rect();
+  const Cell cell =
+      CellAt({std::clamp(place.x(), 0, std::max(0, inside.right())),
+              std::clamp(place.y(), FixedHeight(), std::max(FixedHeight(), inside.bottom()))});
   if (cell.row == Model()->MouseRow() && cell.col == Model()->MouseCol()) return;
   Call([&](FlexGrid& grid) { grid.MouseDrag(cell.row, cell.col); });
 }
@@ -134,9 +138,7 @@ void FlexGridView::timerEvent(QTimerEvent* event) {
   if (lastDrag_.y() >= viewport()->height()) down.setValue(down.value() + 1);
   if (lastDrag_.x() < 0) across.setValue(across.value() + across.singleStep());
   if (lastDrag_.x() >= viewport()->width()) across.setValue(across.value() - across.singleStep());
-  const QRect inside = viewport()->rect();
-  DragTo({std::clamp(lastDrag_.x(), 0, std::max(0, inside.right())),
-          std::clamp(lastDrag_.y(), FixedHeight(), std::max(FixedHeight(), inside.bottom()))});
+  DragTo(lastDrag_);
 }
 
 void FlexGridView::mouseReleaseEvent(QMouseEvent* event) {

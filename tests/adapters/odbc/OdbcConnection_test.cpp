@@ -44,9 +44,13 @@ Failure FailureOf(OdbcConnection& connection, std::string_view statement) {
   return FailureOf([&] { connection.Execute(statement); });
 }
 
-TEST(OdbcConnection, Rows_comeOutAsTexts) {
-  const StandInServer server;
-  OdbcConnection connection(server.Address());
+class OdbcTest : public testing::Test {
+ protected:
+  StandInServer server;
+  OdbcConnection connection{server.Address(), 1s};
+};
+
+TEST_F(OdbcTest, Rows_comeOutAsTexts) {
   const platform::RowSet values = connection.Execute("select * from tblValues");
   EXPECT_THAT(values.Columns(), ElementsAre("Whole", "Large", "Yes", "Real", "Price", "Exact",
                                             "Moment", "Midnight", "Day", "Words", "Notes"));
@@ -66,9 +70,7 @@ TEST(OdbcConnection, Rows_comeOutAsTexts) {
   }
 }
 
-TEST(OdbcConnection, Results_areReadToTheEndAndTheFirstRowsKept) {
-  const StandInServer server;
-  OdbcConnection connection(server.Address());
+TEST_F(OdbcTest, Results_areReadToTheEndAndTheFirstRowsKept) {
   EXPECT_EQ(Lines(connection.Execute("change and select")), kNames);
   EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames);
   const platform::RowSet empty = connection.Execute("select ID, Name from tblEmployee where ID=0");
@@ -88,7 +90,7 @@ TEST(OdbcConnection, Results_areReadToTheEndAndTheFirstRowsKept) {
   EXPECT_THAT(server.Heard("call"), IsEmpty());
 }
 
-TEST(OdbcConnection, Errors_bringNumberAndTextAndLeaveTheSession) {
+TEST_F(OdbcTest, Errors_bringNumberAndTextAndLeaveTheSession) {
   const std::string duplicate = "Violation of UNIQUE KEY: «نیک\u200Cپی» تكراري است.";
   const struct {
     std::string statement;
@@ -103,8 +105,6 @@ TEST(OdbcConnection, Errors_bringNumberAndTextAndLeaveTheSession) {
       {"select twice and fail within the rows", 245, "Conversion failed."},
       {"fail within the rows", 245, "Conversion failed."},
   };
-  const StandInServer server;
-  OdbcConnection connection(server.Address());
   for (const auto& [statement, number, words] : cases) {
     const Failure failure = FailureOf(connection, statement);
     EXPECT_EQ(failure.number, number) << statement;
@@ -116,9 +116,7 @@ TEST(OdbcConnection, Errors_bringNumberAndTextAndLeaveTheSession) {
   EXPECT_THAT(server.Heard("login"), ElementsAre("sa|s3cret|suite"));
 }
 
-TEST(OdbcConnection, Procedure_getsItsParametersAndReturnsItsValue) {
-  const StandInServer server;
-  OdbcConnection connection(server.Address());
+TEST_F(OdbcTest, Procedure_getsItsParametersAndReturnsItsValue) {
   const Parameter permission[] = {{"@UserID", 5}, {"@FormPermissionID", -330801}};
   EXPECT_EQ(connection.CallProcedure("spZomirHasPermission", permission), 1);
   const std::chrono::sys_days day = std::chrono::year(2025) / 3 / 21;
@@ -169,53 +167,43 @@ TEST(OdbcConnection, FailedLogin_saysWhyWithoutThePassword) {
   }
 }
 
-TEST(OdbcConnection, AbsentServer_isNamedUnreachableUntilItIsThere) {
-  StandInServer server;
-  server.Command("away");
-  OdbcConnection connection(server.Address(), 1s);
-  const Failure failure = FailureOf(connection, "select 1");
-  EXPECT_NE(failure.number, 0);
-  EXPECT_THAT(failure.words,
-              AllOf(StartsWith(std::string(kUnreachable)), Not(HasSubstr("s3cret"))));
-  server.Command("back");
-  EXPECT_EQ(FailureOf(connection, "select ID, Name from tblEmployee").words, "");
-}
-
-TEST(OdbcConnection, LostServer_failsTheStatementOnceAndIsFoundAgainByTheNext) {
+TEST_F(OdbcTest, LostServer_failsTheStatementOnceAndIsFoundAgainByTheNext) {
   const std::string names = "select ID, Name from tblEmployee";
+  EXPECT_EQ(FailureOf(connection, names).words, "");
   for (const std::string statement :
        {"vanish at once", "vanish within the rows", "vanish after the rows"}) {
-    const StandInServer server;
-    OdbcConnection connection(server.Address());
-    EXPECT_EQ(FailureOf(connection, names).words, "");
     const Failure failure = FailureOf(connection, statement);
     EXPECT_NE(failure.number, 0) << statement;
     EXPECT_THAT(failure.words, StartsWith(std::string(kLost))) << statement;
     EXPECT_EQ(Lines(connection.Execute(names)), kNames) << statement;
-    EXPECT_THAT(server.Heard("batch"), ElementsAre(names, statement, names));
-    EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
   }
+  EXPECT_THAT(server.Heard("batch"),
+              ElementsAre(names, "vanish at once", names, "vanish within the rows", names,
+                          "vanish after the rows", names));
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(4));
 }
 
-TEST(OdbcConnection, ServerLostWhileIdle_failsTheNextStatementAndIsFoundAgain) {
+TEST_F(OdbcTest, ServerGone_isNamedUnreachableOrLostAndFoundAgain) {
   const std::string names = "select ID, Name from tblEmployee";
-  StandInServer server;
-  OdbcConnection connection(server.Address(), 1s);
+  server.Command("away");
+  const Failure absent = FailureOf(connection, names);
+  EXPECT_NE(absent.number, 0);
+  EXPECT_THAT(absent.words, AllOf(StartsWith(std::string(kUnreachable)), Not(HasSubstr("s3cret"))));
+  server.Command("back");
   EXPECT_EQ(FailureOf(connection, names).words, "");
   server.Command("away");
-  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kLost)));
+  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kLost))) << "while idle";
   EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kUnreachable)));
   server.Command("back");
   EXPECT_EQ(Lines(connection.Execute(names)), kNames);
   EXPECT_THAT(server.Heard("batch"), ElementsAre(names, names));
 }
 
-TEST(OdbcConnection, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
-  const StandInServer server;
-  OdbcConnection connection(server.Address(), 1s, 1s);
-  const Failure failure = FailureOf(connection, "fall silent within the rows");
-  EXPECT_THAT(failure.words, StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
-  EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames);
+TEST_F(OdbcTest, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
+  OdbcConnection impatient(server.Address(), 1s, 1s);
+  EXPECT_THAT(FailureOf(impatient, "fall silent within the rows").words,
+              StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
+  EXPECT_EQ(Lines(impatient.Execute("select ID, Name from tblEmployee")), kNames);
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
 }
 

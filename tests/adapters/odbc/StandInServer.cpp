@@ -1,8 +1,7 @@
 #include "adapters/odbc/StandInServer.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <spawn.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,50 +11,28 @@
 
 namespace adapters::odbc {
 
-namespace {
-
-/// Ends of a pipe that only the child gets, and only where it expects them.
-std::array<int, 2> Pipe() {
-  std::array<int, 2> ends{-1, -1};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-  return ends;
-}
-
-}  // namespace
-
 StandInServer::StandInServer(const std::string& behaviour) {
   std::string record = (std::filesystem::temp_directory_path() / "standin-XXXXXX").string();
   close(mkstemp(record.data()));
   record_ = record;
-
-  const auto input = Pipe();
-  const auto output = Pipe();
-  posix_spawn_file_actions_t actions{};
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, input[0], STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, output[1], STDOUT_FILENO);
-  std::array<std::string, 4> words{"python3", "tests/adapters/odbc/standin_server.py", record,
-                                   behaviour};
-  std::array<char*, 5> arguments{words[0].data(), words[1].data(), words[2].data(), words[3].data(),
-                                 nullptr};
-  const int result =
-      posix_spawnp(&process_, arguments[0], &actions, nullptr, arguments.data(), environ);
-  posix_spawn_file_actions_destroy(&actions);
-  close(input[0]);
-  close(output[1]);
-  input_ = input[1];
-  output_ = output[0];
-  if (result != 0) {
-    process_ = -1;
-    ADD_FAILURE() << "python3 does not start";
+  std::array<int, 2> ends{-1, -1};
+  EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
+  process_ = fork();
+  if (process_ == 0) {
+    dup2(ends[1], STDIN_FILENO);
+    dup2(ends[1], STDOUT_FILENO);
+    execlp("python3", "python3", "tests/adapters/odbc/standin_server.py", record_.c_str(),
+           behaviour.c_str(), nullptr);
+    _exit(127);
   }
+  close(ends[1]);
+  channel_ = ends[0];
   port_ = ReadLine();
-  EXPECT_NE(port_, "") << "the stand-in did not say its port";
+  EXPECT_NE(port_, "") << "python3 does not start the stand-in, or it did not say its port";
 }
 
 StandInServer::~StandInServer() {
-  close(input_);
-  close(output_);
+  close(channel_);
   if (process_ > 0) {
     kill(process_, SIGKILL);
     waitpid(process_, nullptr, 0);
@@ -68,25 +45,24 @@ std::string StandInServer::Address() const {
   return "Driver=FreeTDS;Server=127.0.0.1;Port=" + port_ + ";Database=suite;UID=sa;PWD=s3cret;";
 }
 
-void StandInServer::Command(std::string_view command) {
-  const std::string line = std::string(command) + "\n";
-  ASSERT_EQ(write(input_, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+void StandInServer::Command(const std::string& command) {
+  const std::string line = command + "\n";
+  ASSERT_EQ(write(channel_, line.data(), line.size()), static_cast<ssize_t>(line.size()));
   ASSERT_EQ(ReadLine(), command);
 }
 
-std::vector<std::string> StandInServer::Heard(std::string_view kind) const {
-  const std::string beginning = std::string(kind) + " ";
+std::vector<std::string> StandInServer::Heard(const std::string& kind) const {
   std::vector<std::string> heard;
   std::ifstream record(record_);
   for (std::string line; std::getline(record, line);) {
-    if (line.starts_with(beginning)) heard.push_back(line.substr(beginning.size()));
+    if (line.starts_with(kind + " ")) heard.push_back(line.substr(kind.size() + 1));
   }
   return heard;
 }
 
 std::string StandInServer::ReadLine() {
   std::string line;
-  for (char c = 0; read(output_, &c, 1) == 1 && c != '\n';) line += c;
+  for (char c = 0; read(channel_, &c, 1) == 1 && c != '\n';) line += c;
   return line;
 }
 

@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace adapters::odbc {
@@ -22,20 +21,17 @@ class StandInServer {
   const std::string& Port() const { return port_; }
   /// An ODBC connection string for it.
   std::string Address() const;
-
   /// "away" or "back"; returns when it has been done.
-  void Command(std::string_view command);
-
+  void Command(const std::string& command);
   /// The lines of its record that begin with `kind` ("login", "batch", "call"), without that word.
-  std::vector<std::string> Heard(std::string_view kind) const;
+  std::vector<std::string> Heard(const std::string& kind) const;
 
  private:
   std::string ReadLine();
 
   std::filesystem::path record_;
   pid_t process_ = -1;
-  int input_ = -1;
-  int output_ = -1;
+  int channel_ = -1;  // its standard input and output
   std::string port_;
 };
 

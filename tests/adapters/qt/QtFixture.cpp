@@ -1,105 +1,226 @@
 #include "adapters/qt/QtFixture.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
 
 #include "adapters/qt/Convert.h"
+#include "adapters/qt/DateBoxWidget.h"
+#include "adapters/qt/FlexGridView.h"
+#include "adapters/qt/MonthPopup.h"
+#include "adapters/qt/SelectorWidget.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 
-namespace adapters::qt {
+namespace contract {
 
-SampleForm::SampleForm(controls::Screen& onScreen, controls::LookupSource& source)
-    : Form(onScreen, "SampleForm", Border::kSizable), sltCity(frame, "sltCity", source) {
-  SetCaption("فرم نمونه");
-  Resize(10500, 7800);
-  SetMinimumSize(7500, 6000);
-  int place = 0;
-  for (controls::Control* control :
-       std::vector<controls::Control*>{&txtName, &txtNumber, &cmdOK, &cmdOff, &cmdCancel, &sltCity,
-                                       &datFrom, &cmbReport, &chkActive}) {
-    control->Move(place++ % 5 * 2000, 300, 1900, 375);
-  }
-  frame.Move(150, 660, 10200, 1750);
-  txtNotes.Move(150, 2550, 8750, 1050);
-  flx.Move(150, 3750, 10200, 3300);
-  for (const char* title : {"قالب ساده", "قالب ماهانه", "قالب با تلفن"}) cmbReport.AddItem(title);
-  int tab = 0;
-  for (controls::Control* control : std::vector<controls::Control*>{
-           &txtNumber, &txtName, &sltCity, &datFrom, &flx, &cmdOK, &cmdCancel}) {
-    control->SetTabIndex(tab++);
-  }
-  SetDefaultButton(&cmdOK);
-  SetCancelButton(&cmdCancel);
+using namespace adapters::qt;
+
+namespace {
+
+template <typename Widget>
+Widget& WidgetOf(const QtScreen& screen, controls::Control& control) {
+  return dynamic_cast<Widget&>(*screen.WidgetOf(control));
 }
 
-void QtTest::ShowForm() {
+QWidget& KeyReceiver() {
+  QWidget* popup = QApplication::activePopupWidget();
+  return popup ? *popup : *QApplication::focusWidget();
+}
+
+void SendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
+  QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+  QApplication::sendEvent(&KeyReceiver(), &event);
+}
+
+Place CentreOf(const QRect& place) {
+  return {place.center().x(), place.center().y()};
+}
+
+Qt::KeyboardModifiers Modifiers(Held held) {
+  if (held == Held::kNothing) return Qt::NoModifier;
+  return held == Held::kShift ? Qt::ShiftModifier : Qt::ControlModifier;
+}
+
+}  // namespace
+
+ScreenTest::ScreenTest() : adapter(std::make_unique<Adapter>(clock)), screen(adapter->screen) {}
+
+ScreenTest::~ScreenTest() = default;
+
+void ScreenTest::ShowForm() {
   form.Show(controls::Modality::kModeless);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(screen.WindowOf(form)));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(adapter->screen.WindowOf(form)));
 }
 
-void QtTest::Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-  QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
-  QApplication::sendEvent(&widget, &press);
-  QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
-  QApplication::sendEvent(&widget, &release);
+void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
+  // As in the enumeration.
+  constexpr Qt::Key kKeys[] = {Qt::Key_Return,   Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_F4,
+                               Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left, Qt::Key_PageUp,
+                               Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End,  Qt::Key_Backspace,
+                               Qt::Key_C};
+  for (const Key key : keys) SendKey(kKeys[static_cast<int>(key)], Modifiers(held), {});
 }
 
-void QtTest::Type(QWidget& widget, const QString& text) {
-  for (const QChar letter : text) Press(widget, 0, Qt::NoModifier, QString(letter));
+void ScreenTest::Type(const std::string& text) {
+  for (const QChar letter : ToQString(text)) SendKey(0, Qt::NoModifier, letter);
 }
 
-void QtTest::Later(std::function<void()> action) {
-  auto* timer = new QTimer(qApp);
-  timer->setSingleShot(true);
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, action = std::move(action)] {
-    timer->deleteLater();
-    action();
+void ScreenTest::Retype(const std::string& text) {
+  dynamic_cast<QLineEdit&>(*QApplication::focusWidget()).selectAll();
+  Press({Key::kBackspace});
+  Type(text);
+}
+
+void ScreenTest::Click(controls::Control& control) {
+  WidgetOf<QAbstractButton>(adapter->screen, control).click();
+}
+
+void ScreenTest::ClickMonthPage(Place at) {
+  MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
+  QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(at.x, at.y));
+}
+
+void ScreenTest::ClickListRow(int row) {
+  QListView& list = WidgetOf<SelectorWidget>(adapter->screen, form.sltCity).Popup();
+  const QRect place = list.visualRect(list.model()->index(row, 0));
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place.center());
+}
+
+void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
+  constexpr QEvent::Type kTypes[] = {QEvent::MouseButtonPress, QEvent::MouseMove,
+                                     QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
+  const Qt::MouseButton used = button == 1 ? Qt::LeftButton : Qt::RightButton;
+  const QPoint place(at.x, at.y);
+  QWidget& view = *WidgetOf<FlexGridView>(adapter->screen, form.flx).viewport();
+  QMouseEvent event(kTypes[static_cast<int>(what)], place, view.mapToGlobal(place),
+                    what == Mouse::kMove ? Qt::NoButton : used,
+                    what == Mouse::kRelease ? Qt::NoButton : used, Modifiers(held));
+  QApplication::sendEvent(&view, &event);
+}
+
+void ScreenTest::TurnWheelOnGrid(int delta) {
+  QWidget& view = *WidgetOf<FlexGridView>(adapter->screen, form.flx).viewport();
+  const QPoint place = view.rect().center();
+  QWheelEvent event(place, view.mapToGlobal(place), {}, {0, delta}, {}, {}, Qt::NoScrollPhase,
+                    false);
+  QApplication::sendEvent(&view, &event);
+}
+
+void ScreenTest::AwaitAutoScroll() {
+  const int before = form.flx.RowSel();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return form.flx.RowSel() > before; }));
+}
+
+void ScreenTest::DragWindowTo(int width, int height) {
+  adapter->screen.WindowOf(form)->resize(width, height);
+}
+
+void ScreenTest::CloseWindow() {
+  adapter->screen.WindowOf(form)->close();
+}
+
+void ScreenTest::AcceptMessage(std::string& words) {
+  Later([&words] {
+    QWidget* dialog = QApplication::activeModalWidget();
+    ASSERT_NE(dialog, nullptr);
+    words = ToUtf8(dialog->findChild<QLabel*>("technical")->text());
+    dialog->findChild<QPushButton*>()->click();
   });
-  timer->start(0);
 }
+
+void ScreenTest::Later(std::function<void()> action) {
+  QTimer::singleShot(0, qApp, std::move(action));
+}
+
+void ScreenTest::Settle() {
+  QCoreApplication::processEvents();
+}
+
+std::string ScreenTest::Shown(controls::Control& control) {
+  QWidget* const widget = adapter->screen.WidgetOf(control);
+  if (const auto* memo = dynamic_cast<QPlainTextEdit*>(widget)) return ToUtf8(memo->toPlainText());
+  if (const auto* combo = dynamic_cast<QComboBox*>(widget)) return ToUtf8(combo->currentText());
+  return ToUtf8(dynamic_cast<QLineEdit&>(*widget).text());
+}
+
+Place ScreenTest::WindowSize() {
+  const QSize size = adapter->screen.WindowOf(form)->size();
+  return {size.width(), size.height()};
+}
+
+std::string ScreenTest::WindowTitle() {
+  return ToUtf8(adapter->screen.WindowOf(form)->windowTitle());
+}
+
+std::string ScreenTest::Focused() {
+  return ToUtf8(QApplication::focusWidget()->objectName());
+}
+
+bool ScreenTest::DateRefused() {
+  return adapter->screen.WidgetOf(form.datFrom)->property("refused").toBool();
+}
+
+bool ScreenTest::MonthPageOpen() {
+  return WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup().isVisible();
+}
+
+int ScreenTest::ListCount() {
+  const QListView& list = WidgetOf<SelectorWidget>(adapter->screen, form.sltCity).Popup();
+  if (!list.isVisible()) return -1;
+  return list.viewport()->height() / list.visualRect(list.model()->index(0, 0)).height();
+}
+
+Place ScreenTest::DayAt(int week, int weekday) {
+  MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
+  return CentreOf(page.DayPlace(week, weekday));
+}
+
+Place ScreenTest::At(int row, int col) {
+  const QRect place = WidgetOf<FlexGridView>(adapter->screen, form.flx).CellPlace(row, col);
+  return place.isEmpty() ? Place() : CentreOf(place);
+}
+
+std::string ScreenTest::Copied() {
+  // Qt's clipboard may keep the bare line breaks.
+  return ToUtf8(QApplication::clipboard()->text().remove('\r').replace("\n", "\r\n"));
+}
+
+}  // namespace contract
+
+namespace adapters::qt {
 
 void QtTest::OnModalWindow(std::function<void(QWidget&)> action) {
   Later([action = std::move(action)] {
     QWidget* window = QApplication::activeModalWidget();
-    if (window) {
-      action(*window);
-    } else {
-      ADD_FAILURE() << "no modal window came up";
-    }
+    ASSERT_NE(window, nullptr);
+    action(*window);
   });
 }
 
-void QtTest::AnswerDialog(const QString& caption, std::string* message) {
+std::shared_ptr<const std::string> QtTest::AnswerDialog(const QString& caption) {
+  auto texts = std::make_shared<std::string>();
   OnModalWindow([=](QWidget& window) {
-    if (message) {
-      for (const QLabel* label : window.findChildren<QLabel*>()) {
-        *message += ToUtf8(label->text()) + "\n";
-      }
+    *texts = ToUtf8(window.windowTitle()) + "\n";
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+      *texts += ToUtf8(label->text()) + "\n";
     }
     for (QPushButton* button : window.findChildren<QPushButton*>()) {
       if (button->text() == caption) return button->click();
     }
-    ADD_FAILURE() << "no button " << ToUtf8(caption);
     window.close();
   });
-}
-
-std::int32_t QtTest::NumberOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const platform::RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
+  return texts;
 }
 
 QtOfficeTest::QtOfficeTest() {
   const std::string file = ToUtf8(folder.filePath("office.db"));
-  demo::SampleOptions options;
-  options.customers = 200;
-  options.today = clock.Today();
-  demo::CreateSampleOffice(file, options);
+  demo::CreateSampleOffice(file, {.customers = 200, .today = clock.Today(), .basePath = {}});
   connectionString = "sqlite:" + file;
 }
 

@@ -9,7 +9,6 @@
 #include <array>
 #include <utility>
 
-#include "adapters/qt/Convert.h"
 #include "adapters/qt/DocumentWindow.h"
 #include "adapters/qt/QtFixture.h"
 
@@ -17,7 +16,6 @@ namespace adapters::qt {
 namespace {
 
 using platform::AutomationValue;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// The office has a document more, 70.
@@ -47,16 +45,14 @@ TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {
   OnModalWindow([](QWidget& window) {
     const auto field = [&](const char* name) { return window.findChild<QLineEdit*>(name)->text(); };
     EXPECT_EQ(window.windowTitle(), "سند حسابداري 70407");
-    EXPECT_EQ(field("code"), "70407");
-    EXPECT_EQ(field("date"), "1404/02/15");
-    EXPECT_EQ(field("description"), "برنامه 12");
+    EXPECT_EQ(field("code") + field("date") + field("description"), "704071404/02/15برنامه 12");
     const auto& table = *window.findChild<QTableWidget*>();
     ASSERT_EQ(table.rowCount(), 3);
-    std::vector<std::string> texts;
+    QStringList texts;
     for (int column = 0; column < table.columnCount(); ++column) {
-      texts.push_back(ToUtf8(table.item(1, column)->text()));
+      texts += table.item(1, column)->text();
     }
-    EXPECT_THAT(texts, ElementsAre("2", "3291", "طلب", "", "الف", "", "9,000,000"));
+    EXPECT_EQ(texts.join("|"), "2|3291|طلب||الف||9,000,000");
     // Right to left: the row number is the column at the right.
     EXPECT_GT(table.visualItemRect(table.item(0, 0)).left(),
               table.visualItemRect(table.item(0, AccountingDocument::kCredit)).right());
@@ -69,19 +65,14 @@ TEST_F(DocumentViewerTest, View_document_showsHeadLinesAndSums) {
 
 TEST_F(DocumentViewerTest, View_nothingToShow_saysSoAndDoesNotThrow) {
   for (const std::int32_t id : {-1, 999}) {
-    std::string shown;
-    AnswerDialog("تأييد", &shown);
+    const auto shown = AnswerDialog();
     View(id);
-    EXPECT_THAT(shown, HasSubstr("سند حسابداري براي اين فرم ثبت نشده")) << id;
+    EXPECT_THAT(*shown, HasSubstr("سند حسابداري براي اين فرم ثبت نشده")) << id;
   }
   connectionString += ".missing";
-  OnModalWindow([&](QWidget& window) {
-    QString shown;
-    for (const QLabel* label : window.findChildren<QLabel*>()) shown += label->text();
-    EXPECT_THAT(ToUtf8(shown), HasSubstr("4060"));
-    window.close();
-  });
+  const auto shown = AnswerDialog();
   View(70);
+  EXPECT_THAT(*shown, HasSubstr("4060"));
 }
 
 TEST_F(DocumentViewerTest, Members_unknownOrOfTheWrongKind_throwTheAutomationErrors) {

@@ -44,10 +44,18 @@ class ReportsTest : public QtOfficeTest {
     return Fill(report::ReportTemplate::Load(text, "t.html"), *Create(connectionString),
                 "fmlID = 1", clock.Today());
   }
-  std::string WriteFile(const QByteArray& content) {
-    QFile file(folder.filePath(QStringLiteral("t.html")));
+  std::string WriteFile(const QByteArray& content, const char* name = "t.html") {
+    QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
     return ToUtf8(file.fileName());
+  }
+  /// Shows the report of program 1.
+  void Produce(const char* text) {
+    const auto engine = reports.Create();
+    engine->LoadReportFile(WriteFile(text));
+    engine->SetConnectionString(connectionString);
+    engine->SetSelectionFormula(1, "fmlID = 1");
+    engine->Produce(ReportOutput::kScreen);
   }
   /// How many of the pixels are not white.
   static int Ink(const QImage& image, const QRect& place) {
@@ -59,18 +67,15 @@ class ReportsTest : public QtOfficeTest {
   }
   /// The text of a PDF file, a page each.
   QStringList TextOfPdf(const QByteArray& pdf) {
-    QFile file(folder.filePath(QStringLiteral("t.pdf")));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(pdf) == pdf.size());
-    file.close();
     QProcess reader;
-    reader.start(QStringLiteral("pdftotext"), {file.fileName(), QStringLiteral("-")});
+    reader.start("pdftotext", {ToQString(WriteFile(pdf, "t.pdf")), "-"});
     EXPECT_TRUE(reader.waitForFinished()) << "pdftotext (poppler-utils) does not run";
     QStringList texts = QString::fromUtf8(reader.readAllStandardOutput()).split(QChar::FormFeed);
     EXPECT_TRUE(!texts.isEmpty() && texts.takeLast().isEmpty());
     return texts;
   }
 
-  Reports reports{*this, clock, guard};
+  Reports reports{*this, clock, adapter->guard};
 };
 
 TEST_F(ReportsTest, Tables_MarkedRightToLeft_HaveTheirCellsTurnedAround) {
@@ -104,8 +109,8 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
   EXPECT_GT(pages.Count(), 30);
   int next = 10001;
   for (const QString& text : texts) {
-    EXPECT_TRUE(text.contains(QStringLiteral("CODE"))) << ToUtf8(text);
-    EXPECT_TRUE(text.contains(QStringLiteral("Visits")));
+    EXPECT_TRUE(text.contains("CODE")) << ToUtf8(text);
+    EXPECT_TRUE(text.contains("Visits"));
     // Each row is on one page, whole and in its turn.
     while (text.contains(QStringLiteral("C%1").arg(next))) ++next;
   }
@@ -141,36 +146,30 @@ TEST_F(ReportsTest, Load_FileThatIsNone_Throws) {
 }
 
 TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
-  const auto engine = reports.Create();
-  engine->LoadReportFile(WriteFile(kTemplate));
-  engine->SetConnectionString(connectionString);
-  engine->SetSelectionFormula(1, "fmlID = 1");
-  bool shown = false;
+  int ink = 0;
   OnModalWindow([&](QWidget& window) {
     PagesView& view = dynamic_cast<ReportPreview&>(window).View();
     const QImage picture = view.viewport()->grab().toImage();
-    shown = Ink(picture, picture.rect().adjusted(30, 30, -30, -30)) > 1000;
+    ink = Ink(picture, picture.rect().adjusted(30, 30, -30, -30));
     view.ShowPage(3);
     view.SetFit(PagesView::Fit::kPage);
     EXPECT_EQ(view.CurrentPage(), 3);
     window.close();
   });
-  engine->Produce(ReportOutput::kScreen);
-  EXPECT_TRUE(shown);
+  Produce(kTemplate);
+  EXPECT_GT(ink, 1000);
 }
 
 TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
-  const auto engine = reports.Create();
-  engine->LoadReportFile(
-      WriteFile("<!--report\ntitle: T\nquery v: Select Nothing from tblOrganization "
-                "where ID={fmlID}\n-->"));
-  engine->SetSelectionFormula(1, "fmlID = 1");
-  engine->SetConnectionString(connectionString);
-  std::string message;
-  AnswerDialog("تأييد", &message);
-  EXPECT_EQ(NumberOf([&] { engine->Produce(ReportOutput::kScreen); }), 207);
-  EXPECT_THAT(message, HasSubstr("پرسش «v» قالب گزارش «t.html» اجرا نشد."));
-  EXPECT_THAT(message, HasSubstr("t.html:3: query v: Invalid column name 'Nothing'."));
+  const auto shown = AnswerDialog();
+  EXPECT_EQ(NumberOf([&] {
+              Produce(
+                  "<!--report\ntitle: T\nquery v: Select Nothing from tblOrganization "
+                  "where ID={fmlID}\n-->");
+            }),
+            207);
+  EXPECT_THAT(*shown, HasSubstr("پرسش «v» قالب گزارش «t.html» اجرا نشد."));
+  EXPECT_THAT(*shown, HasSubstr("t.html:3: query v: Invalid column name 'Nothing'."));
 }
 
 }  // namespace

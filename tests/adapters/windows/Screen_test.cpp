@@ -1,139 +1,74 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+// What forms on Windows do beyond what every screen does.
 
-#include <stdexcept>
-#include <utility>
-
-#include "adapters/windows/ScreenFixture.h"
-#include "adapters/windows/Wide.h"
+#include "adapters/windows/GridAutomation.h"
+#include "adapters/windows/MessageComponent.h"
+#include "adapters/windows/ProgressWindow.h"
+#include "adapters/windows/WinFixture.h"
+#include "contract/ScreenContract.h"
 
 namespace adapters::windows {
 namespace {
 
+using contract::Key;
+using contract::Mouse;
 using controls::Modality;
-using platform::RuntimeError;
 
-TEST_F(WinScreenTest, ShowModal_FormHidesOrUnloadsItselfInItsClick_ReturnsAndEnablesTheOthers) {
-  for (const bool unload : {false, true}) {
-    const HWND hostWindow = screen.WindowOf(host);
-    HWND button = nullptr;
-    form.cmdOK.onClick = [&] {
-      button = screen.WindowOf(form.cmdOK);
-      unload ? form.Unload() : form.Hide();
-      EXPECT_TRUE(IsWindow(button)) << "the click returns to it";
-    };
-    bool hostTookInput = true;
-    std::int32_t modeless = 0;
-    SampleForm other(screen);
-    desk.Later([&] {
-      hostTookInput = IsWindowEnabled(hostWindow);
-      modeless = NumberOf([&] { other.Show(Modality::kModeless); });
-      Click(form.cmdOK);
-    });
-    form.Show(Modality::kModal);
-    EXPECT_FALSE(hostTookInput);
-    EXPECT_EQ(modeless, 401);
-    EXPECT_TRUE(IsWindowEnabled(hostWindow));
-    EXPECT_EQ(GetActiveWindow(), hostWindow) << "the form's owner comes to the front";
-    Pump();
-    EXPECT_EQ(screen.WindowOf(form) == nullptr, unload);
-    EXPECT_EQ(IsWindow(button) == FALSE, unload) << "an unloaded form's windows go in the end";
-  }
-  form.Show(Modality::kModeless);
-  EXPECT_TRUE(IsWindowVisible(screen.WindowOf(form)));
+TEST_F(WinScreenTest, ShowModal_Form_TakesTheInputOfTheOthersAndGivesItBack) {
+  const HWND host = Of(adapter->host);
+  HWND button = nullptr;
+  form.cmdOK.onClick = [&] {
+    button = Of(form.cmdOK);
+    form.Unload();
+    EXPECT_TRUE(IsWindow(button)) << "the click returns to it";
+  };
+  Later([&] {
+    EXPECT_FALSE(IsWindowEnabled(host));
+    Click(form.cmdOK);
+  });
+  form.Show(Modality::kModal);
+  EXPECT_TRUE(IsWindowEnabled(host));
+  EXPECT_EQ(GetActiveWindow(), host) << "the form's owner comes to the front";
+  Settle();
+  EXPECT_FALSE(IsWindow(button)) << "an unloaded form's windows go in the end";
 }
 
 TEST_F(WinScreenTest, ShowModeless_WhileTheHostIsModal_Throws401) {
-  EnableWindow(screen.WindowOf(host), FALSE);
+  EnableWindow(Of(adapter->host), FALSE);
   EXPECT_EQ(NumberOf([&] { form.Show(Modality::kModeless); }), 401);
-  EnableWindow(screen.WindowOf(host), TRUE);
-  screen.SetHostModal(true);
+  EnableWindow(Of(adapter->host), TRUE);
+  adapter->screen.SetHostModal(true);
   EXPECT_EQ(NumberOf([&] { form.Show(Modality::kModeless); }), 401);
   EXPECT_FALSE(form.Visible());
 }
 
+TEST_F(WinScreenTest, ComboBox_OfAnyHeight_IsOneLineHigh) {
+  form.cmbReport.Move(0, 0, 1900, 600);
+  ShowForm();
+  RECT place{};
+  GetWindowRect(Of(form.cmbReport), &place);
+  EXPECT_EQ(place.bottom - place.top, 25);
+}
+
 TEST_F(WinScreenTest, ModalForm_ProgramQuitsOrOwnerEnds_IsHidden) {
-  desk.Later([] { PostQuitMessage(7); });
+  Later([] { PostQuitMessage(7); });
   form.Show(Modality::kModal);
   EXPECT_FALSE(form.Visible());
   MSG message;
   ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
   EXPECT_EQ(message.wParam, 7U) << "the host's loop hears of it too";
-  desk.Later([&] { DestroyWindow(screen.WindowOf(host)); });
+  Later([&] { DestroyWindow(Of(adapter->host)); });
   form.Show(Modality::kModal);
   EXPECT_FALSE(form.Visible());
-  EXPECT_FALSE(host.Visible());
-}
-
-TEST_F(WinScreenTest, Keys_InAModelessForm_TypeTabAndPressDefaultAndCancel) {
-  form.Show(Modality::kModeless);
-  std::vector<std::string> heard;
-  form.txtName.onChange = [&] { heard.push_back(form.txtName.Text()); };
-  form.cmdOK.onClick = [&] { heard.emplace_back("OK"); };
-  form.cmdCancel.onClick = [&] { heard.emplace_back("Cancel"); };
-  form.chkActive.SetEnabled(false);
-  form.txtName.SetFocus();
-  for (const wchar_t letter : {L'ش', L'ي'}) SendMessageW(GetFocus(), WM_CHAR, letter, 0);
-  Press(VK_RETURN);
-  Press(VK_ESCAPE);
-  EXPECT_THAT(heard, testing::ElementsAre("ش", "شي", "OK", "Cancel"));
-  std::vector<std::string> visited;
-  for (int i = 0; i < 5; ++i) {
-    visited.push_back(NameOf(GetFocus(), kControlProperty));
-    Press(VK_TAB);
-  }
-  EXPECT_THAT(visited,
-              testing::ElementsAre("txtName", "txtNumber", "cmbReport", "cmdCancel", "cmdOK"));
-  form.txtName.SetEnabled(false);
-  EXPECT_EQ(GetFocus(), screen.WindowOf(form.txtNumber)) << "a disabled control passes it on";
-}
-
-TEST_F(WinScreenTest, Controls_ClickedOrChosen_AskTheModel) {
-  int clicks = 0;
-  form.cmdOK.onClick = [&] { ++clicks; };
-  form.Show(Modality::kModeless);
-  Click(form.cmdOK);
-  form.cmdOK.SetEnabled(false);
-  Click(form.cmdOK);
-  EXPECT_EQ(clicks, 1);
-  Click(form.chkActive);
-  EXPECT_TRUE(form.chkActive.Checked());
-  const HWND combo = screen.WindowOf(form.cmbReport);
-  RECT place{};
-  GetWindowRect(combo, &place);
-  EXPECT_EQ(place.bottom - place.top, theme.GetScale().Pixels(375)) << "whatever Move said";
-  SendMessageW(combo, WM_KEYDOWN, VK_DOWN, 0);
-  EXPECT_EQ(form.cmbReport.ListIndex(), 0);
-}
-
-TEST_F(WinScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
-  int clicks = 0;
-  form.cmdOK.onClick = [&] {
-    if (++clicks == 1)
-      throw RuntimeError(3704, "گروه قفل است. Operation is not allowed", "Recordset");
-    throw std::out_of_range("no such place");
-  };
-  form.Show(Modality::kModeless);
-  for (const char* expected : {"Run-time error '3704': Operation is not allowed (Recordset)",
-                               "Unexpected error: no such place"}) {
-    std::string technical;
-    OnMessageDialog([&](HWND dialog) {
-      technical = Utf8(TextOf(FindWindowExW(dialog, nullptr, L"EDIT", nullptr)));
-      Press(VK_RETURN);
-    });
-    Click(form.cmdOK);
-    EXPECT_EQ(technical, expected);
-    EXPECT_TRUE(IsWindowEnabled(screen.WindowOf(form)));
-  }
+  EXPECT_FALSE(adapter->host.Visible());
 }
 
 TEST_F(WinScreenTest, MessageComponent_AskedByName_TellsTheAnswer) {
-  const Dispatch notice(MakeMessageComponent(guard));
+  const Dispatch notice(MakeMessageComponent(adapter->guard));
   notice.Put("FormMessage", "آيا ادامه ميدهيد؟");
   notice.Put("FormType", 1);
   for (const auto& [key, answer] :
        std::vector<std::pair<WPARAM, std::int32_t>>{{VK_RETURN, 1}, {'N', 0}, {VK_ESCAPE, -1}}) {
-    OnMessageDialog([&](HWND) { Press(key); });
+    OnMessageDialog([&](HWND) { SendMessageW(GetFocus(), WM_KEYDOWN, key, 0); });
     notice.Call("ClearShow");
     EXPECT_EQ(notice.Property("Resualt").Number(), answer);
   }
@@ -141,20 +76,100 @@ TEST_F(WinScreenTest, MessageComponent_AskedByName_TellsTheAnswer) {
   EXPECT_EQ(NumberOf([&] { notice.Put("FormType", "x"); }), 13);
 }
 
-TEST_F(WinScreenTest, Window_OfAForm_FollowsSizeBothWaysAndAsksBeforeClosing) {
-  form.Show(Modality::kModeless);
-  const HWND window = screen.WindowOf(form);
-  RECT inside{};
-  form.Resize(12000, 9000);
-  GetClientRect(window, &inside);
-  EXPECT_EQ(inside.right, theme.GetScale().Pixels(12000));
-  form.laidOut = 0;
-  SetWindowPos(window, nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
-  EXPECT_EQ(form.laidOut, 1);
-  EXPECT_EQ(form.Width(), 7500) << "the least width";
-  SendMessageW(window, WM_CLOSE, 0, 0);
-  EXPECT_EQ(form.closed, 1);
-  EXPECT_TRUE(IsWindowVisible(window));
+TEST_F(WinScreenTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
+  ShowForm();
+  form.txtName.SetFocus();
+  const HWND box = GetFocus();
+  ProgressWindow progress(adapter->guard, adapter->theme);
+  progress.Begin("انتقال", 10);
+  EXPECT_TRUE(progress.Advance(1)) << "nothing to see yet";
+  EXPECT_TRUE(IsWindowEnabled(Of(form)));
+  while (IsWindowEnabled(Of(form))) ASSERT_TRUE(progress.Advance(2));
+  EXPECT_EQ(NameOf(GetActiveWindow(), kFormProperty), "ProgressWindow");
+  PostMessageW(box, WM_CHAR, L'x', 0);
+  PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
+  while (progress.Advance(3)) {
+  }
+  progress.End();
+  EXPECT_TRUE(IsWindowEnabled(Of(form)));
+  EXPECT_EQ(GetFocus(), box);
+  Settle();
+  EXPECT_EQ(form.txtName.Text(), "") << "what was typed meanwhile is dropped";
+}
+
+TEST_F(WinScreenTest, MonthPage_FormClickedOrMoved_Closes) {
+  form.cmdCancel.onClick = [this] { events.emplace_back("cancel"); };
+  ShowForm();
+  form.datFrom.SetFocus();
+  SendMessageW(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
+  EXPECT_TRUE(MonthPageOpen()) << "Alt+Down";
+  const auto& box = dynamic_cast<DateBoxWindow&>(*Window::Of(GetFocus()));
+  EXPECT_EQ(NameOf(box.Popup()->Handle(), kPopupProperty), "datFrom");
+  ClickAt(Of(form.cmdCancel), 5, 5);
+  EXPECT_FALSE(MonthPageOpen());
+  EXPECT_TRUE(events.empty()) << "the click was only for the page";
+  Press({Key::kF4});
+  EXPECT_TRUE(MonthPageOpen());
+  EXPECT_EQ(GetFocus(), Of(form.datFrom));
+  SetWindowPos(Of(form), nullptr, 7, 7, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  Settle();
+  EXPECT_FALSE(MonthPageOpen());
+}
+
+TEST_F(WinScreenTest, SelectorOf100000Rows_ScrolledToItsEnd_GivesARowOfThere) {
+  cities.count = 100000;
+  ShowForm();
+  form.sltCity.SetFocus();
+  Press({Key::kF4});
+  const SelectorList& list = *dynamic_cast<SelectorWindow&>(*Window::Of(GetFocus())).Popup();
+  SendMessageW(list.Handle(), WM_VSCROLL, SB_BOTTOM, 0);
+  EXPECT_EQ(list.Top(), 100000 - SelectorList::kShownRows);
+  ClickListRow(11);
+  EXPECT_EQ(form.sltCity.SelectedID(), 99998);
+}
+
+class WinGridTest : public WinScreenTest {
+ protected:
+  WinGridTest() {
+    form.flx.SetRows(100001);
+    form.flx.SetCols(4);
+    ShowForm();
+    UpdateWindow(Of(form.flx));
+  }
+  LONG UnpaintedHeight() const {
+    RECT area{};
+    GetUpdateRect(Of(form.flx), &area, FALSE);
+    UpdateWindow(Of(form.flx));
+    return area.bottom - area.top;
+  }
+};
+
+TEST_F(WinGridTest, Changed_RepaintsOnlyTheRowsConcerned) {
+  form.flx.SetTextMatrix(5, 2, "x");
+  EXPECT_NEAR(UnpaintedHeight(), 19, 4);
+  form.flx.SetTextMatrix(90000, 2, "x");
+  EXPECT_EQ(UnpaintedHeight(), 0) << "out of sight";
+  form.flx.SetRow(2);
+  EXPECT_NEAR(UnpaintedHeight(), 2 * 19, 4) << "where the selection was and is";
+}
+
+TEST_F(WinGridTest, Unloaded_FromItsOwnEvent_StillTakesMessages) {
+  const HWND window = Of(form.flx);
+  form.flx.onDblClick = [&] { form.Unload(); };
+  SendMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(60, 60));
+  SendMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(61, 60));
+  EXPECT_EQ(SendMessageW(window, GridRowsMessage(), 0, 0), 0);
+}
+
+TEST_F(WinGridTest, Scrolled_EitherWay_MovesTheCellsAndTheThumb) {
+  SendMessageW(Of(form.flx), WM_VSCROLL, SB_BOTTOM, 0);
+  SCROLLINFO bar{sizeof bar, SIF_ALL, 0, 0, 0, 0, 0};
+  GetScrollInfo(Of(form.flx), SB_VERT, &bar);
+  EXPECT_EQ(bar.nPos + static_cast<int>(bar.nPage), 100000);
+  form.flx.SetColWidth(3, 12000);
+  const int unscrolled = At(0, 2).x;
+  SendMessageW(Of(form.flx), WM_HSCROLL, SB_LINELEFT, 0);
+  EXPECT_NEAR(At(0, 2).x, unscrolled + 40, 20);
 }
 
 }  // namespace

@@ -13,7 +13,12 @@
 #include "adapters/windows/StandIn.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/WinReports.h"
+#include "contract/FileContract.h"
 #include "demo/SampleOffice.h"
+
+std::unique_ptr<platform::FileSystem> contract::MakeFileSystem() {
+  return std::make_unique<adapters::windows::ScriptingFileSystem>();
+}
 
 namespace adapters::windows {
 namespace {
@@ -96,33 +101,6 @@ TEST(ComExcel, Cells_ArePutOneByOneAndNoneBecomesAFormula) {
     }
   }
   EXPECT_EQ(log, expected);
-}
-
-TEST(ScriptingFileSystem, File_IsUtf16AndReplacesTheOldOneOnCloseAlone) {
-  const fs::path folder = fs::path(Wide(testing::TempDir())) / L"پرونده";
-  fs::remove_all(folder);
-  fs::create_directory(folder);
-  const std::string path = Utf8((folder / L"گ.txt").wstring());
-  ScriptingFileSystem files;
-  EXPECT_FALSE(files.FileExists(path));
-  const auto write = [&](std::string_view text) {
-    auto file = files.CreateTextFile(path);
-    file->Write(text);
-    file->WriteLineBreak();
-    return file;
-  };
-  write("گ|")->Close();
-  const std::string expected("\xFF\xFE\xAF\x06|\0\r\0\n\0", 10);
-  EXPECT_EQ(Bytes(folder / L"گ.txt"), expected);
-  const std::string large(200000, 'x');
-  write(large);
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "no part is left";
-  EXPECT_EQ(Bytes(folder / L"گ.txt"), expected);
-  write(large)->Close();
-  EXPECT_EQ(fs::file_size(folder / L"گ.txt"), 2 + 2 * (large.size() + 2));
-  EXPECT_TRUE(files.FileExists(path));
-  EXPECT_EQ(NumberOf([&] { files.CreateTextFile(Utf8((folder / L"no/x.txt").wstring())); }), 76);
-  EXPECT_EQ(NumberOf([&] { files.CreateTextFile(Utf8(folder.wstring())); }), 75);
 }
 
 TEST(Services, SmallOnes_DoAsWindowsDoes) {

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/windows/Com.h"
+#include "adapters/windows/StandIn.h"
 #include "adapters/windows/Wide.h"
 
 namespace test {
@@ -42,36 +42,6 @@ class Stacked : public Interfaces... {
   ULONG references_ = 0;
 };
 
-/// Records what is put to it, as "Name=value".
-class Extender final : public Stacked<IDispatch> {
- public:
-  std::vector<std::string> puts;
-
-  HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID,
-                                          DISPID* members) override {
-    names_.push_back(adapters::windows::Utf8(names[0]));
-    *members = static_cast<DISPID>(names_.size());
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD kind, DISPPARAMS* parameters,
-                                   VARIANT*, EXCEPINFO*, UINT*) override {
-    if (kind != DISPATCH_PROPERTYPUT) return DISP_E_MEMBERNOTFOUND;
-    adapters::windows::Variant value;
-    VariantCopy(value.Out(), &parameters->rgvarg[0]);
-    const bool flag = value.Type() == VT_BOOL;
-    puts.push_back(names_[static_cast<std::size_t>(member) - 1] + "=" +
-                   (!flag          ? value.Text()
-                    : value.Flag() ? "True"
-                                   : "False"));
-    return S_OK;
-  }
-
- private:
-  std::vector<std::string> names_;
-};
-
 /// A container's site on a window of its own; also hears of changed properties.
 class Container final
     : public Stacked<IOleClientSite, IOleControlSite, IOleInPlaceSite, IPropertyNotifySink> {
@@ -81,10 +51,15 @@ class Container final
                               300, 200, nullptr, nullptr, nullptr, nullptr);
   }
   ~Container() { DestroyWindow(window_); }
-  Extender extender;
+  std::vector<std::string> extenderCalls;  // "Height=100"
   std::vector<DISPID> changed;
   std::vector<std::string> calls;
   HWND Window() const { return window_; }
+  /// References to this and to the extender that are still held.
+  ULONG Held() const {
+    extender_->AddRef();
+    return References() + extender_->Release() - 1;
+  }
 
   HRESULT STDMETHODCALLTYPE SaveObject() override { return Note("SaveObject"); }
   HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
@@ -96,7 +71,7 @@ class Container final
   HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return S_OK; }
   HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) override {
-    return extender.QueryInterface(IID_IDispatch, reinterpret_cast<void**>(control));
+    return extender_->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(control));
   }
   HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE TranslateAccelerator(MSG*, DWORD) override { return S_FALSE; }
@@ -138,6 +113,8 @@ class Container final
     return S_OK;
   }
 
+  adapters::windows::ComPtr<IDispatch> extender_ =
+      adapters::windows::Recorder(extenderCalls).Object();
   HWND window_ = nullptr;
 };
 

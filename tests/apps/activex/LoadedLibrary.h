@@ -39,7 +39,6 @@ class LoadedLibrary : public testing::Test {
     FreeLibrary(library_);
     EXPECT_EQ(GetModuleHandleW(L"DistPromoterProg.ocx"), nullptr);
   }
-  static void SetUpTestSuite() { OleInitialize(nullptr); }
 
   template <typename Function>
   Function Export(const char* name) const {

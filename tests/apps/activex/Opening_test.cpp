@@ -7,13 +7,14 @@
 #include "ByRefLong.h"
 #include "Container.h"
 #include "LoadedLibrary.h"
-#include "adapters/windows/Window.h"
+#include "apps/activex-host/Windows.h"
 #include "demo/SampleOffice.h"
 
 namespace {
 
+using activexhost::FindControl;
+using activexhost::FindForm;
 using adapters::windows::ComPtr;
-using adapters::windows::NameOf;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
@@ -103,35 +104,12 @@ TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
   EXPECT_EQ(container.References(), 0U);
 }
 
-struct Search {
-  const char* name;
-  HWND found = nullptr;
-};
-
-BOOL CALLBACK TakeControl(HWND window, LPARAM search) {
-  auto& wanted = *reinterpret_cast<Search*>(search);
-  if (NameOf(window, adapters::windows::kControlProperty) == wanted.name) wanted.found = window;
-  return wanted.found == nullptr;
-}
-
-BOOL CALLBACK TakeForm(HWND window, LPARAM search) {
-  auto& wanted = *reinterpret_cast<Search*>(search);
-  if (NameOf(window, adapters::windows::kFormProperty) == wanted.name) wanted.found = window;
-  return wanted.found == nullptr;
-}
-
-HWND FormOf(const char* name) {
-  Search search{name};
-  EnumThreadWindows(GetCurrentThreadId(), TakeForm, reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 /// The container's last reference; what hears the timer stands outside of every object.
 _DistPromoterProg* lastReference = nullptr;
 
 void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND search = FormOf("FormSearch");
-  if (search == nullptr || !IsWindowVisible(search)) return;
+  const HWND search = FindForm("FormSearch");
+  if (search == nullptr) return;
   KillTimer(nullptr, timer);
   lastReference->Release();
   lastReference = nullptr;
@@ -142,11 +120,10 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
   Container container;
   auto control = NewFor(1, container);
   Late(control).Call("View", {std::int32_t{1}});
-  Search search{"cmdSearch"};
-  EnumChildWindows(FormOf("FormMain"), TakeControl, reinterpret_cast<LPARAM>(&search));
-  ASSERT_NE(search.found, nullptr);
-  PostMessageW(search.found, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-  PostMessageW(search.found, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+  const HWND search = FindControl("FormMain.cmdSearch");
+  ASSERT_NE(search, nullptr);
+  PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
   control->AddRef();
   lastReference = control.Get();
   control.Reset();
@@ -168,8 +145,8 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
 bool closedUnderModal = false;
 
 void CALLBACK CloseTheEditor(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND editor = FormOf("FormMain");
-  if (editor == nullptr || !IsWindowVisible(editor)) return;
+  const HWND editor = FindForm("FormMain");
+  if (editor == nullptr) return;
   KillTimer(nullptr, timer);
   closedUnderModal = !IsWindowEnabled(GetWindow(editor, GW_OWNER));
   PostMessageW(editor, WM_CLOSE, 0, 0);

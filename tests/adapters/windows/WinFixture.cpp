@@ -1,0 +1,192 @@
+#include "adapters/windows/WinFixture.h"
+
+#include "adapters/windows/GridAutomation.h"
+#include "adapters/windows/Wide.h"
+
+namespace adapters::windows {
+
+void Pump() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
+void ClickAt(HWND window, int x, int y) {
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(x, y));
+  PostMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(x, y));
+  Pump();
+}
+
+}  // namespace adapters::windows
+
+namespace contract {
+
+using namespace adapters::windows;
+
+namespace {
+
+DateBoxWindow& DateOf(const WinScreen& screen, const SampleForm& form) {
+  return dynamic_cast<DateBoxWindow&>(*Window::Of(screen.WindowOf(form.datFrom)));
+}
+
+SelectorWindow& CityOf(const WinScreen& screen, const SampleForm& form) {
+  return dynamic_cast<SelectorWindow&>(*Window::Of(screen.WindowOf(form.sltCity)));
+}
+
+}  // namespace
+
+ScreenTest::ScreenTest()
+    : adapter(std::make_unique<Adapter>(clock, cities)), screen(adapter->screen) {}
+
+ScreenTest::~ScreenTest() = default;
+
+void ScreenTest::ShowForm() {
+  form.Show(controls::Modality::kModeless);
+  ASSERT_TRUE(IsWindowVisible(adapter->screen.WindowOf(form)));
+}
+
+void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
+  // As in the enumerations.
+  constexpr WPARAM kKeys[] = {VK_RETURN, VK_ESCAPE, VK_TAB,  VK_F4,  VK_UP,   VK_DOWN, VK_LEFT,
+                              VK_PRIOR,  VK_NEXT,   VK_HOME, VK_END, VK_BACK, 'C'};
+  constexpr int kHeld[] = {0, VK_SHIFT, VK_CONTROL};
+  BYTE state[256]{};
+  if (held != Held::kNothing) state[kHeld[static_cast<int>(held)]] = 0x80;
+  SetKeyboardState(state);
+  for (const Key key : keys) {
+    const bool letter = key == Key::kBackspace;
+    SendMessageW(GetFocus(), letter ? WM_CHAR : WM_KEYDOWN, kKeys[static_cast<int>(key)], 0);
+  }
+  const BYTE released[256]{};
+  SetKeyboardState(const_cast<BYTE*>(released));
+}
+
+void ScreenTest::Type(const std::string& text) {
+  for (const wchar_t unit : Wide(text)) SendMessageW(GetFocus(), WM_CHAR, unit, 0);
+}
+
+void ScreenTest::Retype(const std::string& text) {
+  SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
+  Press({Key::kBackspace});
+  Type(text);
+}
+
+void ScreenTest::Click(controls::Control& control) {
+  SendMessageW(adapter->screen.WindowOf(control), BM_CLICK, 0, 0);
+}
+
+void ScreenTest::ClickMonthPage(Place at) {
+  ClickAt(DateOf(adapter->screen, form).Popup()->Handle(), at.x, at.y);
+}
+
+void ScreenTest::ClickListRow(int row) {
+  const SelectorList& list = *CityOf(adapter->screen, form).Popup();
+  ClickAt(list.Handle(), 100, row * list.RowHeight() + 5);
+}
+
+void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
+  constexpr UINT kLeft[] = {WM_LBUTTONDOWN, WM_MOUSEMOVE, WM_LBUTTONUP, WM_LBUTTONDBLCLK};
+  const bool left = button == 1;
+  const WPARAM pressed = what == Mouse::kRelease ? 0 : left ? MK_LBUTTON : MK_RBUTTON;
+  SendMessageW(adapter->screen.WindowOf(form.flx),
+               left ? kLeft[static_cast<int>(what)] : WM_RBUTTONDOWN,
+               pressed | (held == Held::kShift ? MK_SHIFT : 0U), MAKELPARAM(at.x, at.y));
+}
+
+void ScreenTest::TurnWheelOnGrid(int delta) {
+  SendMessageW(adapter->screen.WindowOf(form.flx), WM_MOUSEWHEEL, MAKEWPARAM(0, delta), 0);
+}
+
+void ScreenTest::AwaitAutoScroll() {
+  SendMessageW(adapter->screen.WindowOf(form.flx), WM_TIMER, 1, 0);
+}
+
+void ScreenTest::DragWindowTo(int width, int height) {
+  const HWND window = adapter->screen.WindowOf(form);
+  RECT outside{};
+  RECT inside{};
+  GetWindowRect(window, &outside);
+  GetClientRect(window, &inside);
+  SetWindowPos(window, nullptr, 0, 0, outside.right - outside.left - inside.right + width,
+               outside.bottom - outside.top - inside.bottom + height, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void ScreenTest::CloseWindow() {
+  SendMessageW(adapter->screen.WindowOf(form), WM_CLOSE, 0, 0);
+}
+
+void ScreenTest::AcceptMessage(std::string& words) {
+  Later([&words] {
+    const HWND dialog = GetActiveWindow();
+    ASSERT_EQ(NameOf(dialog, kFormProperty), "MessageDialog");
+    words = Utf8(TextOf(FindWindowExW(dialog, nullptr, L"EDIT", nullptr)));
+    SendMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
+  });
+}
+
+void ScreenTest::Later(std::function<void()> action) {
+  adapter->desk.Later(std::move(action));
+}
+
+void ScreenTest::Settle() {
+  UpdateWindow(adapter->screen.WindowOf(form.flx));
+  Pump();
+}
+
+std::string ScreenTest::Shown(controls::Control& control) {
+  std::string text = Utf8(TextOf(adapter->screen.WindowOf(control)));
+  std::erase(text, '\r');
+  return text;
+}
+
+Place ScreenTest::WindowSize() {
+  RECT inside{};
+  GetClientRect(adapter->screen.WindowOf(form), &inside);
+  return {static_cast<int>(inside.right), static_cast<int>(inside.bottom)};
+}
+
+std::string ScreenTest::WindowTitle() {
+  return Utf8(TextOf(adapter->screen.WindowOf(form)));
+}
+
+std::string ScreenTest::Focused() {
+  return NameOf(GetFocus(), kControlProperty);
+}
+
+bool ScreenTest::DateRefused() {
+  return DateOf(adapter->screen, form).Field().Refused();
+}
+
+bool ScreenTest::MonthPageOpen() {
+  const MonthPopupWindow* const page = DateOf(adapter->screen, form).Popup();
+  return page != nullptr && page->Visible();
+}
+
+int ScreenTest::ListCount() {
+  const SelectorList* const list = CityOf(adapter->screen, form).Popup();
+  if (list == nullptr || !list->Visible()) return -1;
+  RECT inside{};
+  GetClientRect(list->Handle(), &inside);
+  return static_cast<int>(inside.bottom) / list->RowHeight();
+}
+
+Place ScreenTest::DayAt(int week, int weekday) {
+  const RECT place = DateOf(adapter->screen, form).Popup()->DayPlace(week, weekday);
+  return {static_cast<int>(place.left) + 5, static_cast<int>(place.top) + 5};
+}
+
+Place ScreenTest::At(int row, int col) {
+  const LRESULT place = SendMessageW(adapter->screen.WindowOf(form.flx), GridCellRectMessage(),
+                                     static_cast<WPARAM>(row), col);
+  return {LOWORD(place), HIWORD(place)};
+}
+
+std::string ScreenTest::Copied() {
+  if (!OpenClipboard(nullptr)) return "locked";
+  const auto* const text =
+      static_cast<const wchar_t*>(GlobalLock(GetClipboardData(CF_UNICODETEXT)));
+  const std::string copied = text == nullptr ? "nothing" : Utf8(text);
+  CloseClipboard();
+  return copied;
+}
+
+}  // namespace contract

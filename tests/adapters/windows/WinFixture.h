@@ -1,0 +1,69 @@
+#pragma once
+
+#include "adapters/windows/DateBoxWindow.h"
+#include "adapters/windows/MonthPopupWindow.h"
+#include "adapters/windows/SelectorWindow.h"
+#include "adapters/windows/WinScreen.h"
+#include "contract/ScreenFixture.h"
+
+namespace adapters::windows {
+
+/// What a host's loop does until nothing is left.
+void Pump();
+/// A click of the mouse, through the message loop.
+void ClickAt(HWND window, int x, int y);
+
+/// Runs actions from the message loop, whichever runs.
+class Desk : public Window {
+ public:
+  explicit Desk(ErrorGuard& guard) : Window(guard) { Create({.parent = HWND_MESSAGE}); }
+  void Later(std::function<void()> action) {
+    actions_.push_back(std::move(action));
+    PostMessageW(Handle(), WM_APP, 0, 0);
+  }
+
+ protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
+    if (message != WM_APP) return Default(message, wParam, lParam);
+    const auto action = std::move(actions_.front());
+    actions_.erase(actions_.begin());
+    action();
+    return 0;
+  }
+
+ private:
+  std::vector<std::function<void()>> actions_;
+};
+
+}  // namespace adapters::windows
+
+/// With a form that stands in for the host's frame.
+struct contract::ScreenTest::Adapter {
+  Adapter(const platform::Clock& clock, controls::LookupSource& source)
+      : screen(guard, clock, theme), host(screen, source) {
+    host.Show(controls::Modality::kModeless);
+    screen.SetHostWindow(screen.WindowOf(host));
+  }
+  adapters::windows::ErrorGuard guard;
+  adapters::windows::Theme theme{adapters::windows::Scale(96)};
+  adapters::windows::WinScreen screen;
+  adapters::windows::Desk desk{guard};
+  SampleForm host;
+};
+
+namespace adapters::windows {
+
+class WinScreenTest : public contract::ScreenTest {
+ protected:
+  HWND Of(const controls::Control& control) const { return adapter->screen.WindowOf(control); }
+  HWND Of(const controls::Form& shown) const { return adapter->screen.WindowOf(shown); }
+  /// Runs `action` on the message that comes up next.
+  void OnMessageDialog(std::function<void(HWND)> action) {
+    Later([action = std::move(action)] {
+      ASSERT_EQ(NameOf(GetActiveWindow(), kFormProperty), "MessageDialog");
+      action(GetActiveWindow());
+    });
+  }
+};
+
+}  // namespace adapters::windows

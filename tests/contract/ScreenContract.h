@@ -1,0 +1,347 @@
+// What every screen adapter promises of windows, fields and the grid: one file of its tests
+// includes this once.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <stdexcept>
+
+#include "contract/ScreenFixture.h"
+
+namespace contract {
+
+using controls::Modality;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+TEST_F(ScreenTest, ShowModal_FormHidesOrUnloadsItselfInItsClick_ReturnsAndIsShownAgain) {
+  for (const bool unload : {false, true}) {
+    form.cmdOK.onClick = [&] { unload ? form.Unload() : form.Hide(); };
+    SampleForm other(screen, cities);
+    std::int32_t modeless = 0;
+    Later([&] {
+      modeless = NumberOf([&] { other.Show(Modality::kModeless); });
+      Click(form.cmdOK);
+    });
+    form.Show(Modality::kModal);
+    EXPECT_EQ(modeless, 401);
+    EXPECT_FALSE(other.Visible());
+    Settle();
+    EXPECT_EQ(form.Loaded(), !unload);
+  }
+  ShowForm();
+}
+
+TEST_F(ScreenTest, Unload_OfAFormWhoseClickIsUnderWay_WaitsForItsReturn) {
+  SampleForm other(screen, cities);
+  form.cmdOK.onClick = [&] { other.Show(Modality::kModal); };
+  ShowForm();
+  Later([&] {
+    form.Unload();
+    Later([&] { other.Hide(); });
+  });
+  Click(form.cmdOK);
+  EXPECT_FALSE(form.Loaded());
+}
+
+TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
+  int clicks = 0;
+  form.cmdOK.onClick = [&] {
+    screen.SetMousePointer(controls::MousePointer::kHourglass);
+    if (++clicks == 1)
+      throw platform::RuntimeError(3704, "گروه قفل است. Operation is not allowed", "Recordset");
+    throw std::out_of_range("no such place");
+  };
+  ShowForm();
+  for (const char* expected : {"Run-time error '3704': Operation is not allowed (Recordset)",
+                               "Unexpected error: no such place"}) {
+    std::string words;
+    AcceptMessage(words);
+    Click(form.cmdOK);
+    EXPECT_EQ(words, expected);
+  }
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ScreenTest, Window_OfAForm_FollowsSizeBothWaysAndAsksBeforeClosing) {
+  ShowForm();
+  form.SetCaption("دیگر");
+  EXPECT_EQ(WindowTitle(), "دیگر");
+  form.Resize(12000, 9000);
+  EXPECT_EQ(WindowSize(), (Place{800, 600}));
+  form.laidOut = 0;
+  DragWindowTo(640, 480);
+  EXPECT_EQ(form.laidOut, 1);
+  EXPECT_EQ(std::pair(form.Width(), form.Height()), std::pair(9600.0, 7200.0));
+  DragWindowTo(10, 10);
+  EXPECT_EQ(std::pair(form.Width(), form.Height()), std::pair(7500.0, 6000.0)) << "the least";
+  CloseWindow();
+  EXPECT_EQ(form.closed, 1);
+  EXPECT_TRUE(form.Visible());
+}
+
+TEST_F(ScreenTest, Keys_InAModelessForm_TypeTabAndPressDefaultAndCancel) {
+  ShowForm();
+  form.txtName.onChange = [&] { events.push_back(form.txtName.Text()); };
+  form.cmdOK.onClick = [&] { events.emplace_back("OK"); };
+  form.cmdCancel.onClick = [&] { events.emplace_back("Cancel"); };
+  form.txtName.SetFocus();
+  Type("شي");
+  Press({Key::kEnter, Key::kEscape});
+  form.txtNotes.SetFocus();
+  Press({Key::kEnter});  // begins a line
+  form.cmdCancel.SetFocus();
+  Press({Key::kEnter});  // presses the button that has the focus
+  EXPECT_THAT(events, ElementsAre("ش", "شي", "OK", "Cancel", "Cancel"));
+  form.chkActive.SetEnabled(false);
+  form.txtNumber.SetFocus();
+  std::vector<std::string> visited;
+  for (int i = 0; i < 8; ++i) {
+    visited.push_back(Focused());
+    Press({Key::kTab});
+  }
+  EXPECT_THAT(visited, ElementsAre("txtNumber", "txtName", "cmbReport", "sltCity", "datFrom", "flx",
+                                   "cmdCancel", "cmdOK"));
+  form.txtNumber.SetFocus();
+  form.txtNumber.SetEnabled(false);
+  EXPECT_EQ(Focused(), "txtName") << "a disabled control passes it on";
+}
+
+TEST_F(ScreenTest, Controls_ClickedOrChosen_AskTheModelAndShowWhatItSays) {
+  form.cmdOK.onClick = [&] { events.emplace_back("OK"); };
+  form.chkActive.onClick = [&] { events.emplace_back(form.chkActive.Checked() ? "on" : "off"); };
+  ShowForm();
+  Click(form.cmdOK);
+  form.cmdOK.SetEnabled(false);
+  Click(form.cmdOK);
+  Click(form.chkActive);
+  form.chkActive.SetChecked(false);
+  Click(form.chkActive);
+  EXPECT_THAT(events, ElementsAre("OK", "on", "on"));
+  form.cmbReport.SetFocus();
+  Press({Key::kDown});
+  EXPECT_EQ(form.cmbReport.ListIndex(), 0);
+  form.cmbReport.SetListIndex(1);
+  EXPECT_EQ(Shown(form.cmbReport), "قالب ماهانه");
+}
+
+TEST_F(ScreenTest, TextBox_ChangedByItsHandlerOrTooLong_ShowsTheModelAndKeepsTheCursor) {
+  form.txtName.onChange = [&] {
+    std::string text = form.txtName.Text();
+    std::replace(text.begin(), text.end(), 'x', 'y');
+    form.txtName.SetText(text);
+  };
+  form.txtNotes.SetMaxLength(4);
+  ShowForm();
+  form.txtName.SetText("ab");
+  form.txtName.SetFocus();
+  Press({Key::kHome});
+  Type("xx");
+  EXPECT_EQ(form.txtName.Text(), "yyab");
+  EXPECT_EQ(Shown(form.txtName), "yyab");
+  form.txtNotes.SetFocus();
+  Type("شرح تازه");
+  EXPECT_EQ(form.txtNotes.Text(), "شرح ");
+  form.txtNotes.SetText("a\r\nb");
+  EXPECT_EQ(Shown(form.txtNotes), "a\nb");
+  EXPECT_EQ(form.txtNotes.Text(), "a\r\nb") << "showing a text does not write it back";
+}
+
+class FieldTest : public ScreenTest {
+ protected:
+  FieldTest() {
+    form.cmdOK.onClick = [&] { events.emplace_back("OK"); };
+    form.cmdCancel.onClick = [&] { events.emplace_back("Cancel"); };
+    form.datFrom.SetText("1404/02/15");
+    form.sltCity.Select(3);
+    ShowForm();
+  }
+};
+
+TEST_F(FieldTest, DateTypedOrStepped_IsUnderstoodOrRefused) {
+  form.datFrom.SetFocus();
+  for (const char* typed : {"۱۴۰۳/۱/۵", "١٤٠٣/١/٥", "14030105"}) {
+    form.datFrom.SetText("1404/02/15");
+    Retype(typed);
+    Press({Key::kEnter});
+    EXPECT_EQ(form.datFrom.Text(), "1403/01/05") << typed;
+  }
+  EXPECT_TRUE(events.empty()) << "this Enter was for the date";
+  Press({Key::kEnter});
+  EXPECT_THAT(events, ElementsAre("OK"));
+  Press({Key::kUp, Key::kPageUp, Key::kPageUp, Key::kDown, Key::kPageDown});
+  EXPECT_EQ(Shown(form.datFrom), "1403/02/05");
+  Retype("1403/13/40");
+  Press({Key::kEnter});
+  EXPECT_EQ(Shown(form.datFrom), "1403/13/40");
+  EXPECT_TRUE(DateRefused());
+  form.txtName.SetFocus();
+  EXPECT_EQ(Shown(form.datFrom), "1403/02/05") << "the old date comes back on leaving";
+  EXPECT_FALSE(DateRefused());
+  EXPECT_EQ(form.datFrom.Text(), "1403/02/05");
+}
+
+TEST_F(FieldTest, MonthPage_ClickedOrMovedByKeys_GivesTheDay) {
+  form.datFrom.SetFocus();
+  Press({Key::kF4});
+  EXPECT_GT(DayAt(0, 0).x, DayAt(0, 6).x) << "Saturday at the right";
+  ClickMonthPage(DayAt(1, 0));  // the first Saturday is of the month before
+  EXPECT_EQ(form.datFrom.Text(), "1404/02/06");
+  EXPECT_FALSE(MonthPageOpen());
+  Press({Key::kF4, Key::kPageDown, Key::kLeft, Key::kDown, Key::kEnter});
+  EXPECT_EQ(form.datFrom.Text(), "1404/03/14");
+  Press({Key::kF4});
+  Press({Key::kPageUp}, Held::kControl);
+  Press({Key::kEnter, Key::kF4, Key::kEscape});
+  EXPECT_EQ(form.datFrom.Text(), "1403/03/14");
+  EXPECT_FALSE(MonthPageOpen());
+  EXPECT_TRUE(events.empty()) << "Enter and Esc were for the page";
+}
+
+TEST_F(FieldTest, SelectorTyped_Narrows_AndKeysChooseRestoreOrEmpty) {
+  form.sltCity.SetFocus();
+  Retype("شهر ری");
+  EXPECT_EQ(ListCount(), 1) << "either yeh";
+  const int lookups = cities.lookups;
+  for (int i = 0; i < 6; ++i) Press({Key::kBackspace});
+  EXPECT_EQ(ListCount(), 6);
+  Type("ري");
+  EXPECT_EQ(cities.lookups, lookups) << "the list is read when it opens, not by each key";
+  Press({Key::kEnter});
+  EXPECT_EQ(ListCount(), -1);
+  EXPECT_EQ(form.sltCity.SelectedID(), 6);
+  EXPECT_EQ(Shown(form.sltCity), "شهر ري");
+  Press({Key::kF4});
+  ClickListRow(1);
+  EXPECT_EQ(form.sltCity.SelectedID(), 3) << "the second by name";
+
+  const struct {
+    const char* typed;
+    Key leaving;
+    int selected;
+    const char* shown;
+  } kCases[] = {
+      {"ته", Key::kEscape, 3, "سبزوار"}, {"zzz", Key::kTab, 3, "سبزوار"}, {"", Key::kTab, -1, ""}};
+  for (const auto& each : kCases) {
+    form.sltCity.SetFocus();
+    Retype(each.typed);
+    EXPECT_EQ(form.sltCity.SelectedID(), 3) << "not before the box is left";
+    Press({each.leaving});
+    EXPECT_EQ(form.sltCity.SelectedID(), each.selected) << each.typed;
+    EXPECT_EQ(Shown(form.sltCity), each.shown);
+  }
+  EXPECT_TRUE(events.empty()) << "Enter and Esc were for the list";
+}
+
+TEST_F(FieldTest, SelectorOpened_WhileTheServerIsSilent_ShowsTheErrorAndStaysClosed) {
+  cities.failing = true;
+  form.sltCity.SetFocus();
+  std::string words;
+  AcceptMessage(words);
+  Press({Key::kF4});
+  EXPECT_THAT(words, HasSubstr("The server does not answer"));
+  EXPECT_EQ(ListCount(), -1);
+}
+
+class GridTest : public ScreenTest {
+ protected:
+  GridTest() {
+    grid.SetRows(100001);
+    grid.SetCols(4);
+    for (const auto& [col, width] : {std::pair{0, 750}, {1, 0}, {2, 3000}, {3, 1500}}) {
+      grid.SetColWidth(col, width);
+    }
+    grid.SetTextMatrix(2, 2, "علی");
+    grid.SetTextMatrix(3, 3, "b");
+    grid.onMouseDown = [this](int button, int shift) {
+      events.push_back("down " + std::to_string(10 * button + shift));
+    };
+    grid.onClick = [this] { events.emplace_back("click"); };
+    grid.onDblClick = [this] { events.emplace_back("double"); };
+    ShowForm();
+    grid.SetFocus();
+    Settle();
+  }
+  bool InSight(int row, int col) { return At(row, col) != Place(); }
+
+  controls::FlexGrid& grid = form.flx;
+};
+
+TEST_F(GridTest, Clicked_InRightToLeftGeometry_ReachesTheModelsCell) {
+  EXPECT_FALSE(InSight(1, 1)) << "a hidden column";
+  EXPECT_GT(At(1, 0).x, 600) << "at the right edge";
+  EXPECT_EQ(At(1, 0).x - At(1, 2).x, 125) << "half of both";
+  EXPECT_EQ(At(1, 2).x - At(1, 3).x, 150) << "half of both";
+  for (const Mouse what : {Mouse::kPress, Mouse::kRelease, Mouse::kDoubleClick, Mouse::kRelease}) {
+    MouseOnGrid(what, At(2, 2));
+  }
+  EXPECT_THAT(events, ElementsAre("down 10", "click", "double"));
+  EXPECT_EQ(std::pair(grid.Row(), grid.Col()), std::pair(2, 2));
+  MouseOnGrid(Mouse::kPress, {1, At(3, 2).y}, 2, Held::kShift);
+  EXPECT_EQ(events.back(), "down 21");
+  EXPECT_EQ(std::pair(grid.MouseRow(), grid.MouseCol()), std::pair(3, 4)) << "beyond the last";
+}
+
+TEST_F(GridTest, Dragged_MakesABlockThatCtrlCCopies_AndScrollsBelowTheEdge) {
+  MouseOnGrid(Mouse::kPress, At(2, 2));
+  MouseOnGrid(Mouse::kMove, At(3, 3));
+  Press({Key::kC}, Held::kControl);
+  EXPECT_EQ(Copied(), "علی\t\r\n\tb");
+  MouseOnGrid(Mouse::kMove, {At(2, 2).x, 2000});
+  const int lastInSight = grid.RowSel();
+  EXPECT_TRUE(InSight(lastInSight, 2));
+  for (int i = 0; i < 3; ++i) AwaitAutoScroll();
+  EXPECT_GE(grid.RowSel(), lastInSight + 3);
+  MouseOnGrid(Mouse::kRelease, {});
+  EXPECT_THAT(events, ElementsAre("down 10", "click"));
+}
+
+TEST_F(GridTest, ColumnBorder_Dragged_ChangesTheWidthAndClicksNothing) {
+  const Place heading = At(0, 2);
+  const int border = heading.x - 100;
+  MouseOnGrid(Mouse::kPress, {border, heading.y});
+  MouseOnGrid(Mouse::kMove, {border - 40, heading.y});
+  MouseOnGrid(Mouse::kRelease, {border - 40, heading.y});
+  EXPECT_NEAR(grid.ColWidth(2), 3600, 15);
+  EXPECT_NEAR(At(1, 2).x, heading.x - 20, 1);
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(GridTest, Scrolled_ToTheEndOrByWheel_ShowsAndFindsTheRows) {
+  for (int part = 0; part < 3; ++part) {
+    EXPECT_TRUE(InSight(1, 2)) << "less than a row yet";
+    TurnWheelOnGrid(-14);
+  }
+  EXPECT_FALSE(InSight(1, 2)) << "fine wheels add up to a row";
+  Press({Key::kEnd}, Held::kControl);
+  EXPECT_TRUE(InSight(0, 2)) << "headings stay";
+  MouseOnGrid(Mouse::kPress, At(99999, 2));
+  EXPECT_EQ(std::pair(grid.Row(), grid.Col()), std::pair(99999, 2));
+}
+
+TEST_F(GridTest, Keys_MoveAndExtendTheBlockAndKeepItInSight) {
+  grid.SetRow(1);
+  grid.SetCol(2);
+  Press({Key::kLeft});
+  EXPECT_EQ(grid.Col(), 3);
+  Press({Key::kEnd}, Held::kControl);
+  EXPECT_TRUE(InSight(100000, 3));
+  Press({Key::kPageUp, Key::kPageUp}, Held::kShift);
+  EXPECT_EQ(grid.Row(), 100000);
+  EXPECT_NEAR(grid.RowSel(), 99980, 5) << "two pages";
+  EXPECT_TRUE(InSight(grid.RowSel(), 3));
+}
+
+TEST_F(GridTest, EmptiedOrUnloaded_FromItsOwnEvent_IsHarmless) {
+  grid.onDblClick = [&] { form.Unload(); };
+  grid.SetRows(0);
+  MouseOnGrid(Mouse::kPress, {60, 60});
+  EXPECT_EQ(grid.MouseRow(), 0);
+  Press({Key::kDown});
+  grid.SetCols(0);
+  Settle();
+  MouseOnGrid(Mouse::kDoubleClick, {60, 60});
+  EXPECT_FALSE(form.Loaded());
+}
+
+}  // namespace contract

@@ -1,0 +1,176 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "calendar/SolarHijriDate.h"
+#include "controls/Controls.h"
+#include "controls/DateBox.h"
+#include "controls/FlexGrid.h"
+#include "controls/Form.h"
+#include "controls/Selector.h"
+#include "platform/RuntimeError.h"
+
+namespace contract {
+
+/// 1404/02/15, a Monday.
+struct SpringClock : platform::Clock {
+  std::chrono::sys_days Today() const override {
+    return calendar::SolarHijriDate::FromYearMonthDay(1404, 2, 15)->Days();
+  }
+  int MinutesSinceMidnight() const override { return 600; }
+};
+
+/// Cities, or the one that is asked for by "ID=".
+struct CitySource : controls::LookupSource {
+  platform::RowSet Lookup(const std::string& /*connection*/, const std::string& what) override {
+    ++lookups;
+    if (failing) throw platform::RuntimeError(-2147467259, "The server does not answer");
+    platform::RowSet rows({"ID", "Name"});
+    const char* const names[] = {"مشهد", "نیشابور", "سبزوار", "تهران", "کرج", "شهر ري"};
+    for (int i = 0; i < count; ++i) {
+      const std::string id = std::to_string(i + 1);
+      if (what.find("ID=") != std::string::npos && !what.ends_with("ID=" + id)) continue;
+      rows.Append(id);
+      rows.Append(names[i % 6]);
+    }
+    return rows;
+  }
+  int count = 6;
+  int lookups = 0;
+  bool failing = false;
+};
+
+/// Controls of every kind that acts.
+class SampleForm : public controls::Form {
+ public:
+  SampleForm(controls::Screen& onScreen, controls::LookupSource& source)
+      : Form(onScreen, "SampleForm", Border::kSizable), sltCity(frame, "sltCity", source) {
+    Resize(10500, 7800);
+    SetMinimumSize(7500, 6000);
+    int place = 0;
+    for (controls::Control* control :
+         std::vector<controls::Control*>{&txtNumber, &txtName, &chkActive, &cmbReport, &sltCity,
+                                         &datFrom, &flx, &cmdCancel, &cmdOK}) {
+      control->Move(place % 5 * 2000 + 300, 300, 1900, 375);
+      control->SetTabIndex(place++);
+    }
+    frame.Move(150, 660, 10200, 1750);
+    txtNotes.Move(150, 2550, 8750, 1050);
+    flx.Move(150, 3750, 10200, 3300);
+    for (const char* title : {"قالب ساده", "قالب ماهانه"}) cmbReport.AddItem(title);
+    SetDefaultButton(&cmdOK);
+    SetCancelButton(&cmdCancel);
+  }
+
+  controls::TextBox txtName{*this, "txtName"};
+  controls::Frame frame{*this, "frame", "مشخصات"};
+  controls::TextBox txtNumber{frame, "txtNumber"};
+  controls::Selector sltCity;
+  controls::DateBox datFrom{frame, "datFrom"};
+  controls::ComboBox cmbReport{frame, "cmbReport"};
+  controls::CheckBox chkActive{*this, "chkActive", "فعال"};
+  controls::TextBox txtNotes{*this, "txtNotes", controls::TextBox::Lines::kSeveral};
+  controls::FlexGrid flx{*this, "flx"};
+  controls::Button cmdOK{*this, "cmdOK", "تاييد"};
+  controls::Button cmdCancel{*this, "cmdCancel", "انصراف"};
+  int closed = 0;
+  int laidOut = 0;
+
+ protected:
+  void FormClose() override { ++closed; }
+  void FormResize() override { ++laidOut; }
+};
+
+enum class Key {
+  kEnter,
+  kEscape,
+  kTab,
+  kF4,
+  kUp,
+  kDown,
+  kLeft,
+  kPageUp,
+  kPageDown,
+  kHome,
+  kEnd,
+  kBackspace,
+  kC
+};
+enum class Held { kNothing, kShift, kControl };
+enum class Mouse { kPress, kMove, kRelease, kDoubleClick };
+struct Place {  // pixels from the left and the top
+  int x = 0;
+  int y = 0;
+  bool operator==(const Place&) const = default;
+};
+
+/// A form on a screen and a person before it. Each screen adapter's tests bring the bodies of what
+/// is only declared here.
+class ScreenTest : public testing::Test {
+ protected:
+  ScreenTest();
+  ~ScreenTest() override;
+
+  /// Shows the form modeless, in front.
+  void ShowForm();
+  /// Keys go to what has the focus, or to its open list or month page.
+  void Press(std::initializer_list<Key> keys, Held held = Held::kNothing);
+  void Type(const std::string& text);
+  /// Replaces the text of the field that has the focus.
+  void Retype(const std::string& text);
+  void Click(controls::Control& control);
+  void ClickMonthPage(Place at);
+  void ClickListRow(int row);
+  void MouseOnGrid(Mouse what, Place at, int button = 1, Held held = Held::kNothing);
+  void TurnWheelOnGrid(int delta);
+  /// Waits until a drag below the grid's edge has scrolled on.
+  void AwaitAutoScroll();
+  void DragWindowTo(int width, int height);
+  void CloseWindow();
+  /// Accepts the message that comes up next; `words` gets its technical text.
+  void AcceptMessage(std::string& words);
+  /// Runs `action` from the message loop, whichever runs.
+  void Later(std::function<void()> action);
+  /// What the message loop does until nothing is left.
+  void Settle();
+
+  std::string Shown(controls::Control& control);
+  Place WindowSize();
+  std::string WindowTitle();
+  /// The name of the control that has the keyboard.
+  std::string Focused();
+  bool DateRefused();
+  bool MonthPageOpen();
+  Place DayAt(int week, int weekday);
+  /// How many rows the selector's list has room for; -1 while it is closed.
+  int ListCount();
+  /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
+  Place At(int row, int col);
+  std::string Copied();
+
+  static std::int32_t NumberOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const platform::RuntimeError& error) {
+      return error.Number();
+    }
+    return 0;
+  }
+
+  struct Adapter;
+  SpringClock clock;
+  CitySource cities;
+  std::unique_ptr<Adapter> adapter;
+  controls::Screen& screen;
+  SampleForm form{screen, cities};
+  std::vector<std::string> events;
+};
+
+}  // namespace contract
