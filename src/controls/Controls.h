@@ -36,9 +36,6 @@ class TextBox : public Control {
   /// Raises onChange when the text is another one; so does typing, which calls this too.
   void SetText(std::string text);
   Lines LineMode() const { return lines_; }
-  /// Most characters that can be typed; 0 is no limit.
-  int MaxLength() const { return maxLength_; }
-  void SetMaxLength(int length) { maxLength_ = length; }
   /// Set by forms whose boxes select their whole text when the focus arrives.
   bool SelectAllOnFocus() const { return selectAllOnFocus_; }
   void SetSelectAllOnFocus(bool select) { selectAllOnFocus_ = select; }
@@ -48,7 +45,6 @@ class TextBox : public Control {
  private:
   std::string text_;
   Lines lines_;
-  int maxLength_ = 0;
   bool selectAllOnFocus_ = false;
 };
 

@@ -157,7 +157,7 @@ class Describing : public controls::ControlVisitor {
   }
   void Visit(controls::TextBox& c) override {
     const bool several = c.LineMode() == controls::TextBox::Lines::kSeveral;
-    Add(c, "text " + std::to_string(c.MaxLength()) + Flag(several) + Flag(c.SelectAllOnFocus()));
+    Add(c, "text " + Flag(several) + Flag(c.SelectAllOnFocus()));
   }
   void Visit(controls::Button& c) override { Add(c, "button " + c.Caption()); }
   void Visit(controls::CheckBox& c) override { Add(c, "check " + c.Caption()); }
@@ -182,15 +182,14 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   controls::DateBox day{form, "day"};
   controls::ComboBox combo{form, "combo"};
   controls::FlexGrid grid{form, "grid"};
-  form.inner.SetMaxLength(9);
   form.outer.SetSelectAllOnFocus(true);
   form.outer.SetToolTip("hint");
   form.brother.SetCaption("b");
   day.SetText("1404/01/01");
   Describing seen;
   for (controls::Control* control : form.Controls()) control->Accept(seen);
-  EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text 9--", "brother: label b+",
-                                      "outer: text 0-+ hint", "ok: button Yes", "check: check Tick",
+  EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text --", "brother: label b+",
+                                      "outer: text -+ hint", "ok: button Yes", "check: check Tick",
                                       "day: 1404/01/01", "combo: combo", "grid: grid"));
   EXPECT_EQ(form.DefaultButton(), &form.ok);
   EXPECT_EQ(form.CancelButton(), nullptr);

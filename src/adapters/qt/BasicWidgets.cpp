@@ -41,7 +41,6 @@ LineWidget::LineWidget(controls::TextBox& model, const Surroundings& surrounding
     : ViewOf(model, surroundings, parent) {
   // Without the absolute right, a text of digits alone stands at the left.
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
-  if (model.MaxLength() > 0) setMaxLength(model.MaxLength());
   connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) {
     Call([&](controls::TextBox& box) { box.SetText(ToUtf8(typed)); });
   });
@@ -74,19 +73,7 @@ MemoWidget::MemoWidget(controls::TextBox& model, const Surroundings& surrounding
 
 void MemoWidget::Typed() {
   if (showing_ || !Model()) return;
-  QString typed = toPlainText();
-  const int most = Model()->MaxLength();
-  if (most > 0 && typed.size() > most) {
-    typed.truncate(most);
-    const int cursor = std::min(textCursor().position(), most);
-    showing_ = true;
-    setPlainText(typed);
-    showing_ = false;
-    QTextCursor moved = textCursor();
-    moved.setPosition(cursor);
-    setTextCursor(moved);
-  }
-  Call([&](controls::TextBox& box) { box.SetText(ToUtf8(typed)); });
+  Call([&](controls::TextBox& box) { box.SetText(ToUtf8(toPlainText())); });
 }
 
 void MemoWidget::Refresh(const Change& change) {

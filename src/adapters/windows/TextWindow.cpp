@@ -35,7 +35,7 @@ TextWindow::TextWindow(controls::TextBox& model, const Surroundings& surrounding
                            .parent = parent});
   SendMessageW(Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(Look().Font()), FALSE);
   SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
-  SendMessageW(Handle(), EM_SETLIMITTEXT, static_cast<WPARAM>(model.MaxLength()), 0);
+  SendMessageW(Handle(), EM_SETLIMITTEXT, 0, 0);  // no limit, where an EDIT of its own has one
 }
 
 void TextWindow::Refresh(const Change& change) {
