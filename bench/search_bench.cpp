@@ -188,7 +188,7 @@ BENCHMARK(BM_Search_ClickToColouredGrid)->Unit(benchmark::kMillisecond);
 void BM_Search_StatementToRowSet(benchmark::State& state) {
   Desk desk;
   desk.Search();
-  const std::string statement = desk.module.DtEn().sqlCommon().Source();
+  const std::string& statement = desk.module.DtEn().sqlCommon().Source();
   adapters::sqlite::SqliteConnection connection("sqlite:" + TheOffice().Path("office.db"));
   for (auto _ : state) benchmark::DoNotOptimize(connection.Execute(statement));
 }

@@ -7,6 +7,10 @@ target_compile_options(promoter_flags INTERFACE
   -Wnull-dereference -Wold-style-cast -Werror)
 
 function(promoter_instrument)
+  if(PROMOTER_FUZZ OR PROMOTER_SANITIZE)
+    # What the sanitizers do not see: an index or iterator past the end inside what is allocated.
+    add_compile_definitions(_GLIBCXX_ASSERTIONS)
+  endif()
   if(PROMOTER_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
       -fno-omit-frame-pointer)

@@ -35,7 +35,7 @@ class Choices {
   }
   /// A text that says its own length, of at most 255 bytes.
   std::string Piece() {
-    const std::string piece(rest_.substr(0, static_cast<std::size_t>(Upto(255))));
+    std::string piece(rest_.substr(0, static_cast<std::size_t>(Upto(255))));
     rest_.remove_prefix(piece.size());
     return piece;
   }

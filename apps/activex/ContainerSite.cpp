@@ -28,8 +28,9 @@ void ContainerSite::PutToExtender(std::string_view name,
   const auto site = client_.As<IOleControlSite>(IID_IOleControlSite);
   ComPtr<IDispatch> extender;
   if (!site || FAILED(site->GetExtendedControl(extender.Out())) || !extender) return;
+  adapters::windows::Dispatch properties(std::move(extender));
   // Extenders need not have every property, and a paint has nobody to fail to.
-  platform::ResumeNext([&] { adapters::windows::Dispatch(std::move(extender)).Put(name, value); });
+  platform::ResumeNext([&] { properties.Put(name, value); });
 }
 
 void ContainerSite::SetExtenderHeight(double height) {

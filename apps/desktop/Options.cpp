@@ -26,9 +26,8 @@ int Number(const std::string& option, const std::string& value, int lowest, int 
 }
 
 std::chrono::sys_days Date(const std::string& option, const std::string& value) {
-  using namespace std::chrono_literals;
-  constexpr std::chrono::sys_days kFirst = 1900y / 1 / 1;
-  constexpr std::chrono::sys_days kLast = 2100y / 12 / 31;
+  constexpr std::chrono::sys_days kFirst = std::chrono::year(1900) / 1 / 1;
+  constexpr std::chrono::sys_days kLast = std::chrono::year(2100) / 12 / 31;
   const auto day = calendar::GregorianFromText(value);
   if (!day || calendar::GregorianText(*day) != value || *day < kFirst || *day > kLast) {
     throw UsageError(option + " wants a day as yyyy-mm-dd, 1900 to 2100, not " + Quoted(value) +

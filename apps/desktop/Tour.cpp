@@ -6,8 +6,10 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 
 #include "adapters/qt/Convert.h"
@@ -58,6 +60,14 @@ Qt::Key QtKey(tour::Key key) {
   return Qt::Key_unknown;
 }
 
+/// A step's long work shows its progress.
+bool IsWorking() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  return std::ranges::any_of(windows, [](const QWidget* window) {
+    return qobject_cast<const QProgressDialog*>(window) != nullptr;
+  });
+}
+
 /// Where keys go: to an open list or month page first, as on a real screen.
 QWidget& KeyReceiver(QWidget& widget) {
   QWidget* popup = QApplication::activePopupWidget();
@@ -85,6 +95,11 @@ void Tour::Start() {
 
 void Tour::Next() {
   if (failed_) return;
+  // Long work lets events through, and with them this timer; the step that began it is not over.
+  if (IsWorking()) {
+    timer_.start(kStepDelay);
+    return;
+  }
   if (script_.Ended()) {
     End();
     return;

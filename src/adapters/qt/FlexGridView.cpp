@@ -158,9 +158,9 @@ FlexGridView::Cell FlexGridView::CellAt(const QPoint& place) const {
 }
 
 void FlexGridView::EnsureVisible(int row, int col) {
-  QScrollBar& down = *verticalScrollBar();
   const int dataRow = row - Model()->FixedRows();
   if (dataRow >= 0) {
+    QScrollBar& down = *verticalScrollBar();
     if (dataRow < down.value()) down.setValue(dataRow);
     if (dataRow >= down.value() + PageRows()) down.setValue(dataRow - PageRows() + 1);
   }

@@ -79,6 +79,8 @@ bool QtProgress::Advance(std::size_t done) {
     bar_->setMinimumDuration(0);
     bar_->setAutoClose(false);
     bar_->setAutoReset(false);
+    // At once, since only what is shown is modal: a click that waits must not reach a form.
+    bar_->show();
   } else if (sincePaint_.elapsed() < kPaintMilliseconds) {
     return !bar_->wasCanceled();
   }

@@ -176,7 +176,7 @@ std::wstring TextOf(HWND window) {
 std::string NameOf(HWND handle, const wchar_t* property) {
   const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(handle, property)));
   if (atom == 0) return {};
-  wchar_t name[256];
+  wchar_t name[256] = {};
   return Utf8({name, GlobalGetAtomNameW(atom, name, 256)});
 }
 

@@ -66,11 +66,15 @@ TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
 
 TEST_F(ServicesTest, Progress_LongWorkCancelled_SaysStop) {
   QtProgress progress;
-  progress.Begin("انتقال به اكسل", 100);
+  progress.Begin("انتقال به اكسل", 100'000);
   EXPECT_TRUE(progress.Advance(10));
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "short work shows nothing";
   QTest::qSleep(750);
+  const QWidget* modal = nullptr;
+  QMetaObject::invokeMethod(
+      qApp, [&] { modal = QApplication::activeModalWidget(); }, Qt::QueuedConnection);
   ASSERT_TRUE(progress.Advance(40));
+  EXPECT_NE(modal, nullptr) << "a click that waited would reach the form";
   QWidget* bar = QApplication::activeModalWidget();
   ASSERT_NE(bar, nullptr);
   bar->findChild<QPushButton*>()->click();
