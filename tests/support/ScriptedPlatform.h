@@ -36,6 +36,24 @@ struct ScriptedPlatform {
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
 
+  /// Empties what the fakes have noted; what they are told to do stays.
+  void Forget() {
+    events.clear();
+    database.ForgetCalls();
+    screen.log.clear();
+    components.messages.clear();
+    components.told.clear();
+    components.created.clear();
+    keyboard.loaded.clear();
+    fileDialog.shown.clear();
+    excel.written.clear();
+    progress.begun.clear();
+    progress.advanced.clear();
+    launcher.started.clear();
+    reports.log.clear();
+    controlSite.log.clear();
+  }
+
   host::Services Services() { return Services(connections); }
   /// The same with other connections.
   host::Services Services(platform::ConnectionFactory& connecting) {
