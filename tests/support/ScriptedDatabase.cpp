@@ -54,19 +54,12 @@ RowSet Replies::Next() {
   return std::get<RowSet>(reply);
 }
 
-const decltype(Parameter::value)& ScriptedDatabase::Call::ValueOf(std::string_view name) const {
-  const auto found = std::find_if(parameters.begin(), parameters.end(),
-                                  [&](const Parameter& p) { return p.name == name; });
-  if (found == parameters.end()) throw std::logic_error("no parameter " + std::string(name));
-  return found->value;
-}
-
 Replies& ScriptedDatabase::When(Statement statement) {
   script_.emplace_front(std::move(statement), Replies());
   return script_.front().second;
 }
 
-void ScriptedDatabase::FailAtCall(int n, RuntimeError error) {
+void ScriptedDatabase::FailAtCall(std::size_t n, RuntimeError error) {
   callsUntilFailure_ = n;
   failOnce_ = std::move(error);
 }
@@ -75,14 +68,6 @@ std::vector<std::string> ScriptedDatabase::Statements(std::string_view part) con
   std::vector<std::string> found;
   for (const Call& call : calls_) {
     if (!call.procedure && call.text.find(part) != std::string::npos) found.push_back(call.text);
-  }
-  return found;
-}
-
-std::vector<ScriptedDatabase::Call> ScriptedDatabase::ProcedureCalls(std::string_view name) const {
-  std::vector<Call> found;
-  for (const Call& call : calls_) {
-    if (call.procedure && call.text == name) found.push_back(call);
   }
   return found;
 }
@@ -118,13 +103,10 @@ std::int32_t ScriptedDatabase::CallProcedure(const std::string& connectionString
     line += ValueText(parameter);
   }
   line += parameters.empty() ? "()" : ")";
-  Call call{.connectionString = connectionString,
-            .text = std::string(name),
-            .procedure = true,
-            .parameters = {parameters.begin(), parameters.end()}};
-  Record(call, line);
+  Record({.connectionString = connectionString, .text = std::string(name), .procedure = true},
+         line);
   if (name != "spZomirHasPermission") return 0;
-  return refused_.contains(call.Value<std::int32_t>("@FormPermissionID")) ? 0 : 1;
+  return refused_.contains(std::get<std::int32_t>(parameters[1].value)) ? 0 : 1;
 }
 
 RowSet RecordingConnection::Execute(std::string_view statement) {

@@ -69,15 +69,6 @@ class ScriptedDatabase {
     std::string connectionString;
     std::string text;  // the statement, or the procedure's name
     bool procedure = false;
-    std::vector<platform::Parameter> parameters = {};
-    /// A parameter's value; throws std::logic_error when there is none of that name or type.
-    template <typename T>
-    T Value(std::string_view name) const {
-      return std::get<T>(ValueOf(name));
-    }
-
-   private:
-    const decltype(platform::Parameter::value)& ValueOf(std::string_view name) const;
   };
 
   explicit ScriptedDatabase(Events& events) : events_(events) {}
@@ -90,20 +81,17 @@ class ScriptedDatabase {
   /// The columns that a SELECT without a script returns.
   void SetDefaultColumns(std::vector<std::string> columns) { defaultColumns_ = std::move(columns); }
   /// The n-th call from now on (statement or procedure, 1 is the next) fails.
-  void FailAtCall(int n, platform::RuntimeError error);
+  void FailAtCall(std::size_t n, platform::RuntimeError error);
   /// Every call fails from now on, as with a server that is gone.
   void FailAlways(platform::RuntimeError error) { failAlways_ = std::move(error); }
   /// The user does not hold this permission.
   void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
-  void Permit(std::int32_t formPermissionId) { refused_.erase(formPermissionId); }
 
   /// All that was asked, in order. A procedure call reads "name(@A=1, @B='text')".
   const std::vector<std::string>& Log() const { return log_; }
   const std::vector<Call>& Calls() const { return calls_; }
   /// The statements alone, without procedure calls; those that hold `part`.
   std::vector<std::string> Statements(std::string_view part = {}) const;
-  /// Calls of one procedure.
-  std::vector<Call> ProcedureCalls(std::string_view name) const;
   /// Forgets what was asked, keeps the script.
   void ForgetCalls();
 
@@ -120,7 +108,7 @@ class ScriptedDatabase {
   std::set<std::int32_t> refused_;
   std::optional<platform::RuntimeError> failAlways_;
   std::optional<platform::RuntimeError> failOnce_;
-  int callsUntilFailure_ = 0;
+  std::size_t callsUntilFailure_ = 0;
   int connections_ = 0;
   std::vector<Call> calls_;
   std::vector<std::string> log_;
