@@ -106,14 +106,6 @@ TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
   EXPECT_FALSE(form.BatchForm().Loaded());
 }
 
-TEST_F(EditorTest, Load_ThatFails_IsTriedAgainByTheNextCall) {
-  outside.database.FailAtCall(1, platform::RuntimeError(17, "server gone"));
-  EXPECT_THROW(form.ClearShow(), platform::RuntimeError);
-  EXPECT_FALSE(form.Visible());
-  form.ClearShow();
-  EXPECT_EQ(form.datToday.Text(), "1404/02/01");
-}
-
 TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
   form.ClearShow();
   outside.database.When(Holding(" Where ProgramID=40 group by"))

@@ -20,49 +20,14 @@
 
 namespace module {
 
-/// A database file, read and changed past the module.
-class PlainDatabase {
- public:
-  explicit PlainDatabase(const std::string& file) {
-    sqlite3* opened = nullptr;
-    EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
-    database_.reset(opened);
-  }
-
-  /// Rows of plain statements: cells joined by "|", NULL as "~". A failure fails the test.
-  std::vector<std::string> Rows(const std::string& sql) const {
-    std::vector<std::string> rows;
-    const auto append = [](void* into, int columns, char** cells, char** /*names*/) {
-      std::string row;
-      for (int col = 0; col < columns; ++col) {
-        row += (col > 0 ? "|" : "") + std::string(cells[col] ? cells[col] : "~");
-      }
-      static_cast<std::vector<std::string>*>(into)->push_back(row);
-      return 0;
-    };
-    EXPECT_EQ(sqlite3_exec(database_.get(), sql.c_str(), append, &rows, nullptr), SQLITE_OK)
-        << sql << ": " << sqlite3_errmsg(database_.get());
-    return rows;
-  }
-
-  /// All rows of all tables.
-  std::vector<std::string> Everything() const {
-    std::string selects;
-    for (const std::string& table : Rows("SELECT name FROM sqlite_master WHERE type = 'table'")) {
-      selects += "SELECT '" + table + "', * FROM " + table + ";";
-    }
-    return Rows(selects);
-  }
-
- private:
-  std::unique_ptr<sqlite3, int (*)(sqlite3*)> database_{nullptr, sqlite3_close};
-};
-
 /// The module over a sample office in a file of its own: 60 customers, 14 programs, the day is
 /// 1404/09/01. The user acts through the fakes.
 class Office : private platform::ConnectionFactory {
  public:
   Office() {
+    sqlite3* opened = nullptr;
+    EXPECT_EQ(sqlite3_open(file_.c_str(), &opened), SQLITE_OK);
+    plain_.reset(opened);
     outside.clock.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
     host::DistPromoterProg& control = Module().Control();
     control.SetUserID(1);
@@ -82,36 +47,45 @@ class Office : private platform::ConnectionFactory {
   }
   editor::FormMain& Editor() { return module_->Editor(); }
 
-  std::vector<std::string> Stored(const std::string& sql) const { return plain_.Rows(sql); }
+  /// Rows of plain statements, done past the module: cells joined by "|", NULL as "~". A failure
+  /// fails the test.
+  std::vector<std::string> Stored(const std::string& sql) const {
+    std::vector<std::string> rows;
+    const auto append = [](void* into, int columns, char** cells, char** /*names*/) {
+      std::string row;
+      for (int col = 0; col < columns; ++col) {
+        row += (col > 0 ? "|" : "") + std::string(cells[col] ? cells[col] : "~");
+      }
+      static_cast<std::vector<std::string>*>(into)->push_back(row);
+      return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(plain_.get(), sql.c_str(), append, &rows, nullptr), SQLITE_OK)
+        << sql << ": " << sqlite3_errmsg(plain_.get());
+    return rows;
+  }
   std::string Cell(const std::string& sql) const {
     const std::vector<std::string> rows = Stored(sql);
     EXPECT_EQ(rows.size(), 1U) << sql;
     return rows.empty() ? std::string() : rows[0];
   }
-  std::vector<std::string> Everything() const { return plain_.Everything(); }
-
-  /// Every control of the editor, but the one that is told.
-  void ExpectEnabledAsTheModeSays(const std::string& when, const controls::Control* but = nullptr) {
-    const bool temporary = Editor().txtCode.Text().empty();
-    for (const controls::Control* control : support::AllControls(Editor())) {
+  /// What must be so after every action at the editor, but for a button whose work goes on.
+  void ExpectInOrder(const std::string& after, const controls::Control* working = nullptr) {
+    editor::FormMain& form = Editor();
+    EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault) << after;
+    EXPECT_TRUE(form.flxDetail.Redraw()) << after;
+    EXPECT_EQ(form.Caption(),
+              "برنامه بازارياب " + std::string(editor::CaptionSuffix(form.CurrentMode())))
+        << after;
+    for (const controls::Control* control : support::AllControls(form)) {
       const editor::EnabledIn* row = editor::FindEnabledIn(control->Name());
-      if (row == nullptr || control == but) continue;
-      EXPECT_EQ(control->Enabled(), row->Holds(Editor().CurrentMode(), temporary))
-          << control->Name() << " after " << when;
+      if (row == nullptr || control == working) continue;
+      EXPECT_EQ(control->Enabled(), row->Holds(form.CurrentMode(), form.txtCode.Text().empty()))
+          << control->Name() << " after " << after;
     }
   }
 
   support::ScriptedPlatform outside;
   static constexpr const char* kPassword = "Geheim-7301";
-
-  /// A copy of the office as it was in the beginning.
-  static std::string NewCopy() {
-    static const Template made;
-    std::string file = made.file + "-XXXXXX";
-    close(mkstemp(file.data()));
-    std::filesystem::copy_file(made.file, file, std::filesystem::copy_options::overwrite_existing);
-    return file;
-  }
 
  protected:
   /// All that the module asks of its database passes here.
@@ -139,6 +113,13 @@ class Office : private platform::ConnectionFactory {
         ("/office-" + std::to_string(getpid()));
     const std::string file = (folder / "office.db").string();
   };
+  static std::string NewCopy() {
+    static const Template made;
+    std::string file = made.file + "-XXXXXX";
+    close(mkstemp(file.data()));
+    std::filesystem::copy_file(made.file, file, std::filesystem::copy_options::overwrite_existing);
+    return file;
+  }
   class Line : public platform::Connection {
    public:
     explicit Line(Office& office) : office_(office), embedded_("sqlite:" + office.file_) {}
@@ -159,7 +140,7 @@ class Office : private platform::ConnectionFactory {
   }
 
   const std::string file_ = NewCopy();
-  const PlainDatabase plain_{file_};
+  std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
   std::unique_ptr<class Module> module_ =
       std::make_unique<class Module>(outside.Services(*this), outside.controlSite);
 };

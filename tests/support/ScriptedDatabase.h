@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <deque>
-#include <initializer_list>
+#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -26,20 +26,18 @@ platform::RowSet RowSetOf(const std::vector<std::string>& columns,
                           const std::vector<std::vector<Cell>>& rows = {});
 
 /// Which statements a reply is for.
-struct Statement {
-  enum class Match { kExact, kPrefix, kContains };
-  Match match;
-  std::string text;
-  bool Fits(std::string_view statement) const;
-};
+using Statement = std::function<bool(std::string_view)>;
 inline Statement Exact(std::string text) {
-  return {Statement::Match::kExact, std::move(text)};
+  return [text = std::move(text)](std::string_view statement) { return statement == text; };
 }
 inline Statement Beginning(std::string text) {
-  return {Statement::Match::kPrefix, std::move(text)};
+  return
+      [text = std::move(text)](std::string_view statement) { return statement.starts_with(text); };
 }
 inline Statement Holding(std::string text) {
-  return {Statement::Match::kContains, std::move(text)};
+  return [text = std::move(text)](std::string_view statement) {
+    return statement.find(text) != std::string_view::npos;
+  };
 }
 
 /// The replies to one kind of statement, in order; the last one stays for all later statements.
@@ -67,7 +65,7 @@ class ScriptedDatabase {
  public:
   struct Call {
     std::string connectionString;
-    std::string text;  // the statement, or the procedure's name
+    std::string text;  // the statement, or the procedure as "name(@A=1, @B='text')"
     bool procedure = false;
   };
 
@@ -87,20 +85,20 @@ class ScriptedDatabase {
   /// The user does not hold this permission.
   void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
 
-  /// All that was asked, in order. A procedure call reads "name(@A=1, @B='text')".
-  const std::vector<std::string>& Log() const { return log_; }
+  /// All that was asked, in order, and the texts of it.
   const std::vector<Call>& Calls() const { return calls_; }
+  std::vector<std::string> Log() const;
   /// The statements alone, without procedure calls; those that hold `part`.
   std::vector<std::string> Statements(std::string_view part = {}) const;
   /// Forgets what was asked, keeps the script.
-  void ForgetCalls();
+  void ForgetCalls() { calls_.clear(); }
 
  private:
   friend class RecordingConnection;
   platform::RowSet Execute(const std::string& connectionString, std::string_view statement);
   std::int32_t CallProcedure(const std::string& connectionString, std::string_view name,
                              std::span<const platform::Parameter> parameters);
-  void Record(Call call, const std::string& line);
+  void Record(Call call);
 
   Events& events_;
   std::list<std::pair<Statement, Replies>> script_;
@@ -111,7 +109,6 @@ class ScriptedDatabase {
   std::size_t callsUntilFailure_ = 0;
   int connections_ = 0;
   std::vector<Call> calls_;
-  std::vector<std::string> log_;
 };
 
 /// One connection to a ScriptedDatabase.
