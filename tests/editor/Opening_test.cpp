@@ -107,11 +107,12 @@ TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
 }
 
 TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
-  form.ClearShow();
+  form.View(41);
   outside.database.When(Holding(" Where ProgramID=40 group by"))
       .Fails(platform::RuntimeError(17, "server gone"));
   EXPECT_THROW(form.View(40), platform::RuntimeError);
   EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdSearch"));
   EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
   EXPECT_TRUE(form.flxDetail.Redraw());
 }

@@ -114,7 +114,9 @@ class Statements : public testing::Test {
       form.cmdAdd.Click();
     });
     editor.cmdAddBatch.Click();
-    ASSERT_EQ(editor.flxDetail.Rows(), 2) << "one visit, without notes";
+    ASSERT_EQ(editor.flxDetail.Rows(), 2);
+    EXPECT_THAT(day.actions.back().sent,
+                testing::Contains(testing::HasSubstr(", o.ID, null, ROW_NUMBER()")));
     day.outside.screen.OnModalForm<search::FormSearch>([&](search::FormSearch& form) {
       ReadSelectors(form);
       form.txtID.SetText(editor.txtID.Text());
