@@ -72,7 +72,7 @@ TEST_F(EditorTest, View_OfNoProgram_OpensEmptyAndSaysSoWhereItAsked) {
     outside.database.ForgetCalls();
     form.View(id);
     EXPECT_EQ(form.txtID.Text(), "");
-    EXPECT_TRUE(id > 0 || form.CurrentMode() == Mode::kEmpty);
+    EXPECT_EQ(form.CurrentMode(), id > 0 ? Mode::kView : Mode::kEmpty);
     EXPECT_EQ(outside.database.Statements("select * from").size(), id > 0 ? 1U : 0U);
     EXPECT_NE(outside.database.Log().back().find("ProgramID=-1 group"), std::string::npos);
   }

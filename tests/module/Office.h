@@ -20,8 +20,8 @@
 
 namespace module {
 
-/// The module over a sample office in a file of its own: 60 customers, 14 programs, the day is
-/// 1404/09/01. The user acts through the fakes.
+/// The module over a sample office in a file of its own: 60 customers, 14 programs, the machine's
+/// day is 1404/09/01 and the server's is today. The user acts through the fakes.
 class Office : private platform::ConnectionFactory {
  public:
   Office() {
