@@ -118,11 +118,13 @@ TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder
 }
 
 TEST_F(EditorTest, CloseBox_WithAnOpenHeader_AsksFirst) {
-  outside.components.WillAnswer({Answer::kNo, Answer::kYes});
-  form.ClearShow();
-  form.cmdNew.Click();
-  form.CloseBox();
-  EXPECT_TRUE(form.Visible());
+  outside.components.WillAnswer({Answer::kNo, Answer::kNo, Answer::kYes});
+  for (controls::Button* opening : {&form.cmdNew, &form.cmdEdit}) {
+    form.View(40);
+    opening->Click();
+    form.CloseBox();
+    EXPECT_TRUE(form.Visible());
+  }
   form.CloseBox();
   EXPECT_FALSE(form.Loaded());
   form.ClearShow();
