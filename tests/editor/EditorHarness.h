@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "editor/FormMain.h"
+#include "support/AllControls.h"
 #include "support/ScriptedPlatform.h"
 
 namespace editor {
@@ -19,8 +20,26 @@ using support::Holding;
 using support::Message;
 using support::RowSetOf;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 inline const Message kRefused{"خطا", "شما به انجام اين عمليات مجاز نيستيد.", 0};
+
+/// The call that asks for a right.
+inline std::string Asks(const std::string& permission) {
+  return "spZomirHasPermission(@UserID=1, @FormPermissionID=" + permission + ")";
+}
+/// The call that logs what happened to program 40.
+inline std::string Logs(const std::string& event, const std::string& whatHappened) {
+  return "dbo.spZomirInsertFormAction(@EventID=" + event +
+         ", @FormCode='40', @FormTypeID=3308, @Description='فرم برنامه بازارياب به ش.ر. ”40“ " +
+         whatHappened +
+         "', @UserID=1, @EventDate=2025-04-21, @FarsiEventDate='1404/02/01', @EventTime=510)";
+}
+inline std::vector<std::string> First(std::size_t count, std::vector<std::string> calls) {
+  calls.resize(count);
+  return calls;
+}
 
 /// The editor over a scripted office: user 1, employee 3; program 40 is temporary with the groups
 /// a, b, c, d, program 41 is final and has no visits; the server's day is 1404/02/01.
@@ -40,11 +59,16 @@ class EditorTest : public testing::Test {
         {.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "office"});
   }
 
-  void ScriptHeader(const std::string& id, const support::Cell& code) {
+  void ScriptHeader(const std::string& id, const support::Cell& code,
+                    const std::array<support::Cell, 6>& rest = {"1", "2025-04-01", "1404/01/12",
+                                                                "4", "6", "يادداشت"}) {
+    std::vector<support::Cell> row(rest.begin(), rest.end());
+    row.insert(row.begin(), id);
+    row.push_back(code);
     outside.database.When(Exact("select * from tblDistributionPromoterProgram Where ID=" + id))
         .Gives(RowSetOf({"ID", "CreatorID", "CreateDate", "FarsiCreateDate", "BranchID",
                          "SupervisorID", "Notes", "Code"},
-                        {{id, "1", "2025-04-01", "1404/01/12", "4", "6", "يادداشت", code}}));
+                        {row}));
   }
   static platform::RowSet Groups(const std::vector<std::array<std::string, 3>>& groups) {
     std::vector<std::vector<support::Cell>> rows;
@@ -55,23 +79,13 @@ class EditorTest : public testing::Test {
     return RowSetOf({"PromoterID", "PromoterName", "VisitDate", "FarsiVisitDate", "Notes", "cnt"},
                     rows);
   }
-  /// The first calls of the database since it was told to forget them.
-  std::vector<std::string> FirstCalls(std::size_t count) {
-    std::vector<std::string> log = outside.database.Log();
-    if (log.size() > count) log.resize(count);
-    return log;
-  }
   /// The messages shown since they were asked for last.
   std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
-  /// Names of the enabled controls among those of the form and its header.
   std::vector<std::string> EnabledControls() {
     std::vector<std::string> names;
-    for (const std::vector<controls::Control*>* all :
-         {&form.Controls(), &form.frameHeader.Controls()}) {
-      for (const controls::Control* control : *all) {
-        if (FindEnabledIn(control->Name()) != nullptr && control->Enabled()) {
-          names.push_back(control->Name());
-        }
+    for (const controls::Control* control : support::AllControls(form)) {
+      if (FindEnabledIn(control->Name()) != nullptr && control->Enabled()) {
+        names.push_back(control->Name());
       }
     }
     return names;

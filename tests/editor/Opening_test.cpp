@@ -3,15 +3,9 @@
 namespace editor {
 namespace {
 
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
-
 TEST_F(EditorTest, ClearShow_FirstUse_LoadsOnceAndOpensEmpty) {
   EXPECT_FALSE(form.ClearShow());
   EXPECT_FALSE(form.ClearShow());
-  EXPECT_EQ(form.Caption(), "برنامه بازارياب ");
-  EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
-  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdSearch"));
   EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429"));
   EXPECT_THAT(outside.database.Statements("vwZomirBasePath"),
               ElementsAre("Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath "
@@ -23,9 +17,39 @@ TEST_F(EditorTest, ClearShow_FirstUse_LoadsOnceAndOpensEmpty) {
   EXPECT_EQ(outside.screen.log.back(), "show FormMain modeless");
 }
 
-TEST_F(EditorTest, View_TemporaryProgram_ShowsHeaderAndGroups) {
+TEST_F(EditorTest, EveryMode_HasItsCaptionAndControls) {
+  const struct {
+    std::function<void()> enter;
+    std::string caption;
+    std::vector<std::string> enabled;
+  } cases[] = {
+      {[this] { form.ClearShow(); }, "", {"cmdNew", "cmdSearch"}},
+      {[this] { form.View(40); },
+       " (مشاهده)",
+       {"cmdNew", "cmdEdit", "cmdDelete", "cmdPreview", "cmdViewAccountDoc", "cmdSearch",
+        "cmdAddBatch", "cmdSelectAll", "cmdSelectInverse", "cmdSelectNone", "cmdDeleteSelected"}},
+      {[this] { form.cmdEdit.Click(); },
+       " (اصلاح)",
+       {"cmdNew", "cmdTempSave", "cmdFinalSave", "cmdCancel", "cmdSearch", "sltSupervisor",
+        "sltBranch", "txtDescription"}},
+      {[this] { form.View(41); },
+       " (مشاهده)",
+       {"cmdNew", "cmdPreview", "cmdViewAccountDoc", "cmdBackToTemp", "cmdSearch"}},
+      {[this] { form.cmdNew.Click(); },
+       " (ايجاد)",
+       {"cmdTempSave", "cmdFinalSave", "cmdCancel", "cmdSearch", "sltSupervisor", "sltBranch",
+        "txtDescription"}},
+  };
+  for (const auto& c : cases) {
+    c.enter();
+    EXPECT_EQ(form.Caption(), "برنامه بازارياب " + c.caption);
+    EXPECT_THAT(EnabledControls(), testing::UnorderedElementsAreArray(c.enabled)) << c.caption;
+  }
+  EXPECT_EQ(form.txtID.Text(), "");
+}
+
+TEST_F(EditorTest, View_ShowsHeaderAndGroups) {
   EXPECT_FALSE(form.View(40));
-  EXPECT_EQ(form.Caption(), "برنامه بازارياب  (مشاهده)");
   EXPECT_EQ(form.txtID.Text(), "40");
   EXPECT_EQ(form.datCreateDate.Text(), "1404/01/12");
   EXPECT_EQ(form.sltBranch.SelectedID(), 4);
@@ -34,10 +58,6 @@ TEST_F(EditorTest, View_TemporaryProgram_ShowsHeaderAndGroups) {
   EXPECT_THAT(Column(0), ElementsAre("1", "2", "3", "4"));
   EXPECT_THAT(Column(4), ElementsAre("1404/02/01", "1404/02/02", "1404/02/03", "1404/02/04"));
   EXPECT_THAT(Column(6), ElementsAre("25", "25", "25", "25"));
-  EXPECT_THAT(EnabledControls(),
-              UnorderedElementsAre("cmdNew", "cmdEdit", "cmdDelete", "cmdPreview",
-                                   "cmdViewAccountDoc", "cmdSearch", "cmdAddBatch", "cmdSelectAll",
-                                   "cmdSelectInverse", "cmdSelectNone", "cmdDeleteSelected"));
   EXPECT_EQ(
       outside.database.Log().back(),
       "select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as "
@@ -46,39 +66,25 @@ TEST_F(EditorTest, View_TemporaryProgram_ShowsHeaderAndGroups) {
       "FarsiVisitDate, Notes");
 }
 
-TEST_F(EditorTest, View_FinalProgram_OffersOnlyTheWayBack) {
-  form.View(41);
-  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdPreview", "cmdViewAccountDoc",
-                                                      "cmdBackToTemp", "cmdSearch"));
-}
-
-TEST_F(EditorTest, View_NoSuchProgram_SaysSoAndShowsNothing) {
-  form.View(99);
-  EXPECT_THAT(Said(), ElementsAre(Message{"خطا", "ركورد مورد نظر يافت نشد.", 0}));
-  EXPECT_EQ(form.txtID.Text(), "");
-}
-
-TEST_F(EditorTest, View_ZeroOrLess_OpensEmptyAndAsksForNoHeader) {
-  for (const int id : {0, -5}) {
+TEST_F(EditorTest, View_OfNoProgram_OpensEmptyAndSaysSoWhereItAsked) {
+  for (const int id : {0, -5, 99}) {
     form.View(40);
     outside.database.ForgetCalls();
     form.View(id);
-    EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
-    EXPECT_THAT(outside.database.Statements("select * from"), IsEmpty());
-    EXPECT_THAT(outside.database.Statements("ProgramID=-1 group"), testing::SizeIs(1));
+    EXPECT_EQ(form.txtID.Text(), "");
+    EXPECT_EQ(form.CurrentMode(), id > 0 ? Mode::kView : Mode::kEmpty);
+    EXPECT_EQ(outside.database.Statements("select * from").size(), id > 0 ? 1U : 0U);
+    EXPECT_NE(outside.database.Log().back().find("ProgramID=-1 group"), std::string::npos);
   }
+  EXPECT_THAT(Said(), ElementsAre(Message{"خطا", "ركورد مورد نظر يافت نشد.", 0}));
 }
 
 TEST_F(EditorTest, View_HeaderWithNulls_SelectsNothing) {
-  outside.database.When(Holding("Where ID=42"))
-      .Gives(
-          RowSetOf({"ID", "CreatorID", "CreateDate", "BranchID", "SupervisorID", "Notes", "Code"},
-                   {{"42", std::nullopt, std::nullopt, std::nullopt, std::nullopt, std::nullopt,
-                     std::nullopt}}));
+  ScriptHeader("42", std::nullopt, {});
   form.View(42);
-  EXPECT_FALSE(form.sltCreator.HasSelection());
-  EXPECT_FALSE(form.sltBranch.HasSelection());
-  EXPECT_FALSE(form.sltSupervisor.HasSelection());
+  for (const controls::Selector* each : {&form.sltCreator, &form.sltBranch, &form.sltSupervisor}) {
+    EXPECT_FALSE(each->HasSelection()) << each->Name();
+  }
   EXPECT_EQ(form.datCreateDate.Text(), "1404/02/01") << "keeps the day it was cleared to";
 }
 
@@ -100,30 +106,25 @@ TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
   EXPECT_FALSE(form.BatchForm().Loaded());
 }
 
-TEST_F(EditorTest, Load_ThatFails_IsTriedAgainByTheNextCall) {
-  outside.database.FailAtCall(1, platform::RuntimeError(17, "server gone"));
-  EXPECT_THROW(form.ClearShow(), platform::RuntimeError);
-  EXPECT_FALSE(form.Visible());
-  form.ClearShow();
-  EXPECT_EQ(form.datToday.Text(), "1404/02/01");
-}
-
 TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
-  form.ClearShow();
+  form.View(41);
   outside.database.When(Holding(" Where ProgramID=40 group by"))
       .Fails(platform::RuntimeError(17, "server gone"));
   EXPECT_THROW(form.View(40), platform::RuntimeError);
   EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+  EXPECT_THAT(EnabledControls(), UnorderedElementsAre("cmdNew", "cmdSearch"));
   EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
   EXPECT_TRUE(form.flxDetail.Redraw());
 }
 
 TEST_F(EditorTest, CloseBox_WithAnOpenHeader_AsksFirst) {
-  outside.components.WillAnswer({Answer::kNo, Answer::kYes});
-  form.ClearShow();
-  form.cmdNew.Click();
-  form.CloseBox();
-  EXPECT_TRUE(form.Visible());
+  outside.components.WillAnswer({Answer::kNo, Answer::kNo, Answer::kYes});
+  for (controls::Button* opening : {&form.cmdNew, &form.cmdEdit}) {
+    form.View(40);
+    opening->Click();
+    form.CloseBox();
+    EXPECT_TRUE(form.Visible());
+  }
   form.CloseBox();
   EXPECT_FALSE(form.Loaded());
   form.ClearShow();
@@ -144,13 +145,10 @@ TEST_F(EditorTest, Search_WithNothingChosen_ChangesNothing) {
 TEST_F(EditorTest, Resize_LeavesNoControlOutsideTheForm) {
   for (const auto& [width, height] : {std::pair(15300.0, 9300.0), {24000.0, 15000.0}}) {
     form.Resize(width, height);
-    for (const std::vector<controls::Control*>* all :
-         {&form.Controls(), &form.frameHeader.Controls()}) {
-      for (const controls::Control* control : *all) {
-        EXPECT_GE(control->Left(), 0) << control->Name();
-        EXPECT_LE(control->Left() + control->Width(), width) << control->Name();
-        EXPECT_LE(control->Top() + control->Height(), height) << control->Name();
-      }
+    for (const controls::Control* control : support::AllControls(form)) {
+      EXPECT_GE(control->Left(), 0) << control->Name();
+      EXPECT_LE(control->Left() + control->Width(), width) << control->Name();
+      EXPECT_LE(control->Top() + control->Height(), height) << control->Name();
     }
     EXPECT_NEAR(form.cmdSearch.Left(), 150, 0.01);
     EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), width - 150, 0.01);

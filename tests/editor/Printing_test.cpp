@@ -1,10 +1,7 @@
 #include "EditorHarness.h"
-#include "platform/ResumeNext.h"
 
 namespace editor {
 namespace {
-
-using testing::IsEmpty;
 
 const std::string kTemplates = "Select * from tblZomirReportTemplate where FormTypeID = 3308";
 
@@ -46,7 +43,7 @@ class PrintingTest : public EditorTest {
   }
 };
 
-TEST_F(PrintingTest, Preview_RunsTheChosenTemplateForTheProgram) {
+TEST_F(PrintingTest, Preview_RunsTheChosenTemplateForTheProgram_AndNoneUnlessChosenAnew) {
   for (const auto& [item, path] :
        {std::pair(0, "load /t/day.html"), std::pair(1, "load /suite/road.html")}) {
     outside.reports.log.clear();
@@ -57,16 +54,10 @@ TEST_F(PrintingTest, Preview_RunsTheChosenTemplateForTheProgram) {
     ExpectReady();
   }
   EXPECT_THAT(outside.events, testing::Contains("pointer 11"));
-  EXPECT_THAT(Said(), IsEmpty());
-}
-
-TEST_F(PrintingTest, Preview_WithoutAChoice_EndsQuietly) {
-  WillPick(0);
-  form.cmdPreview.Click();
   outside.reports.log.clear();
   WillPick(-1);
   form.cmdPreview.Click();
-  EXPECT_THAT(outside.reports.log, IsEmpty()) << "the choice of the last time is not taken again";
+  EXPECT_THAT(outside.reports.log, IsEmpty());
   EXPECT_THAT(Said(), IsEmpty());
   ExpectReady();
 }
@@ -92,19 +83,6 @@ TEST_F(PrintingTest, Preview_OfAMissingFile_NamesThePathTriedLast) {
     ExpectReady();
   }
   EXPECT_THAT(outside.reports.log, IsEmpty());
-}
-
-TEST_F(PrintingTest, Failures_OfTheEngineOrDatabase_LeaveTheButtonReady) {
-  for (const std::string failAt : {"create", "load", "connect", "formula", "produce"}) {
-    outside.reports.failAt = failAt;
-    WillPick(0);
-    const std::int32_t error = platform::ResumeNext([&] { form.cmdPreview.Click(); });
-    EXPECT_EQ(error == 0, failAt == "produce") << failAt << ": only the production is resumed";
-    ExpectReady();
-  }
-  outside.database.FailAtCall(1, platform::RuntimeError(208, "Invalid object name"));
-  EXPECT_THROW(form.cmdPreview.Click(), platform::RuntimeError);
-  ExpectReady();
 }
 
 }  // namespace

@@ -1,13 +1,11 @@
 // Whatever lies outside fails once, or for as long as an action lasts, at every call of a planner's
-// day: the user is told, the editor is as its mode says, and what is stored is what was done.
-
-#include <gtest/gtest.h>
+// day: the user is told, the editor is as its mode says, and the next action works.
 
 #include <algorithm>
 
-#include "reliability/OfficeDay.h"
+#include "module/OfficeDay.h"
 
-namespace reliability {
+namespace module {
 namespace {
 
 /// The calls whose failure is passed over by the routine that makes them, and why.
@@ -25,31 +23,32 @@ constexpr struct {
     {Kind::kKeyboard, "LoadKeyboardLayout", "the user types with the layout at hand"},
 };
 
-std::ptrdiff_t Told(const OfficeDay& day, std::string_view words) {
-  std::ptrdiff_t count = 0;
-  for (const OfficeDay::Action& action : day.actions) {
-    count += std::ranges::count_if(
-        action.told, [&](const std::string& text) { return text.find(words) != text.npos; });
-  }
-  return count;
-}
-
-/// Everything that a person may come to see.
-std::string Shown(const OfficeDay& day) {
+/// What a person was told in the day's course.
+std::string Told(const OfficeDay& day) {
   std::string all;
   for (const OfficeDay::Action& action : day.actions) {
     for (const std::string& text : action.told) all += text + "\n";
   }
-  for (const std::string& event : day.outside.events) all += event + "\n";
-  for (const auto& [what, total] : day.outside.progress.begun) all += what + "\n";
-  for (const auto& [path, text] : day.outside.fileSystem.files) all.append(path).append(text);
-  for (const std::string& line : day.outside.launcher.started) all += line;
   return all;
+}
+
+/// Everything that a person may come to see.
+std::string Shown(const OfficeDay& day) {
+  std::string all = Told(day);
+  for (const std::string& event : day.outside.events) all += event;
+  for (const std::string& line : day.outside.launcher.started) all += line;
+  for (const auto& [what, total] : day.outside.progress.begun) all += what;
+  for (const auto& [path, text] : day.outside.fileSystem.files) all.append(path).append(text);
+  return all;
+}
+
+bool Holds(const std::string& text, std::string_view words) {
+  return text.find(words) != text.npos;
 }
 
 class Faults : public testing::TestWithParam<Fault> {};
 
-TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndLosesNothing) {
+TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndTheNextActionWorks) {
   OfficeDay undisturbed;
   undisturbed.Play();
   const int count = undisturbed.calls[GetParam().kind];
@@ -67,11 +66,10 @@ TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndLosesNothing) {
         return each.kind == fault.kind && call.starts_with(each.beginning);
       });
     });
-    EXPECT_EQ(Told(day, Fault::kWords) == 0, passedOver);
-    EXPECT_TRUE(day.Stored() == day.Replayed()) << "the rows are not those of what was done";
-    EXPECT_LE(Told(day, "ذخيره شد"), day.outside.fileSystem.files.count("visits.txt"));
-    EXPECT_LE(Told(day, "با موفقيت"), day.outside.excel.finished);
-    EXPECT_EQ(Shown(day).find(OfficeDay::kPassword), std::string::npos);
+    EXPECT_NE(Holds(Told(day), Fault::kWords), passedOver);
+    EXPECT_LE(Holds(Told(day), "ذخيره شد"), day.outside.fileSystem.files.contains("visits.txt"));
+    EXPECT_LE(Holds(Told(day), "با موفقيت"), day.outside.excel.finished);
+    EXPECT_FALSE(Holds(Shown(day), Office::kPassword));
   }
 }
 
@@ -82,11 +80,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Fault{Kind::kDatabase, When::kFromThenOn},
                     Fault{Kind::kFiles, When::kBefore, 61}, Fault{Kind::kFiles, When::kFromThenOn},
                     Fault{Kind::kWorkbook}, Fault{Kind::kWorkbook, When::kFromThenOn},
-
                     Fault{Kind::kComponents, When::kBefore, 438},
                     Fault{Kind::kComponents, When::kFromThenOn, 429}, Fault{Kind::kReports},
                     Fault{Kind::kLauncher}, Fault{Kind::kFileDialog, When::kBefore, 32755},
                     Fault{Kind::kFileDialog}, Fault{Kind::kKeyboard}));
 
 }  // namespace
-}  // namespace reliability
+}  // namespace module

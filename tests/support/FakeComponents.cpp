@@ -14,6 +14,14 @@ std::ostream& operator<<(std::ostream& out, const Message& message) {
              << message.text;
 }
 
+void FakeObject::Note(std::string_view member, std::string_view mark,
+                      const AutomationValue& value) {
+  Tell(beforeCall_, member);
+  const auto* number = std::get_if<std::int32_t>(&value);
+  const std::string text = number ? std::to_string(*number) : std::get<std::string>(value);
+  told_.push_back(std::string(member).append(mark).append(text));
+}
+
 class FakeNotice : public platform::AutomationObject {
  public:
   explicit FakeNotice(FakeComponents& owner) : owner_(owner) {}

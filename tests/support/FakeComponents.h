@@ -30,6 +30,27 @@ std::ostream& operator<<(std::ostream& out, const Message& message);
 /// What the user does with a question.
 enum class Answer { kNo = 0, kYes = 1, kClosed = 2 };
 
+/// A component that notes what it is told: "UserID=1", "View 70". The hook hears the members.
+class FakeObject : public platform::AutomationObject {
+ public:
+  FakeObject(std::vector<std::string>& told, BeforeCall beforeCall)
+      : told_(told), beforeCall_(std::move(beforeCall)) {}
+  void Put(std::string_view member, const platform::AutomationValue& value) override {
+    Note(member, "=", value);
+  }
+  platform::AutomationValue Get(std::string_view /*member*/) override { return {}; }
+  platform::AutomationValue Call(std::string_view member,
+                                 std::span<const platform::AutomationValue> arguments) override {
+    Note(member, " ", arguments.front());
+    return {};
+  }
+
+ private:
+  void Note(std::string_view member, std::string_view mark, const platform::AutomationValue& value);
+  std::vector<std::string>& told_;
+  BeforeCall beforeCall_;
+};
+
 /// The suite's components, with a message component that records what it is told and answers
 /// questions as queued. A question without a queued answer, and an answer left over at the end,
 /// fail the test.

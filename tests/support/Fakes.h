@@ -158,9 +158,6 @@ class FakeLauncher : public platform::ProcessLauncher {
 class FakeReports : public platform::ReportEngineFactory {
  public:
   std::vector<std::string> log;
-  /// The call with this beginning fails with failure.
-  std::string failAt;
-  platform::RuntimeError failure{20534, "Error detected by database DLL"};
   BeforeCall beforeCall;  // hears the log's lines
   std::unique_ptr<platform::ReportEngine> Create() override;
   void Note(const std::string& line);

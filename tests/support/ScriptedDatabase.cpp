@@ -40,12 +40,6 @@ RowSet RowSetOf(const std::vector<std::string>& columns,
   return result;
 }
 
-bool Statement::Fits(std::string_view statement) const {
-  if (match == Match::kExact) return statement == text;
-  const std::size_t at = statement.find(text);
-  return match == Match::kPrefix ? at == 0 : at != std::string_view::npos;
-}
-
 RowSet Replies::Next() {
   if (replies_.empty()) throw std::logic_error("a scripted statement without a reply");
   const auto reply = replies_.front();
@@ -54,21 +48,20 @@ RowSet Replies::Next() {
   return std::get<RowSet>(reply);
 }
 
-const decltype(Parameter::value)& ScriptedDatabase::Call::ValueOf(std::string_view name) const {
-  const auto found = std::find_if(parameters.begin(), parameters.end(),
-                                  [&](const Parameter& p) { return p.name == name; });
-  if (found == parameters.end()) throw std::logic_error("no parameter " + std::string(name));
-  return found->value;
-}
-
 Replies& ScriptedDatabase::When(Statement statement) {
   script_.emplace_front(std::move(statement), Replies());
   return script_.front().second;
 }
 
-void ScriptedDatabase::FailAtCall(int n, RuntimeError error) {
+void ScriptedDatabase::FailAtCall(std::size_t n, RuntimeError error) {
   callsUntilFailure_ = n;
   failOnce_ = std::move(error);
+}
+
+std::vector<std::string> ScriptedDatabase::Log() const {
+  std::vector<std::string> texts;
+  for (const Call& call : calls_) texts.push_back(call.text);
+  return texts;
 }
 
 std::vector<std::string> ScriptedDatabase::Statements(std::string_view part) const {
@@ -79,32 +72,17 @@ std::vector<std::string> ScriptedDatabase::Statements(std::string_view part) con
   return found;
 }
 
-std::vector<ScriptedDatabase::Call> ScriptedDatabase::ProcedureCalls(std::string_view name) const {
-  std::vector<Call> found;
-  for (const Call& call : calls_) {
-    if (call.procedure && call.text == name) found.push_back(call);
-  }
-  return found;
-}
-
-void ScriptedDatabase::ForgetCalls() {
-  calls_.clear();
-  log_.clear();
-}
-
-void ScriptedDatabase::Record(Call call, const std::string& line) {
-  events_.push_back((call.procedure ? "procedure: " : "statement: ") + line);
-  log_.push_back(line);
+void ScriptedDatabase::Record(Call call) {
+  events_.push_back((call.procedure ? "procedure: " : "statement: ") + call.text);
   calls_.push_back(std::move(call));
   if (failAlways_) throw RuntimeError(*failAlways_);
   if (callsUntilFailure_ > 0 && --callsUntilFailure_ == 0) throw RuntimeError(*failOnce_);
 }
 
 RowSet ScriptedDatabase::Execute(const std::string& connectionString, std::string_view statement) {
-  Record({.connectionString = connectionString, .text = std::string(statement)},
-         std::string(statement));
-  for (auto& [kind, replies] : script_) {
-    if (kind.Fits(statement)) return replies.Next();
+  Record({.connectionString = connectionString, .text = std::string(statement)});
+  for (auto& [fits, replies] : script_) {
+    if (fits(statement)) return replies.Next();
   }
   return IsSelect(statement) ? RowSet(defaultColumns_) : RowSet();
 }
@@ -118,13 +96,9 @@ std::int32_t ScriptedDatabase::CallProcedure(const std::string& connectionString
     line += ValueText(parameter);
   }
   line += parameters.empty() ? "()" : ")";
-  Call call{.connectionString = connectionString,
-            .text = std::string(name),
-            .procedure = true,
-            .parameters = {parameters.begin(), parameters.end()}};
-  Record(call, line);
+  Record({.connectionString = connectionString, .text = line, .procedure = true});
   if (name != "spZomirHasPermission") return 0;
-  return refused_.contains(call.Value<std::int32_t>("@FormPermissionID")) ? 0 : 1;
+  return refused_.contains(std::get<std::int32_t>(parameters[1].value)) ? 0 : 1;
 }
 
 RowSet RecordingConnection::Execute(std::string_view statement) {

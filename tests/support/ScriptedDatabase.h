@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <deque>
-#include <initializer_list>
+#include <functional>
 #include <list>
 #include <memory>
 #include <optional>
@@ -26,20 +26,18 @@ platform::RowSet RowSetOf(const std::vector<std::string>& columns,
                           const std::vector<std::vector<Cell>>& rows = {});
 
 /// Which statements a reply is for.
-struct Statement {
-  enum class Match { kExact, kPrefix, kContains };
-  Match match;
-  std::string text;
-  bool Fits(std::string_view statement) const;
-};
+using Statement = std::function<bool(std::string_view)>;
 inline Statement Exact(std::string text) {
-  return {Statement::Match::kExact, std::move(text)};
+  return [text = std::move(text)](std::string_view statement) { return statement == text; };
 }
 inline Statement Beginning(std::string text) {
-  return {Statement::Match::kPrefix, std::move(text)};
+  return
+      [text = std::move(text)](std::string_view statement) { return statement.starts_with(text); };
 }
 inline Statement Holding(std::string text) {
-  return {Statement::Match::kContains, std::move(text)};
+  return [text = std::move(text)](std::string_view statement) {
+    return statement.find(text) != std::string_view::npos;
+  };
 }
 
 /// The replies to one kind of statement, in order; the last one stays for all later statements.
@@ -67,17 +65,8 @@ class ScriptedDatabase {
  public:
   struct Call {
     std::string connectionString;
-    std::string text;  // the statement, or the procedure's name
+    std::string text;  // the statement, or the procedure as "name(@A=1, @B='text')"
     bool procedure = false;
-    std::vector<platform::Parameter> parameters = {};
-    /// A parameter's value; throws std::logic_error when there is none of that name or type.
-    template <typename T>
-    T Value(std::string_view name) const {
-      return std::get<T>(ValueOf(name));
-    }
-
-   private:
-    const decltype(platform::Parameter::value)& ValueOf(std::string_view name) const;
   };
 
   explicit ScriptedDatabase(Events& events) : events_(events) {}
@@ -90,29 +79,26 @@ class ScriptedDatabase {
   /// The columns that a SELECT without a script returns.
   void SetDefaultColumns(std::vector<std::string> columns) { defaultColumns_ = std::move(columns); }
   /// The n-th call from now on (statement or procedure, 1 is the next) fails.
-  void FailAtCall(int n, platform::RuntimeError error);
+  void FailAtCall(std::size_t n, platform::RuntimeError error);
   /// Every call fails from now on, as with a server that is gone.
   void FailAlways(platform::RuntimeError error) { failAlways_ = std::move(error); }
   /// The user does not hold this permission.
   void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
-  void Permit(std::int32_t formPermissionId) { refused_.erase(formPermissionId); }
 
-  /// All that was asked, in order. A procedure call reads "name(@A=1, @B='text')".
-  const std::vector<std::string>& Log() const { return log_; }
+  /// All that was asked, in order, and the texts of it.
   const std::vector<Call>& Calls() const { return calls_; }
+  std::vector<std::string> Log() const;
   /// The statements alone, without procedure calls; those that hold `part`.
   std::vector<std::string> Statements(std::string_view part = {}) const;
-  /// Calls of one procedure.
-  std::vector<Call> ProcedureCalls(std::string_view name) const;
   /// Forgets what was asked, keeps the script.
-  void ForgetCalls();
+  void ForgetCalls() { calls_.clear(); }
 
  private:
   friend class RecordingConnection;
   platform::RowSet Execute(const std::string& connectionString, std::string_view statement);
   std::int32_t CallProcedure(const std::string& connectionString, std::string_view name,
                              std::span<const platform::Parameter> parameters);
-  void Record(Call call, const std::string& line);
+  void Record(Call call);
 
   Events& events_;
   std::list<std::pair<Statement, Replies>> script_;
@@ -120,10 +106,9 @@ class ScriptedDatabase {
   std::set<std::int32_t> refused_;
   std::optional<platform::RuntimeError> failAlways_;
   std::optional<platform::RuntimeError> failOnce_;
-  int callsUntilFailure_ = 0;
+  std::size_t callsUntilFailure_ = 0;
   int connections_ = 0;
   std::vector<Call> calls_;
-  std::vector<std::string> log_;
 };
 
 /// One connection to a ScriptedDatabase.

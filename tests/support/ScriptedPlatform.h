@@ -36,6 +36,24 @@ struct ScriptedPlatform {
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
 
+  /// Empties what the fakes have noted; what they are told to do stays.
+  void Forget() {
+    events.clear();
+    database.ForgetCalls();
+    screen.log.clear();
+    components.messages.clear();
+    components.told.clear();
+    components.created.clear();
+    keyboard.loaded.clear();
+    fileDialog.shown.clear();
+    excel.written.clear();
+    progress.begun.clear();
+    progress.advanced.clear();
+    launcher.started.clear();
+    reports.log.clear();
+    controlSite.log.clear();
+  }
+
   host::Services Services() { return All(connections, excel, fileSystem); }
   /// The same with one that is not scripted.
   host::Services Services(platform::ConnectionFactory& real) {
