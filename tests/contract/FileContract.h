@@ -2,6 +2,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -44,7 +45,9 @@ class FileTest : public testing::Test {
   }
 
   static constexpr const char8_t* kName = u8"گ.txt";
-  const std::filesystem::path folder = std::filesystem::path(testing::TempDir()) / u8"پرونده";
+  const std::filesystem::path folder =
+      std::filesystem::path(testing::TempDir()) /
+      (u8"پرونده " + std::filesystem::path(std::to_string(getpid())).u8string());
   const std::unique_ptr<platform::FileSystem> files = MakeFileSystem();
 };
 

@@ -5,6 +5,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -26,7 +27,7 @@ class Office : private platform::ConnectionFactory {
  public:
   Office() {
     sqlite3* opened = nullptr;
-    EXPECT_EQ(sqlite3_open(file_.c_str(), &opened), SQLITE_OK);
+    EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
     plain_.reset(opened);
     outside.clock.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
     host::DistPromoterProg& control = Module().Control();
@@ -37,7 +38,7 @@ class Office : private platform::ConnectionFactory {
   }
   ~Office() override {
     module_.reset();
-    std::filesystem::remove(file_);
+    std::filesystem::remove(file);
   }
   Office(const Office&) = delete;
   Office& operator=(const Office&) = delete;
@@ -68,6 +69,19 @@ class Office : private platform::ConnectionFactory {
     EXPECT_EQ(rows.size(), 1U) << sql;
     return rows.empty() ? std::string() : rows[0];
   }
+  /// Of all tables, in order, each behind the name of its table.
+  std::vector<std::string> AllRows() const {
+    std::string selects;
+    for (const std::string& table : Stored(
+             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'")) {
+      selects += "SELECT '" + table + "', * FROM " + table + ";";
+    }
+    std::vector<std::string> rows = Stored(selects);
+    std::ranges::sort(rows);
+    return rows;
+  }
+  /// Past the module, in its words.
+  std::unique_ptr<platform::Connection> Connect() { return Create(""); }
   /// What must be so after every action at the editor, but for a button whose work goes on.
   void ExpectInOrder(const std::string& after, const controls::Control* working = nullptr) {
     editor::FormMain& form = Editor();
@@ -84,6 +98,7 @@ class Office : private platform::ConnectionFactory {
     }
   }
 
+  const std::string file = NewCopy();
   support::ScriptedPlatform outside;
   static constexpr const char* kPassword = "Geheim-7301";
 
@@ -122,7 +137,7 @@ class Office : private platform::ConnectionFactory {
   }
   class Line : public platform::Connection {
    public:
-    explicit Line(Office& office) : office_(office), embedded_("sqlite:" + office.file_) {}
+    explicit Line(Office& office) : office_(office), embedded_("sqlite:" + office.file) {}
     platform::RowSet Execute(std::string_view statement) override {
       return office_.Execute(embedded_, statement);
     }
@@ -139,7 +154,6 @@ class Office : private platform::ConnectionFactory {
     return std::make_unique<Line>(*this);
   }
 
-  const std::string file_ = NewCopy();
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
   std::unique_ptr<class Module> module_ =
       std::make_unique<class Module>(outside.Services(*this), outside.controlSite);

@@ -123,6 +123,8 @@ class OfficeDay : public Office {
   std::vector<Action> actions;
   std::map<Kind, int> calls;
   std::vector<std::string> failed;
+  /// What the database has done that may write, to be done in another office.
+  std::vector<std::function<void(platform::Connection&)>> written;
   std::vector<std::string> viewerTold;
 
  protected:
@@ -157,7 +159,12 @@ class OfficeDay : public Office {
     return result;
   }
   platform::RowSet Execute(platform::Connection& database, std::string_view statement) override {
-    return Sent(std::string(statement), [&] { return Office::Execute(database, statement); });
+    const std::string text(statement);
+    return Sent(text, [&] {
+      platform::RowSet rows = Office::Execute(database, text);
+      if (!IsSelect(text)) written.emplace_back([text](auto& office) { office.Execute(text); });
+      return rows;
+    });
   }
   std::int32_t CallProcedure(platform::Connection& database, std::string_view name,
                              std::span<const platform::Parameter> parameters) override {
@@ -166,8 +173,13 @@ class OfficeDay : public Office {
       const auto* number = std::get_if<std::int32_t>(&each.value);
       if (number != nullptr) call += " " + std::to_string(*number);
     }
-    const std::int32_t result =
-        Sent(call, [&] { return Office::CallProcedure(database, name, parameters); });
+    const std::int32_t result = Sent(call, [&] {
+      const std::int32_t returned = Office::CallProcedure(database, name, parameters);
+      written.emplace_back([procedure = std::string(name),
+                            values = std::vector(parameters.begin(), parameters.end())](
+                               auto& office) { office.CallProcedure(procedure, values); });
+      return returned;
+    });
     return call.ends_with(" " + std::to_string(refused_)) ? 0 : result;
   }
 

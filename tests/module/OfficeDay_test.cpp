@@ -20,22 +20,11 @@ class WatchedDay : public OfficeDay {
         "INSERT INTO tblZomirFormAttachment (FormTypeID, FormID, FileName, Content) VALUES "
         "(3308, 15, 'a.pdf', x'00'), (77, 15, 'b.pdf', x'00'); "
         "DELETE FROM tblAccountDocumentObjects WHERE DocumentID = 1 AND RowNumber = 1");
-    rows_ = Rows();
+    rows_ = AllRows();
   }
   std::vector<std::string> changes;
 
  private:
-  /// All rows of all tables.
-  std::vector<std::string> Rows() const {
-    std::string selects;
-    for (const std::string& table : Stored(
-             "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite%'")) {
-      selects += "SELECT '" + table + "', * FROM " + table + ";";
-    }
-    std::vector<std::string> rows = Stored(selects);
-    std::ranges::sort(rows);
-    return rows;
-  }
   void Note(const std::string& what, const std::vector<std::string>& in,
             const std::vector<std::string>& notIn) {
     std::vector<std::string> differing;
@@ -48,7 +37,7 @@ class WatchedDay : public OfficeDay {
     }
   }
   void Done(const std::string& name) override {
-    const std::vector<std::string> before = std::exchange(rows_, Rows());
+    const std::vector<std::string> before = std::exchange(rows_, AllRows());
     Note(name + " - ", before, rows_);
     Note(name + " + ", rows_, before);
     if (name == "cmdAddBatch" && actions.rbegin()[1].name != name) {

@@ -5,7 +5,7 @@
 #include <random>
 #include <utility>
 
-#include "module/ModuleHarness.h"
+#include "module/Office.h"
 
 namespace module {
 namespace {
@@ -79,9 +79,9 @@ class Desk : platform::ConnectionFactory {
   };
 };
 
-class TwoHosts : public ModuleTest {
+class TwoHosts : public OfficeTest {
  protected:
-  TwoHosts() : ModuleTest(40) {
+  TwoHosts() {
     Module().Control().ClearShow();
     Editor().cmdNew.Click();
     Editor().sltBranch.Select(1);
@@ -101,8 +101,7 @@ class TwoHosts : public ModuleTest {
                 "(PromoterID) FROM tblSaleSupervisorPromoter WHERE SupervisorID = 1");
   }
 
-  const std::string file_ = Module().Control().OLEConnectionString().substr(7);
-  Desk desks_[2] = {{file_, std::stoi(Promoter("min"))}, {file_, std::stoi(Promoter("max"))}};
+  Desk desks_[2] = {{file, std::stoi(Promoter("min"))}, {file, std::stoi(Promoter("max"))}};
   int program_ = 0;
 };
 
