@@ -26,7 +26,9 @@ void CheckRedacted(std::string_view text) {
   const std::string shown = text::ShownConnection(text);
   for (const Syntax syntax : {Syntax::kOleDb, Syntax::kOdbc}) {
     for (const Word& word : ReadWords(text, syntax)) {
-      if (!IsPassword(word) || word.value.size() < kSurelyOne) continue;
+      // One of blanks alone is in every message.
+      const bool blank = word.value.find_first_not_of(" \t\r\n") == std::string::npos;
+      if (!IsPassword(word) || word.value.size() < kSurelyOne || blank) continue;
       const std::string message = text::WithoutPasswords("<" + word.value + ">", text);
       fuzz::Require(message == "<***>" || message.find(word.value) == std::string::npos,
                     "a password in a message", message);
