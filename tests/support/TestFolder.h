@@ -2,10 +2,19 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 #include <string_view>
 
 namespace support {
+
+/// All bytes of a file, none when there is no such file.
+inline std::string Content(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
 
 /// A folder of its own for one test's files, removed with them.
 class TestFolder {

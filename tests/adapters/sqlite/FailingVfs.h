@@ -7,10 +7,13 @@
 #include <functional>
 #include <map>
 #include <random>
-#include <sstream>
 #include <string>
 
+#include "support/TestFolder.h"
+
 namespace adapters::sqlite {
+
+using support::Content;
 
 /// While it lives, and it lives alone, the files of every newly opened database go through it:
 /// calls fail as told, and what a power cut would leave can be written out at any moment. Opening
@@ -76,11 +79,6 @@ class FailingVfs {
   // SQLite's calls for a file have no place for more than the file.
   static inline FailingVfs* current = nullptr;
 
-  static std::string Content(const std::string& path) {
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
-  }
   int Refusal(Call call) {
     if (code_ == SQLITE_OK || call != call_ || --left_ > 0 || (left_ < 0 && !lasts_)) {
       return SQLITE_OK;

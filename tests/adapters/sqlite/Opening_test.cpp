@@ -5,7 +5,6 @@
 #include <fstream>
 #include <random>
 #include <set>
-#include <sstream>
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Office.h"
@@ -13,6 +12,7 @@
 namespace adapters::sqlite {
 namespace {
 
+using support::Content;
 using testing::HasSubstr;
 using namespace std::chrono_literals;
 
@@ -24,12 +24,6 @@ platform::RuntimeError FailureOf(SqliteConnection& connection, std::string_view 
   } catch (const platform::RuntimeError& error) {
     return error;
   }
-}
-
-std::string Content(const std::string& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
 }
 
 /// The superuser may write anything: for the time of a test he becomes nobody.
