@@ -275,11 +275,11 @@ class OfficeDay : public Office {
   }
 
   void Plan(batch::FormAddBatch& form) {
-    if (!form.txtNotes.Text().empty()) return;  // reopened on a group: only looked at
+    if (actions.back().name == "reopen") return;  // on a group: only looked at
     Pick(form.sltPromoter, promoter);
     Do("days", [&] {
       form.datDateFrom.SetText("1404/09/01");
-      form.datDateTo.SetText("1404/09/03");
+      for (const char* last : {"1404/09/02", "1404/09/03"}) form.datDateTo.SetText(last);
     });
     for (tools::comFlex* grid : {&form.flxRegion, &form.flxPath, &form.flxDate}) {
       Press(grid->cmdSelectAll);

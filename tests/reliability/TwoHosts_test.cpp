@@ -17,15 +17,15 @@ class Desk : public OfficeDay {
     promoter = which;
   }
   /// The number of the error that the user is shown, 0 for none.
-  std::int32_t Try(const std::function<void()>& action) {
-    Do("act", action);
+  std::int32_t Try(const std::string& name, const std::function<void()>& action) {
+    Do(name, action);
     return actions.back().error;
   }
   std::int32_t View(int program) {
-    return Try([&] { Module().Control().View(program); });
+    return Try("view", [&] { Module().Control().View(program); });
   }
   std::int32_t Click(controls::Button& button) {
-    return Try([&] { button.Click(); });
+    return Try(button.Name(), [&] { button.Click(); });
   }
   /// The promoter and the day of the group in the first row, empty when none is shown.
   std::string Group() {
@@ -34,7 +34,7 @@ class Desk : public OfficeDay {
     return std::string(grid.TextMatrix(1, 1)).append(" ").append(grid.TextMatrix(1, 4));
   }
   std::int32_t PressFirst(bool twice) {
-    return Try([&] {
+    return Try(twice ? "reopen" : "press", [&] {
       Editor().flxDetail.MouseDown(1, 2, 1, 0);
       Editor().flxDetail.Click();
       if (twice) Editor().flxDetail.DblClick();
