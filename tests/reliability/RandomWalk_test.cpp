@@ -241,13 +241,11 @@ class RandomWalk : public module::OfficeTest {
       shown.push_back(cells);
       EXPECT_EQ(Editor().flxDetail.TextMatrix(row, 0), std::to_string(row));
     }
-    std::vector<std::string> stored = Stored(
+    const std::vector<std::string> stored = Stored(
         "SELECT PromoterID || '|' || FarsiVisitDate || '|' || ifnull(Notes, '') || '|' || "
         "count(*) || '|' FROM tblDistributionPromoterProgramDetail WHERE ProgramID = " +
         ShownId() + " GROUP BY PromoterID, VisitDate, FarsiVisitDate, Notes");
-    std::sort(shown.begin(), shown.end());
-    std::sort(stored.begin(), stored.end());
-    EXPECT_EQ(shown, stored);
+    EXPECT_THAT(shown, testing::UnorderedElementsAreArray(stored));
   }
 
   std::string ShownId() {
