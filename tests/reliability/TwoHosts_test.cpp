@@ -2,6 +2,7 @@
 // told, nothing is lost, and both go on.
 
 #include <algorithm>
+#include <iterator>
 #include <random>
 #include <set>
 

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 #include "adapters/sqlite/Office.h"
 
 namespace adapters::sqlite {
