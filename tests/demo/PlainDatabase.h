@@ -13,8 +13,9 @@ class PlainDatabase {
  public:
   using Rows = std::vector<std::vector<std::string>>;  // NULL is "NULL"
 
-  explicit PlainDatabase(const std::string& file) {
-    sqlite3_open(file.c_str(), &database_);
+  /// Made when it is not there; by the usual calls for files unless told.
+  explicit PlainDatabase(const std::string& file, const char* vfs = nullptr) {
+    sqlite3_open_v2(file.c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, vfs);
     Query("PRAGMA foreign_keys = ON");
   }
   ~PlainDatabase() { sqlite3_close(database_); }

@@ -2,20 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 
 #include "calendar/Gregorian.h"
 #include "calendar/SolarHijriDate.h"
 #include "demo/PlainDatabase.h"
-#include "platform/RuntimeError.h"
+#include "platform/ResumeNext.h"
+#include "support/TestFolder.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using demo::PlainDatabase;
 using demo::SampleOptions;
 
@@ -26,29 +24,15 @@ SampleOptions Options(int customers) {
 
 class SampleOffice : public testing::Test {
  protected:
-  SampleOffice() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  ~SampleOffice() override { fs::remove_all(folder_); }
-
-  std::string File(const std::string& name) const { return (folder_ / name).string(); }
-  auto FileCount() const {
-    return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
-  }
+  std::string File(const std::string& name) const { return folder_.File(name); }
+  auto FileCount() const { return folder_.FileCount(); }
   // Number of the error of making an office, 0 for none.
   std::int32_t Create(const std::string& name, const SampleOptions& options) const {
-    try {
-      CreateSampleOffice(File(name), options);
-      return 0;
-    } catch (const platform::RuntimeError& error) {
-      return error.Number();
-    }
+    return platform::ResumeNext([&] { CreateSampleOffice(File(name), options); });
   }
 
  private:
-  fs::path folder_ =
-      fs::path(testing::TempDir()) / testing::UnitTest::GetInstance()->current_test_info()->name();
+  support::TestFolder folder_;
 };
 
 TEST_F(SampleOffice, Database_Checked_IsSoundAndTheOnlyFileLeft) {
@@ -151,7 +135,7 @@ TEST_F(SampleOffice, Content_OfAnotherSeed_IsAnother) {
 TEST_F(SampleOffice, Create_ThatIsRefused_LeavesTheFolderAsItWas) {
   std::ofstream(File("office.db")) << "mine";
   EXPECT_EQ(Create("office.db", Options(10)), 58);
-  EXPECT_EQ(fs::file_size(File("office.db")), 4U);
+  EXPECT_EQ(std::filesystem::file_size(File("office.db")), 4U);
   EXPECT_EQ(Create("none.db", Options(0)), 5);
   EXPECT_EQ(Create("many.db", Options(1'000'001)), 5);
   EXPECT_NE(Create("missing/office.db", Options(10)), 0);

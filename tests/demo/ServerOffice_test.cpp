@@ -3,14 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <regex>
 #include <sstream>
 
 #include "demo/PlainDatabase.h"
 #include "demo/Schema.h"
 #include "support/ScriptedDatabase.h"
+#include "support/TestFolder.h"
 #include "text/Text.h"
 
 namespace {
@@ -22,9 +21,7 @@ using text::Replace;
 using Rows = demo::PlainDatabase::Rows;
 
 std::string Script(const std::string& name) {
-  std::ostringstream text;
-  text << std::ifstream("demo/sqlserver/" + name + ".sql").rdbuf();
-  return text.str();
+  return support::Content("demo/sqlserver/" + name + ".sql");
 }
 
 class ServerOffice : public testing::Test {
@@ -78,16 +75,15 @@ TEST_F(ServerOffice, EmptyDatabase_Loaded_GetsSchemaThenEveryRowInOneTransaction
     text = std::regex_replace(text, std::regex("0x([0-9A-F]+)"), "CAST(X'$1' AS TEXT)");
     EXPECT_EQ(office_.Query(text), Rows()) << *statement;
   }
-  const auto original = std::filesystem::path(testing::TempDir()) / "server-office-test.db";
-  std::filesystem::remove(original);
-  demo::CreateSampleOffice(original.string(), options_);
-  office_.Query("ATTACH '" + original.string() + "' AS original");
+  const support::TestFolder folder;
+  const std::string original = folder.File("office.db");
+  demo::CreateSampleOffice(original, options_);
+  office_.Query("ATTACH '" + original + "' AS original");
   for (const auto& table :
        office_.Query("SELECT name FROM original.sqlite_master WHERE name LIKE 'tbl%'")) {
     EXPECT_EQ(office_.Query("SELECT * FROM main." + table[0]),
               office_.Query("SELECT * FROM original." + table[0]));
   }
-  std::filesystem::remove(original);
 }
 
 TEST_F(ServerOffice, Failure_MidwayOrAtOnce_TakesAllBackAndTells) {

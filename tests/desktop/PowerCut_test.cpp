@@ -4,7 +4,6 @@
 //   PROMOTER_POWER_CUTS=200 PROMOTER_POWER_CUT_SEED=7 desktop_test --gtest_filter='PowerCut.*'
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,11 +16,12 @@
 #include <iostream>
 #include <map>
 #include <random>
-#include <sstream>
 #include <thread>
 
 #include "batch/BatchInsert.h"
+#include "demo/PlainDatabase.h"
 #include "demo/SampleOffice.h"
+#include "support/TestFolder.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ std::string Numbers(int from, int count) {
 class PowerCut : public testing::Test {
  protected:
   PowerCut() {
-    demo::CreateSampleOffice((folder_ / "template.db").string(),
+    demo::CreateSampleOffice(template_,
                              {.customers = kCustomers,
                               .today = std::chrono::year(2025) / std::chrono::November / 22,
                               .basePath = {}});
@@ -60,30 +60,20 @@ class PowerCut : public testing::Test {
                                                            .customerIds = Numbers(1, kCustomers),
                                                            .notesLiteral = "'it''s a month'"});
   }
-  void TearDown() override { fs::remove_all(folder_); }
 
   void NewOffice() const {
     for (const char* part : {"-wal", "-shm"}) fs::remove(file_ + part);
-    fs::copy_file(folder_ / "template.db", file_, fs::copy_options::overwrite_existing);
+    fs::copy_file(template_, file_, fs::copy_options::overwrite_existing);
   }
 
   /// How many visits are stored in a file that is whole; -1 when it is not.
   int Visits() const {
-    sqlite3* database = nullptr;
-    std::string rows;
-    const auto append = [](void* into, int, char** cells, char**) {
-      static_cast<std::string*>(into)->append(cells[0]).append("|");
-      return 0;
-    };
-    EXPECT_EQ(sqlite3_open(file_.c_str(), &database), SQLITE_OK);
-    const std::string sql =
+    const std::string found = demo::PlainDatabase(file_).Text(
         "PRAGMA integrity_check; PRAGMA foreign_key_check; SELECT count(*) FROM "
         "tblDistributionPromoterProgramDetail WHERE ProgramID = " +
-        std::to_string(kProgram);
-    EXPECT_EQ(sqlite3_exec(database, sql.c_str(), append, &rows, nullptr), SQLITE_OK) << rows;
-    sqlite3_close(database);
-    EXPECT_TRUE(rows.starts_with("ok|")) << rows;
-    return rows.starts_with("ok|") ? std::stoi(rows.substr(3)) : -1;
+        std::to_string(kProgram));
+    EXPECT_TRUE(found.starts_with("ok;")) << found;
+    return found.starts_with("ok;") ? std::stoi(found.substr(3)) : -1;
   }
 
   static constexpr std::uintmax_t kNever = ~std::uintmax_t{0};
@@ -94,7 +84,7 @@ class PowerCut : public testing::Test {
   };
   /// Lets the host store the month and kills it when its log has that size, or when it has told.
   Met Host(std::uintmax_t killAt) const {
-    const std::string told = (folder_ / "told").string();
+    const std::string told = folder_.File("told");
     const std::string command = std::string("exec '") + PROMOTER_DESKTOP + "' --database '" +
                                 file_ + "' --replay '" + script_ + "' > '" + told + "'";
     fs::remove(told);
@@ -108,9 +98,7 @@ class PowerCut : public testing::Test {
       std::error_code none;
       const auto size = fs::file_size(file_ + "-wal", none);
       if (!none) met.log = std::max(met.log, size);
-      std::ostringstream lines;
-      lines << std::ifstream(told).rdbuf();
-      met.told = lines.str().find("done") != std::string::npos;
+      met.told = support::Content(told).find("done") != std::string::npos;
     };
     int status = 0;
     while (waitpid(host, &status, WNOHANG) == 0) {
@@ -125,13 +113,10 @@ class PowerCut : public testing::Test {
   }
 
  private:
-  static fs::path NewFolder() {
-    std::string pattern = (fs::temp_directory_path() / "power-cut-XXXXXX").string();
-    return mkdtemp(pattern.data());
-  }
-  fs::path folder_ = NewFolder();
-  std::string script_ = (folder_ / "month.sql").string();
-  std::string file_ = (folder_ / "office.db").string();
+  support::TestFolder folder_;
+  std::string template_ = folder_.File("template.db");
+  std::string script_ = folder_.File("month.sql");
+  std::string file_ = folder_.File("office.db");
 };
 
 TEST_F(PowerCut, AtAnyMomentOfABatch_LeavesAllOrNoneAndTheHostGoesOn) {

@@ -22,10 +22,12 @@
 namespace module {
 
 /// The module over a sample office in a file of its own: 60 customers, 14 programs, the machine's
-/// day is 1404/09/01 and the server's is today. The user acts through the fakes.
+/// day is 1404/09/01 and the server's is today. A lock is waited for 20 ms. The user acts through
+/// the fakes.
 class Office : private platform::ConnectionFactory {
  public:
-  Office() {
+  /// A second host beside another where that one's file is given.
+  explicit Office(const std::string& shared = NewCopy()) : file(shared) {
     sqlite3* opened = nullptr;
     EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
     plain_.reset(opened);
@@ -98,19 +100,9 @@ class Office : private platform::ConnectionFactory {
     }
   }
 
-  const std::string file = NewCopy();
+  const std::string file;
   support::ScriptedPlatform outside;
   static constexpr const char* kPassword = "Geheim-7301";
-
- protected:
-  /// All that the module asks of its database passes here.
-  virtual platform::RowSet Execute(platform::Connection& database, std::string_view statement) {
-    return database.Execute(statement);
-  }
-  virtual std::int32_t CallProcedure(platform::Connection& database, std::string_view name,
-                                     std::span<const platform::Parameter> parameters) {
-    return database.CallProcedure(name, parameters);
-  }
 
  private:
   struct Template {
@@ -128,6 +120,8 @@ class Office : private platform::ConnectionFactory {
         ("/office-" + std::to_string(getpid()));
     const std::string file = (folder / "office.db").string();
   };
+
+ protected:
   static std::string NewCopy() {
     static const Template made;
     std::string file = made.file + "-XXXXXX";
@@ -135,9 +129,20 @@ class Office : private platform::ConnectionFactory {
     std::filesystem::copy_file(made.file, file, std::filesystem::copy_options::overwrite_existing);
     return file;
   }
+  /// All that the module asks of its database passes here.
+  virtual platform::RowSet Execute(platform::Connection& database, std::string_view statement) {
+    return database.Execute(statement);
+  }
+  virtual std::int32_t CallProcedure(platform::Connection& database, std::string_view name,
+                                     std::span<const platform::Parameter> parameters) {
+    return database.CallProcedure(name, parameters);
+  }
+
+ private:
   class Line : public platform::Connection {
    public:
-    explicit Line(Office& office) : office_(office), embedded_("sqlite:" + office.file) {}
+    explicit Line(Office& office)
+        : office_(office), embedded_("sqlite:" + office.file, std::chrono::milliseconds(20)) {}
     platform::RowSet Execute(std::string_view statement) override {
       return office_.Execute(embedded_, statement);
     }

@@ -52,12 +52,14 @@ class OfficeDay : public Office {
     std::string name;
     std::vector<std::string> sent;  // statements; procedures with their numbers
     std::vector<std::string> told;  // messages, and errors that travelled out of an event
+    std::int32_t error = 0;         // the number of the last of these errors
   };
   static constexpr const char* kNewProgram = "15";  // the sample office comes with 14
 
   /// The user holds every permission but the refused one.
-  explicit OfficeDay(const Fault& fault = {}, std::int32_t refused = 0)
-      : fault_(fault), refused_(refused) {
+  explicit OfficeDay(const Fault& fault = {}, std::int32_t refused = 0,
+                     const std::string& shared = NewCopy())
+      : Office(shared), fault_(fault), refused_(refused) {
     outside.fileSystem.beforeCall = Watch(Kind::kFiles);
     outside.excel.beforeCall = Watch(Kind::kWorkbook);
     outside.components.beforeCall = Watch(Kind::kComponents);
@@ -126,11 +128,34 @@ class OfficeDay : public Office {
   /// What the database has done that may write, to be done in another office.
   std::vector<std::function<void(platform::Connection&)>> written;
   std::vector<std::string> viewerTold;
+  std::size_t promoter = 0;  // which of the supervisor's visits
 
- protected:
+  void Do(const std::string& name, const std::function<void()>& act) {
+    if (depth_ == 0) actions.push_back({name, {}, {}, 0});
+    ++depth_;
+    std::vector<std::string>& told = actions.back().told;
+    try {
+      act();
+    } catch (const platform::RuntimeError& error) {
+      told.push_back(error.Description());
+      actions.back().error = error.Number();
+    }
+    if (Editor().Loaded()) Paint();
+    --depth_;
+    for (const support::Message& message : std::exchange(outside.components.messages, {})) {
+      if (message.type == 0) told.push_back(testing::PrintToString(message));
+    }
+    if (Editor().Loaded()) Look(name);
+    if (depth_ > 0) return;
+    if (!failed.empty() && !mended_) TheNextActionWorks();
+    Done(name);
+  }
+
   void Press(controls::Button& button) {
     Do(button.Name(), [&] { button.Click(); });
   }
+
+ protected:
   virtual void Use(controls::Form& form) {
     if (auto* plan = dynamic_cast<batch::FormAddBatch*>(&form)) Plan(*plan);
     if (auto* search = dynamic_cast<search::FormSearch*>(&form)) Search(*search);
@@ -196,26 +221,6 @@ class OfficeDay : public Office {
     };
   }
 
-  void Do(const std::string& name, const std::function<void()>& act) {
-    if (depth_ == 0) actions.push_back({name, {}, {}});
-    ++depth_;
-    std::vector<std::string>& told = actions.back().told;
-    try {
-      act();
-    } catch (const platform::RuntimeError& error) {
-      told.push_back(error.Description());
-    }
-    if (Editor().Loaded()) Paint();
-    --depth_;
-    for (const support::Message& message : std::exchange(outside.components.messages, {})) {
-      if (message.type == 0) told.push_back(testing::PrintToString(message));
-    }
-    if (Editor().Loaded()) Look(name);
-    if (depth_ > 0) return;
-    if (!failed.empty() && !mended_) TheNextActionWorks();
-    Done(name);
-  }
-
   void TheNextActionWorks() {
     mended_ = true;
     const std::string last = actions.back().name;
@@ -256,11 +261,11 @@ class OfficeDay : public Office {
   void Type(controls::TextBox& box, const std::string& text) {
     if (box.Enabled()) Do("type into " + box.Name(), [&] { box.SetText(text); });
   }
-  void Pick(controls::Selector& selector) {
+  void Pick(controls::Selector& selector, std::size_t index = 0) {
     if (!selector.Enabled()) return;
     Do("pick in " + selector.Name(), [&] {
       selector.LoadList();
-      selector.Choose(0);
+      selector.Choose(index);
     });
   }
   void ChangeHeader() {
@@ -270,11 +275,11 @@ class OfficeDay : public Office {
   }
 
   void Plan(batch::FormAddBatch& form) {
-    if (!form.txtNotes.Text().empty()) return;  // reopened on a group: only looked at
-    Pick(form.sltPromoter);
+    if (actions.back().name == "reopen") return;  // on a group: only looked at
+    Pick(form.sltPromoter, promoter);
     Do("days", [&] {
       form.datDateFrom.SetText("1404/09/01");
-      form.datDateTo.SetText("1404/09/03");
+      for (const char* last : {"1404/09/02", "1404/09/03"}) form.datDateTo.SetText(last);
     });
     for (tools::comFlex* grid : {&form.flxRegion, &form.flxPath, &form.flxDate}) {
       Press(grid->cmdSelectAll);

@@ -2,81 +2,45 @@
 // told, nothing is lost, and both go on.
 
 #include <algorithm>
+#include <iterator>
 #include <random>
-#include <utility>
+#include <set>
 
-#include "module/Office.h"
+#include "module/OfficeDay.h"
 
 namespace module {
 namespace {
 
-using namespace std::chrono_literals;
-using support::Answer;
-
-/// A host with its user, who says yes to everything.
-class Desk : platform::ConnectionFactory {
+/// A host with its planner, who plans for a promoter of his own.
+class Desk : public OfficeDay {
  public:
-  Desk(const std::string& file, std::int32_t promoter) : promoter_(promoter) {
-    outside_.clock.today = std::chrono::year(2025) / std::chrono::November / 22;
-    outside_.components.otherwise = [] { return Answer::kYes; };
-    outside_.screen.otherwise = [this](controls::Form& form) {
-      Plan(dynamic_cast<batch::FormAddBatch&>(form));
-    };
-    module_.Control().SetUserID(1);
-    module_.Control().SetEmployeeID(1);
-    module_.Control().SetOLEConnectionString("sqlite:" + file);
+  Desk(const std::string& shared, std::size_t which) : OfficeDay({}, 0, shared) {
+    promoter = which;
   }
-
-  editor::FormMain& Editor() { return module_.Editor(); }
-  void View(int program) { module_.Control().View(program); }
   /// The number of the error that the user is shown, 0 for none.
-  template <typename Action>
-  int Try(const Action& action) {
-    try {
-      action();
-      return 0;
-    } catch (const platform::RuntimeError& error) {
-      return error.Number();
-    }
+  std::int32_t Try(const std::string& name, const std::function<void()>& action) {
+    Do(name, action);
+    return actions.back().error;
   }
-  std::string Promoter() const { return std::to_string(promoter_) + " "; }
-  void AddBatch() {
-    plans_ = true;
-    Editor().cmdAddBatch.Click();
+  std::int32_t View(int program) {
+    return Try("view", [&] { Module().Control().View(program); });
   }
-  void Press(int row) {
-    Editor().flxDetail.MouseDown(row, 2, 1, 0);
-    Editor().flxDetail.Click();
+  std::int32_t Click(controls::Button& button) {
+    return Try(button.Name(), [&] { button.Click(); });
   }
-
- private:
-  std::unique_ptr<platform::Connection> Create(const std::string& text) override {
-    return std::make_unique<adapters::sqlite::SqliteConnection>(text, 20ms);
+  /// The promoter and the day of the group in the first row, empty when none is shown.
+  std::string Group() {
+    const controls::FlexGrid& grid = Editor().flxDetail;
+    if (grid.Rows() < 2) return {};
+    return std::string(grid.TextMatrix(1, 1)).append(" ").append(grid.TextMatrix(1, 4));
   }
-  /// Three days for the customers of the promoter; a reopened group is looked at and left.
-  void Plan(batch::FormAddBatch& form) {
-    if (std::exchange(plans_, false)) {
-      form.sltPromoter.Select(promoter_);
-      form.datDateFrom.SetText("1404/09/01");
-      for (const char* day : {"1404/09/02", "1404/09/03"}) form.datDateTo.SetText(day);
-      for (tools::comFlex* grid : {&form.flxRegion, &form.flxPath, &form.flxDate}) {
-        grid->cmdSelectAll.Click();
-      }
-      form.cmdSearch.Click();
-      form.flxCustomer.cmdSelectAll.Click();
-      form.txtNotes.SetText("it's new");
-      form.cmdAdd.Click();
-    } else {
-      form.cmdCancel.Click();
-    }
+  std::int32_t PressFirst(bool twice) {
+    return Try(twice ? "reopen" : "press", [&] {
+      Editor().flxDetail.MouseDown(1, 2, 1, 0);
+      Editor().flxDetail.Click();
+      if (twice) Editor().flxDetail.DblClick();
+    });
   }
-
-  std::int32_t promoter_;
-  bool plans_ = false;
-  support::ScriptedPlatform outside_;
-  class Module module_ {
-    outside_.Services(*this), outside_.controlSite
-  };
 };
 
 class TwoHosts : public OfficeTest {
@@ -84,11 +48,14 @@ class TwoHosts : public OfficeTest {
   TwoHosts() {
     Module().Control().ClearShow();
     Editor().cmdNew.Click();
+    Editor().sltSupervisor.Select(1);
     Editor().sltBranch.Select(1);
     Editor().cmdTempSave.Click();
     program_ = std::stoi(Editor().txtID.Text());
     for (Desk& desk : desks_) desk.View(program_);
   }
+  std::int32_t AddBatch(Desk& desk) { return desk.Click(desk.Editor().cmdAddBatch); }
+  std::int32_t Delete(Desk& desk) { return desk.Click(desk.Editor().cmdDeleteSelected); }
   /// Promoter and day of every group, and how many visits it has.
   std::vector<std::string> Visits() {
     return Stored(
@@ -96,75 +63,59 @@ class TwoHosts : public OfficeTest {
         "tblDistributionPromoterProgramDetail WHERE ProgramID = " +
         std::to_string(program_) + " GROUP BY 1 ORDER BY 1");
   }
-  std::string Promoter(const char* which) {
-    return Cell(std::string("SELECT ") + which +
-                "(PromoterID) FROM tblSaleSupervisorPromoter WHERE SupervisorID = 1");
-  }
 
-  Desk desks_[2] = {{file, std::stoi(Promoter("min"))}, {file, std::stoi(Promoter("max"))}};
+  Desk desks_[2] = {{file, 0}, {file, 1}};
   int program_ = 0;
 };
 
 TEST_F(TwoHosts, ManyActionsInTurn_AreDoneWholeOrToldAsLocked) {
-  for (Desk& desk : desks_) desk.AddBatch();
-  const std::vector<std::string> full = Visits();
-  ASSERT_THAT(full, testing::SizeIs(6));
+  std::vector<std::string> of[2];  // the groups of each desk's promoter
+  for (const int desk : {0, 1}) {
+    AddBatch(desks_[desk]);
+    std::ranges::set_difference(Visits(), of[0], std::back_inserter(of[desk]));
+    ASSERT_THAT(of[desk], testing::SizeIs(3));
+  }
   std::mt19937 random(1404);
-  std::vector<std::string> expected = full;
+  std::set<std::string> expected(of[0].begin(), of[0].end());
+  expected.insert(of[1].begin(), of[1].end());
   std::map<int, int> met;
   for (int step = 0; step < 300 && !HasFailure(); ++step) {
-    SCOPED_TRACE(step);
-    Desk& desk = desks_[random() % 2];
+    const auto who = random() % 2;
+    Desk& desk = desks_[who];
     const bool locked = random() % 4 == 0;
     const auto action = random() % 4;
-    const controls::FlexGrid& grid = desk.Editor().flxDetail;
-    // What the desk shows may be gone.
-    const bool hasRow = grid.Rows() > 1;
-    const std::string group =
-        hasRow ? std::string(grid.TextMatrix(1, 1)) + " " + std::string(grid.TextMatrix(1, 4)) : "";
+    const std::string group = desk.Group();  // may be gone
+    if (action > 1 && group.empty()) continue;
+    const auto isGroup = [&](const std::string& each) { return each.starts_with(group); };
+    SCOPED_TRACE(testing::Message() << step << ": " << action << " " << group << " " << locked);
     if (locked) Stored("BEGIN IMMEDIATE");
-    const int error = desk.Try([&] {
-      if (action == 0) return desk.View(program_);
-      if (action == 1) return desk.AddBatch();
-      if (!hasRow) return;
-      desk.Press(1);
-      if (action == 2) return desk.Editor().flxDetail.DblClick();
-      desk.Editor().cmdDeleteSelected.Click();
-    });
+    if (action == 3) desk.PressFirst(false);
+    const int error = action == 0   ? desk.View(program_)
+                      : action == 1 ? AddBatch(desk)
+                      : action == 2 ? desk.PressFirst(true)
+                                    : Delete(desk);
     if (locked) Stored("COMMIT");
     ++met[error];
     // A group that is gone has no customers to list, and the list of none is no statement.
-    const bool isGone = action == 2 && !std::ranges::any_of(expected, [&](const std::string& each) {
-                          return each.starts_with(group);
-                        });
-    EXPECT_TRUE(error == 1222 ? locked : error == (isGone && hasRow ? 102 : 0)) << error;
-    if (error == 0 && action == 1) {
-      for (const std::string& each : full) {
-        if (each.starts_with(desk.Promoter()) && !std::ranges::count(expected, each)) {
-          expected.push_back(each);
-        }
-      }
-      std::ranges::sort(expected);
-    }
-    if (error == 0 && action == 3 && hasRow) {
-      std::erase_if(expected, [&](const std::string& each) { return each.starts_with(group); });
-    }
-    EXPECT_EQ(Visits(), expected) << action << " " << error << " " << group << " " << locked;
+    const bool isGone = action == 2 && std::ranges::none_of(expected, isGroup);
+    EXPECT_TRUE(error == 1222 ? locked : error == (isGone ? 102 : 0)) << error;
+    if (error == 0 && action == 1) expected.insert(of[who].begin(), of[who].end());
+    if (error == 0 && action == 3) std::erase_if(expected, isGroup);
+    EXPECT_THAT(Visits(), testing::ElementsAreArray(expected)) << error;
   }
   EXPECT_GT(met[0], 100);
   EXPECT_GT(met[1222], 20);
 }
 
 TEST_F(TwoHosts, ProgramThatTheOtherDeleted_TakesNoVisitsAndBothGoOn) {
-  desks_[0].AddBatch();
+  AddBatch(desks_[0]);
   desks_[1].View(program_);
-  desks_[0].Editor().cmdDelete.Click();
-  desks_[1].Press(1);
-  EXPECT_EQ(desks_[1].Try([&] { desks_[1].Editor().flxDetail.DblClick(); }), 102);
-  EXPECT_EQ(desks_[1].Try([&] { desks_[1].AddBatch(); }), 547);
-  EXPECT_EQ(desks_[1].Try([&] { desks_[1].Editor().cmdDeleteSelected.Click(); }), 0);
+  desks_[0].Click(desks_[0].Editor().cmdDelete);
+  EXPECT_EQ(desks_[1].PressFirst(true), 102);
+  EXPECT_EQ(AddBatch(desks_[1]), 547);
+  EXPECT_EQ(Delete(desks_[1]), 0);
   EXPECT_EQ(desks_[1].Editor().flxDetail.Rows(), 1);
-  for (Desk& desk : desks_) EXPECT_EQ(desk.Try([&] { desk.View(14); }), 0);
+  for (Desk& desk : desks_) EXPECT_EQ(desk.View(14), 0);
   EXPECT_THAT(Visits(), testing::IsEmpty());
 }
 

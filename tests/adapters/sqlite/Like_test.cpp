@@ -2,18 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 namespace adapters::sqlite {
 namespace {
 
 TEST(Like, Pattern_matchesAsOnTheServer) {
-  struct Case {
-    std::string_view pattern;
-    std::vector<std::string_view> matching;
-    std::vector<std::string_view> others;
-  };
-  const Case cases[] = {
+  using Texts = std::vector<std::string_view>;
+  const std::tuple<std::string_view, Texts, Texts> cases[] = {
+      // a pattern, what matches, what not
       {"", {""}, {"a"}},
       {"%", {"", "a"}, {}},
       {"_", {"a", "س", "\xC3"}, {"", "سل"}},

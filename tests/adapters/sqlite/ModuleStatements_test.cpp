@@ -3,24 +3,17 @@
 #include <string>
 
 #include "adapters/sqlite/Office.h"
+#include "batch/BatchInsert.h"
 
 namespace adapters::sqlite {
 namespace {
 
 TEST(ModuleStatements, BatchInsert_numbersNewVisitsByDayAndCustomerAndSkipsOldOnes) {
-  const std::string day =
-      "substring(convert(varchar,d.ID), "
-      "1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2) ";
-  const std::string insert =
-      "insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, "
-      "VisitDate, CustomerID, Notes, Sequence) select 2, 7 , " +
-      day + ", dbo.getEnglishDate(" + day +
-      ") , o.ID, 'a''b', ROW_NUMBER() OVER(ORDER BY d.id, o.ID ASC) AS aRow  from  "
-      "dbo.fnZomirStringToTable('13920705,13920712') d , dbo.fnZomirStringToTable('9,5') o  left "
-      "outer join tblDistributionOrganization do on o.ID=do.OrganizationID  where not "
-      "exists(select pd.* from tblDistributionPromoterProgramDetail pd  where pd.ProgramID=2 and "
-      "pd.PromoterID=7 and replace(pd.FarsiVisitDate,'/','')=convert(varchar,d.ID)  and "
-      "pd.CustomerID=o.ID) ";
+  const std::string insert = batch::BatchInsertStatement({.programId = 2,
+                                                          .promoterId = 7,
+                                                          .dates = "13920705,13920712",
+                                                          .customerIds = "9,5",
+                                                          .notesLiteral = "'a''b'"});
   const std::string read =
       "select FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence from "
       "tblDistributionPromoterProgramDetail where ProgramID=2 order by FarsiVisitDate, Sequence";

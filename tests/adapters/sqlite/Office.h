@@ -1,46 +1,83 @@
 #pragma once
 
-#include <filesystem>
+#include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
 
 #include "adapters/sqlite/SqliteConnection.h"
-#include "platform/RuntimeError.h"
+#include "demo/PlainDatabase.h"
+#include "platform/ResumeNext.h"
+#include "support/TestFolder.h"
 
 namespace adapters::sqlite {
 
-/// A folder of its own for one test's files, removed with them.
-class TestFolder {
- public:
-  TestFolder();
-  ~TestFolder();
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
+constexpr const char* kSchema = R"sql(
+PRAGMA synchronous = OFF;
+PRAGMA journal_mode = WAL;
+CREATE TABLE tblEmployee (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);
+CREATE TABLE tblOrganization (ID INTEGER PRIMARY KEY, Code TEXT UNIQUE, FirstName TEXT, Name TEXT,
+  Address TEXT, CellPhone TEXT, Phone1 TEXT, Phone2 TEXT, WorkActivityID INTEGER);
+CREATE TABLE tblDistributionPath (ID INTEGER PRIMARY KEY, Name TEXT, RegionID INTEGER);
+CREATE TABLE tblDistributionOrganization (OrganizationID INTEGER, PathID INTEGER, BranchID INTEGER);
+CREATE TABLE tblDistributionPromoterProgram (ID INTEGER PRIMARY KEY AUTOINCREMENT,
+  CreateDate DATE, Notes TEXT, Code INTEGER);
+CREATE TABLE tblDistributionPromoterProgramDetail (
+  ProgramID INTEGER NOT NULL REFERENCES tblDistributionPromoterProgram (ID),
+  PromoterID INTEGER NOT NULL, FarsiVisitDate TEXT, VisitDate DATE,
+  CustomerID INTEGER NOT NULL, Notes TEXT, Sequence INTEGER CHECK (Sequence < 1000));
+CREATE TABLE tblZomirUserPermission (UserID INTEGER, FormPermissionID INTEGER);
+CREATE TABLE tblZomirFormAction (ID INTEGER PRIMARY KEY, EventID INTEGER, FormCode TEXT,
+  FormTypeID INTEGER, Description TEXT, UserID INTEGER, EventDate DATE, FarsiEventDate TEXT,
+  EventTime INTEGER);
+CREATE TABLE tblValues (ID INTEGER PRIMARY KEY, Number REAL, Words TEXT, Moment DATETIME);
+CREATE VIEW vwProgramDays AS
+  SELECT ProgramID, VisitDate FROM tblDistributionPromoterProgramDetail;
 
-  const std::filesystem::path& Path() const { return path_; }
-  std::string File(std::string_view name) const { return (path_ / name).string(); }
+INSERT INTO tblEmployee VALUES (7, 'یاسر'), (8, 'پروین'), (9, 'بهار');
+INSERT INTO tblOrganization VALUES
+  (5, '105', 'رضا', 'کاظمی', 'تهران', '0912', '021', NULL, 1),
+  (6, '106', NULL, 'نیک‌پی', NULL, NULL, NULL, NULL, NULL);
+INSERT INTO tblDistributionPath VALUES (11, 'مسیر ۱', 1), (12, 'مسیر ۲', 2);
+INSERT INTO tblDistributionOrganization VALUES (5, 11, 1), (6, 12, 1);
+INSERT INTO tblZomirUserPermission VALUES (1, 0), (2, 111);
+INSERT INTO tblDistributionPromoterProgram VALUES
+  (1, '20250321', 'بهاره', NULL), (2, NULL, '', 2);
+INSERT INTO tblDistributionPromoterProgramDetail VALUES
+  (1, 7, '1404/01/02', '20250322', 5, 'صبح', 1), (1, 7, '1404/01/02', '20250322', 6, 'صبح', 2),
+  (1, 8, '1404/01/03', '20250323', 5, NULL, 3);
+)sql";
 
- private:
-  std::filesystem::path path_;
-};
+/// A row a line, cells joined by "|", NULL as "~".
+inline std::string Lines(const platform::RowSet& rows) {
+  std::string lines;
+  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    if (row > 0) lines += "\n";
+    for (std::size_t column = 0; column < rows.ColumnCount(); ++column) {
+      if (column > 0) lines += "|";
+      const auto cell = rows.Cell(row, column);
+      lines += cell ? std::string(*cell) : "~";
+    }
+  }
+  return lines;
+}
 
 /// A small office in a file: the tables that statements of the module name, with a row or two.
 class Office {
  public:
-  Office();
+  Office() { EXPECT_EQ(demo::PlainDatabase(file).Text(kSchema), "wal;"); }
 
   std::string ConnectionString() const { return "sqlite:" + file; }
-  /// Executes on `connection`; a row a line, cells joined by "|", NULL as "~".
-  std::string Rows(std::string_view statement);
+  /// The Lines of what `connection` gives.
+  std::string Rows(std::string_view statement) { return Lines(connection.Execute(statement)); }
   /// The error's number, 0 when there was none.
-  int ErrorOf(std::string_view statement);
+  int ErrorOf(std::string_view statement) {
+    return platform::ResumeNext([&] { connection.Execute(statement); });
+  }
 
-  TestFolder folder;
-  std::string file;
-  SqliteConnection connection;
+  support::TestFolder folder;
+  std::string file = folder.File("office #1%.db");
+  SqliteConnection connection{ConnectionString()};
 };
-
-/// As Office::Rows, of any result.
-std::string Lines(const platform::RowSet& rows);
 
 }  // namespace adapters::sqlite

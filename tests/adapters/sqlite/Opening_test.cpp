@@ -5,7 +5,6 @@
 #include <fstream>
 #include <random>
 #include <set>
-#include <sstream>
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Office.h"
@@ -13,27 +12,17 @@
 namespace adapters::sqlite {
 namespace {
 
+using support::Content;
 using testing::HasSubstr;
-using namespace std::chrono_literals;
 
-struct Failure {
-  int number = 0;
-  std::string words;
-};
-
-Failure FailureOf(SqliteConnection& connection, std::string_view statement) {
+/// 0 and no words when there was none.
+platform::RuntimeError FailureOf(SqliteConnection& connection, std::string_view statement) {
   try {
     connection.Execute(statement);
-    return {};
+    return {0, ""};
   } catch (const platform::RuntimeError& error) {
-    return {error.Number(), error.Description()};
+    return error;
   }
-}
-
-std::string Content(const std::string& file) {
-  std::ostringstream content;
-  content << std::ifstream(file, std::ios::binary).rdbuf();
-  return content.str();
 }
 
 /// The superuser may write anything: for the time of a test he becomes nobody.
@@ -53,49 +42,42 @@ class WithoutPrivilege {
   bool changed_ = false;
 };
 
-TEST(Opening, ConnectionStringOfAServer_isRefusedWithoutItsPassword) {
-  SqliteConnection connection("Provider=X;Data Source=y;Password=Geheim-7301");
-  const Failure failure = FailureOf(connection, "select 1");
-  EXPECT_EQ(failure.number, 4060);
-  EXPECT_THAT(failure.words, HasSubstr("sqlite:FILE"));
-  EXPECT_THAT(failure.words, testing::Not(HasSubstr("Geheim")));
-}
-
-TEST(Opening, UnusableFile_isNamedInAClearError) {
-  TestFolder folder;
+TEST(Opening, UnusableFile_isNamedInAClearErrorAndAServersPasswordIsNot) {
+  support::TestFolder folder;
   const std::string noDatabase = folder.File("letter.txt");
   std::ofstream(noDatabase) << std::string(2000, 'x');
   const std::string empty = folder.File("empty.db");
   std::ofstream(empty).close();
   const std::string foreign = folder.File("albums.db");
-  sqlite3_exec(OpenDatabase(foreign, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE).get(),
-               "PRAGMA journal_mode = DELETE; CREATE TABLE tblAlbum (ID INTEGER)", nullptr, nullptr,
-               nullptr);
+  demo::PlainDatabase(foreign).Query("CREATE TABLE tblAlbum (ID INTEGER)");
   const std::string content = Content(foreign);
   const std::pair<std::string, std::string> cases[] = {
-      {"sqlite:" + folder.File("missing.db"), "پيدا نشد"},
-      {"sqlite:", "پيدا نشد"},
-      {"sqlite:" + folder.Path().string(), "پوشه است"},
-      {"sqlite:" + noDatabase, "پايگاه داده نيست"},
-      {"sqlite:" + empty, "از اين سامانه نيست"},
-      {"sqlite:" + foreign, "از اين سامانه نيست"},
+      {folder.File("missing.db"), "پيدا نشد"}, {"", "پيدا نشد"},
+      {folder.Path().string(), "پوشه است"},    {noDatabase, "پايگاه داده نيست"},
+      {empty, "از اين سامانه نيست"},           {foreign, "از اين سامانه نيست"},
   };
-  for (const auto& [connectionString, words] : cases) {
-    SqliteConnection connection(connectionString);
-    const Failure failure = FailureOf(connection, "select 1");
-    EXPECT_EQ(failure.number, 4060) << connectionString;
-    EXPECT_THAT(failure.words, HasSubstr(words));
-    EXPECT_THAT(failure.words, HasSubstr(Quoted(connectionString.substr(7))));
+  for (const auto& [file, words] : cases) {
+    SqliteConnection connection("sqlite:" + file);
+    const platform::RuntimeError failure = FailureOf(connection, "select 1");
+    EXPECT_EQ(failure.Number(), 4060) << file;
+    EXPECT_THAT(failure.Description(), HasSubstr(words));
+    EXPECT_THAT(failure.Description(), HasSubstr(Quoted(file)));
   }
   EXPECT_FALSE(std::filesystem::exists(folder.File("missing.db")));
   EXPECT_EQ(std::filesystem::file_size(empty), 0U);
   EXPECT_TRUE(Content(foreign) == content) << "another program's file was written to";
 
+  SqliteConnection server("Provider=X;Data Source=y;Password=Geheim-7301");
+  const platform::RuntimeError refused = FailureOf(server, "select 1");
+  EXPECT_EQ(refused.Number(), 4060);
+  EXPECT_THAT(refused.Description(), HasSubstr("sqlite:FILE"));
+  EXPECT_THAT(refused.Description(), testing::Not(HasSubstr("Geheim")));
+
   // A file that appears later is opened by the next statement.
   SqliteConnection early("sqlite:" + folder.File("پايگاه داده.db"));
-  EXPECT_EQ(FailureOf(early, "select 1").number, 4060);
+  EXPECT_EQ(FailureOf(early, "select 1").Number(), 4060);
   std::filesystem::rename(Office().file, folder.File("پايگاه داده.db"));
-  EXPECT_EQ(FailureOf(early, "select 1").words, "");
+  EXPECT_EQ(FailureOf(early, "select 1").Description(), "");
   EXPECT_EQ(std::filesystem::file_size(noDatabase), 2000U);
 }
 
@@ -107,35 +89,14 @@ TEST(Opening, ReadOnlyFile_readsAndRefusesToWrite) {
     fs::permissions(office.folder.Path(), folderMode);
     const WithoutPrivilege nobody;
     SqliteConnection connection(office.ConnectionString());
-    EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").words, "");
-    const Failure failure = FailureOf(connection, "delete tblEmployee where ID=7");
-    EXPECT_EQ(failure.number, 3906) << failure.words;
-    EXPECT_THAT(failure.words, HasSubstr("فقط خواندني"));
-    EXPECT_THAT(failure.words, HasSubstr(office.file));
+    EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").Description(), "");
+    const platform::RuntimeError failure = FailureOf(connection, "delete tblEmployee where ID=7");
+    EXPECT_EQ(failure.Number(), 3906) << failure.Description();
+    EXPECT_THAT(failure.Description(), HasSubstr("فقط خواندني"));
+    EXPECT_THAT(failure.Description(), HasSubstr(office.file));
   }
   fs::permissions(office.folder.Path(), fs::perms::owner_all);
   EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3");
-}
-
-TEST(Opening, LockedFile_failsAfterTheTimeoutAndWorksAgainLater) {
-  Office office;
-  SqliteConnection connection(office.ConnectionString(), 20ms);
-  const DatabaseHandle other = OpenDatabase(office.file, SQLITE_OPEN_READWRITE);
-  const auto run = [&](const char* sql) {
-    ASSERT_EQ(sqlite3_exec(other.get(), sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-  };
-  run("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; DELETE FROM tblValues; COMMIT");
-  const Failure unopened = FailureOf(connection, "select 1");
-  EXPECT_EQ(unopened.number, 1222) << unopened.words;
-  EXPECT_THAT(unopened.words, HasSubstr(office.file));
-  run("PRAGMA locking_mode = NORMAL; SELECT count(*) FROM tblValues");
-  EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").words, "");
-
-  run("BEGIN IMMEDIATE");
-  EXPECT_EQ(FailureOf(connection, "delete tblEmployee where ID=7").number, 1222);
-  EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").number, 0);
-  run("COMMIT");
-  EXPECT_EQ(FailureOf(connection, "delete tblEmployee where ID=7").number, 0);
 }
 
 TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
@@ -148,10 +109,11 @@ TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
   late.Execute("select 1");
   office.connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
   fs::rename(office.file, moved);
-  const Failure gone = FailureOf(office.connection, "delete tblEmployee where ID=30");
-  EXPECT_EQ(gone.number, 4060);
-  EXPECT_THAT(gone.words, HasSubstr("جابه‌جا يا پاك شده است"));
-  EXPECT_EQ(FailureOf(office.connection, "select 1").number, 4060) << "made anew";
+  const platform::RuntimeError gone =
+      FailureOf(office.connection, "delete tblEmployee where ID=30");
+  EXPECT_EQ(gone.Number(), 4060);
+  EXPECT_THAT(gone.Description(), HasSubstr("جابه‌جا يا پاك شده است"));
+  EXPECT_EQ(FailureOf(office.connection, "select 1").Number(), 4060) << "made anew";
 
   fs::rename(backup, office.file);
   EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3") << "the other file's log";
@@ -160,7 +122,7 @@ TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
 
   // Another connection of the host hears of it when the new file is in use already.
   office.connection.Execute("insert into tblEmployee(ID, Name) values (31,'b')");
-  EXPECT_EQ(FailureOf(late, "select 1").number, 4060);
+  EXPECT_EQ(FailureOf(late, "select 1").Number(), 4060);
   EXPECT_EQ(Lines(late.Execute("select max(ID) from tblEmployee")), "31");
   EXPECT_EQ(office.Rows("select max(ID) from tblEmployee"), "31");
 }
@@ -169,20 +131,17 @@ TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
   Office office;
   const std::string whole = Content(office.file);
   const std::string file = office.folder.File("damaged.db");
-  constexpr std::size_t kPage = 4096;
   std::mt19937 random(1404);
   std::set<int> numbers;
   for (int turn = 0; turn < 400; ++turn) {
     std::string damaged = whole;
     const std::size_t at = random() % whole.size();
-    const std::size_t length = std::min(random() % 3 == 0 ? 4 : kPage, whole.size() - at);
-    if (turn % 10 == 0) {
-      damaged.resize(at);
-    } else if (turn % 2 == 0) {
-      damaged.replace(at, length, length, '\0');
-    } else {
-      for (std::size_t i = 0; i < length; ++i) damaged[at + i] = static_cast<char>(random());
+    const std::size_t length =
+        std::min<std::size_t>(random() % 3 == 0 ? 4 : 4096, whole.size() - at);
+    for (std::size_t i = at; i < at + length; ++i) {
+      damaged[i] = turn % 2 == 0 ? '\0' : static_cast<char>(random());
     }
+    if (turn % 10 == 0) damaged.resize(at);
     std::filesystem::remove(file + "-wal");
     std::ofstream(file, std::ios::binary | std::ios::trunc) << damaged;
     SqliteConnection connection("sqlite:" + file);
@@ -190,10 +149,9 @@ TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
          {"select * from tblOrganization order by Name", "select * from vwProgramDays",
           "insert into tblDistributionPromoterProgram (Notes) values ('x')",
           "delete tblDistributionPromoterProgramDetail where PromoterID=7"}) {
-      const Failure failure = FailureOf(connection, statement);
-      numbers.insert(failure.number);
-      if (failure.number == 0) continue;
-      EXPECT_THAT(failure.words, HasSubstr(Quoted(file))) << turn << " " << statement;
+      const platform::RuntimeError failure = FailureOf(connection, statement);
+      if (numbers.insert(failure.Number()); failure.Number() == 0) continue;
+      EXPECT_THAT(failure.Description(), HasSubstr(Quoted(file))) << turn << " " << statement;
     }
   }
   EXPECT_THAT(numbers, testing::IsSupersetOf({0, 824, 4060}));

@@ -6,18 +6,18 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <regex>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
-#include "platform/RuntimeError.h"
+#include "platform/ResumeNext.h"
 #include "support/ScriptedPlatform.h"
+#include "support/TestFolder.h"
 #include "text/Text.h"
 #include "tools/CopyToExcel.h"
 
@@ -25,6 +25,7 @@ namespace adapters::xlsx {
 namespace {
 
 namespace fs = std::filesystem;
+using platform::ResumeNext;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -76,21 +77,14 @@ std::string TextOf(const std::string& cell) {
   return read + text;
 }
 
-/// A folder of its own for each test.
 class XlsxExcelTest : public testing::Test {
  protected:
-  void TearDown() override { fs::remove_all(folder); }
-
-  static fs::path MakeFolder() {
-    std::string pattern = (fs::temp_directory_path() / "xlsx-XXXXXX").string();
-    return mkdtemp(pattern.data());
-  }
   std::vector<std::string> Files() const {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
+    for (const auto& entry : fs::directory_iterator(folder.Path())) {
       names.push_back(entry.path().filename().string());
     }
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names);
     return names;
   }
   /// A copy of so many cells, a row each; gives the sheet of the first workbook in the folder.
@@ -102,22 +96,16 @@ class XlsxExcelTest : public testing::Test {
       application->SetCell(static_cast<int>(row) + 1, 1, cells[row]);
     }
     application->Finish();
-    return Part(folder / Files().front(), "xl/worksheets/sheet1.xml");
+    return Sheet(Files().front());
   }
-  /// The error's number and description; 0 when there was none.
-  static std::pair<std::int32_t, std::string> ErrorOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const platform::RuntimeError& error) {
-      return {error.Number(), error.Description()};
-    }
-    return {0, ""};
+  std::string Sheet(const std::string& workbook) const {
+    return Part(folder.File(workbook), "xl/worksheets/sheet1.xml");
   }
 
   support::FakeClock clock;
-  fs::path folder = MakeFolder();
+  support::TestFolder folder;
   std::vector<std::string> opened;
-  XlsxExcel::Place place{.folder = folder.string(), .name = "promoter-list"};
+  XlsxExcel::Place place{.folder = folder.Path().string(), .name = "promoter-list"};
   XlsxExcel::Opener opener = [this](const std::string& path) { opened.push_back(path); };
   XlsxExcel excel{place, clock, opener};
 };
@@ -151,8 +139,7 @@ TEST_F(XlsxExcelTest, CopyOfAGrid_numbersAreNumbers_anyOtherCellIsItsTextAndNone
   tools::CopyToExcel(module, grid);
   ASSERT_THAT(outside.components.messages,
               ElementsAre(testing::Field(&support::Message::title, "موفقيت")));
-  const fs::path workbook = folder / Files().front();
-  const std::string sheet = Part(workbook, "xl/worksheets/sheet1.xml");
+  const std::string sheet = Sheet(Files().front());
   for (std::size_t row = 0; row < cells.size(); ++row) {
     for (const char* col : {"A", "B"}) {
       const std::string cell = Cell(sheet, col + std::to_string(row + 1));
@@ -164,20 +151,17 @@ TEST_F(XlsxExcelTest, CopyOfAGrid_numbersAreNumbers_anyOtherCellIsItsTextAndNone
   for (const char* never : {"<f", "<hyperlink", "<v>=", "t=\"str\""}) {
     EXPECT_THAT(sheet, Not(HasSubstr(never)));
   }
-  EXPECT_THAT(Part(workbook, "'*' -x xl/worksheets/sheet1.xml"), Not(HasSubstr("cmd|")));
+  EXPECT_THAT(Part(folder.File(Files().front()), "'*' -x xl/worksheets/sheet1.xml"),
+              Not(HasSubstr("cmd|")));
   EXPECT_THAT(sheet, HasSubstr("rightToLeft=\"1\""));
   EXPECT_THAT(sheet, HasSubstr("<pane ySplit=\"1\" topLeftCell=\"A2\""));
 }
 
-TEST_F(XlsxExcelTest, Cell_ofBrokenBytes_keepsTheWorkbookReadable) {
+TEST_F(XlsxExcelTest, Finish_namesTaken_takesTheNextAndOpensItWhateverTheCellsHold) {
+  std::ofstream(folder.File("promoter-list 1404-01-01 2.xlsx")) << "mine";
   const std::string sheet = Copy({"m\xC3(n\xED\xA0\x80\xE2\x82", std::string("a\0b", 3)});
   EXPECT_EQ(TextOf(Cell(sheet, "A1")), "m\uFFFD(n\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(TextOf(Cell(sheet, "A2")), "a\uFFFDb");
-}
-
-TEST_F(XlsxExcelTest, Finish_namesTaken_takesTheNextAndOpensIt) {
-  std::ofstream(folder / "promoter-list 1404-01-01 2.xlsx") << "mine";
-  Copy({"a"});
   const auto second = excel.CreateApplication();
   second->AddWorkbook();
   second->SetCell(1, 1, "second");
@@ -186,10 +170,10 @@ TEST_F(XlsxExcelTest, Finish_namesTaken_takesTheNextAndOpensIt) {
   EXPECT_THAT(Files(),
               ElementsAre("promoter-list 1404-01-01 1.xlsx", "promoter-list 1404-01-01 2.xlsx",
                           "promoter-list 1404-01-01 3.xlsx", "promoter-list 1404-01-01 4.xlsx"));
-  EXPECT_EQ(fs::file_size(folder / Files()[1]), 4U);
-  EXPECT_THAT(Part(folder / Files()[2], "xl/worksheets/sheet1.xml"), HasSubstr(">b</t>"));
-  EXPECT_THAT(Part(folder / Files()[3], "xl/worksheets/sheet1.xml"), HasSubstr(">second</t>"));
-  EXPECT_THAT(opened, ElementsAre((folder / Files()[0]).string(), (folder / Files()[2]).string()));
+  EXPECT_EQ(support::Content(folder.File(Files()[1])), "mine");
+  EXPECT_THAT(Sheet(Files()[2]), HasSubstr(">b</t>"));
+  EXPECT_THAT(Sheet(Files()[3]), HasSubstr(">second</t>"));
+  EXPECT_THAT(opened, ElementsAre(folder.File(Files()[0]), folder.File(Files()[2])));
 }
 
 TEST_F(XlsxExcelTest, Application_droppedUnfinished_leavesNothingBehind) {
@@ -210,7 +194,7 @@ TEST_F(XlsxExcelTest, Application_droppedUnfinished_leavesNothingBehind) {
 TEST_F(XlsxExcelTest, Copy_diskFullAtAnyPoint_saysSoAndLeavesNothing) {
   const std::vector<std::string> cells(10'000, "12345");
   const rlim_t whole = Copy(cells).size();
-  fs::remove(folder / Files().front());
+  fs::remove(folder.File(Files().front()));
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
@@ -218,39 +202,38 @@ TEST_F(XlsxExcelTest, Copy_diskFullAtAnyPoint_saysSoAndLeavesNothing) {
   for (const rlim_t room : {rlim_t{0}, whole / 2, whole - 100}) {
     const rlimit limit{room, before.rlim_max};
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    const auto [number, description] = ErrorOf([&] { Copy(cells); });
+    const std::int32_t number = ResumeNext([&] { Copy(cells); });
     setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_EQ(number, 61) << room << description;
+    EXPECT_EQ(number, 61) << room;
     EXPECT_THAT(Files(), IsEmpty()) << room;
   }
   std::signal(SIGXFSZ, handler);
 }
 
 TEST_F(XlsxExcelTest, Copy_whatNoSheetOrFolderHolds_isRefused) {
-  const struct {
-    int row;
-    int column;
-    std::string text;
-  } kCases[] = {{0, 1, "a"},
-                {1, 0, "a"},
-                {1'048'577, 1, "a"},
-                {1, 16'385, "a"},
-                {3, 1, std::string(32'768, 'a')},
-                {3, 1, text::Replace(std::string(16'384, 'a'), "a", "😀")},
-                {1, 1, "after row 2"}};
-  for (const auto& each : kCases) {
+  const std::tuple<int, int, std::string> kCases[] = {
+      {0, 1, "a"},
+      {1, 0, "a"},
+      {1'048'577, 1, "a"},
+      {1, 16'385, "a"},
+      {3, 1, std::string(32'768, 'a')},
+      {3, 1, text::Replace(std::string(16'384, 'a'), "a", "😀")},
+      {1, 1, "after row 2"}};
+  for (const auto& [row, column, text] : kCases) {
     const auto application = excel.CreateApplication();
     application->AddWorkbook();
     application->SetCell(2, 1, "a");
-    const auto error = ErrorOf([&] { application->SetCell(each.row, each.column, each.text); });
-    EXPECT_EQ(error.first, 1004) << each.row << ", " << each.column;
+    const auto set = [&, row = row, column = column, &text = text] {
+      application->SetCell(row, column, text);
+    };
+    EXPECT_EQ(ResumeNext(set), 1004) << row << ", " << column;
   }
   EXPECT_THAT(Files(), IsEmpty());
-  std::ofstream(folder / "file") << "no folder";
-  place.folder = (folder / "file" / "below").string();
-  EXPECT_EQ(
-      ErrorOf([&] { XlsxExcel(place, clock, opener).CreateApplication()->AddWorkbook(); }).first,
-      76);
+  std::ofstream(folder.File("file")) << "no folder";
+  place.folder = folder.File("file/below");
+  XlsxExcel nowhere(place, clock, opener);
+  const auto application = nowhere.CreateApplication();
+  EXPECT_EQ(ResumeNext([&] { application->AddWorkbook(); }), 76);
 }
 
 }  // namespace
