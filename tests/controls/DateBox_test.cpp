@@ -58,9 +58,9 @@ TEST_F(DateBoxTest, Keys_StepDaysAndMonthsUnlessDisabledOrAtTheEnd) {
     return box.Text();
   };
   EXPECT_EQ(pressed(kDown), "1404/06/31");  // an empty box starts at today
-  EXPECT_EQ(pressed(kUp), "1404/07/01");
-  EXPECT_EQ(pressed(kDown), "1404/06/31");
   EXPECT_EQ(pressed(kPageUp), "1404/07/30");
+  EXPECT_EQ(pressed(kUp), "1404/08/01");
+  EXPECT_EQ(pressed(kDown), "1404/07/30");
   EXPECT_EQ(pressed(kPageDown), "1404/06/30");
   box.SetEnabled(false);
   EXPECT_EQ(pressed(kUp), "1404/06/30");
