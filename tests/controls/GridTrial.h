@@ -245,16 +245,10 @@ class Trial {
   int Near(int count) { return Upto(count + 2) - 1; }
 
   std::string RandomText() {
-    static const std::vector<std::string> kTexts = {"",
-                                                    "",
-                                                    "a",
-                                                    "علی",
-                                                    "علي",
-                                                    "مریم",
-                                                    "1392/07/05",
-                                                    "漢漢漢",
-                                                    "شرکت پخش سراسری نمونه، شعبه ",
-                                                    "شرکت پخش سراسری نمونه، شعبه تهران"};
+    static const std::string kBeginning = "شرکت پخش سراسری نمونه، شعبه ";
+    static const std::vector<std::string> kTexts = {
+        "",     "",           "a",      "علی",      "علي",
+        "مریم", "1392/07/05", "漢漢漢", kBeginning, kBeginning + "تهران"};
     // Long ones make the grid reclaim the room of what was written over.
     if (Upto(15) == 0) return std::string(Size(Upto(9000)), static_cast<char>('a' + Upto(25)));
     return kTexts[Size(Upto(9))];
