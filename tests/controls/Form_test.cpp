@@ -6,8 +6,11 @@
 #include <cmath>
 
 #include "controls/Controls.h"
+#include "controls/DateBox.h"
+#include "controls/FlexGrid.h"
 #include "controls/Following.h"
 #include "controls/PixelPlace.h"
+#include "controls/Selector.h"
 #include "controls/TabOrder.h"
 #include "platform/ResumeNext.h"
 #include "support/FakeScreen.h"
@@ -22,7 +25,9 @@ using testing::IsEmpty;
 class SampleForm : public controls::Form {
  public:
   SampleForm(controls::Screen& screen, support::Events& calls)
-      : Form(screen, "Sample", Border::kSizable), calls_(calls) {}
+      : Form(screen, "Sample", Border::kSizable), calls_(calls) {
+    SetDefaultButton(&ok);
+  }
 
   bool fails = false;
 
@@ -30,6 +35,7 @@ class SampleForm : public controls::Form {
   controls::TextBox inner{frame, "inner"};
   controls::Label brother{frame, "brother"};
   controls::TextBox outer{*this, "outer"};
+  controls::Button ok{*this, "ok", "Yes"};
 
  protected:
   void FormLoad() override {
@@ -60,10 +66,10 @@ TEST_F(FormTest, ShownHiddenAndUnloaded_IsLoadedOnceUntilItIsUnloaded) {
     form.Show(Modality::kModeless);
     form.Show(Modality::kModeless);  // comes to the front
     form.Hide();
-    form.Hide();
+    form.CloseBox();  // hides
   }
   form.Show(Modality::kModeless);
-  form.CloseBox();
+  form.Unload();
   EXPECT_FALSE(form.Loaded() || form.Visible());
   const std::string show = "show Sample modeless";
   EXPECT_THAT(calls, ElementsAre("load", show, show, "hide Sample", show, show, "hide Sample", show,
@@ -138,6 +144,54 @@ TEST_F(FormTest, EndOfControlOrForm_IsForgottenByFormOrScreen) {
   EXPECT_EQ(form.FindControl("brief"), nullptr);
   { SampleForm(screen, calls).Load(); }
   EXPECT_THAT(calls, ElementsAre("load", "unload Sample"));
+}
+
+// What a screen reads of each kind of control, a line each.
+class Describing : public controls::ControlVisitor {
+ public:
+  std::vector<std::string> lines;
+  void Visit(controls::Label& c) override {
+    Add(c, "label " + c.Caption() + Flag(c.TextAlignment() == controls::Label::Alignment::kRight));
+  }
+  void Visit(controls::TextBox& c) override {
+    const bool several = c.LineMode() == controls::TextBox::Lines::kSeveral;
+    Add(c, "text " + Flag(several) + Flag(c.SelectAllOnFocus()));
+  }
+  void Visit(controls::Button& c) override { Add(c, "button " + c.Caption()); }
+  void Visit(controls::CheckBox& c) override { Add(c, "check " + c.Caption()); }
+  void Visit(controls::ComboBox& c) override { Add(c, "combo"); }
+  void Visit(controls::Frame& c) override {
+    Add(c, "frame " + c.Caption() + Flag(c.BorderStyle() == controls::Frame::Border::kLine));
+    for (controls::Control* part : c.Controls()) part->Accept(*this);
+  }
+  void Visit(controls::DateBox& c) override { Add(c, c.Date()->Text()); }
+  void Visit(controls::Selector& c) override { Add(c, "selector"); }
+  void Visit(controls::FlexGrid& c) override { Add(c, "grid"); }
+
+ private:
+  static std::string Flag(bool on) { return on ? "+" : "-"; }
+  void Add(const controls::Control& c, const std::string& line) {
+    lines.push_back(c.Name() + ": " + line + (c.ToolTip().empty() ? "" : " " + c.ToolTip()));
+  }
+};
+
+TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
+  controls::CheckBox check{form, "check", "Tick"};
+  controls::DateBox day{form, "day"};
+  controls::ComboBox combo{form, "combo"};
+  controls::FlexGrid grid{form, "grid"};
+  form.outer.SetSelectAllOnFocus(true);
+  form.outer.SetToolTip("hint");
+  form.brother.SetCaption("b");
+  day.SetText("1404/01/01");
+  Describing seen;
+  for (controls::Control* control : form.Controls()) control->Accept(seen);
+  EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text --", "brother: label b+",
+                                      "outer: text -+ hint", "ok: button Yes", "check: check Tick",
+                                      "day: 1404/01/01", "combo: combo", "grid: grid"));
+  EXPECT_EQ(form.DefaultButton(), &form.ok);
+  EXPECT_EQ(form.CancelButton(), nullptr);
+  EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 
 // By index; the parts of a frame that has one stand together at its place.
