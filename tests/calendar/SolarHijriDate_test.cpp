@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <stdexcept>
+#include <tuple>
 
 namespace {
 
@@ -34,10 +35,8 @@ TEST(SolarHijriDate, EveryDayOf1206To1498_IsTheDayOfIcu) {
     const int dayOfMonth = icuCalendar->get(UCAL_DATE, status);
     ASSERT_TRUE(U_SUCCESS(status));
     const SolarHijriDate date = SolarHijriDate::FromDays(day);
-    ASSERT_EQ(date.Year(), year) << date.Text();
-    ASSERT_EQ(date.Month(), month) << date.Text();
-    ASSERT_EQ(date.Day(), dayOfMonth) << date.Text();
-    ASSERT_EQ(date.Weekday(), icuCalendar->get(UCAL_DAY_OF_WEEK, status) % 7) << date.Text();
+    ASSERT_EQ(std::tuple(date.Year(), date.Month(), date.Day(), date.Weekday()),
+              std::tuple(year, month, dayOfMonth, icuCalendar->get(UCAL_DAY_OF_WEEK, status) % 7));
     const auto back = SolarHijriDate::FromYearMonthDay(year, month, dayOfMonth);
     ASSERT_TRUE(back && back->Days() == day) << date.Text();
   }

@@ -62,20 +62,18 @@ class FormTest : public testing::Test {
 
 TEST_F(FormTest, ShownHiddenAndUnloaded_IsLoadedOnceUntilItIsUnloaded) {
   form.Unload();
-  EXPECT_THAT(calls, IsEmpty());
-  form.Show(Modality::kModeless);
-  form.Show(Modality::kModeless);  // comes to the front
-  form.Hide();
-  form.Hide();
-  form.Show(Modality::kModeless);
-  form.CloseBox();
+  for (int twice = 0; twice < 2; ++twice) {
+    form.Show(Modality::kModeless);
+    form.Show(Modality::kModeless);  // comes to the front
+    form.Hide();
+    form.CloseBox();  // hides
+  }
   form.Show(Modality::kModeless);
   form.Unload();
   EXPECT_FALSE(form.Loaded() || form.Visible());
-  form.Load();
   const std::string show = "show Sample modeless";
-  EXPECT_THAT(calls, ElementsAre("load", show, show, "hide Sample", show, "hide Sample", show,
-                                 "hide Sample", "finish", "unload Sample", "load"));
+  EXPECT_THAT(calls, ElementsAre("load", show, show, "hide Sample", show, show, "hide Sample", show,
+                                 "hide Sample", "finish", "unload Sample"));
 }
 
 TEST_F(FormTest, LoadOrUnloadThrows_StaysUnloadedOrLoadedAndUnseen) {
@@ -223,7 +221,6 @@ TEST_F(FormTest, PlaceAndFollowing_InAFrame_KeepStepWithIt) {
   controls::Following following;
   following.Begin(form.inner, [&](const controls::Change& c) { applied.push_back(c.aspect); });
   EXPECT_EQ(applied.size(), 8U);
-  EXPECT_EQ(applied.at(0), controls::Aspect::kBounds);
   applied.clear();
   form.frame.SetLeft(50);
   form.frame.SetEnabled(false);  // no matter of its parts

@@ -12,11 +12,71 @@
 #include <utility>
 #include <vector>
 
+#include "controls/FlexGrid.h"
 #include "controls/FlexGridHarness.h"
-#include "controls/GridPicture.h"
 #include "text/PersianOrder.h"
 
 namespace gridtrial {
+
+using controls::Aspect;
+using controls::Colour;
+using controls::FlexGrid;
+
+struct Cell {
+  std::string text;
+  Colour colour = 0;
+  bool operator==(const Cell&) const = default;
+};
+
+/// What can be seen of a grid.
+struct Picture {
+  std::vector<std::vector<Cell>> rows{2, std::vector<Cell>(2)};
+  int cols = 2;
+  int fixedRows = 1, fixedCols = 1;
+  int row = 1, col = 1, rowSel = 1, colSel = 1;
+  bool operator==(const Picture&) const = default;
+};
+
+inline std::size_t Size(int n) {
+  return static_cast<std::size_t>(n);
+}
+
+inline std::vector<Cell> RowOf(const FlexGrid& grid, int row) {
+  std::vector<Cell> cells;
+  for (int col = 0; col < grid.Cols(); ++col) {
+    cells.push_back({std::string(grid.TextMatrix(row, col)), grid.EffectiveBackColor(row, col)});
+  }
+  return cells;
+}
+
+/// Re-reads what a notification names.
+inline void Read(const FlexGrid& grid, const controls::Change& change, Picture& picture) {
+  if (change.aspect == Aspect::kColumns) {
+    picture.cols = grid.Cols();
+    picture.fixedRows = grid.FixedRows();
+    picture.fixedCols = grid.FixedCols();
+  } else if (change.aspect == Aspect::kRows) {
+    picture.rows.clear();
+    for (int row = 0; row < grid.Rows(); ++row) picture.rows.push_back(RowOf(grid, row));
+  } else if (change.aspect == Aspect::kCells) {
+    for (int row = change.firstRow; row <= change.lastRow; ++row) {
+      picture.rows.at(Size(row)) = RowOf(grid, row);
+    }
+  } else if (change.aspect == Aspect::kSelection) {
+    picture.row = grid.Row();
+    picture.col = grid.Col();
+    picture.rowSel = grid.RowSel();
+    picture.colSel = grid.ColSel();
+  }
+}
+
+inline Picture PictureOf(const FlexGrid& grid) {
+  Picture picture;
+  for (const Aspect aspect : {Aspect::kColumns, Aspect::kRows, Aspect::kSelection}) {
+    Read(grid, {aspect}, picture);
+  }
+  return picture;
+}
 
 inline bool Within(int n, int a, int b) {
   return n >= std::min(a, b) && n <= std::max(a, b);
@@ -185,16 +245,10 @@ class Trial {
   int Near(int count) { return Upto(count + 2) - 1; }
 
   std::string RandomText() {
-    static const std::vector<std::string> kTexts = {"",
-                                                    "",
-                                                    "a",
-                                                    "علی",
-                                                    "علي",
-                                                    "مریم",
-                                                    "1392/07/05",
-                                                    "漢漢漢",
-                                                    "شرکت پخش سراسری نمونه، شعبه ",
-                                                    "شرکت پخش سراسری نمونه، شعبه تهران"};
+    static const std::string kBeginning = "شرکت پخش سراسری نمونه، شعبه ";
+    static const std::vector<std::string> kTexts = {
+        "",     "",           "a",      "علی",      "علي",
+        "مریم", "1392/07/05", "漢漢漢", kBeginning, kBeginning + "تهران"};
     // Long ones make the grid reclaim the room of what was written over.
     if (Upto(15) == 0) return std::string(Size(Upto(9000)), static_cast<char>('a' + Upto(25)));
     return kTexts[Size(Upto(9))];

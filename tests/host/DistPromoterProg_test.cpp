@@ -34,18 +34,28 @@ class DistPromoterProgTest : public testing::Test {
   host::DistPromoterProg control{module, editor, outside.controlSite};
 };
 
-TEST_F(DistPromoterProgTest, LetAndPaint_any_markTheirKeyAndHideTheControl) {
-  control.SetUserID(1);
-  control.SetEmployeeID(2);
-  control.SetPositionID(3);
+TEST_F(DistPromoterProgTest, LetPaintAndOpen_any_tellTheSiteAndOpenTheEditorOnWhatWasLet) {
+  control.SetUserID(7);
+  control.SetEmployeeID(8);
+  control.SetPositionID(9);
   control.SetOLEConnectionString("server");
   control.Paint();
   EXPECT_THAT(outside.controlSite.log,
               ElementsAre("changed UserID", "changed UserID", "changed PositionID",
                           "changed OLEConnectionString", "height 100", "width 100", "invisible"));
+  EXPECT_FALSE(control.View(42) || control.ClearShow());
+  EXPECT_THAT(editor.opened, ElementsAre("program 42", "empty"));
+  EXPECT_EQ(module.Context().employeeId, 8);
+  EXPECT_EQ(module.Context().positionId, 9);
+  EXPECT_EQ(outside.database.Log().at(1), "spZomirHasPermission(@UserID=7, @FormPermissionID=111)");
+  EXPECT_EQ(outside.database.Calls().at(1).connectionString, "server");
 }
 
 TEST_F(DistPromoterProgTest, WriteProperties_thenRead_bringsAllFourBackAndStoresNoDefault) {
+  const auto values = [this] {
+    return std::tuple(control.UserID(), control.EmployeeID(), control.PositionID(),
+                      control.OLEConnectionString());
+  };
   control.SetEmployeeID(2);
   control.SetPositionID(3);
   control.SetOLEConnectionString("server");
@@ -53,10 +63,6 @@ TEST_F(DistPromoterProgTest, WriteProperties_thenRead_bringsAllFourBackAndStores
   EXPECT_THAT(outside.propertyBag.keys,
               ElementsAre("UserID", "PositionID", "OLEConnectionString", "EmployeeID"));
   EXPECT_FALSE(outside.propertyBag.stored.contains("UserID"));
-  const auto values = [this] {
-    return std::tuple(control.UserID(), control.EmployeeID(), control.PositionID(),
-                      control.OLEConnectionString());
-  };
   control.InitProperties();
   EXPECT_EQ(values(), std::tuple(-1, -1, -1, ""));
   control.ReadProperties(outside.propertyBag);
@@ -64,26 +70,6 @@ TEST_F(DistPromoterProgTest, WriteProperties_thenRead_bringsAllFourBackAndStores
   outside.propertyBag.stored.clear();
   control.ReadProperties(outside.propertyBag);
   EXPECT_EQ(values(), std::tuple(-1, -1, -1, ""));
-}
-
-TEST_F(DistPromoterProgTest, Open_permitted_asksOnTheHostsConnectionAndOpensTheEditor) {
-  control.SetUserID(7);
-  control.SetEmployeeID(8);
-  control.SetPositionID(9);
-  control.SetOLEConnectionString("server A");
-  EXPECT_FALSE(control.View(42));
-  EXPECT_EQ(module.Context().employeeId, 8);
-  EXPECT_EQ(module.Context().positionId, 9);
-
-  control.SetUserID(17);
-  control.SetOLEConnectionString("server B");
-  EXPECT_FALSE(control.ClearShow());
-  EXPECT_THAT(outside.database.Log(),
-              ElementsAre("spZomirHasPermission(@UserID=7, @FormPermissionID=111)",
-                          "spZomirHasPermission(@UserID=17, @FormPermissionID=111)"));
-  EXPECT_EQ(outside.database.Calls().at(0).connectionString, "server A");
-  EXPECT_EQ(outside.database.Calls().at(1).connectionString, "server B");
-  EXPECT_THAT(editor.opened, ElementsAre("program 42", "empty"));
 }
 
 }  // namespace

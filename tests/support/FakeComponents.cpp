@@ -4,6 +4,8 @@
 
 #include <ostream>
 
+#include "platform/RuntimeError.h"
+
 namespace support {
 
 using platform::AutomationValue;
@@ -27,7 +29,7 @@ class FakeNotice : public platform::AutomationObject {
   explicit FakeNotice(FakeComponents& owner) : owner_(owner) {}
 
   void Put(std::string_view member, const AutomationValue& value) override {
-    CheckMember(member);
+    Tell(owner_.beforeCall, member);
     owner_.told.emplace_back(member, value);
     if (member == "FormTitle") message_.title = std::get<std::string>(value);
     if (member == "FormMessage") message_.text = std::get<std::string>(value);
@@ -35,14 +37,13 @@ class FakeNotice : public platform::AutomationObject {
   }
 
   AutomationValue Get(std::string_view member) override {
-    CheckMember(member);
-    if (member != "Resualt") NoSuchMember(member);
+    Tell(owner_.beforeCall, member);
+    if (member != "Resualt") throw RuntimeError(platform::kNoSuchMember, "no such member");
     return static_cast<std::int32_t>(result_);
   }
 
   AutomationValue Call(std::string_view member, std::span<const AutomationValue>) override {
-    CheckMember(member);
-    if (member != "ClearShow") NoSuchMember(member);
+    Tell(owner_.beforeCall, member);
     owner_.told.emplace_back(member, std::monostate());
     owner_.messages.push_back(message_);
     owner_.events_.push_back(testing::PrintToString(message_));
@@ -51,15 +52,6 @@ class FakeNotice : public platform::AutomationObject {
   }
 
  private:
-  void CheckMember(std::string_view member) const {
-    Tell(owner_.beforeCall, member);
-    if (owner_.missingMembers.contains(member)) NoSuchMember(member);
-  }
-  [[noreturn]] static void NoSuchMember(std::string_view member) {
-    throw RuntimeError(platform::kNoSuchMember,
-                       "Object doesn't support this property or method: " + std::string(member));
-  }
-
   FakeComponents& owner_;
   Message message_;
   Answer result_ = Answer::kClosed;
@@ -76,7 +68,6 @@ std::unique_ptr<platform::AutomationObject> FakeComponents::Create(std::string_v
   if (progId != "comNotice.comNTC") {
     throw RuntimeError(platform::kCannotCreateComponent, "ActiveX component can't create object");
   }
-  if (createError) throw RuntimeError(*createError);
   return std::make_unique<FakeNotice>(*this);
 }
 

@@ -5,15 +5,12 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
-#include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/ComponentFactory.h"
-#include "platform/RuntimeError.h"
 #include "support/Events.h"
 
 namespace support {
@@ -72,11 +69,6 @@ class FakeComponents : public platform::ComponentFactory {
   /// All that the message components were told, in order: property names and values, and
   /// "ClearShow" with monostate.
   std::vector<std::pair<std::string, platform::AutomationValue>> told;
-
-  /// When set, the message component cannot be made and this is what Create throws.
-  std::optional<platform::RuntimeError> createError;
-  /// Members of the message component that throw 438.
-  std::set<std::string, std::less<>> missingMembers;
 
   /// Other components by their programmatic id.
   std::map<std::string, std::function<std::unique_ptr<platform::AutomationObject>()>, std::less<>>

@@ -29,9 +29,8 @@ namespace support {
 class FakeClock : public platform::Clock {
  public:
   std::chrono::sys_days today = std::chrono::year{2025} / std::chrono::March / std::chrono::day{21};
-  int minutesSinceMidnight = 8 * 60 + 30;
   std::chrono::sys_days Today() const override { return today; }
-  int MinutesSinceMidnight() const override { return minutesSinceMidnight; }
+  int MinutesSinceMidnight() const override { return 8 * 60 + 30; }
 };
 
 class FakeKeyboard : public platform::Keyboard {
@@ -61,12 +60,6 @@ class FakeFileDialog : public platform::FileDialog {
 class FakeExcel : public platform::Excel {
  public:
   using Position = std::pair<int, int>;  // row and column, from 1
-  bool installed = true;
-  /// Writing this cell fails with failure.
-  std::optional<Position> failAt;
-  /// Finishing fails with failure.
-  bool failFinish = false;
-  platform::RuntimeError failure{1004, "Application-defined or object-defined error"};
   BeforeCall beforeCall;
 
   bool visible = false;
@@ -75,8 +68,6 @@ class FakeExcel : public platform::Excel {
   int finished = 0;
   /// Every cell in the order of writing.
   std::vector<std::pair<Position, std::string>> written;
-  /// Empty where nothing was written.
-  std::string CellText(int row, int column) const;
   std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
 };
 

@@ -40,16 +40,14 @@ RowSet RowSetOf(const std::vector<std::string>& columns,
   return result;
 }
 
-RowSet Replies::Next() {
-  if (replies_.empty()) throw std::logic_error("a scripted statement without a reply");
-  const auto reply = replies_.front();
-  if (replies_.size() > 1) replies_.pop_front();
-  if (const auto* error = std::get_if<RuntimeError>(&reply)) throw RuntimeError(*error);
-  return std::get<RowSet>(reply);
+std::unique_ptr<platform::Connection> ScriptedDatabase::Create(
+    const std::string& connectionString) {
+  connectionStrings.push_back(connectionString);
+  return std::make_unique<RecordingConnection>(*this, connectionString);
 }
 
-Replies& ScriptedDatabase::When(Statement statement) {
-  script_.emplace_front(std::move(statement), Replies());
+Reply& ScriptedDatabase::When(Statement statement) {
+  script_.emplace_front(std::move(statement), Reply());
   return script_.front().second;
 }
 
@@ -75,14 +73,13 @@ std::vector<std::string> ScriptedDatabase::Statements(std::string_view part) con
 void ScriptedDatabase::Record(Call call) {
   events_.push_back((call.procedure ? "procedure: " : "statement: ") + call.text);
   calls_.push_back(std::move(call));
-  if (failAlways_) throw RuntimeError(*failAlways_);
   if (callsUntilFailure_ > 0 && --callsUntilFailure_ == 0) throw RuntimeError(*failOnce_);
 }
 
 RowSet ScriptedDatabase::Execute(const std::string& connectionString, std::string_view statement) {
   Record({.connectionString = connectionString, .text = std::string(statement)});
-  for (auto& [fits, replies] : script_) {
-    if (fits(statement)) return replies.Next();
+  for (const auto& [fits, reply] : script_) {
+    if (fits(statement)) return reply.make_();
   }
   return IsSelect(statement) ? RowSet(defaultColumns_) : RowSet();
 }
@@ -99,15 +96,6 @@ std::int32_t ScriptedDatabase::CallProcedure(const std::string& connectionString
   Record({.connectionString = connectionString, .text = line, .procedure = true});
   if (name != "spZomirHasPermission") return 0;
   return refused_.contains(std::get<std::int32_t>(parameters[1].value)) ? 0 : 1;
-}
-
-RowSet RecordingConnection::Execute(std::string_view statement) {
-  return database_.Execute(connectionString_, statement);
-}
-
-std::int32_t RecordingConnection::CallProcedure(std::string_view name,
-                                                std::span<const Parameter> parameters) {
-  return database_.CallProcedure(connectionString_, name, parameters);
 }
 
 }  // namespace support

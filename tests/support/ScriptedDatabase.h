@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <deque>
 #include <functional>
 #include <list>
 #include <memory>
@@ -9,7 +7,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "platform/Connection.h"
@@ -40,28 +37,25 @@ inline Statement Holding(std::string text) {
   };
 }
 
-/// The replies to one kind of statement, in order; the last one stays for all later statements.
-class Replies {
+/// The reply to one kind of statement.
+class Reply {
  public:
-  Replies& Gives(platform::RowSet rows) {
-    replies_.emplace_back(std::move(rows));
-    return *this;
+  void Gives(platform::RowSet rows) {
+    make_ = [rows = std::move(rows)] { return rows; };
   }
-  Replies& Fails(platform::RuntimeError error) {
-    replies_.emplace_back(std::move(error));
-    return *this;
+  void Fails(const platform::RuntimeError& error) {
+    make_ = [error]() -> platform::RowSet { throw platform::RuntimeError(error); };
   }
 
  private:
   friend class ScriptedDatabase;
-  platform::RowSet Next();
-  std::deque<std::variant<platform::RowSet, platform::RuntimeError>> replies_;
+  std::function<platform::RowSet()> make_;
 };
 
 /// What stands behind every RecordingConnection of a test: the script of replies and the record of
-/// what was asked. Of several kinds that fit a statement the one scripted last replies. A SELECT
+/// what was asked. Of several replies that fit a statement the one scripted last is given. A SELECT
 /// that no script fits finds no rows; any other statement succeeds; every permission is held.
-class ScriptedDatabase {
+class ScriptedDatabase : public platform::ConnectionFactory {
  public:
   struct Call {
     std::string connectionString;
@@ -71,17 +65,16 @@ class ScriptedDatabase {
 
   explicit ScriptedDatabase(Events& events) : events_(events) {}
 
-  /// Most connections that ever lived at once.
-  int mostConnections = 0;
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+  /// The strings of all connections made, in order.
+  std::vector<std::string> connectionStrings;
 
-  /// Scripts replies: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
-  Replies& When(Statement statement);
+  /// Scripts a reply: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
+  Reply& When(Statement statement);
   /// The columns that a SELECT without a script returns.
   void SetDefaultColumns(std::vector<std::string> columns) { defaultColumns_ = std::move(columns); }
   /// The n-th call from now on (statement or procedure, 1 is the next) fails.
   void FailAtCall(std::size_t n, platform::RuntimeError error);
-  /// Every call fails from now on, as with a server that is gone.
-  void FailAlways(platform::RuntimeError error) { failAlways_ = std::move(error); }
   /// The user does not hold this permission.
   void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
 
@@ -101,13 +94,11 @@ class ScriptedDatabase {
   void Record(Call call);
 
   Events& events_;
-  std::list<std::pair<Statement, Replies>> script_;
+  std::list<std::pair<Statement, Reply>> script_;
   std::vector<std::string> defaultColumns_{"ID"};
   std::set<std::int32_t> refused_;
-  std::optional<platform::RuntimeError> failAlways_;
   std::optional<platform::RuntimeError> failOnce_;
   std::size_t callsUntilFailure_ = 0;
-  int connections_ = 0;
   std::vector<Call> calls_;
 };
 
@@ -115,33 +106,18 @@ class ScriptedDatabase {
 class RecordingConnection : public platform::Connection {
  public:
   RecordingConnection(ScriptedDatabase& database, std::string connectionString)
-      : database_(database), connectionString_(std::move(connectionString)) {
-    database_.mostConnections = std::max(database_.mostConnections, ++database_.connections_);
+      : database_(database), connectionString_(std::move(connectionString)) {}
+  platform::RowSet Execute(std::string_view statement) override {
+    return database_.Execute(connectionString_, statement);
   }
-  ~RecordingConnection() override { --database_.connections_; }
-  RecordingConnection(const RecordingConnection&) = delete;
-  RecordingConnection& operator=(const RecordingConnection&) = delete;
-  platform::RowSet Execute(std::string_view statement) override;
   std::int32_t CallProcedure(std::string_view name,
-                             std::span<const platform::Parameter> parameters) override;
+                             std::span<const platform::Parameter> parameters) override {
+    return database_.CallProcedure(connectionString_, name, parameters);
+  }
 
  private:
   ScriptedDatabase& database_;
   std::string connectionString_;
-};
-
-class FakeConnectionFactory : public platform::ConnectionFactory {
- public:
-  explicit FakeConnectionFactory(ScriptedDatabase& database) : database_(database) {}
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
-    connectionStrings.push_back(connectionString);
-    return std::make_unique<RecordingConnection>(database_, connectionString);
-  }
-  /// The strings of all connections made, in order.
-  std::vector<std::string> connectionStrings;
-
- private:
-  ScriptedDatabase& database_;
 };
 
 }  // namespace support

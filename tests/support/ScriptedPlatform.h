@@ -22,7 +22,6 @@ namespace support {
 struct ScriptedPlatform {
   Events events;
   ScriptedDatabase database{events};
-  FakeConnectionFactory connections{database};
   FakeScreen screen{events};
   FakeComponents components{events};
   FakeClock clock;
@@ -54,13 +53,13 @@ struct ScriptedPlatform {
     controlSite.log.clear();
   }
 
-  host::Services Services() { return All(connections, excel, fileSystem); }
+  host::Services Services() { return All(database, excel, fileSystem); }
   /// The same with one that is not scripted.
   host::Services Services(platform::ConnectionFactory& real) {
     return All(real, excel, fileSystem);
   }
-  host::Services Services(platform::Excel& real) { return All(connections, real, fileSystem); }
-  host::Services Services(platform::FileSystem& real) { return All(connections, excel, real); }
+  host::Services Services(platform::Excel& real) { return All(database, real, fileSystem); }
+  host::Services Services(platform::FileSystem& real) { return All(database, excel, real); }
 
  private:
   host::Services All(platform::ConnectionFactory& connecting, platform::Excel& copying,

@@ -56,8 +56,7 @@ TEST(PersianOrder, compare_textsFromFirstToLast_everyPairInThatOrder) {
       "10", "2", "9", "A", "B", "Z", "a", "aB", "ab", "z",
       // Words: the end of a text comes before any character.
       "آب", "آباد", "آبان", "ابر", "احمد", "احمد رضا", "احمدی", "ءب", "أب", "إب", "ئب", "باران",
-      "پارس", "تهران", "جهان", "چابهار", "خانه", "ذوب", "رشت", "زابل", "ژاله", "ساری", "قم",
-      "کاشان", "گرگان", "لار", "مشهد", "نور", "ورامین", "همدان", "ةب", "یزد",
+      "پارس", "ورامین", "همدان", "ةب", "یزد",
       // Without a rank, by code point; the last is no UTF-8.
       "é", "Ж", "€", "漢", "\xF0\x9F\x98\x80", "\xFF"};
   for (std::size_t i = 0; i < ordered.size(); ++i) {

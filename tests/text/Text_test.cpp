@@ -20,21 +20,17 @@ TEST(LeadingNumber, Text_IsReadUntilWhatFitsNoMore) {
       {0, {"",     " ",   "abc", "-",     ".",        "-.",    "+-1",
            "e5",   ".e5", "inf", "nan",   "۱۲",       ",5",    "(5)",
            "0x10", "&H",  "&5",  "-&H10", "123e-400", "0e400", "0." + std::string(400, '0') + "1"}},
-      {14020509, {"14020509"}},
-      {7, {"007"}},
       {12, {"12۳"}},
       {1, {"1,234", "1\r2", "1e", "1e+", "1ee3", "1f3", "&o18", manyDigits + "e-400"}},
       {1.5, {"1.5.2", "1 . 5"}},
-      {5, {"5.", ".5e1"}},
+      {5, {"005.", ".5e1"}},
       {-0.5, {"-.5"}},
       {3, {"+3", "3-2"}},
-      {1402, {"1402/05/09"}},
       {123, {"\t1\n2 3"}},
       {-5, {"- 5"}},
       {0.01, {"1 e - 2"}},
       {31, {"& H 1 F"}},
-      {1000, {"1E3", "1d3", "1D+3", "1e3.5"}},
-      {50, {"5.e1"}},
+      {1000, {"1E3", "1d3", "1.D+3", "1e3.5"}},
       {255, {"&hfF"}},
       {15, {"&HFG"}},
       {32767, {"&H7FFF"}},
@@ -93,7 +89,6 @@ TEST(TrimAndReplace, Text_LosesBlanksAtItsEndsAndIsReplacedOnceFromTheLeft) {
 TEST(Mid, Text_IsCountedInCharactersAndStaysInsideBrokenUtf8) {
   EXPECT_EQ(text::Mid("فروردين", 1, 3), "فرو");
   EXPECT_EQ(text::Mid("فروردين", 6, 20), "ين");
-  EXPECT_EQ(text::Mid("فروردين", 8, 2), "");
   EXPECT_EQ(text::Mid("abc", 2, 0), "");
   EXPECT_EQ(text::Length("a😀b"), 3U);
   EXPECT_EQ(text::Mid("\xD9", 1, 5), "\xD9");

@@ -8,33 +8,20 @@
 
 namespace {
 
-using support::RowSetOf;
-using testing::ElementsAre;
-
 // Template 31 has a path, 32 has none, 33 is gone.
-class FormPrintTest : public testing::Test {
- protected:
-  FormPrintTest() {
-    form.Load();
-    for (const std::int32_t id : {31, 32, 33}) {
-      form.cmbReport().AddItem(std::to_string(id));
-      form.cmbReport().SetItemData(form.cmbReport().NewIndex(), id);
-    }
-    const auto row = [this](const std::string& id, std::vector<std::vector<support::Cell>> path) {
-      outside.database.When(support::Exact("Select * From tblZomirReportTemplate Where ID = " + id))
-          .Gives(RowSetOf({"FilePath"}, path));
-    };
-    row("31", {{"a.html"}});
-    row("32", {{std::nullopt}});
-    row("33", {});
-  }
-
+TEST(FormPrint, Confirm_ByEitherButton_KeepsThePathBeyondTheUnloadOrSaysWhatIsMissing) {
   support::ScriptedPlatform outside;
-  host::modMain module{outside.Services()};
-  tools::FormPrint form{module};
-};
-
-TEST_F(FormPrintTest, Confirm_ByEitherButton_KeepsThePathBeyondTheUnload) {
+  host::modMain module(outside.Services());
+  tools::FormPrint form(module);
+  const std::vector<std::vector<support::Cell>> paths[] = {{{"a.html"}}, {{std::nullopt}}, {}};
+  form.Load();
+  for (const int item : {0, 1, 2}) {
+    const std::string id = std::to_string(31 + item);
+    form.cmbReport().AddItem(id);
+    form.cmbReport().SetItemData(item, 31 + item);
+    outside.database.When(support::Exact("Select * From tblZomirReportTemplate Where ID = " + id))
+        .Gives(support::RowSetOf({"FilePath"}, paths[item]));
+  }
   const struct {
     controls::Button& button;
     int item;
@@ -51,17 +38,14 @@ TEST_F(FormPrintTest, Confirm_ByEitherButton_KeepsThePathBeyondTheUnload) {
     EXPECT_EQ(form.Loaded(), c.error != 0);
     EXPECT_EQ(form.TemplateFilePath(), c.path);
   }
-}
-
-TEST_F(FormPrintTest, Confirm_WithoutAChoice_SaysSoAndStays) {
   outside.screen.OnModal([&](controls::Form& shown) {
     form.cmbReport().Clear();
     for (controls::Button* button : {&form.cmdOk, &form.cmdPrint}) {
       outside.events.clear();
       button->Click();
       EXPECT_THAT(outside.events,
-                  ElementsAre("focus cmbReport",
-                              "message: هشدار | قالب گزارش مشخص نيست، آنرا مشخص سازيد."));
+                  testing::ElementsAre("focus cmbReport",
+                                       "message: هشدار | قالب گزارش مشخص نيست، آنرا مشخص سازيد."));
       EXPECT_TRUE(shown.Visible());
     }
   });

@@ -40,18 +40,6 @@ class FormSendToTextFileTest : public testing::Test {
   std::string delimiter;
 };
 
-TEST_F(FormSendToTextFileTest, Confirmed_GivesTheDelimiter) {
-  for (const auto& [typed, expected] : {std::pair("^t", "\t"), {"^t=Tab", "^t=Tab"}, {"^", "^"}}) {
-    EXPECT_TRUE(Ask([&, text = typed](FormSendToTextFile& f) {
-      EXPECT_EQ(f.txtDelimiter.Text(), "^t");
-      f.txtDelimiter.SetText(text);
-      Choose("a.txt");
-      f.cmdOk.Click();
-    }));
-    EXPECT_EQ(delimiter, expected);
-  }
-}
-
 TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
   EXPECT_FALSE(Ask([this](FormSendToTextFile& f) {
     f.cmdSave.Click();  // the dialog is cancelled: nothing chosen
@@ -66,20 +54,27 @@ TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
               testing::Each(std::pair<std::string, std::string>{"", "فايل متني"}));
 }
 
-TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAbout) {
+TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAboutAndConfirmedGivesTheDelimiter) {
   outside.fileSystem.files = {{"old.txt", ""}};
-  for (const auto& [answer, shown] : {std::pair(Answer::kNo, "first.txt"),
-                                      {Answer::kYes, "old.txt"},
-                                      {Answer::kClosed, "old.txt"}}) {
+  const struct {
+    Answer answer;
+    std::string shown, typed, delimiter;
+  } cases[] = {{Answer::kNo, "first.txt", "^t", "\t"},
+               {Answer::kYes, "old.txt", "^t=Tab", "^t=Tab"},
+               {Answer::kClosed, "old.txt", "^", "^"}};
+  for (const auto& c : cases) {
     outside.components.messages.clear();
-    outside.components.WillAnswer({answer});
-    const auto fileName = Ask([&, text = shown](FormSendToTextFile& f) {
+    outside.components.WillAnswer({c.answer});
+    const auto fileName = Ask([&](FormSendToTextFile& f) {
+      EXPECT_EQ(f.txtDelimiter.Text(), "^t");
+      f.txtDelimiter.SetText(c.typed);
       Choose("first.txt");
       Choose("old.txt");
-      EXPECT_EQ(f.txtSaveFileName.Text(), text);
+      EXPECT_EQ(f.txtSaveFileName.Text(), c.shown);
       f.cmdOk.Click();
     });
     EXPECT_EQ(fileName, "old.txt") << "the declined path too stays the stored one";
+    EXPECT_EQ(delimiter, c.delimiter);
     EXPECT_THAT(outside.components.messages,
                 ElementsAre(Message{"هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟", 1}));
     EXPECT_EQ(outside.fileDialog.shown.back().first, "first.txt") << "offers the current name";
