@@ -119,10 +119,6 @@ class FakeControlSite : public platform::ControlSite {
 class FakeFileSystem : public platform::FileSystem {
  public:
   std::map<std::string, std::string> files;
-  /// Creating any file, or writing after this many bytes, fails with failure.
-  bool failCreate = false;
-  std::optional<std::size_t> failAfterBytes;
-  platform::RuntimeError failure{70, "Permission denied"};
   BeforeCall beforeCall;
   bool FileExists(const std::string& path) override {
     Tell(beforeCall, "FileExists");

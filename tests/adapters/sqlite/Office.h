@@ -8,6 +8,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/PlainDatabase.h"
 #include "platform/ResumeNext.h"
+#include "support/Lines.h"
 #include "support/TestFolder.h"
 
 namespace adapters::sqlite {
@@ -48,19 +49,7 @@ INSERT INTO tblDistributionPromoterProgramDetail VALUES
   (1, 8, '1404/01/03', '20250323', 5, NULL, 3);
 )sql";
 
-/// A row a line, cells joined by "|", NULL as "~".
-inline std::string Lines(const platform::RowSet& rows) {
-  std::string lines;
-  for (std::size_t row = 0; row < rows.RowCount(); ++row) {
-    if (row > 0) lines += "\n";
-    for (std::size_t column = 0; column < rows.ColumnCount(); ++column) {
-      if (column > 0) lines += "|";
-      const auto cell = rows.Cell(row, column);
-      lines += cell ? std::string(*cell) : "~";
-    }
-  }
-  return lines;
-}
+using support::Lines;
 
 /// A small office in a file: the tables that statements of the module name, with a row or two.
 class Office {
