@@ -38,22 +38,15 @@ void FormMain::ReadInstallDirectory() {
   rows.Close();
 }
 
-void FormMain::LoadForContext() {
-  const std::string& connectionString = module_.Context().connectionString;
-  if (Loaded() && loadedFor_ != connectionString) Unload();
-  Load();
-  loadedFor_ = connectionString;
-}
-
 bool FormMain::ClearShow() {
-  LoadForContext();
+  Load();
   ShowEmpty();
   ShowForm();
   return false;
 }
 
 bool FormMain::View(std::int32_t inProgramID) {
-  LoadForContext();
+  Load();
   OpenProgram(inProgramID);
   ShowForm();
   return false;

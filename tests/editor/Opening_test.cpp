@@ -95,15 +95,35 @@ TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModal) {
   EXPECT_EQ(outside.screen.log.at(outside.screen.log.size() - 2), "show FormMain modal");
 }
 
-TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
+TEST_F(EditorTest, Dialogs_EditorClosedAndReopened_KeepTheirContentsUntilAllIsUnloaded) {
   form.View(40);
-  batch::FormAddBatch& dialog = form.BatchForm();
-  dialog.Load();
+  const auto use = [this](const std::string& before, const std::string& typed) {
+    outside.screen.OnModalForm<batch::FormAddBatch>([&](batch::FormAddBatch& f) {
+      EXPECT_EQ(f.txtNotes.Text(), before);
+      f.txtNotes.SetText(typed);
+    });
+    outside.screen.OnModalForm<search::FormSearch>([&](search::FormSearch& f) {
+      EXPECT_EQ(f.txtID.Text(), before);
+      f.txtID.SetText(typed);
+    });
+    form.cmdAddBatch.Click();
+    form.cmdSearch.Click();
+  };
+  use("", "12");
+  form.CloseBox();
+  form.View(40);
+  use("12", "13");
+  form.UnloadAll();
+  EXPECT_FALSE(form.Loaded());
   module.SetContext({.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "other"});
   form.View(40);
-  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(3)) << "editor, batch form, editor";
-  EXPECT_TRUE(form.Visible());
-  EXPECT_FALSE(form.BatchForm().Loaded());
+  use("", "14");
+  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(5))
+      << "the editor thrice, the batch form twice";
+  EXPECT_THAT(support::SelectorReads(form, outside.database),
+              ElementsAre("sltCreator other: vwUserMajor vwUserMinor",
+                          "sltSupervisor other: vwSaleSupervisorMajor vwSaleSupervisorMinor",
+                          "sltBranch other: vwAccountBranchMajor vwAccountBranchMinor"));
 }
 
 TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
