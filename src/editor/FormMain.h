@@ -29,7 +29,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   explicit FormMain(host::modMain& module);
 
   /// Both show the form, modally when modeless showing is refused (the host itself shows a modal
-  /// form); both return false.
+  /// form); both return false. What fails in showing is passed over: a visible form stays up.
   bool ClearShow() override;
   bool View(std::int32_t inProgramID) override;
   void UnloadAll() override;

@@ -54,7 +54,7 @@ bool FormMain::View(std::int32_t inProgramID) {
 
 void FormMain::ShowForm() {
   if (platform::ResumeNext([this] { Show(controls::Modality::kModeless); }) != 0) {
-    Show(controls::Modality::kModal);
+    platform::ResumeNext([this] { Show(controls::Modality::kModal); });
   }
 }
 

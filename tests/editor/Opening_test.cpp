@@ -88,11 +88,15 @@ TEST_F(EditorTest, View_HeaderWithNulls_SelectsNothing) {
   EXPECT_EQ(form.datCreateDate.Text(), "1404/02/01") << "keeps the day it was cleared to";
 }
 
-TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModal) {
+TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModalAndAVisibleFormStaysUp) {
   outside.screen.hostIsModal = true;
-  outside.screen.OnModal([](controls::Form&) {});
-  form.ClearShow();
-  EXPECT_EQ(outside.screen.log.at(outside.screen.log.size() - 2), "show FormMain modal");
+  outside.screen.OnModal([this](controls::Form&) {
+    EXPECT_FALSE(form.View(40));  // neither way can it be shown once more
+    EXPECT_EQ(form.txtID.Text(), "40");
+    EXPECT_TRUE(form.Visible());
+  });
+  EXPECT_FALSE(form.ClearShow());
+  EXPECT_THAT(outside.screen.log, testing::Contains("show FormMain modal").Times(1));
 }
 
 TEST_F(EditorTest, Dialogs_EditorClosedAndReopened_KeepTheirContentsUntilAllIsUnloaded) {
