@@ -177,6 +177,13 @@ TEST_F(EditorTest, Resize_LeavesNoControlOutsideTheForm) {
     EXPECT_NEAR(form.cmdSearch.Left(), 150, 0.01);
     EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), width - 150, 0.01);
   }
+  for (const auto& [width, height, edge] : {std::tuple(3999.0, 15000.0, 24000.0),
+                                            {24000.0, 3999.0, 24000.0},
+                                            {4000.0, 4000.0, 4000.0}}) {
+    form.Resize(width, height);
+    EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), edge - 150, 0.01) << width;
+    EXPECT_NEAR(form.cmdAddBatch.Top(), (edge == 4000 ? 4000 : 15000) - 570, 0.01) << height;
+  }
 }
 
 }  // namespace
