@@ -81,4 +81,8 @@ TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAboutAndConfirmedGivesTheDeli
   }
 }
 
+TEST_F(FormSendToTextFileTest, Dialog_ThatCannotBeShown_IsNotConfirmed) {
+  EXPECT_FALSE(Ask([](FormSendToTextFile&) { throw platform::RuntimeError(7, "no window"); }));
+}
+
 }  // namespace
