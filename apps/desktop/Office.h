@@ -25,8 +25,8 @@ std::string SampleOfficePath(const Options& options);
 void EnsureSampleOffice(const std::string& path, const Options& options);
 
 /// The connection string of what the options name or, where they name nothing, of the sample office
-/// at `made`, which is then ensured. Throws RuntimeError, 53 with the way to make one when a file is
-/// named that is not there.
+/// at `made`, which is then ensured. Throws RuntimeError, 53 with the way to make one when a file
+/// is named that is not there.
 std::string OfficeToOpen(const Options& options, const std::string& made);
 
 /// Makes the sample office where options.connect says, in a server's empty database or in a file
