@@ -142,7 +142,7 @@ TEST_F(ServerOffice, EnglishDate_OfEveryDayAndOfNone_IsTheCalendarsOwn) {
   for (int year = 1206; year <= 1498; ++year) {
     for (int month = 0; month <= 13; ++month) {
       for (int day = 0; day <= 32; ++day) {
-        char farsi[16];
+        char farsi[40];
         std::snprintf(farsi, sizeof farsi, "%04d/%02d/%02d", year, month, day);
         add(farsi);
       }
