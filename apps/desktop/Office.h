@@ -24,6 +24,11 @@ std::string SampleOfficePath(const Options& options);
 /// Throws RuntimeError.
 void EnsureSampleOffice(const std::string& path, const Options& options);
 
+/// The connection string of what the options name or, where they name nothing, of the sample office
+/// at `made`, which is then ensured. Throws RuntimeError, 53 with the way to make one when a file
+/// is named that is not there.
+std::string OfficeToOpen(const Options& options, const std::string& made);
+
 /// Makes the sample office where options.connect says, in a server's empty database or in a file
 /// that is not there yet, and says on the terminal how it goes. The office looks for its report
 /// templates in the user's data folder. Throws RuntimeError.

@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "calendar/Gregorian.h"
@@ -36,6 +37,17 @@ std::chrono::sys_days Date(const std::string& option, const std::string& value) 
   return *day;
 }
 
+/// It goes into the statements of the schema as it is.
+std::string Collation(const std::string& value) {
+  constexpr std::size_t kLongest = 128;
+  const bool isName = std::ranges::all_of(value, [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+  });
+  if (isName && value.size() <= kLongest) return value;
+  throw UsageError("--collation wants a collation's name, letters, digits and _, not " +
+                   Quoted(value) + ".");
+}
+
 void CheckTogether(const Options& options) {
   const bool tour = !options.tourDirectory.empty();
   const bool replay = !options.replayFile.empty();
@@ -44,6 +56,9 @@ void CheckTogether(const Options& options) {
   }
   if (options.loadSample && options.connect.empty()) {
     throw UsageError("--load-sample wants --connect, which says where to.");
+  }
+  if (!options.collation.empty() && !options.loadSample) {
+    throw UsageError("--collation wants --load-sample.");
   }
   if (replay && options.connect.empty() && options.database.empty()) {
     throw UsageError("--replay wants --connect or --database, which say where to.");
@@ -73,6 +88,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       options.connect = value();
     } else if (option == "--load-sample") {
       options.loadSample = true;
+    } else if (option == "--collation") {
+      options.collation = Collation(value());
     } else if (option == "--sample-date") {
       options.sampleDate = Date(option, value());
     } else if (option == "--replay") {
@@ -106,6 +123,8 @@ const char* HelpText() {
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
   --load-sample      with --connect: make the sample office there, in a database that has none of
                      its tables (or a new file), all or nothing
+  --collation NAME   with --load-sample on a server: the collation of the columns that people read,
+                     instead of Persian_100_CI_AS
   --replay FILE      with --connect or --database: send each statement of FILE (batches separated
                      by a line "go") there; print its number of rows and a digest of them, or its
                      error

@@ -19,7 +19,8 @@ struct Options {
   std::int32_t program = 0;                         // program to open; 0: the editor opens empty
   std::string tourDirectory;                        // empty: no tour
   bool loadSample = false;                          // make the sample office where `connect` says
-  std::string replayFile;                           // statements to send; empty: none
+  std::string collation;   // of its text columns on a server; empty: as usual
+  std::string replayFile;  // statements to send; empty: none
   bool help = false;
 };
 

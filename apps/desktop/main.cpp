@@ -154,22 +154,19 @@ int Run(QApplication& application, const desktop::Options& options) {
   desktop.Guard().SetProgramGoesOn(false);
   const bool tour = !options.tourDirectory.empty();
   std::optional<QTemporaryDir> dropped;
-  std::string connectionString = options.connect;
-  if (connectionString.empty()) {
-    std::string file = options.database;
-    bool there = !file.empty();
-    if (!there) {
-      if (tour) dropped.emplace();
-      file =
-          tour ? dropped->filePath("office.db").toStdString() : desktop::SampleOfficePath(options);
-      desktop.Guard().Run([&] {
-        desktop::EnsureSampleOffice(file, options);
-        there = true;
-      });
-    }
-    if (!there) return EXIT_FAILURE;
-    connectionString = "sqlite:" + file;
+  std::string connectionString;
+  const auto prepare = [&] {
+    if (tour) dropped.emplace();
+    connectionString =
+        desktop::OfficeToOpen(options, tour ? dropped->filePath("office.db").toStdString()
+                                            : desktop::SampleOfficePath(options));
+  };
+  if (tour) {
+    prepare();  // nobody is there to close a message
+  } else {
+    desktop.Guard().Run(prepare);
   }
+  if (connectionString.empty()) return EXIT_FAILURE;
   if (!tour) {
     return OpenEditor(desktop, options, connectionString) ? application.exec() : EXIT_FAILURE;
   }
@@ -186,18 +183,27 @@ int Run(QApplication& application, const desktop::Options& options) {
 /// What is done on the terminal, without screens.
 int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
   const QCoreApplication application(argc, argv);
-  try {
-    if (!options.loadSample) {
-      return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
-    }
-    desktop::LoadSample(options);
-    return EXIT_SUCCESS;
-  } catch (const platform::RuntimeError& error) {
-    std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
+  if (!options.loadSample) {
+    return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
   }
-  return EXIT_FAILURE;
+  desktop::LoadSample(options);
+  return EXIT_SUCCESS;
+}
+
+int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
+  if (!HasDisplay()) {
+    if (options.tourDirectory.empty()) {
+      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
+                 stderr);
+      return EXIT_FAILURE;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
+  previousHandler = qInstallMessageHandler(HandleMessage);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("promoter-desktop");
+  adapters::qt::ApplyTheme(application);
+  return Run(application, options);
 }
 
 /// Every user of the machine can list the arguments of a running program.
@@ -223,18 +229,19 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
-  if (options.loadSample || !options.replayFile.empty()) return RunOnTerminal(argc, argv, options);
-  if (!HasDisplay()) {
-    if (options.tourDirectory.empty()) {
-      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-                 stderr);
-      return EXIT_FAILURE;
-    }
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  const bool replay = !options.replayFile.empty();
+  if (!replay && options.tourDirectory.empty() && qEnvironmentVariableIsEmpty("HOME")) {
+    // Qt would take the root folder for it.
+    std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);
+    return EXIT_FAILURE;
   }
-  previousHandler = qInstallMessageHandler(HandleMessage);
-  QApplication application(argc, argv);
-  QApplication::setApplicationName("promoter-desktop");
-  adapters::qt::ApplyTheme(application);
-  return Run(application, options);
+  try {
+    return options.loadSample || replay ? RunOnTerminal(argc, argv, options)
+                                        : RunOnScreen(argc, argv, options);
+  } catch (const platform::RuntimeError& error) {
+    std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+  }
+  return EXIT_FAILURE;
 }

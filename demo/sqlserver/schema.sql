@@ -1,7 +1,8 @@
 -- The sample office on SQL Server 2012 and later: the tables, views and indexes of demo/Schema.cpp
 -- under the same names, with the same columns. ./run --load-sample loads this file, functions.sql,
 -- procedures.sql and the data, all or nothing, into a database that has none of these tables.
--- Nothing here drops anything. Batches are separated by lines of "go".
+-- Nothing here drops anything. Batches are separated by lines of "go". With --collation NAME it puts
+-- that name in the place of Persian_100_CI_AS.
 --
 -- Collation. Two kinds matter, for different things.
 -- That of the database: the module writes texts as 'literals' without N, which the server turns

@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "adapters/sqlite/Database.h"
+
 namespace adapters::sqlite {
 
 namespace {
@@ -86,7 +88,15 @@ Report OutOfMemory() {
           "statement."};
 }
 
-Report FileReport(int extendedCode, const std::string& file) {
+Report NoSpace(const std::string& named) {
+  return {
+      kNoSpace,
+      "براي نوشتن در پايگاه داده " + named +
+          " جا نيست و چيزي ثبت نشد؛ روي ديسك جا باز كنيد و دوباره تلاش كنيد. Could not allocate "
+          "space."};
+}
+
+Report FileReport(int extendedCode, const std::string& file, sqlite3* database) {
   const std::string named = Quoted(file);
   switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
@@ -100,10 +110,7 @@ Report FileReport(int extendedCode, const std::string& file) {
                                      " فقط خواندني است و چيزي در آن ثبت نشد. Failed to update "
                                      "database because the database is read-only."};
     case SQLITE_FULL:
-      return {kNoSpace,
-              "براي نوشتن در پايگاه داده " + named +
-                  " جا نيست و چيزي ثبت نشد؛ روي ديسك جا باز كنيد و دوباره تلاش كنيد. Could not "
-                  "allocate space."};
+      return NoSpace(named);
     case SQLITE_NOTADB:
       return {kCannotOpenDatabase, "فايل " + named + " پايگاه داده نيست. Cannot open database."};
     case SQLITE_CANTOPEN:
@@ -111,11 +118,21 @@ Report FileReport(int extendedCode, const std::string& file) {
     case SQLITE_AUTH:
       return {kCannotOpenDatabase, "فايل پايگاه داده " + named + " باز نشد. Cannot open database."};
     case SQLITE_CORRUPT:
+      if (IsWithoutLocks(database)) {
+        return {
+            kInconsistentFile,
+            "پايگاه داده " + named +
+                " بدون قفل خوانده شد، زيرا در پوشه آن اجازه نوشتن نداريد، و آنچه خوانده شد به هم "
+                "نمي خورد؛ شايد برنامه ديگري آن را تغيير مي داد. دوباره تلاش كنيد. The database "
+                "file is inconsistent."};
+      }
       return {kInconsistentFile, "پايگاه داده " + named +
                                      " آسيب ديده است؛ آن را از نسخه پشتيبان برگردانيد. The "
                                      "database file is inconsistent."};
     case SQLITE_IOERR:
       if (extendedCode == SQLITE_IOERR_NOMEM) return OutOfMemory();
+      // The log's index could not grow.
+      if (extendedCode == SQLITE_IOERR_SHMSIZE) return NoSpace(named);
       return {kInputOutput, "خواندن يا نوشتن پايگاه داده " + named +
                                 " ناموفق بود؛ ديسك را بررسي كنيد و دوباره تلاش كنيد. The operating "
                                 "system returned an error."};
@@ -124,7 +141,8 @@ Report FileReport(int extendedCode, const std::string& file) {
   }
 }
 
-Report ReportOf(int extendedCode, std::string_view words, const std::string& file) {
+Report ReportOf(int extendedCode, std::string_view words, const std::string& file,
+                sqlite3* database) {
   switch (extendedCode & 0xFF) {
     case SQLITE_CONSTRAINT:
       return ConstraintReport(extendedCode, words);
@@ -135,7 +153,7 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
     case SQLITE_ERROR:
       return StatementReport(words, file);
     default:
-      return FileReport(extendedCode, file);
+      return FileReport(extendedCode, file, database);
   }
 }
 
@@ -162,7 +180,7 @@ platform::RuntimeError LastError(sqlite3* database, const std::string& file) {
   if ((code & 0xFF) == SQLITE_ERROR && (code >> kNumberShift) > 100) {
     return MakeError(code >> kNumberShift, words);
   }
-  const Report report = ReportOf(code, words, file);
+  const Report report = ReportOf(code, words, file, database);
   return MakeError(report.number, report.text + " (" + words + ")");
 }
 
