@@ -29,7 +29,7 @@ TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
     std::int32_t type;
     QString button;  // none of this caption: the window is closed
     std::int32_t result;
-  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", -1}, {0, "تأييد", 1}};
+  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", 0}, {0, "تأييد", 1}};
   for (const auto& each : kCases) {
     auto notice = Components(connections).Create("comNotice.comNTC");
     notice->Put("FormTitle", std::string("خطا"));
@@ -44,6 +44,30 @@ TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
     EXPECT_THAT(*shown, testing::StartsWith("خطا\n"));
     EXPECT_THAT(*shown, testing::HasSubstr("آیا مطمئن هستید؟\n"));
     EXPECT_EQ(notice->Get("Resualt"), AutomationValue(each.result));
+  }
+}
+
+TEST_F(ServicesTest, Question_AnsweredByKeys_SaysNoWhereSomethingWouldBeLost) {
+  const struct {
+    const char* title;
+    std::vector<Qt::Key> keys;
+    std::int32_t result;
+  } kCases[] = {{"پرسش", {Qt::Key_Return}, 1},
+                {"حذف", {Qt::Key_Return}, 0},
+                {"هشدار", {Qt::Key_Enter}, 0},
+                {"هشدار", {Qt::Key_Tab, Qt::Key_Return}, 1},
+                {"پرسش", {Qt::Key_Tab, Qt::Key_Space}, 0},
+                {"پرسش", {Qt::Key_Escape}, 0}};
+  for (const auto& each : kCases) {
+    auto notice = Components(connections).Create("comNotice.comNTC");
+    notice->Put("FormTitle", std::string(each.title));
+    notice->Put("FormType", std::int32_t{1});
+    OnModalWindow([&](QWidget& window) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+      for (const Qt::Key key : each.keys) QTest::keyClick(QApplication::focusWidget(), key);
+    });
+    notice->Call("ClearShow");
+    EXPECT_EQ(notice->Get("Resualt"), AutomationValue(each.result)) << each.title;
   }
 }
 
