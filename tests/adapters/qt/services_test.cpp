@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include "adapters/qt/Components.h"
+#include "adapters/qt/Convert.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/QtFixture.h"
 
@@ -71,6 +74,22 @@ TEST_F(ServicesTest, Question_AnsweredByKeys_SaysNoWhereSomethingWouldBeLost) {
   }
 }
 
+TEST_F(ServicesTest, SaveDialog_OfAnExistingFile_BeginsThereAndAsksNothing) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath("ليست.txt");
+  QFile(path).open(QIODevice::WriteOnly);
+  for (const QString& begin : {path, folder.path() + "/"}) {
+    OnModalWindow([&](QWidget& window) {
+      auto& dialog = dynamic_cast<QFileDialog&>(window);
+      EXPECT_TRUE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+      EXPECT_EQ(dialog.directory(), QDir(folder.path()));
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtFileDialog().ShowSave(ToUtf8(begin), "فايل متني"), ToUtf8(path));
+  }
+}
+
 TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
   Components components(connections);
   EXPECT_EQ(NumberOf([&] { components.Create("Excel.Application"); }), 429);
@@ -84,6 +103,7 @@ TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
 TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(QtFilter("Text (*.txt)|*.txt|All|*.*"), "Text (*.txt);;All (*.*)");
   EXPECT_EQ(QtFilter("Tables|*.csv;*.tsv"), "Tables (*.csv *.tsv)");
+  EXPECT_EQ(QtFilter("فايل متني"), "فايل متني (*)");
   EXPECT_EQ(QtFilter(""), "");
   EXPECT_EQ(NumberOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }), 53);
 }
