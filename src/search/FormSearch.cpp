@@ -35,6 +35,7 @@ FormSearch::FormSearch(host::modMain& module)
       resizeRules_(0, 0),
       textFileForm_(module) {
   SetCaption("جستجوي برنامه بازارياب");
+  txtID.SetLatinDigits(true);
   flxSearch.SetFillStyle(controls::FlexGrid::FillStyle::kRepeat);
   PlaceControls();
 
