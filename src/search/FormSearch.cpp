@@ -67,7 +67,7 @@ void FormSearch::FormLoad() {
 
 void FormSearch::FormResize() {
   resizeRules_.Apply(Width(), Height());
-  ShareSpareWidth();
+  spareWidth_.Share();
 }
 
 void FormSearch::ChooseRow() {
