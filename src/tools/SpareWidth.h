@@ -15,10 +15,11 @@ class SpareWidth {
   /// The columns were given their widths, which is what they need; those of `sharing` share from
   /// now on.
   void Start(const std::vector<int>& sharing);
-  /// Widens every sharing column that is visible by as much as the others, beginning from where it
-  /// stands, also where a user dragged it to, so that the grid is filled beside a scroll bar; and
-  /// narrows them again. None gets less than it needs, or than it was dragged to: rather the grid
-  /// scrolls. All other columns stay as they are.
+  /// Gives every visible sharing column the same part of what the grid has to spare beside a scroll
+  /// bar, on top of its own width: what it needs, or what a user dragged it to less the part that
+  /// it had then. So the same size of the grid brings the same widths back. Where nothing is to
+  /// spare the grid scrolls: no column gets less than it needs, or than it was dragged to. The
+  /// others keep their width.
   void Share();
 
  private:
