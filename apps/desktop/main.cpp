@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "EndSignals.h"
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
@@ -46,9 +47,17 @@ bool HasDisplay() {
 
 QtMessageHandler previousHandler = nullptr;
 
-void WithoutOffscreenNotes(QtMsgType type, const QMessageLogContext& context,
-                           const QString& message) {
-  if (!message.startsWith("This plugin does not support")) previousHandler(type, context, message);
+/// Qt aborts when it cannot open its display. What a screen without one cannot do is not worth a
+/// line for every window.
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (message.startsWith("This plugin does not support")) return;
+  if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty()) {
+    std::fputs(
+        "The display cannot be opened: set DISPLAY, or see all of it with ./run --tour DIR.\n",
+        stderr);
+    std::_Exit(EXIT_FAILURE);
+  }
+  previousHandler(type, context, message);
 }
 
 /// Where copied lists go: a tour keeps them with its pictures.
@@ -140,6 +149,7 @@ desktop::Tour::Stage StageOf(Desktop& desktop) {
 
 int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
+  const desktop::EndSignals endSignals;
   // Until a form is up, an error ends the program.
   desktop.Guard().SetProgramGoesOn(false);
   const bool tour = !options.tourDirectory.empty();
@@ -221,9 +231,8 @@ int main(int argc, char* argv[]) {
       return EXIT_FAILURE;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    // Not worth a line for every window: what a screen without a display cannot do.
-    previousHandler = qInstallMessageHandler(WithoutOffscreenNotes);
   }
+  previousHandler = qInstallMessageHandler(HandleMessage);
   QApplication application(argc, argv);
   QApplication::setApplicationName("promoter-desktop");
   adapters::qt::ApplyTheme(application);

@@ -122,6 +122,10 @@ CREATE TABLE dbo.tblOrganization (
 );
 go
 
+-- The paths on which a customer is visited. Two rows for one customer are allowed, and bad: the batch
+-- form shows the customer on two lines, a commit that takes both writes four visits a day (one line
+-- alone: two), and every search that meets a visit of the customer ends in error 512.
+-- docs/reliability.md has a query that finds such customers.
 CREATE TABLE dbo.tblDistributionOrganization (
   OrganizationID int NOT NULL REFERENCES dbo.tblOrganization (ID),
   PathID int NOT NULL REFERENCES dbo.tblDistributionPath (ID),
@@ -155,7 +159,8 @@ CREATE TABLE dbo.tblDistributionPromoterProgramDetail (
   Sequence int NOT NULL
 );
 -- The editor shows a program's visits by promoter and day: the rows themselves lie so. There is no
--- unique key: a customer who stands on two paths is planned twice a day.
+-- unique key: the batch insert of a customer on two paths would fail on it, with all other visits of
+-- the batch.
 CREATE CLUSTERED INDEX ixPromoterProgramDetailGroup
   ON dbo.tblDistributionPromoterProgramDetail (ProgramID, PromoterID, VisitDate, FarsiVisitDate);
 -- The batch insert asks for every new row whether the visit is there already, comparing its date

@@ -39,13 +39,6 @@ FormKind& MadeOnce(std::unique_ptr<FormKind>& form, host::modMain& module) {
   return *form;
 }
 
-/// Unloads first, while the form's controls still live.
-template <typename FormKind>
-void Drop(std::unique_ptr<FormKind>& form) {
-  if (form) form->Unload();
-  form.reset();
-}
-
 }  // namespace
 
 batch::FormAddBatch& FormMain::BatchForm() {
@@ -74,10 +67,11 @@ void FormMain::FormResize() {
   resizeRules_.Apply(Width(), Height());
 }
 
-void FormMain::FormUnload() {
-  Drop(batchForm_);
-  Drop(searchForm_);
-  Drop(printForm_);
+void FormMain::UnloadAll() {
+  Unload();
+  batchForm_.reset();
+  searchForm_.reset();
+  printForm_.reset();
 }
 
 void FormMain::FormClose() {

@@ -69,9 +69,11 @@ void ShiftControl(controls::Control& control, controls::Twips widthDelta, contro
 }
 
 void modMain::ConnectDataEnvironment() {
-  // The old one goes first, with its connection, so that there are never two. A connection opens
-  // itself on the first statement, so there is nothing to open and close here beforehand.
+  // The old one goes first, with its connection and the selectors', so that there are never two. A
+  // connection opens itself on the first statement, so there is nothing to open and close here
+  // beforehand.
   dtEn_.reset();
+  lookupConnection_.reset();
   dtEn_ = std::make_unique<DataEnvironment>(services_.connections, context_.connectionString);
 }
 

@@ -55,8 +55,9 @@ class modMain : public controls::LookupSource {
   /// Only DistPromoterProg sets it.
   void SetContext(HostContext context) { context_ = std::move(context); }
 
-  /// Drops the data environment with its connection and recordsets and points a fresh one at the
-  /// context's connection string. Touches no server: the first statement opens the connection.
+  /// Drops the data environment with its connection and recordsets, and the connection of Lookup,
+  /// and points a fresh one at the context's connection string. Touches no server: the first
+  /// statement opens the connection.
   void ConnectDataEnvironment();
   /// Made on first use.
   DataEnvironment& DtEn();
@@ -99,7 +100,8 @@ class modMain : public controls::LookupSource {
     services_.screen.SetMousePointer(pointer);
   }
 
-  /// A connection of the selectors' own, kept while the connection string stays the same.
+  /// Over a connection of the selectors' own, which is kept until the data environment is rebuilt
+  /// or another string is asked for.
   platform::RowSet Lookup(const std::string& connectionString,
                           const std::string& statement) override;
 

@@ -1,5 +1,6 @@
 #include "tools/FormSendToTextFile.h"
 
+#include "platform/ResumeNext.h"
 #include "text/Fold.h"
 #include "text/Text.h"
 
@@ -67,15 +68,17 @@ void FormSendToTextFile::FormLoad() {
 bool FormSendToTextFile::getTextFileName(std::int32_t& /*inReportID*/, std::string& outFileName,
                                          std::string& outDelimiter, bool& addNewLine,
                                          bool& AddHeaders, bool& removeMoneySep) {
+  using platform::ResumeNext;
   confirmed_ = false;
-  Show(controls::Modality::kModal);
+  ResumeNext([&] { Show(controls::Modality::kModal); });
+  // Reading models throws nothing.
   outFileName = fileName_;
   const std::string_view trimmed = text::Trim(txtDelimiter.Text());
   outDelimiter = trimmed == "^t" || trimmed == "^T" ? "\t" : txtDelimiter.Text();
   addNewLine = chkNewLine.Checked();
   AddHeaders = chkHeader.Checked();
   removeMoneySep = chkRemoveMoney.Checked();
-  Unload();
+  ResumeNext([&] { Unload(); });
   return confirmed_;
 }
 

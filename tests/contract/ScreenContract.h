@@ -44,6 +44,25 @@ TEST_F(ScreenTest, Unload_OfAFormWhoseClickIsUnderWay_WaitsForItsReturn) {
   EXPECT_FALSE(form.Loaded());
 }
 
+TEST_F(ScreenTest, ShowModal_AgainAfterTheFormBelowWasUnloaded_ShowsTheModel) {
+  form.cmdOK.onClick = [&] { form.Hide(); };
+  SampleForm below(screen, cities);
+  for (const std::string text : {"یک", "دو"}) {
+    below.Show(Modality::kModeless);
+    Settle();
+    form.txtName.SetText(text);
+    std::string shown;
+    Later([&] {
+      shown = Shown(form.txtName);
+      Click(form.cmdOK);
+    });
+    form.Show(Modality::kModal);
+    EXPECT_EQ(shown, text);
+    below.Unload();
+    Settle();
+  }
+}
+
 TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
   int clicks = 0;
   form.cmdOK.onClick = [&] {

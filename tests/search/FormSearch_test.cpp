@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "support/ScriptedPlatform.h"
+#include "support/SelectorReads.h"
 
 namespace search {
 namespace {
@@ -84,22 +85,14 @@ class SearchTest : public testing::Test {
 };
 
 TEST_F(SearchTest, Load_GivesTheSelectorsTheirViewsAndAnEmptyGrid) {
-  const std::pair<controls::Selector&, std::string> views[] = {
-      {form.sltCreator, "User"},
-      {form.sltProgram, "DistributionPromoterProgram"},
-      {form.sltSupervisor, "SaleSupervisor"},
-      {form.sltPromoter, "SalePromoter"},
-      {form.sltCustomer, "Organization"},
-      {form.sltBranch, "AccountBranch"}};
-  outside.database.SetDefaultColumns({"ID", "Name"});
-  for (const auto& [selector, view] : views) {
-    outside.database.ForgetCalls();
-    selector.LoadList();
-    selector.Select(9);
-    selector.DisplayText();
-    EXPECT_THAT(outside.database.Log(), ElementsAre(testing::HasSubstr(" vw" + view + "Major"),
-                                                    testing::HasSubstr(" vw" + view + "Minor")));
-  }
+  EXPECT_THAT(support::SelectorReads(form, outside.database),
+              ElementsAre("sltCreator office: vwUserMajor vwUserMinor",
+                          "sltProgram office: vwDistributionPromoterProgramMajor "
+                          "vwDistributionPromoterProgramMinor",
+                          "sltSupervisor office: vwSaleSupervisorMajor vwSaleSupervisorMinor",
+                          "sltPromoter office: vwSalePromoterMajor vwSalePromoterMinor",
+                          "sltCustomer office: vwOrganizationMajor vwOrganizationMinor",
+                          "sltBranch office: vwAccountBranchMajor vwAccountBranchMinor"));
   const controls::Twips widths[] = {800,  800,  2000, 1200, 2000, 2000,
                                     2000, 2000, 2000, 1200, 2000, 2000};
   for (int col = 0; col < 12; ++col) {

@@ -104,4 +104,8 @@ TEST_F(FormSendToTextFileTest, Name_WithoutAnEnding_GetsOneBeforeItsFileIsAskedA
   EXPECT_EQ(outside.fileDialog.shown.back().first, "");
 }
 
+TEST_F(FormSendToTextFileTest, Dialog_ThatCannotBeShown_IsNotConfirmed) {
+  EXPECT_FALSE(Ask([](FormSendToTextFile&) { throw platform::RuntimeError(7, "no window"); }));
+}
+
 }  // namespace

@@ -1,9 +1,11 @@
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 #include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/QtFixture.h"
@@ -33,6 +35,22 @@ TEST_F(QtTest, Unload_InAClick_KeepsTheButtonUntilItReturned) {
   Click(form.cmdOK);
   Settle();
   EXPECT_FALSE(button);
+}
+
+TEST_F(QtTest, LastForm_Unloaded_EndsTheProgram) {
+  contract::SampleForm other(screen, cities);
+  ShowForm();
+  other.Show(controls::Modality::kModeless);
+  bool unloadedBoth = false;
+  QTimer::singleShot(0, [&] { form.Unload(); });
+  QTimer::singleShot(50, [&] {
+    unloadedBoth = true;
+    other.Unload();
+  });
+  QApplication::setQuitOnLastWindowClosed(true);
+  QApplication::exec();
+  QApplication::setQuitOnLastWindowClosed(false);
+  EXPECT_TRUE(unloadedBoth);
 }
 
 TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
