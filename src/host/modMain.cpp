@@ -165,7 +165,10 @@ std::chrono::sys_days modMain::GetServerDate() {
 
 bool modMain::AskSaveFileName(std::string& fileName, std::string_view filter) {
   // Cancelling raises an error too: the name stays, and the caller tests it.
-  ResumeNext([&] { fileName = services_.fileDialog.ShowSave(fileName, filter); });
+  ResumeNext([&] {
+    fileName = services_.fileDialog.ShowSave(fileName.empty() ? saveFolder_ : fileName, filter);
+    saveFolder_ = fileName.substr(0, fileName.find_last_of("/\\") + 1);
+  });
   return true;
 }
 

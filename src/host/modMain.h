@@ -81,7 +81,8 @@ class modMain : public controls::LookupSource {
   std::chrono::sys_days GetServerDate();
 
   /// Shows the Save As dialog and stores the chosen path. Always true: a cancelled dialog leaves
-  /// the file name as it was, and the caller tests the name.
+  /// the file name as it was, and the caller tests the name. Without a name the dialog begins in
+  /// the folder of the file chosen last.
   bool AskSaveFileName(std::string& fileName, std::string_view filter);
 
   /// Switches the keyboard to the Persian layout of the operating system's version; a version that
@@ -114,6 +115,7 @@ class modMain : public controls::LookupSource {
   std::string keyboardLayout_;
   std::unique_ptr<platform::Connection> lookupConnection_;
   std::string lookupConnectionString_;
+  std::string saveFolder_;  // with its separator; empty before a file was chosen
   int notices_ = 0;
 };
 

@@ -210,8 +210,8 @@ TEST_F(FormAddBatchTest, Search_ByEveryFilter_PutsEachIntoItsPlace) {
   form.flxPath.cmdSelectAll.Click();
   outside.database.ForgetCalls();
   form.cmdSearch.Click();
-  form.txtCodeFrom.SetText(" 100 ");
-  form.txtCodeTo.SetText("200");
+  form.txtCodeFrom.SetText(" ۱٠0 ");
+  form.txtCodeTo.SetText("۲00");
   form.sltBranch.Select(4);
   form.txtName.SetText(" o'k ");
   form.sltCustomer.Select(5);

@@ -50,10 +50,10 @@ class FakeFileDialog : public platform::FileDialog {
  public:
   /// The path that the user chooses; none cancels the dialog.
   std::optional<std::string> chosen;
-  /// File name and filter of every dialog shown.
+  /// Beginning and filter of every dialog shown.
   std::vector<std::pair<std::string, std::string>> shown;
   BeforeCall beforeCall;
-  std::string ShowSave(const std::string& fileName, std::string_view filter) override;
+  std::string ShowSave(const std::string& begin, std::string_view filter) override;
 };
 
 /// A spreadsheet application whose cells the test can read.

@@ -1,4 +1,8 @@
 #include <QApplication>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -58,6 +62,21 @@ TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
   AnswerDialog();
   Click(form.cmdOK);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
+  form.txtName.SetLatinDigits(true);
+  ShowForm();
+  form.txtName.SetFocus();
+  QInputMethodEvent committed;
+  committed.setCommitString("۵");
+  QApplication::sendEvent(QApplication::focusWidget(), &committed);
+  EXPECT_EQ(form.txtName.Text(), "5");
+  auto& line = dynamic_cast<QLineEdit&>(*QApplication::focusWidget());
+  line.selectAll();
+  QGuiApplication::clipboard()->setText("۵");
+  line.paste();
+  EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
 }
 
 TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/windows/ComComponents.h"
@@ -109,6 +111,30 @@ TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_EQ(NumberOf([] { ShellLauncher().Start("\"no such program.exe\" /s"); }), 53);
   EXPECT_EQ(NumberOf([] { ShellLauncher().Start("cmd.exe /c exit"); }), 0);
   EXPECT_GE(WinKeyboard().GetVersion() & 0xFFU, 5U);
+}
+
+/// Presses the Save button of the save dialog that is up, and leaves it where it is up a while
+/// later: it must have asked.
+void CALLBACK PressSave(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+  static UINT_PTR pressed = 0;
+  const auto press = [](HWND window, LPARAM button) -> BOOL {
+    if (IsWindowVisible(window)) PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    return TRUE;
+  };
+  const bool again = std::exchange(pressed, timer) == timer;
+  for (const int button : again ? std::vector{IDNO, IDCANCEL} : std::vector{IDOK}) {
+    EnumThreadWindows(GetCurrentThreadId(), press, button);
+  }
+}
+
+TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
+  wchar_t folder[MAX_PATH];
+  GetTempPathW(MAX_PATH, folder);
+  const fs::path path = fs::path(folder) / L"ليست.txt";
+  std::ofstream(path) << "x";
+  const UINT_PTR timer = SetTimer(nullptr, 0, 1000, &PressSave);
+  EXPECT_EQ(SaveDialog().ShowSave(Utf8(path.wstring()), "فايل متني"), Utf8(path.wstring()));
+  KillTimer(nullptr, timer);
 }
 
 class ReportsTest : public testing::Test, platform::ConnectionFactory {
