@@ -32,6 +32,9 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   bool ClearShow() override;
   bool View(std::int32_t inProgramID) override;
   bool DialogIsUp() const override;
+  /// Asks the question of cmdCancel while a header is open on the screen, which closing would drop;
+  /// false when the user wants to go on with it.
+  bool MayClose();
 
   Mode CurrentMode() const { return mode_; }
   /// For modules that post accounting documents: ties an object of a class to a document's line,
@@ -89,8 +92,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void FormResize() override;
   /// The dialogs go with the editor, so that they too are loaded for the next host context.
   void FormUnload() override;
-  /// The close box drops an open header only after the question of cmdCancel, and unloads, so that
-  /// the next opening reads the host context anew.
+  /// The close box unloads, when it may, so that the next opening reads the host context anew.
   void FormClose() override;
 
  private:

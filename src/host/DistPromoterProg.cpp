@@ -48,6 +48,7 @@ void DistPromoterProg::RefuseWhileWaiting() const {
 }
 
 void DistPromoterProg::RefreshHostContext() {
+  site_.Entered();
   module_.SetContext({.userId = userId_,
                       .positionId = positionId_,
                       .employeeId = employeeId_,
