@@ -55,6 +55,10 @@ int Forms() {
   return visibleWindows;
 }
 
+HWND OwnerOfEditor() {
+  return GetWindow(FindForm("FormMain"), GW_OWNER);
+}
+
 TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
   Container container;
   // A user without rights is refused, without a word where there is no message component.
@@ -117,30 +121,34 @@ void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
   PostMessageW(search, WM_CLOSE, 0, 0);
 }
 
-TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
-  Container container;
-  auto control = NewFor(1, container);
-  Late(control).Call("View", {std::int32_t{1}});
-  const HWND search = FindControl("FormMain.cmdSearch");
-  ASSERT_NE(search, nullptr);
-  PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-  PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-  control->AddRef();
-  lastReference = control.Get();
-  control.Reset();
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
+TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnlessShared) {
+  for (const bool shared : {false, true}) {
+    Container container;
+    auto control = NewFor(1, container);
+    const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
+    Late(control).Call("View", {std::int32_t{1}});
+    const HWND search = FindControl("FormMain.cmdSearch");
+    ASSERT_NE(search, nullptr);
+    PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    control->AddRef();
+    lastReference = control.Get();
+    control.Reset();
+    SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
 
-  MSG message;
-  const ULONGLONG giveUp = GetTickCount64() + 20'000;
-  const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-  while (container.References() > 0 && GetTickCount64() < giveUp &&
-         GetMessageW(&message, nullptr, 0, 0) > 0) {
-    DispatchMessageW(&message);
+    MSG message;
+    const ULONGLONG giveUp = GetTickCount64() + 20'000;
+    const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
+    while (container.References() > 0 && GetTickCount64() < giveUp &&
+           GetMessageW(&message, nullptr, 0, 0) > 0) {
+      DispatchMessageW(&message);
+    }
+    KillTimer(nullptr, tick);
+    EXPECT_EQ(lastReference, nullptr);
+    EXPECT_EQ(container.References(), 0U);
+    EXPECT_EQ(Forms(), shared ? 1 : 0);
+    EXPECT_EQ(OwnerOfEditor(), nullptr);
   }
-  KillTimer(nullptr, tick);
-  EXPECT_EQ(lastReference, nullptr);
-  EXPECT_EQ(container.References(), 0U);
-  EXPECT_EQ(Forms(), 0);
 }
 
 bool closedUnderModal = false;
@@ -168,10 +176,6 @@ TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
   As<IOleObject>(control)->Close(OLECLOSE_NOSAVE);
   EXPECT_EQ(Forms(), 0);
   As<IOleObject>(control)->SetClientSite(nullptr);
-}
-
-HWND OwnerOfEditor() {
-  return GetWindow(FindForm("FormMain"), GW_OWNER);
 }
 
 TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
