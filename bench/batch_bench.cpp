@@ -17,7 +17,6 @@
 #include "calendar/Gregorian.h"
 #include "calendar/SolarHijriDate.h"
 #include "demo/SampleOffice.h"
-#include "host/DistPromoterProg.h"
 #include "module/Module.h"
 #include "support/ScriptedPlatform.h"
 #include "text/Text.h"

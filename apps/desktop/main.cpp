@@ -21,7 +21,6 @@
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
-#include "host/DistPromoterProg.h"
 #include "module/Module.h"
 #include "text/Secrets.h"
 

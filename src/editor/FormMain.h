@@ -92,7 +92,8 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void FormResize() override;
   /// The dialogs go with the editor, so that they too are loaded for the next host context.
   void FormUnload() override;
-  /// The close box unloads, when it may, so that the next opening reads the host context anew.
+  /// The close box drops an open header only after the question of cmdCancel, and unloads, so that
+  /// the next opening reads the host context anew.
   void FormClose() override;
 
  private:

@@ -48,12 +48,12 @@ void DistPromoterProg::RefuseWhileWaiting() const {
 }
 
 void DistPromoterProg::RefreshHostContext() {
-  site_.Entered();
   module_.SetContext({.userId = userId_,
                       .positionId = positionId_,
                       .employeeId = employeeId_,
                       .connectionString = connectionString_});
   module_.ConnectDataEnvironment();
+  site_.Entered();
 }
 
 bool DistPromoterProg::MayOpen() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/FormMain.h"
+#include "host/DistPromoterProg.h"
 #include "host/modMain.h"
 
 namespace module {

@@ -15,7 +15,6 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
-#include "host/DistPromoterProg.h"
 #include "module/Module.h"
 #include "support/AllControls.h"
 #include "support/ScriptedPlatform.h"
