@@ -7,6 +7,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -96,11 +98,14 @@ std::string OfficeFor(const Options& options, const std::string& tourFolder) {
   return "sqlite:" + path;
 }
 
-void PumpMessages() {
+using Containers = std::list<activexhost::Container>;
+
+void PumpMessages(Containers& containers) {
   MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (!containers.empty() && GetMessageW(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
+    std::erase_if(containers, [](const auto& container) { return container.Closed(); });
   }
 }
 
@@ -116,9 +121,16 @@ int Run(const Options& options) {
   login.user = options.user;
   login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
   const activexhost::StandIns standIns;
-  activexhost::Container container(login);
-  ShowWindow(container.Window(), SW_SHOWNORMAL);
-  UpdateWindow(container.Window());
+  Containers containers;
+  const std::function<void()> open = [&] {
+    const HWND window = containers.emplace_back(login, open).Window();
+    const int place = 20 + 200 * static_cast<int>(containers.size() - 1);
+    SetWindowPos(window, nullptr, place, place, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    ShowWindow(window, SW_SHOWNORMAL);
+    UpdateWindow(window);
+  };
+  open();
+  activexhost::Container& container = containers.front();
   std::optional<activexhost::Tour> tour;
   if (touring) {
     tour.emplace(tourFolder, [&](std::int32_t program) { container.View(program); });
@@ -130,7 +142,7 @@ int Run(const Options& options) {
     container.ClearShow();
   }
   if (touring && container.Failed()) return EXIT_FAILURE;
-  PumpMessages();
+  PumpMessages(containers);
   return !touring || tour->Ended() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

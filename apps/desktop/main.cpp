@@ -27,14 +27,15 @@
 
 namespace {
 
-/// The control stands on no document and has no surface here: there is nothing to mark as changed
-/// and nothing to size.
+/// The control stands on no document and has no surface here: there is nothing to mark as changed,
+/// to size or to stand over.
 class NoContainer : public platform::ControlSite {
  public:
   void PropertyChanged(std::string_view) override {}
   void SetExtenderHeight(double) override {}
   void SetExtenderWidth(double) override {}
   void SetExtenderVisible(bool) override {}
+  void Entered() override {}
 };
 
 bool HasDisplay() {
@@ -87,6 +88,7 @@ class Desktop {
   adapters::qt::ErrorGuard& Guard() { return guard_; }
   adapters::qt::QtScreen& Screen() { return screen_; }
   module::Module& Module() { return module_; }
+  host::DistPromoterProg& Control() { return control_; }
 
  private:
   adapters::qt::ErrorGuard guard_;
@@ -113,13 +115,14 @@ class Desktop {
                            .fileSystem = fileSystem_,
                            .launcher = launcher_,
                            .reports = reports_};
-  module::Module module_{services_, site_};
+  module::Module module_{services_};
+  host::DistPromoterProg control_{module_.Main(), module_.Editor(), site_};
 };
 
 /// Opens the editor as the suite would; true when it is open.
 bool OpenEditor(Desktop& desktop, const desktop::Options& options,
                 const std::string& connectionString) {
-  host::DistPromoterProg& control = desktop.Module().Control();
+  host::DistPromoterProg& control = desktop.Control();
   desktop.Guard().Run([&] {
     control.SetUserID(options.user);
     control.SetEmployeeID(desktop::EmployeeOfUser(connectionString, options.user));
@@ -144,7 +147,7 @@ desktop::Tour::Stage StageOf(Desktop& desktop) {
             const auto* const found = std::ranges::find(forms, name, &controls::Form::Name);
             return found == std::end(forms) ? nullptr : *found;
           },
-          .open = [&desktop](std::int32_t program) { desktop.Module().Control().View(program); }};
+          .open = [&desktop](std::int32_t program) { desktop.Control().View(program); }};
 }
 
 int Run(QApplication& application, const desktop::Options& options) {

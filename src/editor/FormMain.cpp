@@ -74,10 +74,13 @@ void FormMain::UnloadAll() {
   printForm_.reset();
 }
 
+bool FormMain::MayClose() {
+  const bool headerIsOpen = Visible() && (mode_ == Mode::kEdit || mode_ == Mode::kCreate);
+  return !headerIsOpen || module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") != host::kNo;
+}
+
 void FormMain::FormClose() {
-  const bool headerIsOpen = mode_ == Mode::kEdit || mode_ == Mode::kCreate;
-  if (headerIsOpen && module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") == host::kNo) return;
-  Unload();
+  if (MayClose()) Unload();
 }
 
 bool FormMain::Permitted(std::int32_t permission) {

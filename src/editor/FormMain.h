@@ -34,6 +34,9 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   bool View(std::int32_t inProgramID) override;
   void UnloadAll() override;
   bool DialogIsUp() const override;
+  /// Asks the question of cmdCancel while a header is open on the screen, which closing would drop;
+  /// false when the user wants to go on with it.
+  bool MayClose();
 
   Mode CurrentMode() const { return mode_; }
   /// For modules that post accounting documents: ties an object of a class to a document's line,

@@ -55,6 +55,7 @@ void DistPromoterProg::RefreshHostContext() {
                       .employeeId = employeeId_,
                       .connectionString = connectionString_});
   module_.ConnectDataEnvironment();
+  site_.Entered();
 }
 
 bool DistPromoterProg::MayOpen() {

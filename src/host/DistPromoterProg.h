@@ -11,7 +11,8 @@
 namespace host {
 
 /// The module's one public control. The suite places it on a form, gives it the host context and
-/// calls View or ClearShow. Errors of the database travel out of both calls.
+/// calls View or ClearShow. Errors of the database travel out of both calls. Several may stand on
+/// one module: the last that was called is the one whose host context and container all forms have.
 class DistPromoterProg {
  public:
   DistPromoterProg(modMain& module, ProgramEditor& editor, platform::ControlSite& site)

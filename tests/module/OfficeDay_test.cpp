@@ -124,7 +124,7 @@ TEST(Day, WholeLifeOfAProgram_StoresWhatEachActionSaysAndNothingElse) {
 TEST_F(OfficeTest, View_WhileAMessageOrDialogIsUp_IsRefusedAndChangesNothing) {
   std::vector<std::int32_t> errors;
   const auto view = [&](std::int32_t id) {
-    errors.push_back(platform::ResumeNext([&] { Module().Control().View(id); }));
+    errors.push_back(platform::ResumeNext([&] { Control().View(id); }));
   };
   view(8);
   for (controls::Button* opening :

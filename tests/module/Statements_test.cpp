@@ -98,7 +98,7 @@ class Statements : public testing::Test {
   /// What the day has no use for.
   void PlayTheRest() {
     editor::FormMain& editor = day.Editor();
-    day.Module().Control().ClearShow();
+    day.Control().ClearShow();
     editor.cmdNew.Click();
     ReadSelectors(editor);
     editor.txtDescription.SetText("برنامه");

@@ -99,7 +99,7 @@ class FakePropertyBag : public platform::PropertyBag {
 
 class FakeControlSite : public platform::ControlSite {
  public:
-  /// "changed UserID", "height 100", "width 100", "invisible", in order.
+  /// "changed UserID", "height 100", "width 100", "invisible", "entered", in order.
   std::vector<std::string> log;
   void PropertyChanged(std::string_view key) override {
     log.push_back("changed " + std::string(key));
@@ -113,6 +113,7 @@ class FakeControlSite : public platform::ControlSite {
   void SetExtenderVisible(bool visible) override {
     log.emplace_back(visible ? "visible" : "invisible");
   }
+  void Entered() override { log.emplace_back("entered"); }
 };
 
 /// Files by path; a text file's content is there once it was closed, its line breaks as "\r\n".

@@ -105,6 +105,25 @@ TEST(ComExcel, Cells_ArePutOneByOneAndNoneBecomesAFormula) {
   EXPECT_EQ(log, expected);
 }
 
+TEST(ComExcel, Application_ThatIsNotThere_IsToldAs429) {
+  // Without a name, and with the name alone that a removal left.
+  const wchar_t left[] = L"{00024500-0000-0000-C000-000000000046}";
+  for (const bool named : {false, true}) {
+    if (named) {
+      RegSetKeyValueW(HKEY_CLASSES_ROOT, L"Excel.Application\\CLSID", nullptr, REG_SZ, left,
+                      sizeof left);
+    }
+    try {
+      ComExcel().CreateApplication();
+      ADD_FAILURE() << named;
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Number(), platform::kCannotCreateComponent);
+      EXPECT_EQ(error.Description(), "ActiveX component can't create object: Excel.Application");
+    }
+  }
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Excel.Application");
+}
+
 TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_EQ(WindowsFilter("Text|*.txt|All|*.*"), std::wstring(L"Text\0*.txt\0All\0*.*\0\0", 20));
   EXPECT_EQ(WindowsFilter("فايل متني"), std::wstring(L"فايل متني\0*.*\0\0", 15));
