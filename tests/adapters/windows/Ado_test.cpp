@@ -15,7 +15,7 @@ using testing::StartsWith;
 
 constexpr const char* kString =
     "Provider=SQLOLEDB;Data Source=srv;User ID=u;Password=\"s;cr\"\"et\"";
-constexpr const char* kLimit = ";Statement Timeout=600";  // ours: no provider sees it
+constexpr const char* kLimit = "Statement Timeout=600;";  // ours: no provider sees it
 
 Variant Of(const std::function<void(VARIANT&)>& fill) {
   Variant value;
@@ -36,7 +36,7 @@ class AdoTest : public testing::Test {
   }
 
   StandInAdo ado;
-  AdoConnection connection{std::string(kString) + kLimit};
+  AdoConnection connection{std::string(kLimit) + kString};
 };
 
 TEST_F(AdoTest, Cells_OfEveryType_AreTextsWithoutALocale) {
