@@ -18,6 +18,7 @@
 #include "StandIns.h"
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
+#include "apps/connection/ConnectionOption.h"
 #include "platform/RuntimeError.h"
 #include "text/Secrets.h"
 
@@ -29,7 +30,12 @@ using adapters::windows::Wide;
 constexpr char kHelp[] =
     R"(activex-host [options]   a window with the control on it
 
-  --connect STRING   an OLE DB connection string, or sqlite: and a file; the sample office without
+  --connect SOURCE   where to work, by an OLE DB connection string, or sqlite: and a file; the
+                     sample office without. SOURCE is one of
+                       env    what the environment variable DISTPROMOTER_CONNECTION holds; it also
+                              counts without --connect, but for --tour
+                       @FILE  what FILE holds
+                     or the string itself
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N at once; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
@@ -38,7 +44,7 @@ constexpr char kHelp[] =
 )";
 
 struct Options {
-  std::string connectionString;
+  std::string connect;  // what --connect says
   std::int32_t user = 1;
   std::int32_t program = 0;
   std::string tourFolder;
@@ -62,7 +68,7 @@ Options Parse(const std::vector<std::string>& arguments) {
     } else if (!hasValue) {
       options.mistake = Quoted(option) + " is no option or wants a value; see --help.";
     } else if (option == "--connect") {
-      options.connectionString = arguments[++i];
+      options.connect = arguments[++i];
     } else if (option == "--user") {
       options.user = std::atoi(arguments[++i].c_str());
     } else if (option == "--program") {
@@ -88,9 +94,16 @@ std::string FullFolder(const std::string& folder) {
   return Utf8(full);
 }
 
+std::string Variable() {
+  const wchar_t* const value = _wgetenv(Wide(connection::kVariable).c_str());
+  return value == nullptr ? "" : Utf8(value);
+}
+
 /// The office that a tour plays on is its own and new.
 std::string OfficeFor(const Options& options, const std::string& tourFolder) {
-  if (!options.connectionString.empty()) return options.connectionString;
+  const std::string variable = Variable();
+  if (!options.connect.empty()) return connection::ConnectionOf(options.connect, variable);
+  if (!variable.empty() && tourFolder.empty()) return connection::ConnectionOf("env", variable);
   const std::string path =
       tourFolder.empty() ? activexhost::SampleOfficePath() : tourFolder + "\\office.db";
   if (!tourFolder.empty()) DeleteFileW(Wide(path).c_str());
@@ -174,6 +187,8 @@ int main() {
     result = Run(options);
   } catch (const platform::RuntimeError& error) {
     std::fprintf(stderr, "%s (%ld)\n", error.what(), static_cast<long>(error.Number()));
+  } catch (const connection::ConnectionMissing& error) {
+    std::fprintf(stderr, "%s\n", error.what());
   }
   OleUninitialize();
   return result;

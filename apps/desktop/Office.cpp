@@ -97,7 +97,8 @@ std::unique_ptr<platform::Connection> Connections::Create(const std::string& con
   if (connectionString.starts_with(kEmbedded)) {
     return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
   }
-  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString);
+  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
+                                                          outages_.Of(connectionString));
 }
 
 std::string SampleOfficePath(const Options& options) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Options.h"
+#include "adapters/server/ServerConnection.h"
 #include "platform/Connection.h"
 
 namespace desktop {
@@ -14,6 +15,9 @@ namespace desktop {
 class Connections : public platform::ConnectionFactory {
  public:
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+
+ private:
+  adapters::server::Outages outages_;
 };
 
 /// Path of the user's sample office with so many customers, around that day.

@@ -70,7 +70,7 @@ void CheckTogether(const Options& options) {
 
 }  // namespace
 
-Options ParseOptions(const std::vector<std::string>& arguments) {
+Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string& option = arguments[i];
@@ -106,6 +106,11 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       throw UsageError(Quoted(option) + " is no option; see --help.");
     }
   }
+  // Not for a tour: it writes, and an office of its own is what it is expected to write in.
+  if (hasVariable && options.connect.empty() && options.database.empty() &&
+      options.tourDirectory.empty()) {
+    options.connect = "env";
+  }
   CheckTogether(options);
   return options;
 }
@@ -114,8 +119,14 @@ const char* HelpText() {
   return R"(./run [options]        opens the promoter program editor
 
   --database FILE    a database file to work on, instead of the sample office
-  --connect STRING   another database to work on: a connection string, ODBC's or OLE DB's, for SQL
-                     Server, or sqlite:FILE
+  --connect SOURCE   another database to work on, by a connection string, ODBC's or OLE DB's, for
+                     SQL Server, or sqlite:FILE. SOURCE is one of
+                       env    what the environment variable DISTPROMOTER_CONNECTION holds; it also
+                              counts without --connect, but for --tour
+                       @FILE  what FILE holds
+                       -      a line of the standard input; on a terminal you are asked for it,
+                              and what you type is not shown
+                     or the string itself, which other users of the machine may see for a moment
   --customers N      make the sample office with N customers (5000)
   --sample-date DAY  make the sample office around the day yyyy-mm-dd instead of today
   --user N           the user who works: 1 has every right, 2 those to open and look (1)

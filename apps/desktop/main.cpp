@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "EndSignals.h"
+#include "HiddenLine.h"
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
@@ -22,6 +23,7 @@
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
+#include "apps/connection/ConnectionOption.h"
 #include "module/Module.h"
 #include "text/Secrets.h"
 
@@ -217,14 +219,33 @@ void HidePasswords(int argc, char* argv[]) {
   }
 }
 
+/// The connection string of the environment, which no program that this one starts gets to see.
+std::string TakeVariable() {
+  const char* const value = std::getenv(connection::kVariable);
+  std::string taken = value == nullptr ? "" : value;
+  unsetenv(connection::kVariable);
+  return taken;
+}
+
+void ReadConnection(desktop::Options& options, const std::string& variable) {
+  if (options.connect.empty() || options.help) return;
+  if (options.connect == "-") options.connect = desktop::ReadHiddenLine("Connection string: ");
+  options.connect = connection::ConnectionOf(options.connect, variable);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
   desktop::Options options;
   try {
-    options = desktop::ParseOptions({argv + 1, argv + argc});
+    const std::string variable = TakeVariable();
+    options = desktop::ParseOptions({argv + 1, argv + argc}, !variable.empty());
     HidePasswords(argc, argv);
+    ReadConnection(options, variable);
   } catch (const desktop::UsageError& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 2;
+  } catch (const connection::ConnectionMissing& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
   }

@@ -80,7 +80,8 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   }
   auto* badge = new QLabel;
   badge->setPixmap(Badge(content.kind, devicePixelRatioF()));
-  auto* message = new QLabel(content.message);
+  // A carriage return takes room, by which the first letter of a line would be pushed out.
+  auto* message = new QLabel(QString(content.message).remove(QLatin1Char('\r')));
   message->setObjectName(QStringLiteral("message"));
   message->setTextFormat(Qt::PlainText);
   message->setWordWrap(true);

@@ -217,10 +217,10 @@ TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
   const Component registered("suite.Report", [&] { return Recorder(log); });
   const auto engine = reports.Create();
   engine->LoadReportFile("a.rpt");
-  engine->SetConnectionString("c");
+  engine->SetConnectionString("DSN=c;Statement Timeout=9");
   engine->SetSelectionFormula(1, "fmlID = 1");
   engine->Produce(platform::ReportOutput::kScreen);
-  EXPECT_THAT(log, ElementsAre("LoadReportFile(a.rpt)", "SetConnectionString(c)",
+  EXPECT_THAT(log, ElementsAre("LoadReportFile(a.rpt)", "SetConnectionString(DSN=c;)",
                                "SetSelectionFormula(1,fmlID = 1)", "Produce(1)"));
   RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine");
 }
