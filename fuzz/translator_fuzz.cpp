@@ -46,6 +46,8 @@ class Database {
     sqlite3_set_authorizer(handle_.get(), note, this);
   }
 
+  Catalog& Schema() { return catalog_; }
+
   void Try(std::string_view statement, const Translation& translation) {
     steps_ = 0;
     updated_.clear();
@@ -65,7 +67,8 @@ class Database {
     }
     fuzz::Require(tail == sql.data() + sql.size(), "nothing is left over", sql);
     const bool reads = sqlite3_stmt_readonly(prepared) != 0;
-    fuzz::Require(reads == translation.returnsRows, "a query reads, the others write", sql);
+    const bool isQuery = !translation.columns.empty();
+    fuzz::Require(reads == isQuery, "a query reads, the others write", sql);
     sqlite3_exec(handle_.get(), "SAVEPOINT s", nullptr, nullptr, nullptr);
     while (sqlite3_step(prepared) == SQLITE_ROW) {
     }
@@ -125,6 +128,7 @@ class Database {
 
   fuzz::Office office_;
   DatabaseHandle handle_;
+  Catalog catalog_{handle_.get(), office_.file};
   std::vector<std::string> tables_;
   Dump before_;
   std::set<std::string> updated_;
@@ -138,7 +142,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view statement = fuzz::Text(data, size);
   Translation translation;
   try {
-    translation = Translate(statement);
+    translation = Translate(statement, database.Schema());
   } catch (const platform::RuntimeError& error) {
     fuzz::Require(error.Number() != 0 && !error.Description().empty(), "a refusal says why");
     return 0;

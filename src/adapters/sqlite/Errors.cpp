@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "platform/ConnectionFault.h"
+
 namespace adapters::sqlite {
 
 namespace {
@@ -46,36 +48,36 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
   }
 }
 
-Report MissingObject(const std::string& name, const std::string& file) {
+Report ObjectReport(const std::string& name, const std::string& file) {
   return {kInvalidObject, "پايگاه داده " + Quoted(file) + " جدول يا نماي " + Quoted(name) +
                               " را ندارد. Invalid object name '" + name + "'."};
 }
 
-Report MissingColumn(const std::string& name, const std::string& file) {
+Report ColumnReport(const std::string& name, const std::string& file) {
   return {kInvalidColumn, "پايگاه داده " + Quoted(file) + " ستون " + Quoted(name) +
                               " را ندارد. Invalid column name '" + name + "'."};
 }
 
+Report DepthReport() {
+  return {kNestedTooDeeply,
+          "اين دستور بيش از اندازه تو در تو است. Some part of your SQL statement is nested too "
+          "deeply."};
+}
+
+Report ComplexityReport() {
+  return {kTooComplex,
+          "شرط اين دستور بيش از اندازه بزرگ است. The query processor ran out of internal resources "
+          "and could not produce a query plan."};
+}
+
 /// SQLite reports what a statement names wrongly by words alone.
 Report StatementReport(std::string_view words, const std::string& file) {
-  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name, file);
-  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name, file);
-  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name, file);
-  if (const auto name = Between(words, "ambiguous column name: ")) {
-    return {kAmbiguousColumn, "Ambiguous column name '" + *name + "'."};
-  }
-  if (words.find(" values for ") != std::string_view::npos ||
-      words.find(" values were supplied") != std::string_view::npos) {
-    return {kColumnCountMismatch,
-            "Column name or number of supplied values does not match table definition."};
-  }
-  if (words.find("sub-select returns") != std::string_view::npos) {
-    return {kSubqueryColumns,
-            "Only one expression can be specified in the select list when the "
-            "subquery is not introduced with EXISTS."};
-  }
-  if (const auto near = Between(words, "near \"", "\": syntax error")) {
-    return {kIncorrectSyntax, "Incorrect syntax near '" + *near + "'."};
+  if (const auto name = Between(words, "no such table: ")) return ObjectReport(*name, file);
+  if (const auto name = Between(words, "no such column: ")) return ColumnReport(*name, file);
+  if (words == "parser stack overflow") return DepthReport();
+  if (words.starts_with("Expression tree is too large")) return ComplexityReport();
+  if (words == "integer overflow") {
+    return {kArithmeticOverflow, "Arithmetic overflow error converting expression to data type."};
   }
   return {kOther, "The statement failed."};
 }
@@ -130,6 +132,10 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
       return ConstraintReport(extendedCode, words);
     case SQLITE_MISMATCH:
       return {kConversion, "Conversion failed when converting a value to the column's data type."};
+    case SQLITE_INTERRUPT:
+      return {kTimeLimitReached,
+              std::string(platform::UserSentence(platform::ConnectionFault::kSilent)) +
+                  "\nQuery timeout expired."};
     case SQLITE_NOMEM:
       return OutOfMemory();
     case SQLITE_ERROR:
@@ -145,14 +151,37 @@ platform::RuntimeError MakeError(std::int32_t number, const std::string& descrip
   return {number, description, "SQLite"};
 }
 
+platform::RuntimeError MissingObject(const std::string& name, const std::string& file) {
+  const Report report = ObjectReport(name, file);
+  return MakeError(report.number, report.text);
+}
+
+platform::RuntimeError MissingColumn(const std::string& name, const std::string& file) {
+  const Report report = ColumnReport(name, file);
+  return MakeError(report.number, report.text);
+}
+
+platform::RuntimeError TooDeep() {
+  return MakeError(DepthReport().number, DepthReport().text);
+}
+
+platform::RuntimeError TooComplex() {
+  return MakeError(ComplexityReport().number, ComplexityReport().text);
+}
+
 std::string Quoted(const std::string& name) {
   // A left-to-right embedding: a slash at an end would else go to the wrong one.
   return "«\u202A" + name + "\u202C»";
 }
 
-void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text) {
-  sqlite3_result_error(context, text.data(), static_cast<int>(text.size()));
-  sqlite3_result_error_code(context, SQLITE_ERROR | (number << kNumberShift));
+int FunctionErrorCode(std::int32_t number) {
+  return SQLITE_ERROR | (number << kNumberShift);
+}
+
+void SetFunctionError(sqlite3_context* context, const platform::RuntimeError& error) {
+  const std::string words = error.Description();
+  sqlite3_result_error(context, words.data(), static_cast<int>(words.size()));
+  sqlite3_result_error_code(context, FunctionErrorCode(error.Number()));
 }
 
 platform::RuntimeError LastError(sqlite3* database, const std::string& file) {
