@@ -1,4 +1,4 @@
-// Statements of the server's dialect: what the translator accepts SQLite can read, a query writes
+// Statements of the server's dialect: what the translator accepts SQLite takes, a query writes
 // nothing, and a writing statement changes only the table, the columns and the kind of thing that
 // it says.
 
@@ -59,9 +59,8 @@ class Database {
     const StatementHandle owner(prepared);
     if (result != SQLITE_OK) {
       const std::string_view why = sqlite3_errmsg(handle_.get());
-      const bool readable = why.find("syntax error") == std::string_view::npos &&
-                            why.find("unrecognized token") == std::string_view::npos &&
-                            why.find("incomplete input") == std::string_view::npos;
+      const bool readable = why == "parser stack overflow" || why.starts_with("too many ") ||
+                            why.starts_with("Expression tree is too large");
       fuzz::Require(readable, why, sql);
       return;
     }
