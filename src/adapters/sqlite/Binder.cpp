@@ -104,7 +104,7 @@ std::string Binder::Insert(const Statement& statement, Translation& translation)
                       "table '" +
                           table.name + "' when IDENTITY_INSERT is set to OFF.");
     }
-    if (!given && column.required) throw NullRefused(table, column);
+    if (!given && column.Required()) throw NullRefused(table, column);
   }
   std::string sql = "INSERT INTO " + QuotedName(table.name);
   std::string separator = " (";
@@ -125,7 +125,7 @@ std::string Binder::Insert(const Statement& statement, Translation& translation)
     Scope none;
     for (std::size_t i = 0; i < row.size(); ++i) {
       const Value value = Assigned(BindValue(row[i], none), *columns[i], row[i]);
-      if (columns[i]->required && row[i].kind == NodeKind::kNull) {
+      if (columns[i]->Required() && row[i].kind == NodeKind::kNull) {
         throw NullRefused(table, *columns[i]);
       }
       sql += separator + value.sql;
@@ -149,10 +149,10 @@ std::string Binder::Update(const Statement& statement) {
     if (column.identity) {
       throw MakeError(kIdentityUpdated, "Cannot update identity column '" + column.name + "'.");
     }
-    if (column.required && node.kind == NodeKind::kNull) throw NullRefused(table, column);
+    if (column.Required() && node.kind == NodeKind::kNull) throw NullRefused(table, column);
     const Value value = Assigned(BindValue(node, scope), column, node);
     // SQLite looks for duplicates row by row, the server when all rows are changed.
-    if (column.inUniqueKey && !IsTheSameForAllRows(node)) {
+    if (!IsTheSameForAllRows(node) && catalog_.IsInUniqueKey(table, column)) {
       RefuseNear(node, "a column of a key is given one value for all rows");
     }
     sql.append(separator).append(QuotedName(column.name)).append(" = ").append(value.sql);
@@ -265,8 +265,7 @@ std::vector<Binder::Item> Binder::Items(const Query& query, Scope& scope) {
     for (const BoundSource& source : scope.sources) {
       if (!prefix.empty() && source.lowerName != prefix) continue;
       for (const SourceColumn& column : source.columns) {
-        const Node node{.kind = NodeKind::kColumn, .text = column.name, .prefix = source.lowerName};
-        items.push_back({ColumnValue(node, scope), column.name});
+        items.push_back({Used(column, scope), column.name});
       }
     }
     if (items.size() > before) continue;
@@ -433,11 +432,10 @@ std::string Binder::OrderTerm(const Node& node, std::size_t position, Scope& sco
   if (node.kind == NodeKind::kColumn && node.prefix.empty()) {
     for (std::size_t i = 0; i < items.size(); ++i) {
       if (LowerName(items[i].name) != LowerName(node.text)) continue;
-      if (place == 0) {
-        take(i);
-      } else if (items[place - 1].value.sql != items[i].value.sql) {
+      if (place > 0) {
         throw MakeError(kAmbiguousColumn, "Ambiguous column name '" + node.text + "'.");
       }
+      take(i);
     }
     if (place > 0) return std::to_string(place);
   }

@@ -153,14 +153,19 @@ Binder::Value Binder::ColumnValue(const Node& node, Scope& scope) {
   if (owner != &scope && scope.aggregate) {
     RefuseNear(node, "an aggregate is of its own query's columns");
   }
-  if (owner->output && owner->grouped && !owner->aggregate &&
-      std::ranges::count(owner->groups, column) == 0) {
-    throw MakeError(owner->ordering ? kOrderNotGrouped : kNotGrouped,
-                    "Column '" + node.text +
+  return Used(*column, *owner);
+}
+
+/// A column's value, where its query gives one.
+Binder::Value Binder::Used(const SourceColumn& column, const Scope& owner) {
+  if (owner.output && owner.grouped && !owner.aggregate &&
+      std::ranges::count(owner.groups, &column) == 0) {
+    throw MakeError(owner.ordering ? kOrderNotGrouped : kNotGrouped,
+                    "Column '" + column.name +
                         "' is invalid in the select list because it is not contained in either an "
                         "aggregate function or the GROUP BY clause.");
   }
-  return {column->type, column->sql};
+  return {column.type, column.sql};
 }
 
 Binder::Value Binder::Plus(const Node& node, Scope& scope) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <set>
 
 #include "adapters/sqlite/Database.h"
 #include "adapters/sqlite/Errors.h"
@@ -51,34 +50,21 @@ const Table& Catalog::Find(const std::string& name) {
 
 Table Catalog::Read(const std::string& lowerName) {
   Table table;
-  bool autoincrement = false;
-  Reading object(database_,
-                 "SELECT name, type = 'view', instr(sql, 'AUTOINCREMENT') + "
-                 "instr(sql, 'autoincrement') FROM sqlite_schema WHERE lower(name) = ?1 AND "
-                 "type IN ('table', 'view') AND substr(name, 1, 7) <> 'sqlite_'",
-                 lowerName, file_);
-  if (!object.Next()) return table;
-  table.name = object.Text(0);
-  table.view = object.Is(1);
-  autoincrement = object.Is(2);
-
-  std::set<std::string> unique;
-  Reading keys(database_,
-               "SELECT i.name FROM pragma_index_list(?1) l, pragma_index_info(l.name) i "
-               "WHERE l.\"unique\"",
-               table.name, file_);
-  while (keys.Next()) unique.insert(keys.Text(0));
-
-  Reading columns(database_, "SELECT name, type, pk FROM pragma_table_info(?1)", table.name, file_);
+  Reading columns(database_,
+                  "SELECT t.name, t.type = 'view', instr(upper(t.sql), 'AUTOINCREMENT'), c.name, "
+                  "c.type, c.pk FROM sqlite_schema t, pragma_table_info(t.name) c WHERE "
+                  "lower(t.name) = ?1 AND t.type IN ('table', 'view') AND substr(t.name, 1, 7) <> "
+                  "'sqlite_'",
+                  lowerName, file_);
   while (columns.Next()) {
-    Column column{.name = columns.Text(0), .type = DeclaredType(columns.Text(1))};
-    const bool inKey = columns.Is(2);
-    column.identity = inKey && autoincrement;
-    column.required = inKey && !autoincrement;
-    column.inUniqueKey = inKey || unique.contains(column.name);
+    table.name = columns.Text(0);
+    table.view = columns.Is(1);
+    const std::string declared = columns.Text(4);
+    Column column{.name = columns.Text(3), .type = DeclaredType(declared)};
+    column.inKey = columns.Is(5);
+    column.identity = column.inKey && columns.Is(2);
     // What an expression of a view is, SQLite does not say; in the suite's all are texts.
-    const bool isText =
-        table.view && (columns.Text(1).empty() || column.type.Is(Type::Kind::kBlob));
+    const bool isText = table.view && (declared.empty() || column.type.Is(Type::Kind::kBlob));
     if (isText) column.type = TextType(0);
     if (lowerName == kSumsTable && std::ranges::count(kSums, LowerName(column.name)) != 0) {
       column.type = {Type::Kind::kBigint};
@@ -86,6 +72,18 @@ Table Catalog::Read(const std::string& lowerName) {
     table.columns.push_back(std::move(column));
   }
   return table;
+}
+
+bool Catalog::IsInUniqueKey(const Table& table, const Column& column) {
+  if (column.inKey) return true;
+  Reading keys(database_,
+               "SELECT i.name FROM pragma_index_list(?1) l, pragma_index_info(l.name) i WHERE "
+               "l.\"unique\"",
+               table.name, file_);
+  while (keys.Next()) {
+    if (keys.Text(0) == column.name) return true;
+  }
+  return false;
 }
 
 }  // namespace adapters::sqlite

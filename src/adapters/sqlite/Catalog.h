@@ -15,8 +15,10 @@ struct Column {
   std::string name;
   Type type;
   bool identity = false;  ///< its values are given, none may be set
-  bool required = false;  ///< SQLite may take none, or give one, where the server wants one
-  bool inUniqueKey = false;
+  bool inKey = false;     ///< the primary one
+
+  /// SQLite may take none, or give one, where the server wants one.
+  bool Required() const { return inKey && !identity; }
 };
 
 struct Table {
@@ -32,6 +34,7 @@ class Catalog {
 
   /// Letter case does not count. Throws 208; SQLite's own tables are none.
   const Table& Find(const std::string& name);
+  bool IsInUniqueKey(const Table& table, const Column& column);
   /// The database's file, for errors.
   const std::string& File() const { return file_; }
 

@@ -182,6 +182,7 @@ TEST(Dialect, RefusedStatement_reportsTheServersNumberAndChangesNothing) {
       {"select ID from tblEmployee order by 'x'", 408, "position 1"},
       {"select ID from tblEmployee order by 2", 108, "2"},
       {"select ID from tblEmployee order by ID, 1", 169, ""},
+      {"select ID, * from tblEmployee order by ID", 209, "'ID'"},
       {"select ID from (select ID from tblEmployee order by ID) x", 1033, ""},
       // Types.
       {"select 'a'+1", 245, "'a'"},
