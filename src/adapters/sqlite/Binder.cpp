@@ -164,8 +164,9 @@ std::string Binder::Update(const Statement& statement) {
 std::string Binder::Delete(const Statement& statement) {
   const Table& table = Written(statement.table);
   Scope scope = ScopeOf(table);
-  return "DELETE FROM " + QuotedName(table.name) + " AS t" + std::to_string(aliases_) +
-         Where(statement.where, scope);
+  const std::string sql =
+      "DELETE FROM " + QuotedName(table.name) + " AS t" + std::to_string(aliases_);
+  return sql + Where(statement.where, scope);
 }
 
 const Table& Binder::Written(const std::string& name) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 
 #include "adapters/sqlite/Binder.h"
 #include "adapters/sqlite/Errors.h"
@@ -28,10 +29,15 @@ std::string CallOf(std::string_view function, const std::string& argument) {
 }
 
 /// A written number without what stands behind its point. Throws 8115.
-std::string WholeOf(const std::string& number) {
-  const std::string whole = number.substr(0, number.find('.'));
-  if (whole.size() > kIntCharacters) return WholeOf("9999999999");
-  return std::to_string(IntOf(static_cast<std::int64_t>(std::stoll(whole))));
+template <typename Int>
+std::string WholeOf(std::string_view number) {
+  Int whole = 0;
+  const std::size_t point = std::min(number.find('.'), number.size());
+  if (std::from_chars(number.data(), number.data() + point, whole).ec != std::errc{}) {
+    throw MakeError(kArithmeticOverflow,
+                    "Arithmetic overflow error converting expression to data type int.");
+  }
+  return std::to_string(whole);
 }
 
 bool HasCharactersBeyond(const Type& text, std::size_t length) {
@@ -79,10 +85,12 @@ Binder::Value Binder::As(Value value, Type target, const Node& near) {
   }
   if (target.Is(Kind::kMoment) && from.Is(Kind::kDate)) return {target, std::move(value.sql)};
   if (target.Is(Kind::kBigint) && isWhole) return {target, std::move(value.sql)};
-  if (target.Is(Kind::kBigint) && isLiteral) return AsInt(std::move(value), near);
+  if (target.Is(Kind::kBigint) && isLiteral) {
+    return isText ? AsInt(std::move(value), near) : Value{target, WholeOf<std::int64_t>(value.sql)};
+  }
   if (target.Is(Kind::kNumber) && from.IsNumeric()) return value;
   if (target.Is(Kind::kBit) && from.Is(Kind::kInt) && isLiteral) {
-    return {target, WholeOf(value.sql) == "0" ? "0" : "1"};
+    return {target, value.sql == "0" ? "0" : "1"};
   }
   if (from.kind != target.kind) {
     RefuseNear(near, std::string(NameOf(from.kind)) + " does not become " +
@@ -104,7 +112,7 @@ Binder::Value Binder::AsInt(Value value, const Node& near) {
     case Kind::kBigint:
       return {kIntType, CallOf(kToIntegerFunction, value.sql)};
     case Kind::kNumber:
-      if (isLiteral) return {kIntType, WholeOf(value.sql)};
+      if (isLiteral) return {kIntType, WholeOf<std::int32_t>(value.sql)};
       break;
     case Kind::kDate:
       RefuseClash(value.type, kIntType);
@@ -168,11 +176,11 @@ Binder::Value Binder::Convert(const Node& node, Scope& scope) {
   const std::int64_t length = node.length.value_or(kDefaultLength);
   if (length <= 0) {
     throw MakeError(kLengthInvalid,
-                    "Length or precision specification " + std::to_string(length) + " is invalid.");
+                    "Length or precision " + std::to_string(length) + " is invalid.");
   }
   if (length > (isNvarchar ? kLongestNvarchar : kLongestVarchar)) {
-    throw MakeError(kTypeTooLong, "The size (" + std::to_string(length) +
-                                      ") given to the convert specification '" + node.text +
+    throw MakeError(kTypeTooLong, "The size (" + std::to_string(length) + ") given to the type '" +
+                                      node.text +
                                       "' exceeds the maximum allowed for any data type.");
   }
   const bool isNumber = value.type.IsNumeric();

@@ -298,8 +298,14 @@ TEST(Dialect, StoredValues_areWhatTheServerWouldStore) {
                           "where ID=1"),
               stored);
   }
-  EXPECT_EQ(office.ErrorOf("update tblAccountDocumentDetail set Description='abcd     '"), 0);
+  EXPECT_EQ(office.ErrorOf("update tblAccountDocumentDetail set Description='abcd     ', "
+                           "Debit=9000000000 where FormID in (select ID from tblEmployee) or 1=1"),
+            0);
   EXPECT_EQ(office.Rows("select distinct Description+'|' from tblAccountDocumentDetail"), "abcd |");
+  EXPECT_EQ(office.ErrorOf("delete tblAccountDocumentDetail where exists (select e.ID from "
+                           "tblOrganization e where e.ID = FormID) and Debit = 9000000000"),
+            0);
+  EXPECT_EQ(office.Rows("select count(*) from tblAccountDocumentDetail"), "2");
 }
 
 TEST(Dialect, ScopeIdentity_isTheIdOfThisConnectionsLastRow) {
