@@ -16,6 +16,7 @@
 #include <string_view>
 
 #include "adapters/qt/Files.h"
+#include "adapters/sqlite/Functions.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "search/FormSearch.h"
@@ -87,6 +88,7 @@ class Office {
     if (sqlite3_open(Path("office.db").c_str(), &opened) != SQLITE_OK) {
       throw std::runtime_error("no office");
     }
+    adapters::sqlite::RegisterCollation(opened);
     return Database(opened);
   }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "adapters/sqlite/Functions.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {
@@ -28,7 +29,7 @@ Database::Database(const std::string& path) {
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_EXCLUSIVE;
   const int result = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
   handle_.reset(opened);
-  if (result != SQLITE_OK) Fail();
+  if (result != SQLITE_OK || !adapters::sqlite::RegisterCollation(opened)) Fail();
 }
 
 void Database::Execute(std::string_view statements) {

@@ -1,22 +1,33 @@
 #include "demo/Schema.h"
 
+#include <string>
+
+#include "text/Text.h"
+
 namespace demo {
 
-std::string_view OfficeSchema() {
-  return R"sql(
+namespace {
+
+/// Of the column $; most days need no calendar.
+constexpr std::string_view kIsDay =
+    "$ BETWEEN 10000000 AND 99999999 AND ($ / 100 % 100 BETWEEN 1 AND 12 AND $ % 100 BETWEEN 1 AND "
+    "28 OR $ = strftime('%Y%m%d', substr($, 1, 4) || '-' || substr($, 5, 2) || '-' || "
+    "substr($, 7, 2)))";
+
+constexpr std::string_view kSchema = R"sql(
 -- People and rights
 
 CREATE TABLE tblEmployee (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Code TEXT NOT NULL UNIQUE COLLATE NOCASE,
-  FirstName TEXT NOT NULL COLLATE NOCASE,
-  LastName TEXT NOT NULL COLLATE NOCASE,
-  CellPhone TEXT
+  Code NVARCHAR(20) NOT NULL UNIQUE COLLATE Persian,
+  FirstName NVARCHAR(60) NOT NULL COLLATE Persian,
+  LastName NVARCHAR(80) NOT NULL COLLATE Persian,
+  CellPhone NVARCHAR(20) COLLATE Persian
 );
 
 CREATE TABLE tblZomirUser (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  UserName TEXT NOT NULL UNIQUE COLLATE NOCASE,
+  UserName NVARCHAR(60) NOT NULL UNIQUE COLLATE Persian,
   EmployeeID INTEGER NOT NULL REFERENCES tblEmployee (ID)
 );
 
@@ -31,21 +42,21 @@ CREATE TABLE tblZomirUserPermission (
 
 CREATE TABLE tblAccountBranch (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Code TEXT NOT NULL UNIQUE COLLATE NOCASE,
-  Name TEXT NOT NULL COLLATE NOCASE,
-  City TEXT NOT NULL COLLATE NOCASE,
-  Phone TEXT
+  Code NVARCHAR(20) NOT NULL UNIQUE COLLATE Persian,
+  Name NVARCHAR(100) NOT NULL COLLATE Persian,
+  City NVARCHAR(60) NOT NULL COLLATE Persian,
+  Phone NVARCHAR(20) COLLATE Persian
 );
 
 CREATE TABLE tblDistributionRegion (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Description TEXT COLLATE NOCASE,
+  Description NVARCHAR(200) COLLATE Persian,
   BranchID INTEGER NOT NULL REFERENCES tblAccountBranch (ID)
 );
 
 CREATE TABLE tblDistributionPath (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Name TEXT NOT NULL COLLATE NOCASE,
+  Name NVARCHAR(200) NOT NULL COLLATE Persian,
   RegionID INTEGER NOT NULL REFERENCES tblDistributionRegion (ID)
 );
 CREATE INDEX ixDistributionPathRegion ON tblDistributionPath (RegionID);
@@ -76,19 +87,19 @@ CREATE TABLE tblDistributionPathPromoters (
 
 CREATE TABLE tblZomirWorkActivity (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Code TEXT NOT NULL UNIQUE COLLATE NOCASE,
-  Name TEXT NOT NULL COLLATE NOCASE
+  Code NVARCHAR(20) NOT NULL UNIQUE COLLATE Persian,
+  Name NVARCHAR(100) NOT NULL COLLATE Persian
 );
 
 CREATE TABLE tblOrganization (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Code TEXT NOT NULL UNIQUE COLLATE NOCASE,
-  FirstName TEXT COLLATE NOCASE,
-  Name TEXT COLLATE NOCASE,
-  Address TEXT COLLATE NOCASE,
-  CellPhone TEXT,
-  Phone1 TEXT,
-  Phone2 TEXT,
+  Code NVARCHAR(20) NOT NULL UNIQUE COLLATE Persian,
+  FirstName NVARCHAR(60) COLLATE Persian,
+  Name NVARCHAR(200) COLLATE Persian,
+  Address NVARCHAR(500) COLLATE Persian,
+  CellPhone NVARCHAR(20) COLLATE Persian,
+  Phone1 NVARCHAR(20) COLLATE Persian,
+  Phone2 NVARCHAR(20) COLLATE Persian,
   WorkActivityID INTEGER REFERENCES tblZomirWorkActivity (ID)
 );
 
@@ -105,21 +116,21 @@ CREATE INDEX ixDistributionOrganizationPath ON tblDistributionOrganization (Path
 CREATE TABLE tblDistributionPromoterProgram (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
   CreatorID INTEGER REFERENCES tblZomirUser (ID),
-  CreateDate DATE CHECK (CreateDate BETWEEN 10000000 AND 99999999),
-  FarsiCreateDate TEXT,
+  CreateDate DATE CHECK (CreateDate IS A DAY),
+  FarsiCreateDate NVARCHAR(10) COLLATE Persian,
   BranchID INTEGER REFERENCES tblAccountBranch (ID),
   SupervisorID INTEGER REFERENCES tblEmployee (ID),
-  Notes TEXT COLLATE NOCASE,
+  Notes TEXT COLLATE Persian,
   Code INTEGER
 );
 
 CREATE TABLE tblDistributionPromoterProgramDetail (
   ProgramID INTEGER NOT NULL REFERENCES tblDistributionPromoterProgram (ID),
   PromoterID INTEGER NOT NULL REFERENCES tblEmployee (ID),
-  FarsiVisitDate TEXT NOT NULL,
-  VisitDate DATE NOT NULL CHECK (VisitDate BETWEEN 10000000 AND 99999999),
+  FarsiVisitDate NVARCHAR(10) NOT NULL COLLATE Persian,
+  VisitDate DATE NOT NULL CHECK (VisitDate IS A DAY),
   CustomerID INTEGER NOT NULL REFERENCES tblOrganization (ID),
-  Notes TEXT,
+  Notes TEXT COLLATE Persian,
   Sequence INTEGER NOT NULL
 );
 -- The batch insert asks for every new row whether the visit is there already, comparing its date
@@ -139,9 +150,9 @@ CREATE TABLE tblDistributionPromoterProgramVisitResult (
   ProgramID INTEGER NOT NULL REFERENCES tblDistributionPromoterProgram (ID),
   PromoterID INTEGER NOT NULL REFERENCES tblEmployee (ID),
   CustomerID INTEGER NOT NULL REFERENCES tblOrganization (ID),
-  FarsiVisitDate TEXT NOT NULL,
-  VisitDate DATE NOT NULL CHECK (VisitDate BETWEEN 10000000 AND 99999999),
-  Result TEXT NOT NULL
+  FarsiVisitDate NVARCHAR(10) NOT NULL COLLATE Persian,
+  VisitDate DATE NOT NULL CHECK (VisitDate IS A DAY),
+  Result NVARCHAR(500) NOT NULL COLLATE Persian
 );
 CREATE INDEX ixPromoterProgramVisitResultProgram
   ON tblDistributionPromoterProgramVisitResult (ProgramID);
@@ -150,8 +161,8 @@ CREATE INDEX ixPromoterProgramVisitResultProgram
 
 CREATE TABLE tblAccount (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Code TEXT NOT NULL UNIQUE COLLATE NOCASE,
-  Name TEXT NOT NULL COLLATE NOCASE
+  Code NVARCHAR(20) NOT NULL UNIQUE COLLATE Persian,
+  Name NVARCHAR(200) NOT NULL COLLATE Persian
 );
 
 -- What an account is followed by: a branch (19), a person, ...
@@ -165,9 +176,9 @@ CREATE TABLE tblAccountRelatedClasses (
 CREATE TABLE tblAccountDocument (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
   Code INTEGER NOT NULL UNIQUE,
-  DocumentDate DATE NOT NULL CHECK (DocumentDate BETWEEN 10000000 AND 99999999),
-  FarsiDocumentDate TEXT NOT NULL,
-  Description TEXT COLLATE NOCASE
+  DocumentDate DATE NOT NULL CHECK (DocumentDate IS A DAY),
+  FarsiDocumentDate NVARCHAR(10) NOT NULL COLLATE Persian,
+  Description NVARCHAR(500) COLLATE Persian
 );
 
 -- FormTypeID and FormID: the form that the line was posted for, 3308 for a promoter program.
@@ -176,9 +187,9 @@ CREATE TABLE tblAccountDocumentDetail (
   RowNumber INTEGER NOT NULL,
   AccountID INTEGER NOT NULL REFERENCES tblAccount (ID),
   BranchID INTEGER REFERENCES tblAccountBranch (ID),
-  Description TEXT COLLATE NOCASE,
-  Debit INTEGER NOT NULL DEFAULT 0,
-  Credit INTEGER NOT NULL DEFAULT 0,
+  Description NVARCHAR(500) COLLATE Persian,
+  Debit BIGINT NOT NULL DEFAULT 0,
+  Credit BIGINT NOT NULL DEFAULT 0,
   FormTypeID INTEGER,
   FormID INTEGER,
   PRIMARY KEY (DocumentID, RowNumber)
@@ -198,7 +209,7 @@ CREATE TABLE tblAccountDocumentObjects (
 
 CREATE TABLE tblAssetGroup (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
-  Name TEXT NOT NULL COLLATE NOCASE,
+  Name NVARCHAR(100) NOT NULL COLLATE Persian,
   AssetGroupAccountID INTEGER REFERENCES tblAccount (ID)
 );
 
@@ -207,12 +218,12 @@ CREATE TABLE tblAssetGroup (
 CREATE TABLE tblZomirFormAction (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
   EventID INTEGER,
-  FormCode TEXT,
+  FormCode NVARCHAR(50) COLLATE Persian,
   FormTypeID INTEGER,
-  Description TEXT,
+  Description NVARCHAR(1000) COLLATE Persian,
   UserID INTEGER,
-  EventDate DATE CHECK (EventDate BETWEEN 10000000 AND 99999999),
-  FarsiEventDate TEXT,
+  EventDate DATE CHECK (EventDate IS A DAY),
+  FarsiEventDate NVARCHAR(10) COLLATE Persian,
   EventTime INTEGER
 );
 
@@ -220,7 +231,7 @@ CREATE TABLE tblZomirFormAttachment (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
   FormTypeID INTEGER NOT NULL,
   FormID INTEGER NOT NULL,
-  FileName TEXT NOT NULL COLLATE NOCASE,
+  FileName NVARCHAR(260) NOT NULL COLLATE Persian,
   Content BLOB NOT NULL
 );
 CREATE INDEX ixZomirFormAttachmentForm ON tblZomirFormAttachment (FormTypeID, FormID);
@@ -228,14 +239,14 @@ CREATE INDEX ixZomirFormAttachmentForm ON tblZomirFormAttachment (FormTypeID, Fo
 CREATE TABLE tblZomirReportTemplate (
   ID INTEGER PRIMARY KEY AUTOINCREMENT,
   FormTypeID INTEGER NOT NULL,
-  Title TEXT NOT NULL COLLATE NOCASE,
-  FilePath TEXT
+  Title NVARCHAR(200) NOT NULL COLLATE Persian,
+  FilePath NVARCHAR(260) COLLATE Persian
 );
 CREATE INDEX ixZomirReportTemplateForm ON tblZomirReportTemplate (FormTypeID);
 
 CREATE TABLE tblZomirBasePath (
   ID INTEGER PRIMARY KEY,
-  BasePath TEXT
+  BasePath NVARCHAR(1000) COLLATE Persian
 );
 
 CREATE VIEW vwZomirBasePath AS SELECT ID, BasePath FROM tblZomirBasePath;
@@ -290,6 +301,19 @@ CREATE VIEW vwDistributionPromoterProgramMajor AS
 CREATE VIEW vwDistributionPromoterProgramMinor AS
   SELECT ID, ifnull(Notes, 'برنامه ' || ID) AS Name FROM tblDistributionPromoterProgram;
 )sql";
+
+}  // namespace
+
+std::string_view OfficeSchema() {
+  static const std::string schema = [] {
+    std::string whole(kSchema);
+    for (const char* column : {"CreateDate", "VisitDate", "DocumentDate", "EventDate"}) {
+      whole = text::Replace(whole, column + std::string(" IS A DAY"),
+                            text::Replace(kIsDay, "$", column));
+    }
+    return whole;
+  }();
+  return schema;
 }
 
 }  // namespace demo

@@ -86,7 +86,7 @@ std::string_view Text(const StatementHandle& statement, int column) {
 
 struct Column {
   std::string name;
-  std::string type;  // as declared: INTEGER, TEXT, DATE, BLOB
+  std::string type;  // as declared: INTEGER, NVARCHAR(n), TEXT, DATE, BLOB
 };
 
 struct Table {
@@ -144,7 +144,7 @@ void AppendValue(std::string& sql, const StatementHandle& row, int column,
     text::AppendHex(sql, std::as_bytes(std::span(value)));
   } else if (type == "DATE") {
     AppendQuoted(sql, value);
-  } else if (type == "TEXT") {
+  } else if (type == "TEXT" || type.starts_with("NVARCHAR")) {
     sql += 'N';
     AppendQuoted(sql, value);
   } else {

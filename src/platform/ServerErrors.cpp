@@ -25,6 +25,7 @@ constexpr std::string_view kFull =
     "كنيد.";
 
 constexpr auto kSentences = std::to_array<Sentence>({
+    {191, "پايگاه داده% اين دستور را نپذيرفت: بيش از اندازه تو در تو است."},
     {207, "پايگاه داده% ستوني را كه خواسته شد ندارد. نام و نسخه پايگاه داده را بررسي كنيد."},
     {208, kMissingObject},
     {229, kNoRight},
@@ -44,6 +45,7 @@ constexpr auto kSentences = std::to_array<Sentence>({
     {2627, kDuplicate},
     {2812, kMissingObject},
     {3906, "پايگاه داده% فقط خواندني است و چيزي در آن ثبت نشد."},
+    {8623, "پايگاه داده% اين دستور را نپذيرفت: شرط آن بيش از اندازه بزرگ است."},
     {9002, kFull},
 });
 

@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "adapters/sqlite/Functions.h"
+
 namespace demo {
 
-/// An office's file as SQLite itself sees it, without the dialect of the suite's server. Foreign
+/// An office's file as SQLite itself sees it, with its collation, but without the dialect of the
+/// suite's server. Foreign
 /// keys are enforced.
 class PlainDatabase {
  public:
@@ -16,6 +19,7 @@ class PlainDatabase {
   /// Made when it is not there; by the usual calls for files unless told.
   explicit PlainDatabase(const std::string& file, const char* vfs = nullptr) {
     sqlite3_open_v2(file.c_str(), &database_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, vfs);
+    adapters::sqlite::RegisterCollation(database_);
     Query("PRAGMA foreign_keys = ON");
   }
   ~PlainDatabase() { sqlite3_close(database_); }

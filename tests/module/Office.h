@@ -13,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/sqlite/Functions.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "module/Module.h"
@@ -31,6 +32,7 @@ class Office : private platform::ConnectionFactory {
     sqlite3* opened = nullptr;
     EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
     plain_.reset(opened);
+    EXPECT_TRUE(adapters::sqlite::RegisterCollation(opened));
     outside.clock.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
     control_.SetUserID(1);
     control_.SetEmployeeID(1);

@@ -41,6 +41,7 @@ sqlite3* DatabaseFile::Open() {
     handle_ = OpenDatabase(path_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);
     logPath_ = LogPath(handle_.get());
     log_ = FileNumber(logPath_);
+    catalog_.emplace(handle_.get(), path_);
     opened_ = before;
   }
   return handle_.get();
@@ -79,9 +80,9 @@ void DatabaseFile::RequireInPlace() {
 }
 
 void DatabaseFile::ThrowChanging() const {
-  throw MakeError(kLockTimeout, "برنامه ديگري پايگاه داده " + Quoted(path_) +
-                                    " را تغيير مي دهد؛ كمي بعد دوباره تلاش كنيد. Lock request time "
-                                    "out period exceeded. (the file changed while it was read)");
+  throw MakeError(kLockTimeout,
+                  "Lock request time out period exceeded. (the file changed while it was read)",
+                  path_);
 }
 
 }  // namespace adapters::sqlite

@@ -5,8 +5,10 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
+#include "adapters/sqlite/Catalog.h"
 #include "adapters/sqlite/Database.h"
 #include "platform/RuntimeError.h"
 
@@ -20,8 +22,8 @@ class DatabaseFile {
 
   const std::string& Path() const { return path_; }
 
-  /// What `work` makes of the open database. Before it, 4060 when the file was moved or removed, or
-  /// the path turned to another; rows that its log still held are then kept.
+  /// What `work` makes of the open database and its tables. Before it, 4060 when the file was moved
+  /// or removed, or the path turned to another; rows that its log still held are then kept.
   ///
   /// A file without locks (IsWithoutLocks) is opened anew each time, and `work`, which can only
   /// read there, done a second time when the file changed meanwhile; changed again, 1222.
@@ -29,9 +31,9 @@ class DatabaseFile {
   auto Use(const Work& work) {
     for (bool again = false;; again = true) {
       sqlite3* database = Open();
-      if (!IsWithoutLocks(database)) return work(database);
+      if (!IsWithoutLocks(database)) return work(database, *catalog_);
       try {
-        auto result = work(database);
+        auto result = work(database, *catalog_);
         if (!HasChanged()) return result;
       } catch (const platform::RuntimeError&) {
         if (!HasChanged()) throw;
@@ -59,9 +61,10 @@ class DatabaseFile {
   std::string path_;
   std::chrono::milliseconds busyTimeout_;
   DatabaseHandle handle_;
-  std::string logPath_;    // where SQLite keeps the handle's log, links resolved
-  std::uint64_t log_ = 0;  // number of the file that holds it
-  State opened_;           // before the handle was opened
+  std::optional<Catalog> catalog_;  // of the handle
+  std::string logPath_;             // where SQLite keeps the handle's log, links resolved
+  std::uint64_t log_ = 0;           // number of the file that holds it
+  State opened_;                    // before the handle was opened
 };
 
 }  // namespace adapters::sqlite

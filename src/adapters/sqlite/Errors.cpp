@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "adapters/sqlite/Database.h"
+#include "platform/ConnectionFault.h"
 #include "platform/ServerErrors.h"
 
 namespace adapters::sqlite {
@@ -49,34 +50,31 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
   }
 }
 
-Report MissingObject(const std::string& name) {
+Report ObjectReport(const std::string& name) {
   return {kInvalidObject, "Invalid object name '" + name + "'."};
 }
 
-Report MissingColumn(const std::string& name) {
+Report ColumnReport(const std::string& name) {
   return {kInvalidColumn, "Invalid column name '" + name + "'."};
+}
+
+Report DepthReport() {
+  return {kNestedTooDeeply, "Some part of your SQL statement is nested too deeply."};
+}
+
+Report ComplexityReport() {
+  return {kTooComplex,
+          "The query processor ran out of internal resources and could not produce a query plan."};
 }
 
 /// SQLite reports what a statement names wrongly by words alone.
 Report StatementReport(std::string_view words) {
-  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name);
-  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name);
-  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name);
-  if (const auto name = Between(words, "ambiguous column name: ")) {
-    return {kAmbiguousColumn, "Ambiguous column name '" + *name + "'."};
-  }
-  if (words.find(" values for ") != std::string_view::npos ||
-      words.find(" values were supplied") != std::string_view::npos) {
-    return {kColumnCountMismatch,
-            "Column name or number of supplied values does not match table definition."};
-  }
-  if (words.find("sub-select returns") != std::string_view::npos) {
-    return {kSubqueryColumns,
-            "Only one expression can be specified in the select list when the "
-            "subquery is not introduced with EXISTS."};
-  }
-  if (const auto near = Between(words, "near \"", "\": syntax error")) {
-    return {kIncorrectSyntax, "Incorrect syntax near '" + *near + "'."};
+  if (const auto name = Between(words, "no such table: ")) return ObjectReport(*name);
+  if (const auto name = Between(words, "no such column: ")) return ColumnReport(*name);
+  if (words == "parser stack overflow") return DepthReport();
+  if (words.starts_with("Expression tree is too large")) return ComplexityReport();
+  if (words == "integer overflow") {
+    return {kArithmeticOverflow, "Arithmetic overflow error converting expression to data type."};
   }
   return {kOther, "The statement failed."};
 }
@@ -139,6 +137,10 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
       return ConstraintReport(extendedCode, words);
     case SQLITE_MISMATCH:
       return {kConversion, "Conversion failed when converting a value to the column's data type."};
+    case SQLITE_INTERRUPT:
+      return {kTimeLimitReached,
+              std::string(platform::UserSentence(platform::ConnectionFault::kSilent)) +
+                  "\nQuery timeout expired."};
     case SQLITE_NOMEM:
       return OutOfMemory();
     case SQLITE_ERROR:
@@ -150,8 +152,27 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
 
 }  // namespace
 
-platform::RuntimeError MakeError(std::int32_t number, const std::string& description) {
-  return {number, platform::Described(platform::ServerSentence(number), description), "SQLite"};
+platform::RuntimeError MakeError(std::int32_t number, const std::string& words,
+                                 const std::string& file) {
+  return {number, platform::Described(platform::ServerSentence(number, file), words), "SQLite"};
+}
+
+platform::RuntimeError MissingObject(const std::string& name, const std::string& file) {
+  const Report report = ObjectReport(name);
+  return MakeError(report.number, report.text, file);
+}
+
+platform::RuntimeError MissingColumn(const std::string& name, const std::string& file) {
+  const Report report = ColumnReport(name);
+  return MakeError(report.number, report.text, file);
+}
+
+platform::RuntimeError TooDeep() {
+  return MakeError(DepthReport().number, DepthReport().text);
+}
+
+platform::RuntimeError TooComplex() {
+  return MakeError(ComplexityReport().number, ComplexityReport().text);
 }
 
 std::string Quoted(const std::string& name) {
@@ -159,9 +180,14 @@ std::string Quoted(const std::string& name) {
   return "«" + platform::LeftToRight(name) + "»";
 }
 
-void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text) {
-  sqlite3_result_error(context, text.data(), static_cast<int>(text.size()));
-  sqlite3_result_error_code(context, SQLITE_ERROR | (number << kNumberShift));
+int FunctionErrorCode(std::int32_t number) {
+  return SQLITE_ERROR | (number << kNumberShift);
+}
+
+void SetFunctionError(sqlite3_context* context, const platform::RuntimeError& error) {
+  const std::string words = error.Description();
+  sqlite3_result_error(context, words.data(), static_cast<int>(words.size()));
+  sqlite3_result_error_code(context, FunctionErrorCode(error.Number()));
 }
 
 platform::RuntimeError LastError(sqlite3* database, const std::string& file) {
@@ -169,13 +195,10 @@ platform::RuntimeError LastError(sqlite3* database, const std::string& file) {
   const std::string words = sqlite3_errmsg(database);
   // SQLite's own extended codes of SQLITE_ERROR end at 3; a server number begins above 100.
   if ((code & 0xFF) == SQLITE_ERROR && (code >> kNumberShift) > 100) {
-    return MakeError(code >> kNumberShift, words);
+    return {code >> kNumberShift, words, "SQLite"};  // whole when the function raised it
   }
   const Report report = ReportOf(code, words, file, database);
-  return {report.number,
-          platform::Described(platform::ServerSentence(report.number, file),
-                              report.text + " (" + words + ")"),
-          "SQLite"};
+  return MakeError(report.number, report.text + " (" + words + ")", file);
 }
 
 }  // namespace adapters::sqlite

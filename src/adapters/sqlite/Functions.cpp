@@ -1,16 +1,18 @@
 #include "adapters/sqlite/Functions.h"
 
-#include <compare>
 #include <new>
+#include <optional>
 #include <string>
 
+#include "adapters/sqlite/Collation.h"
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/IdListTable.h"
 #include "adapters/sqlite/Like.h"
 #include "adapters/sqlite/TextPieces.h"
+#include "adapters/sqlite/Types.h"
 #include "calendar/Gregorian.h"
 #include "calendar/SolarHijriDate.h"
-#include "text/PersianOrder.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -33,6 +35,8 @@ template <void (*function)(sqlite3_context*, Arguments)>
 void Guarded(sqlite3_context* context, int, Arguments arguments) {
   try {
     function(context, arguments);
+  } catch (const platform::RuntimeError& error) {
+    SetFunctionError(context, error);
   } catch (const std::bad_alloc&) {
     sqlite3_result_error_nomem(context);
   }
@@ -41,7 +45,7 @@ void Guarded(sqlite3_context* context, int, Arguments arguments) {
 /// The last day that a handle's getEnglishDate converted: a batch insert asks for the same day once
 /// for every customer.
 struct LastDay {
-  std::string farsi;
+  std::optional<std::string> farsi;
   sqlite3_int64 literal = 0;
 };
 
@@ -52,11 +56,9 @@ void EnglishDate(sqlite3_context* context, Arguments arguments) {
   if (last.farsi != farsi) {
     const auto date = calendar::SolarHijriDate::FromText(farsi);
     if (!date) {
-      SetFunctionError(context, kDateConversion,
-                       "Conversion failed when converting date and/or time from character "
-                       "string '" +
-                           std::string(farsi) + "'.");
-      return;
+      throw MakeError(kDateConversion,
+                      "Conversion failed when converting date and/or time from character string '" +
+                          std::string(farsi) + "'.");
     }
     last.literal = std::stoll(calendar::GregorianLiteral(date->Days()));
     last.farsi = farsi;
@@ -69,49 +71,33 @@ void ScopeIdentity(sqlite3_context* context, Arguments) {
   if (id != 0) sqlite3_result_int64(context, id);
 }
 
-void SetConversionError(sqlite3_context* context, std::string_view text) {
-  SetFunctionError(context, kConversion,
-                   "Conversion failed when converting the varchar value '" + std::string(text) +
-                       "' to data type int.");
-}
-
-void Plus(sqlite3_context* context, Arguments arguments) {
-  if (IsNull(arguments[0]) || IsNull(arguments[1])) return;
-  const bool firstIsText = sqlite3_value_type(arguments[0]) == SQLITE_TEXT;
-  const bool secondIsText = sqlite3_value_type(arguments[1]) == SQLITE_TEXT;
-  if (firstIsText != secondIsText) {
-    SetConversionError(context, TextOf(arguments[firstIsText ? 0 : 1]));
-  } else if (firstIsText) {
-    std::string joined(TextOf(arguments[0]));
-    joined += TextOf(arguments[1]);
-    sqlite3_result_text64(context, joined.data(), joined.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
-  } else if (sqlite3_value_type(arguments[0]) == SQLITE_INTEGER &&
-             sqlite3_value_type(arguments[1]) == SQLITE_INTEGER) {
-    sqlite3_int64 sum = 0;
-    if (__builtin_add_overflow(sqlite3_value_int64(arguments[0]), sqlite3_value_int64(arguments[1]),
-                               &sum)) {
-      SetFunctionError(context, kArgumentType, "Arithmetic overflow error for data type bigint.");
-    } else {
-      sqlite3_result_int64(context, sum);
-    }
-  } else {
-    sqlite3_result_double(context,
-                          sqlite3_value_double(arguments[0]) + sqlite3_value_double(arguments[1]));
-  }
+void SetText(sqlite3_context* context, std::string_view text) {
+  sqlite3_result_text64(context, text.data(), text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
 void ToInteger(sqlite3_context* context, Arguments arguments) {
-  switch (sqlite3_value_type(arguments[0])) {
-    case SQLITE_NULL:
-      return;
-    case SQLITE_TEXT: {
-      const auto number = WholeNumberOf(TextOf(arguments[0]));
-      if (number) return sqlite3_result_int64(context, *number);
-      return SetConversionError(context, TextOf(arguments[0]));
-    }
-    default:
-      sqlite3_result_int64(context, sqlite3_value_int64(arguments[0]));
+  if (IsNull(arguments[0])) return;
+  const bool isText = sqlite3_value_type(arguments[0]) == SQLITE_TEXT;
+  sqlite3_result_int(context, isText ? IntOf(TextOf(arguments[0]))
+                                     : IntOf(std::int64_t{sqlite3_value_int64(arguments[0])}));
+}
+
+void DateTextFunction(sqlite3_context* context, Arguments arguments) {
+  if (!IsNull(arguments[0])) SetText(context, DateText(sqlite3_value_int64(arguments[0])));
+}
+
+void Fit(sqlite3_context* context, Arguments arguments) {
+  if (IsNull(arguments[0])) return;
+  const std::string_view text = TextOf(arguments[0]);
+  const auto length = static_cast<std::size_t>(sqlite3_value_int64(arguments[1]));
+  const std::string_view fitting = text::Mid(text, 1, length);
+  if (text.find_first_not_of(' ', fitting.size()) != std::string_view::npos) {
+    throw MakeError(kTextTruncated, "متن ستون " + Quoted(std::string(TextOf(arguments[2]))) +
+                                        " بلندتر از " + std::to_string(length) +
+                                        " نويسه است و چيزي ثبت نشد. String or binary data would be "
+                                        "truncated.");
   }
+  SetText(context, fitting);
 }
 
 void LikeFunction(sqlite3_context* context, Arguments arguments) {
@@ -128,9 +114,10 @@ void OnlyValueStep(sqlite3_context* context, int, Arguments arguments) {
   auto* only = static_cast<OnlyValue*>(sqlite3_aggregate_context(context, sizeof(OnlyValue)));
   if (only == nullptr) return sqlite3_result_error_nomem(context);
   if (only->any) {
-    return SetFunctionError(context, kSubqueryManyRows,
-                            "Subquery returned more than 1 value. This is not permitted when the "
-                            "subquery is used as an expression.");
+    return SetFunctionError(
+        context, MakeError(kSubqueryManyRows,
+                           "Subquery returned more than 1 value. This is not permitted when the "
+                           "subquery is used as an expression."));
   }
   only->any = true;
   only->value = sqlite3_value_dup(arguments[0]);
@@ -144,12 +131,9 @@ void OnlyValueFinal(sqlite3_context* context) {
   sqlite3_value_free(only->value);
 }
 
-int ComparePersianTexts(void*, int firstSize, const void* first, int secondSize,
-                        const void* second) {
-  const auto order = text::ComparePersian(
-      {static_cast<const char*>(first), static_cast<std::size_t>(firstSize)},
-      {static_cast<const char*>(second), static_cast<std::size_t>(secondSize)});
-  return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
+int CompareForSqlite(void*, int firstSize, const void* first, int secondSize, const void* second) {
+  return CompareTexts({static_cast<const char*>(first), static_cast<std::size_t>(firstSize)},
+                      {static_cast<const char*>(second), static_cast<std::size_t>(secondSize)});
 }
 
 struct Scalar {
@@ -161,12 +145,18 @@ struct Scalar {
 
 }  // namespace
 
+bool RegisterCollation(sqlite3* database) {
+  return sqlite3_create_collation_v2(database, kPersianCollation.data(), SQLITE_UTF8, nullptr,
+                                     CompareForSqlite, nullptr) == SQLITE_OK;
+}
+
 void RegisterFunctions(sqlite3* database) {
   constexpr int kPure = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
   const Scalar scalars[] = {
       {kIdentityFunction, 0, SQLITE_UTF8, Guarded<ScopeIdentity>},
-      {kPlusFunction, 2, kPure, Guarded<Plus>},
       {kToIntegerFunction, 1, kPure, Guarded<ToInteger>},
+      {kDateTextFunction, 1, kPure, Guarded<DateTextFunction>},
+      {kFitFunction, 3, kPure, Guarded<Fit>},
       {"like", 2, kPure, Guarded<LikeFunction>},
   };
   bool registered = true;
@@ -184,9 +174,7 @@ void RegisterFunctions(sqlite3* database) {
           nullptr, nullptr, [](void* last) { delete static_cast<LastDay*>(last); }) == SQLITE_OK &&
       sqlite3_create_function_v2(database, kOnlyValueFunction.data(), 1, kPure, nullptr, nullptr,
                                  OnlyValueStep, OnlyValueFinal, nullptr) == SQLITE_OK &&
-      sqlite3_create_collation_v2(database, kPersianCollation.data(), SQLITE_UTF8, nullptr,
-                                  ComparePersianTexts, nullptr) == SQLITE_OK &&
-      RegisterIdListTable(database) && RegisterTextPieces(database);
+      RegisterCollation(database) && RegisterIdListTable(database) && RegisterTextPieces(database);
   if (!registered) throw LastError(database, {});
 }
 

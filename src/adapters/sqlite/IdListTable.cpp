@@ -1,13 +1,14 @@
 #include "adapters/sqlite/IdListTable.h"
 
 #include <algorithm>
-#include <charconv>
+#include <cstdint>
 #include <new>
 #include <string>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Functions.h"
+#include "adapters/sqlite/Types.h"
 #include "text/Text.h"
 
 namespace adapters::sqlite {
@@ -21,7 +22,7 @@ constexpr sqlite3_int64 kRowsUnlessKnown = 1000;
 
 struct Cursor : sqlite3_vtab_cursor {
   std::string list;
-  std::vector<std::int64_t> ids;
+  std::vector<std::int32_t> ids;
   std::size_t row = 0;
 };
 
@@ -75,12 +76,11 @@ int Close(sqlite3_vtab_cursor* cursor) {
   return SQLITE_OK;
 }
 
-int RefuseElement(sqlite3_vtab* table, std::string_view element) {
-  const std::string message = "Conversion failed when converting the varchar value '" +
-                              std::string(element) + "' to data type int.";
-  sqlite3_free(table->zErrMsg);
-  table->zErrMsg = sqlite3_mprintf("%s", message.c_str());
-  return SQLITE_MISMATCH;
+/// CONVERT alone takes the empty text and a sign without digits for 0.
+std::int32_t IdOf(std::string_view element) {
+  const std::string_view digits = text::Trim(element);
+  const bool isNumber = !digits.empty() && digits != "-" && !digits.starts_with('+');
+  return IntOf(isNumber ? std::string(element) : "'" + std::string(element) + "'");
 }
 
 /// Splits the list; an inner loop comes here with the same list again and again.
@@ -99,13 +99,14 @@ int Filter(sqlite3_vtab_cursor* base, int, const char*, int count, sqlite3_value
     cursor.list.clear();
     for (std::size_t from = 0; !list.empty() && from <= list.size();) {
       const std::size_t end = std::min(list.find(',', from), list.size());
-      const std::string_view element = list.substr(from, end - from);
-      const auto id = WholeNumberOf(element);
-      if (!id) return RefuseElement(base->pVtab, element);
-      cursor.ids.push_back(*id);
+      cursor.ids.push_back(IdOf(list.substr(from, end - from)));
       from = end + 1;
     }
     cursor.list = list;
+  } catch (const platform::RuntimeError& error) {
+    sqlite3_free(base->pVtab->zErrMsg);
+    base->pVtab->zErrMsg = sqlite3_mprintf("%s", error.what());
+    return FunctionErrorCode(error.Number());
   } catch (const std::bad_alloc&) {
     return SQLITE_NOMEM;
   }
@@ -124,7 +125,7 @@ int AtEnd(sqlite3_vtab_cursor* cursor) {
 int Column(sqlite3_vtab_cursor* base, sqlite3_context* context, int column) {
   const Cursor& cursor = CursorOf(base);
   if (column == kIdColumn) {
-    sqlite3_result_int64(context, cursor.ids[cursor.row]);
+    sqlite3_result_int(context, cursor.ids[cursor.row]);
   } else {
     sqlite3_result_text64(context, cursor.list.data(), cursor.list.size(), SQLITE_TRANSIENT,
                           SQLITE_UTF8);
@@ -159,15 +160,6 @@ constexpr sqlite3_module kModule = MakeModule();
 bool RegisterIdListTable(sqlite3* database) {
   return sqlite3_create_module_v2(database, kIdListFunction.data(), &kModule, nullptr, nullptr) ==
          SQLITE_OK;
-}
-
-std::optional<std::int64_t> WholeNumberOf(std::string_view text) {
-  const std::string_view trimmed = text::Trim(text);
-  std::int64_t number = 0;
-  const auto [end, error] =
-      std::from_chars(trimmed.data(), trimmed.data() + trimmed.size(), number);
-  if (error != std::errc{} || end != trimmed.data() + trimmed.size()) return std::nullopt;
-  return number;
 }
 
 }  // namespace adapters::sqlite

@@ -1,31 +1,29 @@
 #include "adapters/sqlite/Like.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdint>
+
+#include "adapters/sqlite/Collation.h"
 
 namespace adapters::sqlite {
 
 namespace {
 
-/// Reads one character at `position` and moves behind it; a byte that begins none is taken alone.
-std::uint32_t TakeCharacter(std::string_view s, std::size_t& position) {
-  const auto byte = [&](std::size_t i) -> std::uint32_t {
-    return static_cast<unsigned char>(s[i]);
-  };
-  const std::uint32_t lead = byte(position++);
-  if (lead >= 'A' && lead <= 'Z') return lead - 'A' + 'a';
-  if (lead < 0xC0) return lead;
-  const std::size_t following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-  std::uint32_t character = lead & (0x3FU >> following);
-  for (std::size_t i = 0; i < following && position < s.size(); ++i) {
-    character = (character << 6U) | (byte(position++) & 0x3FU);
+/// The character at `position`, which moves behind it; a byte that begins none is taken alone.
+std::string_view TakeCharacter(std::string_view s, std::size_t& position) {
+  const std::size_t from = position++;
+  while (position < s.size() && (static_cast<unsigned char>(s[from]) >= 0xC0) &&
+         (static_cast<unsigned char>(s[position]) >> 6U) == 2U) {
+    ++position;
   }
-  return character;
+  return s.substr(from, position - from);
+}
+
+bool IsSame(std::string_view a, std::string_view b) {
+  return a == b || (a.size() == 1 && b.size() == 1 && CompareTexts(a, b) == 0);
 }
 
 /// Whether `character` is in the set that begins behind "["; moves `position` behind its "]".
-bool InSet(std::uint32_t character, std::string_view pattern, std::size_t& position) {
+bool InSet(std::string_view character, std::string_view pattern, std::size_t& position) {
   const std::size_t end = pattern.find(']', position);
   if (end == std::string_view::npos) {
     position = pattern.size();
@@ -36,13 +34,14 @@ bool InSet(std::uint32_t character, std::string_view pattern, std::size_t& posit
   if (negated) ++position;
   bool found = false;
   while (position < end) {
-    const std::uint32_t first = TakeCharacter(set, position);
-    std::uint32_t last = first;
+    const std::string_view first = TakeCharacter(set, position);
     if (position + 1 < end && set[position] == '-') {
       ++position;
-      last = TakeCharacter(set, position);
+      const std::string_view last = TakeCharacter(set, position);
+      found = found || (CompareTexts(first, character) <= 0 && CompareTexts(character, last) <= 0);
+    } else {
+      found = found || IsSame(first, character);
     }
-    found = found || (first <= character && character <= last);
   }
   position = end + 1;
   return found != negated;
@@ -66,7 +65,7 @@ bool Like(std::string_view text, std::string_view pattern) {
     }
     bool matches = false;
     if (p < pattern.size() && t < text.size()) {
-      const std::uint32_t character = TakeCharacter(text, t);
+      const std::string_view character = TakeCharacter(text, t);
       if (pattern[p] == '_') {
         ++p;
         matches = true;
@@ -74,7 +73,7 @@ bool Like(std::string_view text, std::string_view pattern) {
         ++p;
         matches = InSet(character, pattern, p);
       } else {
-        matches = TakeCharacter(pattern, p) == character;
+        matches = IsSame(TakeCharacter(pattern, p), character);
       }
     }
     if (matches) continue;

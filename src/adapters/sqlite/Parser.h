@@ -1,35 +1,25 @@
 #pragma once
 
-#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "adapters/sqlite/Syntax.h"
 #include "adapters/sqlite/TokenReader.h"
-#include "adapters/sqlite/Translator.h"
 
 namespace adapters::sqlite {
 
-/// Reads one statement from left to right and writes SQLite's text for it on the way. Part of the
-/// translator: statements and queries are in Parser.cpp, expressions in ParserExpressions.cpp.
+/// Reads one statement of the server's dialect, as much of it as the suite's forms, the selectors
+/// and report templates use. Anything else, a second statement included, is refused with a
+/// RuntimeError of the server's number and words.
 class Parser {
  public:
   explicit Parser(std::string_view statement) : reader_(statement) {}
 
-  Translation Statement();
+  sqlite::Statement Statement();
 
  private:
-  /// What can be known of an expression without the schema.
-  enum class Kind { kCondition, kText, kNumber, kUnknown };
-  struct Expression {
-    std::string sql;
-    Kind kind = Kind::kUnknown;
-    /// For a text that may be a piece of a joined one: its arguments in a call of kPiecesFunction,
-    /// and the value it is cut from, empty for a literal.
-    std::string pieceArguments = {};
-    std::string pieceOf = {};
-  };
-
   /// Counts nesting while it lives; throws 191 when a statement nests deeper than any honest one.
   class Nesting {
    public:
@@ -42,50 +32,42 @@ class Parser {
     int& depth_;
   };
 
-  // Parser.cpp
-  std::string Insert(Translation& translation);
-  std::string Update();
-  std::string Delete();
-  std::string Query();
-  std::string ScalarQuery();
-  std::string QueryBody(const std::function<std::string()>& selectList);
-  std::string SelectList();
-  std::string Sources();
-  std::string Source();
-  std::string OrderBy(std::string_view collation);
+  void Insert(sqlite::Statement& statement);
+  void Update(sqlite::Statement& statement);
+  sqlite::Query Query();
+  SelectItem Item();
+  std::vector<Source> Sources();
+  Source OneSource(Join join);
+  std::vector<Ordering> OrderBy();
   std::string TableName();
   std::string Alias();
-  std::string WhereClause();
+  std::optional<Node> Where();
 
-  // ParserExpressions.cpp
   /// Any expression but a condition.
-  Expression Value();
-  std::string Condition();
-  Expression Or();
-  Expression And();
-  Expression Not();
-  Expression Predicate();
-  Expression InList(const Expression& left, std::string_view negation);
-  Expression Sum();
-  static std::string JoinedPieces(const std::vector<Expression>& operands);
-  Expression Operand();
-  Expression Parenthesized();
-  Expression NameOrCall();
-  Expression Call(const std::string& name, bool ofSuite);
-  Expression ConvertCall();
-  Expression SubstringCall();
-  Expression CountCall();
-  Expression RowNumberCall();
-  std::string ValueList();
-  /// The whole number that must stand here.
-  std::string WholeNumber();
+  Node Value();
+  Node Condition();
+  Node Chain(NodeKind kind, std::string_view keyword, Node (Parser::*part)());
+  Node Or() { return Chain(NodeKind::kOr, "or", &Parser::And); }
+  Node And() { return Chain(NodeKind::kAnd, "and", &Parser::Not); }
+  Node Not();
+  Node Predicate();
+  Node In(Node left, bool negated);
+  Node Between(Node left, bool negated);
+  /// A value, or a condition in parentheses.
+  Node Sum();
+  Node ValueSum();
+  Node Operand();
+  Node Parenthesized();
+  Node NameOrCall();
+  Node Call(const std::string& name);
+  Node Convert();
+  Node RowNumber();
+  std::vector<Node> Values();
+  std::int64_t WholeNumber();
 
   TokenReader reader_;
   int depth_ = 0;
+  int conditions_ = 0;  // joined by AND and OR
 };
-
-/// "name" and 'text' as SQLite reads them.
-std::string QuotedName(std::string_view name);
-std::string QuotedText(std::string_view text);
 
 }  // namespace adapters::sqlite

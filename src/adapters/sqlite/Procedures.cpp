@@ -39,7 +39,8 @@ const std::array kProcedures{
               "WHERE UserID = ?1 AND FormPermissionID IN (?2, 0))"},
     Procedure{"spZomirInsertFormAction", kActionParameters,
               "INSERT INTO tblZomirFormAction (EventID, FormCode, FormTypeID, Description, UserID, "
-              "EventDate, FarsiEventDate, EventTime) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)"}};
+              "EventDate, FarsiEventDate, EventTime) VALUES (?1, substr(?2, 1, 50), ?3, "
+              "substr(?4, 1, 1000), ?5, ?6, substr(?7, 1, 10), ?8)"}};
 
 const Procedure& Find(std::string_view name) {
   std::string wanted = LowerName(name);

@@ -16,7 +16,7 @@ namespace adapters::sqlite {
 /// - spZomirHasPermission(@UserID, @FormPermissionID): 1 when tblZomirUserPermission has the pair,
 ///   or the user with the permission 0, which stands for all; else 0, also for an unknown user.
 /// - spZomirInsertFormAction with its eight parameters: adds a row to tblZomirFormAction, gives 0,
-///   and leaves SCOPE_IDENTITY as it was.
+///   and leaves SCOPE_IDENTITY as it was. Texts are cut to the lengths of the server's parameters.
 ///
 /// Throws 2812 for another name, 201 or 8144 for a wrong number of parameters, 8114 for a wrong
 /// type, and what the statement itself fails with.

@@ -2,26 +2,36 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "adapters/sqlite/Catalog.h"
 
 namespace adapters::sqlite {
 
-struct Translation {
-  std::string sql;
-  bool returnsRows = false;
-  /// The table that an INSERT writes to, else empty.
-  std::string insertedTable;
+struct ResultColumn {
+  std::string name;  ///< empty for an expression without an alias, as on the server
+  Type::Kind type;
 };
 
-/// Turns one statement of the server's dialect into SQLite's. Known are SELECT, INSERT, UPDATE and
-/// DELETE in the forms that the suite's forms use: joins, subqueries, grouping, TOP, ISNULL,
-/// CONVERT, SUBSTRING, GETDATE, SCOPE_IDENTITY, ROW_NUMBER, `dbo.` names, N'' texts, quoted
-/// aliases, the suite's two functions. Anything else, a second statement included, is refused with
-/// a RuntimeError of the server's number and words; nothing is passed on unread.
+struct Translation {
+  std::string sql;
+  /// Of a SELECT; of any other statement there are none.
+  std::vector<ResultColumn> columns;
+  /// Whether the statement inserts into a table that gives ids.
+  bool givesIdentity = false;
+};
+
+/// Turns one statement of the server's dialect into SQLite's, or refuses it with a RuntimeError of
+/// the server's number and words. Known are SELECT, INSERT, UPDATE and DELETE in the forms that the
+/// suite's forms and its reports use (Parser.h). Names are looked up in `catalog`, every value gets
+/// its type, and what the server would convert is converted here, in the statement or on the spot:
 ///
-/// - `+` joins texts when one operand can be seen to be text, adds when both are numbers, and is
-///   otherwise decided by the values when the statement runs.
+/// - Texts are compared, grouped and sorted by one collation (Collation.h), whatever a column says.
+/// - A date may be compared with and set to a text yyyymmdd or yyyy-mm-dd.
+/// - What does not fit a column, an int or a type is an error as on the server, never stored.
 /// - A scalar subquery that finds several rows fails with 512.
-/// - ORDER BY sorts texts as a Persian reader expects; comparisons follow the columns' collation.
-Translation Translate(std::string_view statement);
+///
+/// What the server would take and SQLite could not do alike is refused with 102 and a reason.
+Translation Translate(std::string_view statement, Catalog& catalog);
 
 }  // namespace adapters::sqlite

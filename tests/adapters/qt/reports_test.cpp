@@ -20,11 +20,11 @@ namespace {
 using platform::ReportOutput;
 using testing::HasSubstr;
 
-/// Ten tables of 200 rows, numbered from C10001, for the program 1.
+/// Ten tables of 200 rows, numbered from C1C, for the program 1.
 constexpr auto kTemplate = R"(<!--report
 title: Visits
 query visits:
-  Select a.Code as Day, convert(varchar, 10000+ROW_NUMBER() OVER(order by a.ID, b.ID)) as Number,
+  Select a.Code as Day, ROW_NUMBER() OVER(order by a.ID, b.ID) as Number,
   b.Address as Address from tblOrganization a, tblOrganization b
   where a.ID <= 10 and 1 = {fmlID} order by a.ID, b.ID
 group visits: days by Day
@@ -33,7 +33,7 @@ group visits: days by Day
 <table dir="rtl" width="100%" cellpadding="3" cellspacing="0">
 <thead><tr><td colspan="2">{{Day}}</td></tr>
 <tr><th width="20%">CODE</th><th width="20%">نشاني</th></tr></thead>
-{{#visits}}<tr><td>C{{Number}}</td><td>{{Address}}</td></tr>{{/visits}}
+{{#visits}}<tr><td>C{{Number}}C</td><td>{{Address}}</td></tr>{{/visits}}
 </table>
 {{/days}}
 )";
@@ -107,14 +107,14 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
   const QStringList texts = TextOfPdf(pdf.data());
   ASSERT_EQ(texts.size(), pages.Count());
   EXPECT_GT(pages.Count(), 30);
-  int next = 10001;
+  int next = 1;
   for (const QString& text : texts) {
     EXPECT_TRUE(text.contains("CODE")) << ToUtf8(text);
     EXPECT_TRUE(text.contains("Visits"));
     // Each row is on one page, whole and in its turn.
-    while (text.contains(QStringLiteral("C%1").arg(next))) ++next;
+    while (text.contains(QStringLiteral("C%1C").arg(next))) ++next;
   }
-  EXPECT_EQ(next, 12001);
+  EXPECT_EQ(next, 2001);
   QBuffer locked;
   ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
   EXPECT_EQ(NumberOf([&] { pages.WritePdf(locked); }), 57);

@@ -31,10 +31,16 @@ CREATE TABLE tblZomirUserPermission (UserID INTEGER, FormPermissionID INTEGER);
 CREATE TABLE tblZomirFormAction (ID INTEGER PRIMARY KEY, EventID INTEGER, FormCode TEXT,
   FormTypeID INTEGER, Description TEXT, UserID INTEGER, EventDate DATE, FarsiEventDate TEXT,
   EventTime INTEGER);
-CREATE TABLE tblValues (ID INTEGER PRIMARY KEY, Number REAL, Words TEXT, Moment DATETIME);
+CREATE TABLE tblAccountDocumentDetail (DocumentID INTEGER, RowNumber INTEGER, FormID INTEGER,
+  Description NVARCHAR(5) COLLATE Persian, Debit BIGINT, PRIMARY KEY (DocumentID, RowNumber))
+  WITHOUT ROWID;
+CREATE TABLE tblZomirFormAttachment (ID INTEGER PRIMARY KEY, FileName TEXT, Content BLOB);
 CREATE VIEW vwProgramDays AS
   SELECT ProgramID, VisitDate FROM tblDistributionPromoterProgramDetail;
 
+INSERT INTO tblAccountDocumentDetail VALUES
+  (1, 1, 2000000000, 'ABC', 3000000000), (1, 2, 2000000000, 'abc ', 1), (2, 1, 5, 'ي', NULL),
+  (2, 2, 6, 'ی', NULL);
 INSERT INTO tblEmployee VALUES (7, 'یاسر'), (8, 'پروین'), (9, 'بهار');
 INSERT INTO tblOrganization VALUES
   (5, '105', 'رضا', 'کاظمی', 'تهران', '0912', '021', NULL, 1),
