@@ -154,8 +154,7 @@ TEST(Dialect, RefusedStatement_reportsTheServersNumberAndChangesNothing) {
       {"select ID from tblNowhere", 208,
        "office #1%.db\u202C» جدول، نما، تابع يا روالي را كه خواسته شد ندارد. نام و نسخه پايگاه "
        "داده را بررسي كنيد.\n\u202AInvalid object name 'tblNowhere'."},
-      {"select Nothing from tblEmployee", 207,
-       "بررسي كنيد.\n\u202AInvalid column name 'Nothing'."},
+      {"select Nothing from tblEmployee", 207, "بررسي كنيد.\n\u202AInvalid column name 'Nothing'."},
       {"select rowid from tblEmployee", 207, "'rowid'"},
       {"select d.List from dbo.fnZomirStringToTable('1') d", 207, "'List'"},
       {"select Name as n from tblEmployee where n='x'", 207, "'n'"},
