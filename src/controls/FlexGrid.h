@@ -123,9 +123,9 @@ class FlexGrid : public Control {
   std::function<void(int button, int shift)> onMouseDown;
   std::function<void()> onClick;
   std::function<void()> onDblClick;
-  /// The buttons by which a form marks the grid's rows, all three of them set: a screen presses them
-  /// for the keys that mean the same, and leaves room for a tick in the marked rows. They must live
-  /// as long as the grid's screen.
+  /// The buttons by which a form marks the grid's rows, all three of them set: a screen presses
+  /// them for the keys that mean the same, and leaves room for a tick in the marked rows. They must
+  /// live as long as the grid's screen.
   struct MarkButtons {
     Button* all = nullptr;
     Button* inverse = nullptr;

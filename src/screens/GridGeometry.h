@@ -20,7 +20,6 @@ class GridGeometry {
   struct Cell {
     int row = 0;
     int col = 0;
-    friend bool operator==(const Cell&, const Cell&) = default;
   };
 
   /// `grid` must outlive this, or at least every call of it.

@@ -126,20 +126,14 @@ bool GridPane::Walk(const KeyEvent& event) {
 
 bool GridPane::PressMarkButton(Key key) {
   const FlexGrid::MarkButtons& buttons = grid_->marking;
-  if (buttons.all == nullptr) return false;
-  switch (key) {
-    case Key::kA:
-      buttons.all->Click();
-      return true;
-    case Key::kI:
-      buttons.inverse->Click();
-      return true;
-    case Key::kD:
-      buttons.none->Click();
-      return true;
-    default:
-      return false;
-  }
+  controls::Button* const button = key == Key::kA   ? buttons.all
+                                   : key == Key::kI ? buttons.inverse
+                                   : key == Key::kD ? buttons.none
+                                                    : nullptr;
+  if (button == nullptr) return false;
+  const BlockKept kept(grid_);
+  button->Click();
+  return true;
 }
 
 // The current row, or with `block` all rows of the block: those that have no mark get one, or where

@@ -10,15 +10,15 @@
 
 namespace screens {
 
-/// Paints a FlexGrid and is its hand and keys. It keeps no copy of the cells: each painting asks the
-/// model for the rows that are in sight.
+/// Paints a FlexGrid and is its hand and keys. It keeps no copy of the cells: each painting asks
+/// the model for the rows that are in sight.
 ///
 /// Keys: arrows, pages, Home and End move the current cell, with Shift they frame a block; a blank
-/// presses the mouse on the current row, so that a list which marks its rows marks it, with Shift on
-/// all rows of the block; Enter is the double-click; F6 clicks the heading of the current column;
-/// Ctrl+A, I and D press the list's buttons of that meaning; Ctrl+C copies the block. Letters look
-/// the current column up: the next row that begins with them, else that holds them, folded as for
-/// any look-up; F3 goes on, Esc ends it.
+/// presses the mouse on the current row, so that a list which marks its rows marks it, with Shift
+/// on all rows of the block; Enter is the double-click; F6 clicks the heading of the current
+/// column; Ctrl+A, I and D press the list's buttons of that meaning; Ctrl+C copies the block.
+/// Letters look the current column up: the next row that begins with them, else that holds them,
+/// folded as for any look-up; F3 goes on, Esc ends it.
 class GridPane : public Pane {
  public:
   /// `grid` lives until Detach.

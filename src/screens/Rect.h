@@ -9,13 +9,11 @@ namespace screens {
 struct Point {
   int x = 0;
   int y = 0;
-  friend bool operator==(const Point&, const Point&) = default;
 };
 
 struct Size {
   int width = 0;
   int height = 0;
-  friend bool operator==(const Size&, const Size&) = default;
 };
 
 /// The right and bottom edges are the first pixels outside.

@@ -56,19 +56,14 @@ class GridPaneTest : public testing::Test {
     return from == to ? from : from + " to " + to;
   }
   Point Middle(int row, int col) const { return pane.CellPlace(row, col).Middle(); }
-  void Press(Point at, int clicks = 1, MouseButton button = MouseButton::kLeft,
-             bool shift = false) {
-    pane.Pointer({.action = PointerEvent::Action::kPress,
+  void Mouse(char step, Point at) {
+    using enum PointerEvent::Action;
+    pane.Pointer({.action = step == 'm'   ? kMove
+                            : step == 'r' ? kRelease
+                                          : kPress,
                   .place = at,
-                  .button = button,
-                  .clicks = clicks,
-                  .modifiers = {.shift = shift}});
-  }
-  void Drag(Point to) { pane.Pointer({.place = to, .leftHeld = true}); }
-  void Release(Point at) { pane.Pointer({.action = PointerEvent::Action::kRelease, .place = at}); }
-  void Click(Point at) {
-    Press(at);
-    Release(at);
+                  .clicks = step == 'd' ? 2 : 1,
+                  .leftHeld = true});
   }
   bool Strike(Key key, Modifiers held = {}) { return pane.PressKey({key, held, {}}); }
   void Type(const std::string& text) { pane.PressKey({Key::kText, {}, text}); }
@@ -77,7 +72,6 @@ class GridPaneTest : public testing::Test {
     pane.Paint(surface, {0, 0, 400, 200});
     return surface;
   }
-  std::vector<std::string> Heard() { return std::exchange(events, {}); }
 
   static constexpr Modifiers kShift{.shift = true};
   static constexpr Modifiers kControl{.control = true};
@@ -117,6 +111,11 @@ TEST_F(GridPaneTest, Painted_FromTheRight_WholeRowsMarksAndTheFocus) {
   EXPECT_TRUE(pane.CellPlace(2, 0).Contains(surface.strokes[0]));
   EXPECT_LE(surface.texts.back().box.right, surface.strokes[0].x + 1) << "its number beside it";
 
+  grid.SetTextMatrix(3, 2, "sixteen letters.");
+  grid.SetTextMatrix(4, 2, "fifteen letters");
+  EXPECT_EQ(pane.TipAt(Middle(3, 2)).text, "sixteen letters.") << "more than there is room for";
+  EXPECT_EQ(pane.TipAt(Middle(4, 2)).text, "");
+
   At(3, 2);
   const Point edge{pane.CellPlace(3, 2).left + 1, Middle(3, 2).y};
   EXPECT_NE(Painted().ColourAt(edge), palette::kDeepAccent);
@@ -153,112 +152,72 @@ TEST_F(GridPaneTest, Changed_OrScrolledByRows_RepaintsNoMoreThanThat) {
   EXPECT_EQ(pane.CellPlace(3, 2).Width(), 260) << "it takes what is left";
 }
 
-TEST_F(GridPaneTest, Mouse_AnyHandThatIsNotQuiet_DoesWhatWasMeant) {
+TEST_F(GridPaneTest, Mouse_OfAnUnquietHand_DoesWhatWasMeant) {
   const Point heading = Middle(0, 2);
-  const Point below{300, 15 + 3 * kRow};
+  const Point row2 = Middle(2, 2);
+  const Point number5 = Middle(5, 0);
+  const Point edge{300, 3 * kRow - 1};  // of row 2
   const struct {
     const char* what;
-    std::function<void()> act;
+    std::vector<std::pair<char, Point>> hand;  // press, double press, move, release
     std::vector<std::string> heard;
     const char* block;
   } cases[] = {
-      {"click", [&] { Click(Middle(2, 2)); }, {"down 10 2,2", "click 2,2"}, "2,2"},
-      {"right button with shift",
-       [&] { Press(Middle(3, 3), 1, MouseButton::kRight, true); },
-       {"down 21 3,3"},
-       "1,2 to 3,3"},
+      {"click", {{'p', row2}, {'r', row2}}, {"down 10 2,2", "click 2,2"}, "2,2"},
       {"shaky click on a heading",
-       [&] {
-         Press(heading);
-         Drag({heading.x + 60, heading.y + 3});
-         Release({heading.x - 2, heading.y});
-       },
+       {{'p', heading}, {'m', {heading.x + 60, heading.y + 3}}, {'r', {heading.x, 0}}},
        {"down 10 0,2", "click 0,2"},
        "1,2"},
-      {"heading left again",
-       [&] {
-         Press(heading);
-         Release(Middle(3, 2));
-       },
-       {"down 10 0,2"},
-       "1,2"},
-      {"shaky click at a row's edge",
-       [&] {
-         Press({300, 3 * kRow - 1});
-         Drag({300, 3 * kRow + 2});
-         Release({300, 3 * kRow + 2});
-       },
+      {"heading left again", {{'p', heading}, {'r', row2}}, {"down 10 0,2"}, "1,2"},
+      {"shaky click at the edge of a row",
+       {{'p', edge}, {'m', {300, edge.y + 3}}, {'r', {300, edge.y + 3}}},
        {"down 10 2,2", "click 2,2"},
        "2,2"},
       {"drag",
-       [&] {
-         Press(Middle(2, 2));
-         Drag(Middle(4, 3));
-         Release(Middle(4, 3));
-       },
+       {{'p', row2}, {'m', Middle(4, 3)}, {'r', Middle(4, 3)}},
        {"down 10 2,2", "click 4,3"},
        "2,2 to 4,3"},
       {"double click on a row",
-       [&] {
-         Click(Middle(2, 2));
-         Press(Middle(2, 2), 2);
-       },
+       {{'p', row2}, {'r', row2}, {'d', row2}, {'r', row2}},
        {"down 10 2,2", "click 2,2", "double 2,2"},
        "2,2"},
-      {"double click on a row's number",
-       [&] {
-         Click(Middle(5, 0));
-         Press(Middle(5, 0), 2);
-       },
+      {"double click on a number",
+       {{'p', number5}, {'r', number5}, {'d', number5}},
        {"down 10 5,0", "click 5,0", "double 5,0"},
        "5,2"},
       {"double click on a heading",
-       [&] {
-         Click(heading);
-         Press(heading, 2);
-         Release(heading);
-       },
+       {{'p', heading}, {'r', heading}, {'d', heading}, {'r', heading}},
        {"down 10 0,2", "click 0,2", "down 10 0,2", "click 0,2"},
        "1,2"},
-      {"border of a column",
-       [&] {
-         Press({261, 5});
-         Drag({221, 5});
-         Release({221, 5});
-       },
-       {},
-       "1,2"},
+      {"border of a column", {{'p', {261, 5}}, {'m', {221, 5}}, {'r', {221, 5}}}, {}, "1,2"},
+      {"below two rows",
+       {{'p', edge}, {'r', edge}, {'d', {300, 70}}, {'r', edge}},
+       {"down 10 2,2", "click 2,2", "down 10 3,2", "click 3,2"},
+       "2,2"},
   };
   for (const auto& each : cases) {
     At(1, 2);
-    each.act();
-    EXPECT_EQ(Heard(), each.heard) << each.what;
+    grid.SetRows(std::string(each.what) == "below two rows" ? 3 : 1001);
+    for (const auto& [step, at] : each.hand) Mouse(step, at);
+    EXPECT_EQ(std::exchange(events, {}), each.heard) << each.what;
     EXPECT_EQ(Block(), each.block) << each.what;
   }
-  EXPECT_EQ(grid.ColWidth(2), 2085) << "from the right edge to the mouse";
+  EXPECT_EQ(grid.ColWidth(2), 2085) << "from its right edge to the mouse";
   EXPECT_EQ(pane.CursorAt({222, 5}), Cursor::kColumnBorder);
-  EXPECT_EQ(pane.CursorAt(below), Cursor::kArrow);
-
-  grid.SetRows(3);
-  Click(below);
-  Press(below, 2);
-  Release(below);
-  EXPECT_THAT(Heard(), ElementsAre("down 10 3,2", "click 3,2", "down 10 3,2", "click 3,2"))
-      << "nothing is opened below the last row";
+  EXPECT_EQ(pane.CursorAt({300, 70}), Cursor::kArrow);
 }
 
 TEST_F(GridPaneTest, Drag_BelowTheEdge_ScrollsOnUntilTheMouseIsLost) {
-  Press(Middle(2, 2));
-  Drag({300, 500});
-  EXPECT_EQ(Block(), "2,2 to 9,2");
+  Mouse('p', Middle(2, 2));
+  Mouse('m', {300, 500});
   EXPECT_EQ(host.timer, 50);
   pane.Tick();
   pane.Tick();
   EXPECT_EQ(Block(), "2,2 to 11,2");
   pane.PointerLost();
   EXPECT_EQ(host.timer, 0);
-  Release({300, 500});
-  EXPECT_THAT(Heard(), ElementsAre("down 10 2,2"));
+  Mouse('r', {300, 500});
+  EXPECT_THAT(events, ElementsAre("down 10 2,2"));
 }
 
 TEST_F(GridPaneTest, Wheel_OfAnyKind_AddsItsPartsUp) {
@@ -313,7 +272,7 @@ TEST_F(GridPaneTest, Keys_OfTheWholeDay_DoWhatTheMouseDoes) {
     At(2, 2);
     pane.Scrolled(Axis::kDown, 500);
     EXPECT_TRUE(Strike(each.key, each.held));
-    EXPECT_EQ(Heard(), each.heard) << static_cast<int>(each.key);
+    EXPECT_EQ(std::exchange(events, {}), each.heard) << static_cast<int>(each.key);
     EXPECT_EQ(Block(), each.block) << static_cast<int>(each.key);
     const bool inSight = !pane.CellPlace(grid.RowSel(), grid.ColSel()).Empty();
     EXPECT_TRUE(inSight || each.held.control) << static_cast<int>(each.key);
@@ -353,45 +312,35 @@ TEST_F(GridPaneTest, Letters_LookTheCurrentColumnUp) {
     grid.SetTextMatrix(row++, 2, name);
   }
   grid.SetTextMatrix(990, 2, "كریمی");
-  const auto row_ = [&] { return grid.Row(); };
   Type("ر");
-  EXPECT_EQ(row_(), 3) << "begins with it, though the second row holds it";
+  EXPECT_EQ(grid.Row(), 3) << "begins with it, though the second row holds it";
   Type("ضای");
-  EXPECT_EQ(row_(), 5);
+  EXPECT_EQ(grid.Row(), 5);
   EXPECT_TRUE(Painted().Shows("جستجو: «رضای»"));
   Strike(Key::kF3);
-  EXPECT_EQ(row_(), 2) << "round again, to the one that holds it";
+  EXPECT_EQ(grid.Row(), 2) << "round again, to the one that holds it";
   Type("x");
-  EXPECT_EQ(row_(), 2);
+  EXPECT_EQ(grid.Row(), 2);
   EXPECT_TRUE(Painted().Shows("«رضایx» پيدا نشد"));
   Strike(Key::kBackspace);
-  EXPECT_EQ(row_(), 5);
+  EXPECT_EQ(grid.Row(), 5);
   EXPECT_TRUE(Strike(Key::kEscape));
   EXPECT_FALSE(Strike(Key::kEscape)) << "the form's";
   Type("کر");
-  EXPECT_EQ(row_(), 990) << "either kaf";
+  EXPECT_EQ(grid.Row(), 990) << "either kaf";
   EXPECT_FALSE(pane.CellPlace(990, 2).Empty());
   Strike(Key::kUp);
   Strike(Key::kF3);
-  EXPECT_EQ(row_(), 990) << "what was sought last";
+  EXPECT_EQ(grid.Row(), 990) << "what was sought last";
   Strike(Key::kDown);
   Type("ع");
-  EXPECT_EQ(row_(), 2) << "letters begin anew after another key";
-}
-
-TEST_F(GridPaneTest, Tip_OverACellThatIsCutOff_IsItsText) {
-  grid.SetTextMatrix(2, 2, "fifteen letters");
-  grid.SetTextMatrix(3, 2, "sixteen letters.");
-  EXPECT_EQ(pane.TipAt(Middle(2, 2)).text, "");
-  EXPECT_EQ(pane.TipAt(Middle(3, 2)).text, "sixteen letters.");
-  EXPECT_EQ(pane.TipAt(Middle(3, 2)).place, pane.CellPlace(3, 2));
+  EXPECT_EQ(grid.Row(), 2) << "letters begin anew after another key";
 }
 
 TEST_F(GridPaneTest, ModelGone_InItsOwnEvent_EverythingElseIsHarmless) {
   grid.onMouseDown = [this](int, int) { pane.Detach(); };
-  Click(Middle(2, 2));
-  Drag({5, 5});
-  Press({5, 5}, 2);
+  for (const char step : {'p', 'm', 'd', 'r'}) Mouse(step, Middle(2, 2));
+  EXPECT_EQ(pane.Grid(), nullptr);
   for (const Key key : {Key::kSpace, Key::kDown, Key::kText}) EXPECT_FALSE(Strike(key));
   pane.Wheel({.up = -1});
   pane.Scrolled(Axis::kDown, 4);
@@ -402,7 +351,7 @@ TEST_F(GridPaneTest, ModelGone_InItsOwnEvent_EverythingElseIsHarmless) {
   EXPECT_THAT(Painted().texts, IsEmpty());
   EXPECT_TRUE(pane.CellPlace(1, 2).Empty());
   EXPECT_EQ(pane.TipAt({5, 30}).text, "");
-  EXPECT_THAT(Heard(), IsEmpty());
+  EXPECT_THAT(events, IsEmpty());
 }
 
 }  // namespace

@@ -104,7 +104,8 @@ int PaneWidget::LineHeight() const {
 
 int PaneWidget::TextWidth(std::string_view text, screens::Weight weight) const {
   const QFont font = weight == screens::Weight::kBold ? Bold(PaneFont()) : PaneFont();
-  return QFontMetrics(font).horizontalAdvance(ToQString(text));
+  // Whole pixels that it fits into.
+  return static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(ToQString(text))));
 }
 
 void PaneWidget::Repaint(const screens::Rect& area) {
