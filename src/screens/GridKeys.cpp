@@ -99,13 +99,13 @@ bool GridPane::PressKey(const KeyEvent& event) {
       return SortByCurrentColumn();
     case Key::kSpace:
       if (grid_->onMouseDown) return MarkRows(shift);
-      return LookUp(sought_ + " ", false);
+      return LookUp((typing_ ? sought_ : "") + " ", false);
     case Key::kText:
       return LookUp((typing_ ? sought_ : "") + event.text, false);
     case Key::kBackspace:
       if (!typing_) return false;
       DropLetter(sought_);
-      return LookUp(sought_, false);
+      return sought_.empty() ? EndLookUp() : LookUp(sought_, false);
     case Key::kF3:
       return LookUp(sought_, true);
     case Key::kEscape:
@@ -181,20 +181,20 @@ bool GridPane::LookUp(std::string sought, bool goOn) {
   const int firstRow = grid_->FixedRows();
   const int rows = grid_->Rows() - firstRow;
   const std::string folded = text::FoldForLookup(sought);
-  if (rows <= 0 || grid_->Cols() <= grid_->FixedCols() || (goOn && folded.empty())) return false;
+  if (rows <= 0 || grid_->Cols() <= grid_->FixedCols() || folded.empty()) return false;
   sought_ = std::move(sought);
   typing_ = true;
   const int col = grid_->ShownCol(grid_->Col());
   const int from = std::max(0, grid_->Row() - firstRow + (goOn ? 1 : 0));
   int hit = -1;
-  for (int i = 0; i < rows && !folded.empty(); ++i) {
+  for (int i = 0; i < rows; ++i) {
     const int row = firstRow + (from + i) % rows;
     const std::size_t at = text::FoldForLookup(grid_->TextMatrix(row, col)).find(folded);
     if (at == std::string::npos || (at != 0 && hit >= 0)) continue;
     hit = row;
     if (at == 0 || goOn) break;
   }
-  found_ = hit >= 0 || folded.empty();
+  found_ = hit >= 0;
   RepaintAll();
   if (hit < 0) return true;
   grid_->SetRow(hit);
@@ -205,8 +205,8 @@ bool GridPane::LookUp(std::string sought, bool goOn) {
 
 bool GridPane::EndLookUp() {
   if (!typing_) return false;
-  host_.Repaint(LookUpPlace());
   typing_ = false;
+  RepaintAll();
   return true;
 }
 

@@ -335,6 +335,12 @@ TEST_F(GridPaneTest, Letters_LookTheCurrentColumnUp) {
   Strike(Key::kDown);
   Type("ع");
   EXPECT_EQ(grid.Row(), 2) << "letters begin anew after another key";
+  grid.onMouseDown = nullptr;
+  Strike(Key::kSpace);
+  EXPECT_EQ(grid.Row(), 2) << "in a list that marks nothing a blank is a letter";
+  Strike(Key::kBackspace);
+  Strike(Key::kBackspace);
+  EXPECT_FALSE(Strike(Key::kBackspace)) << "nothing is left to take away";
 }
 
 TEST_F(GridPaneTest, ModelGone_InItsOwnEvent_EverythingElseIsHarmless) {
