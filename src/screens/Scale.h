@@ -10,15 +10,14 @@ namespace screens {
 class Scale {
  public:
   explicit Scale(double dpi) : dpi_(dpi) {}
-  double Dpi() const { return dpi_; }
+  /// Device pixels to a pixel at 96 dpi, in which lengths are designed.
+  double Unit() const { return dpi_ / kDesignDpi; }
   int Pixels(controls::Twips twips) const {
     return static_cast<int>(std::lround(twips * dpi_ / kTwipsPerInch));
   }
   controls::Twips Twips(int pixels) const { return pixels * kTwipsPerInch / dpi_; }
-  /// A length designed in pixels at 96 dpi.
-  int Design(double pixels) const {
-    return static_cast<int>(std::lround(pixels * dpi_ / kDesignDpi));
-  }
+  /// A designed length.
+  int Design(double pixels) const { return static_cast<int>(std::lround(pixels * Unit())); }
 
  private:
   static constexpr double kDesignDpi = 96.0;

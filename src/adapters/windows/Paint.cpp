@@ -111,7 +111,7 @@ void Canvas::Stroke(const std::vector<Point>& points, double width, Colour colou
 }
 
 void Canvas::DropArrow(POINT centre, const Scale& scale, Colour colour) const {
-  const double unit = scale.Dpi() / 96.0;
+  const double unit = scale.Unit();
   const double x = centre.x;
   const double y = centre.y;
   Stroke({{x - 4 * unit, y - 2 * unit}, {x, y + 2 * unit}, {x + 4 * unit, y - 2 * unit}},
