@@ -319,14 +319,14 @@ std::optional<LRESULT> PaneWindow::OnAutomation(UINT message, WPARAM wParam, LPA
     return place.Empty() ? 0 : MAKELPARAM(place.Middle().x, place.Middle().y);
   }
   if (message != GridTextMessage()) return std::nullopt;
-  const auto& request = *reinterpret_cast<const GridTextRequest*>(lParam);
-  if (grid == nullptr || request.row < 0 || request.row >= grid->Rows() || request.col < 0 ||
-      request.col >= grid->Cols()) {
-    return -1;
-  }
-  const std::wstring text = Wide(grid->TextMatrix(request.row, request.col));
-  lstrcpynW(request.buffer, text.c_str(), request.capacity);
-  return static_cast<LRESULT>(text.size());
+  const int row = static_cast<int>(wParam);
+  const int col = static_cast<int>(lParam);
+  const bool there =
+      grid != nullptr && row >= 0 && row < grid->Rows() && col >= 0 && col < grid->Cols();
+  if (!there) return -1;
+  constexpr std::size_t kLongestAtom = 255;
+  const std::wstring text = Wide(grid->TextMatrix(row, col)).substr(0, kLongestAtom);
+  return text.empty() ? 0 : GlobalAddAtomW(text.c_str());
 }
 
 LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
