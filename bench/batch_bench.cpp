@@ -220,14 +220,14 @@ class FileConnections : public platform::ConnectionFactory {
 /// The module in a host program on one file, its user everything by script.
 class Host {
  public:
-  explicit Host(const std::string& path) : module_(Services(), outside_.controlSite) {
-    module_.Control().SetUserID(1);
-    module_.Control().SetEmployeeID(Office().promoter);
-    module_.Control().SetOLEConnectionString("sqlite:" + path);
+  explicit Host(const std::string& path) : module_(Services()) {
+    control_.SetUserID(1);
+    control_.SetEmployeeID(Office().promoter);
+    control_.SetOLEConnectionString("sqlite:" + path);
   }
 
   editor::FormMain& Open(int program) {
-    module_.Control().View(program);
+    control_.View(program);
     return module_.Editor();
   }
 
@@ -269,6 +269,7 @@ class Host {
   support::ScriptedPlatform outside_;
   FileConnections connections_;
   module::Module module_;
+  host::DistPromoterProg control_{module_.Main(), module_.Editor(), outside_.controlSite};
 };
 
 enum class Before { kNothing, kSameBatch };

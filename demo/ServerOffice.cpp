@@ -14,6 +14,7 @@
 #include "platform/ResumeNext.h"
 #include "platform/RuntimeError.h"
 #include "text/CellText.h"
+#include "text/Text.h"
 
 namespace demo {
 
@@ -27,6 +28,9 @@ constexpr std::size_t kMostRows = 250;
 /// Of UTF-8. A single row may be longer.
 constexpr std::size_t kMostBytes = 200'000;
 constexpr std::int32_t kObjectExists = 2714;
+
+/// What schema.sql gives to the columns that people read.
+constexpr std::string_view kReadable = "Persian_100_CI_AS";
 
 constexpr std::string_view kRoutines[] = {"fnZomirStringToTable", "getEnglishDate",
                                           "spZomirHasPermission", "spZomirInsertFormAction"};
@@ -247,11 +251,18 @@ void WarnOfCollation(platform::Connection& server, std::ostream& progress) {
   if (codePage == "1256" || codePage == "65001") return;
   progress << "Mind: the database's collation is " << rows.Text(0, 0) << " (code page " << codePage
            << "). Persian texts that the module writes will be stored as question marks; make the "
-              "database with COLLATE Persian_100_CI_AS.\n";
+              "database with COLLATE Persian_100_CI_AS."
+           << std::endl;
 }
 
 void RunScripts(platform::Connection& server, const ServerScripts& scripts) {
-  for (const std::string_view script : {scripts.schema, scripts.functions, scripts.procedures}) {
+  std::string schema(scripts.schema);
+  if (!scripts.collation.empty()) {
+    schema = text::Replace(schema, std::string("COLLATE ").append(kReadable),
+                           std::string("COLLATE ").append(scripts.collation));
+  }
+  for (const std::string_view script :
+       {std::string_view(schema), scripts.functions, scripts.procedures}) {
     for (const std::string_view batch : Batches(script)) server.Execute(batch);
   }
 }

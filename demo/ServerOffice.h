@@ -8,11 +8,13 @@
 
 namespace demo {
 
-/// The texts of demo/sqlserver.
+/// The texts of demo/sqlserver, and what is put into them.
 struct ServerScripts {
   std::string_view schema;
   std::string_view functions;
   std::string_view procedures;
+  /// Of the columns that people read; empty: the one that the schema names.
+  std::string_view collation = {};
 };
 
 /// Loads the sample office into a database on SQL Server: the scripts, then every row of the office

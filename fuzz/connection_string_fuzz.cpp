@@ -1,17 +1,20 @@
 // Connection strings: no password is left in what people read, nothing else of the string is lost
-// there, and what a driver is given says the same as what was written.
+// there, what a driver is given says the same as what was written, and only our own word is kept
+// from it.
 
 #include <algorithm>
 
 #include "Fuzz.h"
 #include "adapters/odbc/ConnectionString.h"
-#include "adapters/odbc/ConnectionWords.h"
+#include "adapters/server/ConnectionWords.h"
+#include "adapters/server/StatementLimit.h"
 #include "platform/RuntimeError.h"
 #include "text/Secrets.h"
 
 namespace {
 
 using namespace adapters::odbc;
+using namespace adapters::server;
 
 constexpr std::size_t kSurelyOne = 4;  // a shorter one may be a part of any word
 constexpr std::string_view kBlanks = " \t\r\n";
@@ -69,6 +72,23 @@ void CheckTranslated(std::string_view text, const std::string& driver) {
   fuzz::Require(drivers == 1, "one driver", translated);
 }
 
+void CheckLimit(std::string_view text) {
+  std::string rest;
+  try {
+    rest = TakeStatementLimit(text).rest;
+  } catch (const platform::RuntimeError&) {
+    return;
+  }
+  const Syntax syntax = SyntaxOf(text);
+  Words expected = ReadWords(text, syntax);
+  std::erase_if(expected, [](const Word& w) { return w.key == "statementtimeout"; });
+  const Words left = ReadWords(rest, syntax);
+  const bool same = std::ranges::equal(left, expected, [](const Word& one, const Word& other) {
+    return one.key == other.key && one.value == other.value;
+  });
+  fuzz::Require(same, "the other words are left", rest);
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -77,5 +97,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   CheckTranslated(text, "ODBC Driver 18 for SQL Server");
   CheckTranslated(text, "FreeTDS");
   ConnectTimeout(text);
+  CheckLimit(text);
   return 0;
 }

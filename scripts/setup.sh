@@ -25,14 +25,15 @@ start_log() {
   : >"$log"
 }
 
-# step TITLE COMMAND...: runs the command; when it fails, shows the end of its output and fails.
+# step TITLE COMMAND...: runs the command; when it fails, shows the end of its output and fails. The
+# standard input belongs to the program.
 step() {
   local title=$1 lines
   shift
   say "$title ..."
   printf '\n== %s\n' "$title" >>"$log"
   lines=$(wc -l <"$log")
-  if ! "$@" >>"$log" 2>&1; then
+  if ! "$@" >>"$log" 2>&1 </dev/null; then
     tail -n "+$((lines + 1))" "$log" | grep -vE '^\[[0-9]+/[0-9]+\] (Building|Linking)' |
       tail -n 60 >&2
     say "Failed: $title. The whole output is in ${log#"$root"/}."

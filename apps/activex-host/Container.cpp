@@ -18,7 +18,14 @@ using adapters::windows::Wide;
 
 constexpr wchar_t kProgId[] = L"comDistPromoterProg.DistPromoterProg";
 constexpr char kLibrary[] = "DistPromoterProg.ocx";
-enum Command { kClearShowCommand = 100, kViewCommand, kBagCommand, kExitCommand, kNumberField };
+enum Command {
+  kClearShowCommand = 100,
+  kViewCommand,
+  kBagCommand,
+  kAnotherCommand,
+  kExitCommand,
+  kNumberField
+};
 
 /// The library beside the program, for a trial without registration.
 HMODULE LoadBeside() {
@@ -43,6 +50,7 @@ HMENU MakeMenu() {
   AppendMenuW(commands, MF_STRING, kViewCommand, L"&View");
   AppendMenuW(commands, MF_STRING, kBagCommand, L"&Properties");
   AppendMenuW(commands, MF_SEPARATOR, 0, nullptr);
+  AppendMenuW(commands, MF_STRING, kAnotherCommand, L"&Another window");
   AppendMenuW(commands, MF_STRING, kExitCommand, L"E&xit");
   const HMENU menu = CreateMenu();
   AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(commands), L"&Control");
@@ -51,7 +59,8 @@ HMENU MakeMenu() {
 
 }  // namespace
 
-Container::Container(const Login& login) {
+Container::Container(const Login& login, std::function<void()> another)
+    : another_(std::move(another)) {
   bag_.Set(L"UserID", login.user);
   bag_.Set(L"EmployeeID", login.employee);
   bag_.Set(L"OLEConnectionString", login.connectionString);
@@ -166,6 +175,9 @@ void Container::OnCommand(int command) {
         MessageBoxW(window_, text.c_str(), L"DistPromoterProg", MB_ICONINFORMATION);
       });
       break;
+    case kAnotherCommand:
+      ShowingErrors(another_);
+      break;
     case kExitCommand:
       PostMessageW(window_, WM_CLOSE, 0, 0);
       break;
@@ -187,6 +199,12 @@ void Container::OnPaint() const {
   EndPaint(window_, &paint);
 }
 
+void Container::OnClose() {
+  if (object_->Close(OLECLOSE_PROMPTSAVE) == OLE_E_PROMPTSAVECANCELLED) return;
+  closed_ = true;
+  ShowWindow(window_, SW_HIDE);
+}
+
 LRESULT CALLBACK Container::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   auto* const self = reinterpret_cast<Container*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
@@ -198,7 +216,7 @@ LRESULT CALLBACK Container::Procedure(HWND window, UINT message, WPARAM wParam, 
       self->OnPaint();
       return 0;
     case WM_CLOSE:
-      PostQuitMessage(0);
+      self->OnClose();
       return 0;
     default:
       return DefWindowProcW(window, message, wParam, lParam);

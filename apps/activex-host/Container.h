@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -22,9 +23,9 @@ struct Login {
 /// the registry where it is registered, else from the library beside the program.
 class Container {
  public:
-  /// Makes the window, hidden, and the control on it, with its properties from the bag. Throws
-  /// RuntimeError.
-  explicit Container(const Login& login);
+  /// Makes the window, hidden, and the control on it, with its properties from the bag. `another`
+  /// is to open one more such window. Throws RuntimeError.
+  Container(const Login& login, std::function<void()> another);
   ~Container();
   Container(const Container&) = delete;
   Container& operator=(const Container&) = delete;
@@ -35,6 +36,8 @@ class Container {
   void View(std::int32_t program);
   /// An error was shown since the last call of one of the two.
   bool Failed() const { return failed_; }
+  /// The user closed the window, and the control had nothing against it.
+  bool Closed() const { return closed_; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -42,9 +45,11 @@ class Container {
   void MakeControl();
   void OnCommand(int command);
   void OnPaint() const;
+  void OnClose();
   template <typename Action>
   void ShowingErrors(Action&& action);
 
+  std::function<void()> another_;
   HWND window_ = nullptr;
   HWND number_ = nullptr;  // the field with the program's number
   PropertyBag bag_;
@@ -55,6 +60,7 @@ class Container {
   DWORD changesCookie_ = 0;
   adapters::windows::Dispatch control_;
   bool failed_ = false;
+  bool closed_ = false;
 };
 
 }  // namespace activexhost

@@ -214,7 +214,7 @@ void Tour::SaveAs(const std::string& fileName) {
   const HWND dialog = FindSaveDialog();
   Expect(dialog != nullptr, "a Save As dialog");
   const std::wstring path = Wide(folder_ + "\\" + fileName);
-  DeleteFileW(path.c_str());  // of an earlier tour: the dialog would ask
+  DeleteFileW(path.c_str());  // of an earlier tour: the program would ask
   const int field = GetDlgItem(dialog, kFileNameCombo) != nullptr ? kFileNameCombo : kFileNameEdit;
   SetDlgItemTextW(dialog, field, path.c_str());
   PostMessageW(dialog, WM_COMMAND, IDOK, 0);

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,6 +18,7 @@
 #include "StandIns.h"
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
+#include "apps/connection/ConnectionOption.h"
 #include "platform/RuntimeError.h"
 #include "text/Secrets.h"
 
@@ -27,7 +30,12 @@ using adapters::windows::Wide;
 constexpr char kHelp[] =
     R"(activex-host [options]   a window with the control on it
 
-  --connect STRING   an OLE DB connection string, or sqlite: and a file; the sample office without
+  --connect SOURCE   where to work, by an OLE DB connection string, or sqlite: and a file; the
+                     sample office without. SOURCE is one of
+                       env    what the environment variable DISTPROMOTER_CONNECTION holds; it also
+                              counts without --connect, but for --tour
+                       @FILE  what FILE holds
+                     or the string itself
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N at once; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
@@ -36,7 +44,7 @@ constexpr char kHelp[] =
 )";
 
 struct Options {
-  std::string connectionString;
+  std::string connect;  // what --connect says
   std::int32_t user = 1;
   std::int32_t program = 0;
   std::string tourFolder;
@@ -60,7 +68,7 @@ Options Parse(const std::vector<std::string>& arguments) {
     } else if (!hasValue) {
       options.mistake = Quoted(option) + " is no option or wants a value; see --help.";
     } else if (option == "--connect") {
-      options.connectionString = arguments[++i];
+      options.connect = arguments[++i];
     } else if (option == "--user") {
       options.user = std::atoi(arguments[++i].c_str());
     } else if (option == "--program") {
@@ -86,9 +94,16 @@ std::string FullFolder(const std::string& folder) {
   return Utf8(full);
 }
 
+std::string Variable() {
+  const wchar_t* const value = _wgetenv(Wide(connection::kVariable).c_str());
+  return value == nullptr ? "" : Utf8(value);
+}
+
 /// The office that a tour plays on is its own and new.
 std::string OfficeFor(const Options& options, const std::string& tourFolder) {
-  if (!options.connectionString.empty()) return options.connectionString;
+  const std::string variable = Variable();
+  if (!options.connect.empty()) return connection::ConnectionOf(options.connect, variable);
+  if (!variable.empty() && tourFolder.empty()) return connection::ConnectionOf("env", variable);
   const std::string path =
       tourFolder.empty() ? activexhost::SampleOfficePath() : tourFolder + "\\office.db";
   if (!tourFolder.empty()) DeleteFileW(Wide(path).c_str());
@@ -96,11 +111,14 @@ std::string OfficeFor(const Options& options, const std::string& tourFolder) {
   return "sqlite:" + path;
 }
 
-void PumpMessages() {
+using Containers = std::list<activexhost::Container>;
+
+void PumpMessages(Containers& containers) {
   MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while (!containers.empty() && GetMessageW(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);
     DispatchMessageW(&message);
+    std::erase_if(containers, [](const auto& container) { return container.Closed(); });
   }
 }
 
@@ -116,9 +134,16 @@ int Run(const Options& options) {
   login.user = options.user;
   login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
   const activexhost::StandIns standIns;
-  activexhost::Container container(login);
-  ShowWindow(container.Window(), SW_SHOWNORMAL);
-  UpdateWindow(container.Window());
+  Containers containers;
+  const std::function<void()> open = [&] {
+    const HWND window = containers.emplace_back(login, open).Window();
+    const int place = 20 + 200 * static_cast<int>(containers.size() - 1);
+    SetWindowPos(window, nullptr, place, place, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    ShowWindow(window, SW_SHOWNORMAL);
+    UpdateWindow(window);
+  };
+  open();
+  activexhost::Container& container = containers.front();
   std::optional<activexhost::Tour> tour;
   if (touring) {
     tour.emplace(tourFolder, [&](std::int32_t program) { container.View(program); });
@@ -130,7 +155,7 @@ int Run(const Options& options) {
     container.ClearShow();
   }
   if (touring && container.Failed()) return EXIT_FAILURE;
-  PumpMessages();
+  PumpMessages(containers);
   return !touring || tour->Ended() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -162,6 +187,8 @@ int main() {
     result = Run(options);
   } catch (const platform::RuntimeError& error) {
     std::fprintf(stderr, "%s (%ld)\n", error.what(), static_cast<long>(error.Number()));
+  } catch (const connection::ConnectionMissing& error) {
+    std::fprintf(stderr, "%s\n", error.what());
   }
   OleUninitialize();
   return result;

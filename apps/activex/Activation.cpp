@@ -14,9 +14,10 @@ Activation::Activation(IUnknown& whole, ContainerSite& site, const Persistence& 
 
 HRESULT Activation::SetClientSite(IOleClientSite* site) noexcept {
   InPlaceDeactivate();
-  site_.SetModal(false);
-  site_.SetClient(site);
-  return S_OK;
+  return Guarded([&] {
+    site_.SetClient(site);
+    return S_OK;
+  });
 }
 
 HRESULT Activation::GetClientSite(IOleClientSite** site) noexcept {
@@ -27,11 +28,11 @@ HRESULT Activation::GetClientSite(IOleClientSite** site) noexcept {
 }
 
 HRESULT Activation::Close(DWORD saving) noexcept {
-  return Guarded([&] {
+  return Guarded([&]() -> HRESULT {
     const auto keep = ComPtr<IUnknown>::Share(&Whole());
-    if (saving != OLECLOSE_NOSAVE && persistence_.Dirty() && site_.Client()) {
-      ComPtr(site_.Client())->SaveObject();
-    }
+    const bool saves = saving != OLECLOSE_NOSAVE;
+    if (saves && !actions_.mayClose()) return OLE_E_PROMPTSAVECANCELLED;
+    if (saves && persistence_.Dirty() && site_.Client()) ComPtr(site_.Client())->SaveObject();
     InPlaceDeactivate();
     actions_.close();
     if (advises_) ComPtr(advises_)->SendOnClose();

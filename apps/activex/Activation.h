@@ -16,7 +16,9 @@ class Activation final
  public:
   struct Actions {
     std::function<void()> paint;
-    /// The container closes the control: what it has open goes.
+    /// Asks the user where closing would drop what was not saved; false keeps the control open.
+    std::function<bool()> mayClose;
+    /// The container closes the control: what it alone has open goes.
     std::function<void()> close;
   };
   Activation(IUnknown& whole, ContainerSite& site, const Persistence& persistence, Actions actions);
@@ -24,6 +26,7 @@ class Activation final
   HRESULT STDMETHODCALLTYPE SetClientSite(IOleClientSite* site) noexcept override;
   HRESULT STDMETHODCALLTYPE GetClientSite(IOleClientSite** site) noexcept override;
   HRESULT STDMETHODCALLTYPE SetHostNames(LPCOLESTR, LPCOLESTR) noexcept override { return S_OK; }
+  /// With a saving option OLE_E_PROMPTSAVECANCELLED, and nothing closed, where the user says no.
   HRESULT STDMETHODCALLTYPE Close(DWORD saving) noexcept override;
   HRESULT STDMETHODCALLTYPE SetMoniker(DWORD, IMoniker*) noexcept override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker** moniker) noexcept override;

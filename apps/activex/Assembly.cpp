@@ -1,5 +1,8 @@
 #include "Assembly.h"
 
+#include <algorithm>
+#include <deque>
+
 #include "Databases.h"
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
@@ -9,39 +12,51 @@
 #include "adapters/windows/Services.h"
 #include "adapters/windows/WinReports.h"
 #include "adapters/windows/WinScreen.h"
-#include "module/Module.h"
 
 namespace activex {
 
 namespace {
 
-/// The screen within the control's container, which may be given, moved and taken at any time: so
-/// it is looked at anew for every form.
+/// From the control that entered longest ago to the one that entered last.
+using Users = std::deque<const ContainerSite*>;
+
+/// The screen within the containers of the thread's controls.
 class HostedScreen : public adapters::windows::WinScreen {
  public:
   HostedScreen(adapters::windows::ErrorGuard& guard, const platform::Clock& clock,
-               const adapters::windows::Theme& theme, const ContainerSite& site)
-      : WinScreen(guard, clock, theme), site_(site) {}
+               const adapters::windows::Theme& theme, const Users& users)
+      : WinScreen(guard, clock, theme), users_(users) {}
 
+  /// Containers move and turn modal at any time: they are looked at anew for every form.
   void Show(controls::Form& form, controls::Modality modality) override {
-    SetHostWindow(site_.Frame());
-    SetHostModal(site_.Modal());
+    if (!users_.empty()) FollowContainers();
     WinScreen::Show(form, modality);
+  }
+  /// There is a user.
+  void FollowContainers() {
+    const auto hasFrame = [](const ContainerSite* site) { return site->Frame() != nullptr; };
+    const auto found = std::find_if(users_.rbegin(), users_.rend(), hasFrame);
+    const ContainerSite& last = found == users_.rend() ? *users_.back() : **found;
+    SetHostWindow(last.Frame());
+    SetHostModal(last.Modal());
   }
 
  private:
-  const ContainerSite& site_;
+  const Users& users_;
 };
+
+// What the controls of a thread share, and no other thread's. It has no destructor to run when a
+// thread or the library goes: the last control is what ends it.
+thread_local Assembly* ofThread = nullptr;
 
 }  // namespace
 
 struct Assembly::Parts {
-  explicit Parts(ContainerSite& site) : screen{guard, clock, theme, site}, module{services, site} {}
-
+  Users users;
   adapters::windows::ErrorGuard guard;
   adapters::windows::WinClock clock;
   adapters::windows::Theme theme;
-  HostedScreen screen;
+  HostedScreen screen{guard, clock, theme, users};
   Databases connections;
   adapters::windows::ComComponents components;
   adapters::windows::WinKeyboard keyboard;
@@ -64,23 +79,56 @@ struct Assembly::Parts {
                           .fileSystem = fileSystem,
                           .launcher = launcher,
                           .reports = reports};
-  module::Module module;
+  module::Module module{services};
 };
 
-Assembly::Assembly(ContainerSite& site) : parts_(std::make_unique<Parts>(site)) {}
+Assembly::Assembly() : parts_(std::make_unique<Parts>()) {
+  ofThread = this;
+}
 
-Assembly::~Assembly() = default;
+Assembly::~Assembly() {
+  // A host that is called while the forms go may make the next control.
+  ofThread = nullptr;
+}
 
-host::DistPromoterProg& Assembly::Control() {
-  return parts_->module.Control();
+std::shared_ptr<Assembly> Assembly::OfThread() {
+  return ofThread ? ofThread->shared_from_this() : std::shared_ptr<Assembly>(new Assembly);
+}
+
+host::modMain& Assembly::Main() {
+  return parts_->module.Main();
+}
+
+editor::FormMain& Assembly::Editor() {
+  return parts_->module.Editor();
 }
 
 bool Assembly::Busy() const {
   return parts_->guard.Depth() > 0;
 }
 
-void Assembly::UnloadForms() {
-  if (!Busy()) parts_->module.Editor().Unload();
+void Assembly::Join(const ContainerSite& site) {
+  Users& users = parts_->users;
+  if (std::ranges::find(users, &site) == users.end()) users.push_front(&site);
+}
+
+void Assembly::Enter(const ContainerSite& site) {
+  std::erase(parts_->users, &site);
+  parts_->users.push_back(&site);
+}
+
+void Assembly::FollowContainers() {
+  if (!parts_->users.empty()) parts_->screen.FollowContainers();
+}
+
+void Assembly::Leave(const ContainerSite& site) {
+  std::erase(parts_->users, &site);
+  FollowContainers();
+  if (parts_->users.empty() && !Busy()) Editor().Unload();
+}
+
+bool Assembly::IsUsedBeside(const ContainerSite& site) const {
+  return std::ranges::any_of(parts_->users, [&](const auto* user) { return user != &site; });
 }
 
 }  // namespace activex

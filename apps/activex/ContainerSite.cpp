@@ -2,9 +2,21 @@
 
 #include <ocidl.h>
 
+#include "Assembly.h"
 #include "platform/ResumeNext.h"
 
 namespace activex {
+
+void ContainerSite::SetClient(IOleClientSite* client) {
+  client_ = ComPtr<IOleClientSite>::Share(client);
+  modal_ = false;
+  if (client != nullptr) assembly_.Join(*this);
+  assembly_.FollowContainers();
+}
+
+void ContainerSite::Entered() {
+  assembly_.Enter(*this);
+}
 
 HWND ContainerSite::Frame() const {
   const auto place = client_.As<IOleInPlaceSite>(IID_IOleInPlaceSite);

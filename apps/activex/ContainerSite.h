@@ -8,15 +8,18 @@
 
 namespace activex {
 
+class Assembly;
+
 /// The container, as the control and the module see it; without one, nothing happens and nothing
 /// fails.
 class ContainerSite : public platform::ControlSite {
  public:
   /// `changed` hears the key of every property that is set.
-  explicit ContainerSite(std::function<void(std::string_view key)> changed)
-      : changed_(std::move(changed)) {}
+  ContainerSite(Assembly& assembly, std::function<void(std::string_view key)> changed)
+      : assembly_(assembly), changed_(std::move(changed)) {}
 
-  void SetClient(IOleClientSite* client) { client_ = ComPtr<IOleClientSite>::Share(client); }
+  /// A control that was closed takes up its use of the module again with a client.
+  void SetClient(IOleClientSite* client);
   const ComPtr<IOleClientSite>& Client() const { return client_; }
   /// The top window that the container stands in; null when there is none.
   HWND Frame() const;
@@ -29,10 +32,12 @@ class ContainerSite : public platform::ControlSite {
   void SetExtenderHeight(double height) override;
   void SetExtenderWidth(double width) override;
   void SetExtenderVisible(bool visible) override;
+  void Entered() override;
 
  private:
   void PutToExtender(std::string_view name, const adapters::windows::Variant& value) const;
 
+  Assembly& assembly_;
   std::function<void(std::string_view)> changed_;
   ComPtr<IOleClientSite> client_;
   bool modal_ = false;

@@ -9,25 +9,24 @@
 namespace activex {
 
 Control::~Control() {
-  // What unloading a form fails with has no one left to go to.
-  Guarded([this] {
-    assembly_.UnloadForms();
-    return S_OK;
-  });
-  ForgetError();
+  Leave();
 }
 
 Control::Control(IUnknown* outer)
     : whole_(outer == nullptr ? *this : *outer),
-      site_([this](std::string_view key) { OnPropertyChanged(key); }),
-      assembly_(site_),
-      automation_(whole_, assembly_.Control()),
-      persistence_(whole_, assembly_.Control()),
+      site_(*assembly_, [this](std::string_view key) { OnPropertyChanged(key); }),
+      control_(assembly_->Main(), assembly_->Editor(), site_),
+      automation_(whole_, control_),
+      persistence_(whole_, control_),
       connections_(whole_),
       activation_(whole_, site_, persistence_,
-                  {.paint = [this] { Paint(); }, .close = [this] { assembly_.UnloadForms(); }}),
+                  {.paint = [this] { Paint(); },
+                   .mayClose = [this] { return MayClose(); },
+                   .close = [this] { assembly_->Leave(site_); }}),
       picture_(whole_, activation_, [this] { Paint(); }),
-      quick_(whole_, activation_, picture_, connections_) {}
+      quick_(whole_, activation_, picture_, connections_) {
+  assembly_->Join(site_);
+}
 
 void* Control::Find(REFIID id) {
   struct Face {
@@ -77,12 +76,14 @@ ULONG Control::Release() noexcept {
 void Control::End() noexcept {
   // What is called on the way out may take and release references once more.
   references_ = 1;
-  if (!assembly_.Busy()) {
+  const bool last = assembly_.use_count() == 1;
+  if (!last || !assembly_->Busy()) {
     delete this;
     return;
   }
-  // The container let go in the middle of a form's event, which has to return to this object: the
+  // The container let go in the middle of a form's event, which has to return to the module: the
   // end waits for the message loop.
+  Leave();
   const HWND waiting = CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                        adapters::windows::Window::Instance(), nullptr);
   SetTimer(waiting, reinterpret_cast<UINT_PTR>(this), USER_TIMER_MINIMUM, EndWhenIdle);
@@ -90,10 +91,23 @@ void Control::End() noexcept {
 
 void CALLBACK Control::EndWhenIdle(HWND waiting, UINT, UINT_PTR timer, DWORD) {
   auto* const control = reinterpret_cast<Control*>(timer);
-  if (control->assembly_.Busy()) return;
+  if (control->assembly_->Busy()) return;
   KillTimer(waiting, timer);
   DestroyWindow(waiting);
   delete control;
+}
+
+void Control::Leave() noexcept {
+  // What unloading a form fails with has no one left to go to.
+  Guarded([this] {
+    assembly_->Leave(site_);
+    return S_OK;
+  });
+  ForgetError();
+}
+
+bool Control::MayClose() {
+  return assembly_->IsUsedBeside(site_) || assembly_->Editor().MayClose();
 }
 
 void Control::OnPropertyChanged(std::string_view key) {
@@ -107,7 +121,7 @@ void Control::Paint() {
   const auto keep = ComPtr<IUnknown>::Share(&whole_);
   painting_ = true;
   Guarded([this] {
-    assembly_.Control().Paint();
+    control_.Paint();
     return S_OK;
   });
   painting_ = false;

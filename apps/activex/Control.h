@@ -8,11 +8,12 @@
 #include "Persistence.h"
 #include "Picture.h"
 #include "QuickActivation.h"
+#include "host/DistPromoterProg.h"
 
 namespace activex {
 
-/// One control in a container, with the module behind it. This is its identity; the interfaces are
-/// in its parts. Made with one reference; the last one released ends it and unloads its forms.
+/// One control in a container, with the thread's module behind it. This is its identity; the
+/// interfaces are in its parts. Made with one reference; the last one released ends it.
 class Control final : public IUnknown {
  public:
   /// `outer` is the object that aggregates the control, or null. Throws RuntimeError.
@@ -28,6 +29,8 @@ class Control final : public IUnknown {
  private:
   ~Control();
   void End() noexcept;
+  void Leave() noexcept;
+  bool MayClose();
   static void CALLBACK EndWhenIdle(HWND waiting, UINT message, UINT_PTR timer, DWORD time);
   void OnPropertyChanged(std::string_view key);
   void Paint();
@@ -37,8 +40,9 @@ class Control final : public IUnknown {
   ULONG references_ = 1;
   bool painting_ = false;
   IUnknown& whole_;
+  std::shared_ptr<Assembly> assembly_ = Assembly::OfThread();
   ContainerSite site_;
-  Assembly assembly_;
+  host::DistPromoterProg control_;
   Automation automation_;
   Persistence persistence_;
   Connections connections_;

@@ -17,8 +17,12 @@ class Databases : public platform::ConnectionFactory {
     if (connectionString.starts_with("sqlite:")) {
       return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
     }
-    return std::make_unique<adapters::windows::AdoConnection>(connectionString);
+    return std::make_unique<adapters::windows::AdoConnection>(connectionString,
+                                                              outages_.Of(connectionString));
   }
+
+ private:
+  adapters::server::Outages outages_;
 };
 
 }  // namespace activex

@@ -11,17 +11,27 @@ using adapters::windows::Window;
 
 constexpr wchar_t kClass[] = L"comDistPromoterProg.Place";
 
+/// Goes with the library, not with the last window: another thread may be making one just then.
+class PlaceClass {
+ public:
+  explicit PlaceClass(WNDPROC procedure) {
+    WNDCLASSW description{};
+    description.lpfnWndProc = procedure;
+    description.hInstance = Window::Instance();
+    description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
+    description.lpszClassName = kClass;
+    RegisterClassW(&description);
+  }
+  ~PlaceClass() { UnregisterClassW(kClass, Window::Instance()); }
+  PlaceClass(const PlaceClass&) = delete;
+  PlaceClass& operator=(const PlaceClass&) = delete;
+};
+
 }  // namespace
 
 PlaceWindow::PlaceWindow(HWND parent, const RECT& place, std::function<void()> paint)
     : paint_(std::move(paint)) {
-  WNDCLASSW description{};
-  description.lpfnWndProc = Handle;
-  description.hInstance = Window::Instance();
-  description.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // the arrow
-  description.lpszClassName = kClass;
-  // The class is there already while another control has a window.
-  RegisterClassW(&description);
+  static const PlaceClass registered(Handle);
   window_ = CreateWindowExW(WS_EX_NOPARENTNOTIFY, kClass, L"", WS_CHILD | WS_CLIPSIBLINGS,
                             place.left, place.top, place.right - place.left,
                             place.bottom - place.top, parent, nullptr, Window::Instance(), nullptr);
@@ -32,8 +42,6 @@ PlaceWindow::PlaceWindow(HWND parent, const RECT& place, std::function<void()> p
 PlaceWindow::~PlaceWindow() {
   SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
   DestroyWindow(window_);
-  // Does nothing while another control has a window. The class must not outlive the library.
-  UnregisterClassW(kClass, Window::Instance());
 }
 
 void PlaceWindow::Move(const RECT& place) {

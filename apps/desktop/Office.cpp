@@ -4,7 +4,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
 #include <iostream>
+#include <system_error>
 
 #include "Replay.h"
 #include "adapters/odbc/OdbcConnection.h"
@@ -23,22 +27,40 @@ namespace {
 
 constexpr std::string_view kEmbedded = "sqlite:";
 
+std::string ReadAll(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    throw platform::RuntimeError(75, file.errorString().toStdString() + ": " + path.toStdString());
+  }
+  return file.readAll().toStdString();
+}
+
+/// Leaves a file that is there already as it is.
+void WriteNew(const std::string& path, const std::string& content) {
+  std::FILE* file = std::fopen(path.c_str(), "wbx");
+  if (file == nullptr && errno == EEXIST) return;
+  bool written = file != nullptr;
+  if (file != nullptr) {
+    written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    written = std::fclose(file) == 0 && written;
+  }
+  if (written) return;
+  const std::string reason = std::generic_category().message(errno);
+  if (file != nullptr) std::remove(path.c_str());
+  throw platform::RuntimeError(75, path + " could not be written: " + reason);
+}
+
 /// Puts the report templates that the program carries into `folder`. What is there already may be
 /// the user's own work and stays.
 void CopyTemplates(const QDir& folder) {
-  if (!folder.mkpath(".")) {
-    throw platform::RuntimeError(76, "Path not found: " + folder.absolutePath().toStdString());
+  const std::string path = folder.absolutePath().toStdString();
+  std::error_code error;
+  std::filesystem::create_directories(path, error);
+  if (error) {
+    throw platform::RuntimeError(76, "Path not found: " + path + " (" + error.message() + ")");
   }
   for (const QFileInfo& carried : QDir(":/templates").entryInfoList(QDir::Files)) {
-    const QString path = folder.filePath(carried.fileName());
-    if (QFile::exists(path)) continue;
-    QFile file(carried.filePath());
-    if (!file.copy(path)) {
-      throw platform::RuntimeError(75,
-                                   file.errorString().toStdString() + ": " + path.toStdString());
-    }
-    // Resources are read only, and so would be their copies.
-    QFile::setPermissions(path, QFile::permissions(path) | QFile::WriteOwner);
+    WriteNew(folder.filePath(carried.fileName()).toStdString(), ReadAll(carried.filePath()));
   }
 }
 
@@ -55,12 +77,18 @@ demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
   return sample;
 }
 
-std::string ReadAll(const QString& path) {
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) {
-    throw platform::RuntimeError(75, file.errorString().toStdString() + ": " + path.toStdString());
-  }
-  return file.readAll().toStdString();
+/// A file that is not there is told with the way to make one.
+void RequireFile(const std::string& connectionString) {
+  if (!connectionString.starts_with(kEmbedded)) return;
+  const std::string path = connectionString.substr(kEmbedded.size());
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored)) return;
+  throw platform::RuntimeError(
+      53,
+      "فايل پايگاه داده «\u202A" + path +
+          "\u202C» پيدا نشد؛ با فرمان زير دفتري نمونه در آن ساخته مي شود. File not found; to make "
+          "a sample office in it: ./run --load-sample --connect \"sqlite:" +
+          path + "\"");
 }
 
 }  // namespace
@@ -69,7 +97,8 @@ std::unique_ptr<platform::Connection> Connections::Create(const std::string& con
   if (connectionString.starts_with(kEmbedded)) {
     return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
   }
-  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString);
+  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
+                                                          outages_.Of(connectionString));
 }
 
 std::string SampleOfficePath(const Options& options) {
@@ -99,27 +128,43 @@ void EnsureSampleOffice(const std::string& path, const Options& options) {
 }
 
 void LoadSample(const Options& options) {
+  const bool embedded = options.connect.starts_with(kEmbedded);
+  if (embedded && !options.collation.empty()) {
+    throw platform::RuntimeError(platform::kInvalidProcedureCall,
+                                 "--collation is for a SQL Server; a file has none.");
+  }
   std::cout << "Making a sample office with " << options.customers << " customers in "
             << text::ShownConnection(options.connect) << " ..." << std::endl;
   const QDir templates(DataFolder().filePath("templates"));
   CopyTemplates(templates);
   const demo::SampleOptions sample = SampleOf(options, templates);
-  if (options.connect.starts_with(kEmbedded)) {
+  if (embedded) {
     demo::CreateSampleOffice(options.connect.substr(kEmbedded.size()), sample);
   } else {
     const std::string schema = ReadAll(":/sqlserver/schema.sql");
     const std::string functions = ReadAll(":/sqlserver/functions.sql");
     const std::string procedures = ReadAll(":/sqlserver/procedures.sql");
     const auto server = Connections().Create(options.connect);
-    demo::LoadServerOffice(*server, {schema, functions, procedures}, sample, std::cout);
+    demo::LoadServerOffice(*server, {schema, functions, procedures, options.collation}, sample,
+                           std::cout);
   }
   std::cout << "The sample office is there." << std::endl;
 }
 
+std::string OfficeToOpen(const Options& options, const std::string& made) {
+  if (options.connect.empty() && options.database.empty()) {
+    EnsureSampleOffice(made, options);
+    return std::string(kEmbedded) + made;
+  }
+  const std::string chosen =
+      options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
+  RequireFile(chosen);
+  return chosen;
+}
+
 bool ReplayStatements(const Options& options) {
   const std::string script = ReadAll(QString::fromStdString(options.replayFile));
-  const std::string target =
-      options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
+  const std::string target = OfficeToOpen(options, {});
   const auto connection = Connections().Create(target);
   // One that cannot be reached says so once, not for every statement.
   connection->Execute("Select 1 as Reached");

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Options.h"
+#include "adapters/server/ServerConnection.h"
 #include "platform/Connection.h"
 
 namespace desktop {
@@ -14,6 +15,9 @@ namespace desktop {
 class Connections : public platform::ConnectionFactory {
  public:
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+
+ private:
+  adapters::server::Outages outages_;
 };
 
 /// Path of the user's sample office with so many customers, around that day.
@@ -23,6 +27,11 @@ std::string SampleOfficePath(const Options& options);
 /// templates go into the folder "templates" beside it; those that are missing there are put back.
 /// Throws RuntimeError.
 void EnsureSampleOffice(const std::string& path, const Options& options);
+
+/// The connection string of what the options name or, where they name nothing, of the sample office
+/// at `made`, which is then ensured. Throws RuntimeError, 53 with the way to make one when a file
+/// is named that is not there.
+std::string OfficeToOpen(const Options& options, const std::string& made);
 
 /// Makes the sample office where options.connect says, in a server's empty database or in a file
 /// that is not there yet, and says on the terminal how it goes. The office looks for its report

@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "calendar/Gregorian.h"
@@ -36,6 +37,17 @@ std::chrono::sys_days Date(const std::string& option, const std::string& value) 
   return *day;
 }
 
+/// It goes into the statements of the schema as it is.
+std::string Collation(const std::string& value) {
+  constexpr std::size_t kLongest = 128;
+  const bool isName = std::ranges::all_of(value, [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+  });
+  if (isName && value.size() <= kLongest) return value;
+  throw UsageError("--collation wants a collation's name, letters, digits and _, not " +
+                   Quoted(value) + ".");
+}
+
 void CheckTogether(const Options& options) {
   const bool tour = !options.tourDirectory.empty();
   const bool replay = !options.replayFile.empty();
@@ -44,6 +56,9 @@ void CheckTogether(const Options& options) {
   }
   if (options.loadSample && options.connect.empty()) {
     throw UsageError("--load-sample wants --connect, which says where to.");
+  }
+  if (!options.collation.empty() && !options.loadSample) {
+    throw UsageError("--collation wants --load-sample.");
   }
   if (replay && options.connect.empty() && options.database.empty()) {
     throw UsageError("--replay wants --connect or --database, which say where to.");
@@ -55,7 +70,7 @@ void CheckTogether(const Options& options) {
 
 }  // namespace
 
-Options ParseOptions(const std::vector<std::string>& arguments) {
+Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable) {
   Options options;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
     const std::string& option = arguments[i];
@@ -73,6 +88,8 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       options.connect = value();
     } else if (option == "--load-sample") {
       options.loadSample = true;
+    } else if (option == "--collation") {
+      options.collation = Collation(value());
     } else if (option == "--sample-date") {
       options.sampleDate = Date(option, value());
     } else if (option == "--replay") {
@@ -89,6 +106,11 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       throw UsageError(Quoted(option) + " is no option; see --help.");
     }
   }
+  // Not for a tour: it writes, and an office of its own is what it is expected to write in.
+  if (hasVariable && options.connect.empty() && options.database.empty() &&
+      options.tourDirectory.empty()) {
+    options.connect = "env";
+  }
   CheckTogether(options);
   return options;
 }
@@ -97,8 +119,14 @@ const char* HelpText() {
   return R"(./run [options]        opens the promoter program editor
 
   --database FILE    a database file to work on, instead of the sample office
-  --connect STRING   another database to work on: a connection string, ODBC's or OLE DB's, for SQL
-                     Server, or sqlite:FILE
+  --connect SOURCE   another database to work on, by a connection string, ODBC's or OLE DB's, for
+                     SQL Server, or sqlite:FILE. SOURCE is one of
+                       env    what the environment variable DISTPROMOTER_CONNECTION holds; it also
+                              counts without --connect, but for --tour
+                       @FILE  what FILE holds
+                       -      a line of the standard input; on a terminal you are asked for it,
+                              and what you type is not shown
+                     or the string itself, which other users of the machine may see for a moment
   --customers N      make the sample office with N customers (5000)
   --sample-date DAY  make the sample office around the day yyyy-mm-dd instead of today
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
@@ -106,6 +134,8 @@ const char* HelpText() {
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
   --load-sample      with --connect: make the sample office there, in a database that has none of
                      its tables (or a new file), all or nothing
+  --collation NAME   with --load-sample on a server: the collation of the columns that people read,
+                     instead of Persian_100_CI_AS
   --replay FILE      with --connect or --database: send each statement of FILE (batches separated
                      by a line "go") there; print its number of rows and a digest of them, or its
                      error

@@ -12,14 +12,16 @@ namespace desktop {
 /// What the command line asks for.
 struct Options {
   std::string database;  // file to open; empty: the sample office, unless there is a connection
-  std::string connect;   // connection string; empty: the database
+  std::string connect;   // what --connect says; the connection string once it has been read
+                         // (ReadConnection); empty: the database
   int customers = 5000;  // of a sample office that has to be made
   std::optional<std::chrono::sys_days> sampleDate;  // the day it lies around; nothing: today
   std::int32_t user = 1;                            // who works with the module
   std::int32_t program = 0;                         // program to open; 0: the editor opens empty
   std::string tourDirectory;                        // empty: no tour
   bool loadSample = false;                          // make the sample office where `connect` says
-  std::string replayFile;                           // statements to send; empty: none
+  std::string collation;   // of its text columns on a server; empty: as usual
+  std::string replayFile;  // statements to send; empty: none
   bool help = false;
 };
 
@@ -29,8 +31,9 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// `arguments` without the program's name. Throws UsageError.
-Options ParseOptions(const std::vector<std::string>& arguments);
+/// `arguments` without the program's name; `hasVariable`: the environment has a connection string,
+/// which counts where neither an option nor a tour names a database. Throws UsageError.
+Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable);
 
 /// What --help prints.
 const char* HelpText();

@@ -237,7 +237,7 @@ void Tour::SaveAs(const std::string& fileName) {
   auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
   Expect(name != nullptr, "a place for the file's name");
   const QString path = directory_.absoluteFilePath(ToQString(fileName));
-  // Of an earlier tour: the dialog would ask whether to replace it.
+  // Of an earlier tour: the program would ask whether to replace it.
   QFile::remove(path);
   name->setText(path);
   SendKey(*name, Qt::Key_Return, QString());

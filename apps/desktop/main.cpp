@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <optional>
 
+#include "EndSignals.h"
+#include "HiddenLine.h"
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
@@ -21,19 +23,21 @@
 #include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
+#include "apps/connection/ConnectionOption.h"
 #include "module/Module.h"
 #include "text/Secrets.h"
 
 namespace {
 
-/// The control stands on no document and has no surface here: there is nothing to mark as changed
-/// and nothing to size.
+/// The control stands on no document and has no surface here: there is nothing to mark as changed,
+/// to size or to stand over.
 class NoContainer : public platform::ControlSite {
  public:
   void PropertyChanged(std::string_view) override {}
   void SetExtenderHeight(double) override {}
   void SetExtenderWidth(double) override {}
   void SetExtenderVisible(bool) override {}
+  void Entered() override {}
 };
 
 bool HasDisplay() {
@@ -46,9 +50,17 @@ bool HasDisplay() {
 
 QtMessageHandler previousHandler = nullptr;
 
-void WithoutOffscreenNotes(QtMsgType type, const QMessageLogContext& context,
-                           const QString& message) {
-  if (!message.startsWith("This plugin does not support")) previousHandler(type, context, message);
+/// Qt aborts when it cannot open its display. What a screen without one cannot do is not worth a
+/// line for every window.
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (message.startsWith("This plugin does not support")) return;
+  if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty()) {
+    std::fputs(
+        "The display cannot be opened: set DISPLAY, or see all of it with ./run --tour DIR.\n",
+        stderr);
+    std::_Exit(EXIT_FAILURE);
+  }
+  previousHandler(type, context, message);
 }
 
 /// Where copied lists go: a tour keeps them with its pictures.
@@ -78,6 +90,7 @@ class Desktop {
   adapters::qt::ErrorGuard& Guard() { return guard_; }
   adapters::qt::QtScreen& Screen() { return screen_; }
   module::Module& Module() { return module_; }
+  host::DistPromoterProg& Control() { return control_; }
 
  private:
   adapters::qt::ErrorGuard guard_;
@@ -104,13 +117,14 @@ class Desktop {
                            .fileSystem = fileSystem_,
                            .launcher = launcher_,
                            .reports = reports_};
-  module::Module module_{services_, site_};
+  module::Module module_{services_};
+  host::DistPromoterProg control_{module_.Main(), module_.Editor(), site_};
 };
 
 /// Opens the editor as the suite would; true when it is open.
 bool OpenEditor(Desktop& desktop, const desktop::Options& options,
                 const std::string& connectionString) {
-  host::DistPromoterProg& control = desktop.Module().Control();
+  host::DistPromoterProg& control = desktop.Control();
   desktop.Guard().Run([&] {
     control.SetUserID(options.user);
     control.SetEmployeeID(desktop::EmployeeOfUser(connectionString, options.user));
@@ -135,31 +149,29 @@ desktop::Tour::Stage StageOf(Desktop& desktop) {
             const auto* const found = std::ranges::find(forms, name, &controls::Form::Name);
             return found == std::end(forms) ? nullptr : *found;
           },
-          .open = [&desktop](std::int32_t program) { desktop.Module().Control().View(program); }};
+          .open = [&desktop](std::int32_t program) { desktop.Control().View(program); }};
 }
 
 int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
+  const desktop::EndSignals endSignals;
   // Until a form is up, an error ends the program.
   desktop.Guard().SetProgramGoesOn(false);
   const bool tour = !options.tourDirectory.empty();
   std::optional<QTemporaryDir> dropped;
-  std::string connectionString = options.connect;
-  if (connectionString.empty()) {
-    std::string file = options.database;
-    bool there = !file.empty();
-    if (!there) {
-      if (tour) dropped.emplace();
-      file =
-          tour ? dropped->filePath("office.db").toStdString() : desktop::SampleOfficePath(options);
-      desktop.Guard().Run([&] {
-        desktop::EnsureSampleOffice(file, options);
-        there = true;
-      });
-    }
-    if (!there) return EXIT_FAILURE;
-    connectionString = "sqlite:" + file;
+  std::string connectionString;
+  const auto prepare = [&] {
+    if (tour) dropped.emplace();
+    connectionString =
+        desktop::OfficeToOpen(options, tour ? dropped->filePath("office.db").toStdString()
+                                            : desktop::SampleOfficePath(options));
+  };
+  if (tour) {
+    prepare();  // nobody is there to close a message
+  } else {
+    desktop.Guard().Run(prepare);
   }
+  if (connectionString.empty()) return EXIT_FAILURE;
   if (!tour) {
     return OpenEditor(desktop, options, connectionString) ? application.exec() : EXIT_FAILURE;
   }
@@ -176,18 +188,27 @@ int Run(QApplication& application, const desktop::Options& options) {
 /// What is done on the terminal, without screens.
 int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
   const QCoreApplication application(argc, argv);
-  try {
-    if (!options.loadSample) {
-      return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
-    }
-    desktop::LoadSample(options);
-    return EXIT_SUCCESS;
-  } catch (const platform::RuntimeError& error) {
-    std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
-  } catch (const std::exception& error) {
-    std::fprintf(stderr, "%s\n", error.what());
+  if (!options.loadSample) {
+    return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
   }
-  return EXIT_FAILURE;
+  desktop::LoadSample(options);
+  return EXIT_SUCCESS;
+}
+
+int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
+  if (!HasDisplay()) {
+    if (options.tourDirectory.empty()) {
+      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
+                 stderr);
+      return EXIT_FAILURE;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  }
+  previousHandler = qInstallMessageHandler(HandleMessage);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName("promoter-desktop");
+  adapters::qt::ApplyTheme(application);
+  return Run(application, options);
 }
 
 /// Every user of the machine can list the arguments of a running program.
@@ -198,14 +219,33 @@ void HidePasswords(int argc, char* argv[]) {
   }
 }
 
+/// The connection string of the environment, which no program that this one starts gets to see.
+std::string TakeVariable() {
+  const char* const value = std::getenv(connection::kVariable);
+  std::string taken = value == nullptr ? "" : value;
+  unsetenv(connection::kVariable);
+  return taken;
+}
+
+void ReadConnection(desktop::Options& options, const std::string& variable) {
+  if (options.connect.empty() || options.help) return;
+  if (options.connect == "-") options.connect = desktop::ReadHiddenLine("Connection string: ");
+  options.connect = connection::ConnectionOf(options.connect, variable);
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
   desktop::Options options;
   try {
-    options = desktop::ParseOptions({argv + 1, argv + argc});
+    const std::string variable = TakeVariable();
+    options = desktop::ParseOptions({argv + 1, argv + argc}, !variable.empty());
     HidePasswords(argc, argv);
+    ReadConnection(options, variable);
   } catch (const desktop::UsageError& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+    return 2;
+  } catch (const connection::ConnectionMissing& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
   }
@@ -213,19 +253,19 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
-  if (options.loadSample || !options.replayFile.empty()) return RunOnTerminal(argc, argv, options);
-  if (!HasDisplay()) {
-    if (options.tourDirectory.empty()) {
-      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-                 stderr);
-      return EXIT_FAILURE;
-    }
-    setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    // Not worth a line for every window: what a screen without a display cannot do.
-    previousHandler = qInstallMessageHandler(WithoutOffscreenNotes);
+  const bool replay = !options.replayFile.empty();
+  if (!replay && options.tourDirectory.empty() && qEnvironmentVariableIsEmpty("HOME")) {
+    // Qt would take the root folder for it.
+    std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);
+    return EXIT_FAILURE;
   }
-  QApplication application(argc, argv);
-  QApplication::setApplicationName("promoter-desktop");
-  adapters::qt::ApplyTheme(application);
-  return Run(application, options);
+  try {
+    return options.loadSample || replay ? RunOnTerminal(argc, argv, options)
+                                        : RunOnScreen(argc, argv, options);
+  } catch (const platform::RuntimeError& error) {
+    std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "%s\n", error.what());
+  }
+  return EXIT_FAILURE;
 }

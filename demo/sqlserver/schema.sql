@@ -1,7 +1,8 @@
 -- The sample office on SQL Server 2012 and later: the tables, views and indexes of demo/Schema.cpp
 -- under the same names, with the same columns. ./run --load-sample loads this file, functions.sql,
 -- procedures.sql and the data, all or nothing, into a database that has none of these tables.
--- Nothing here drops anything. Batches are separated by lines of "go".
+-- Nothing here drops anything. Batches are separated by lines of "go". With --collation NAME it puts
+-- that name in the place of Persian_100_CI_AS.
 --
 -- Collation. Two kinds matter, for different things.
 -- That of the database: the module writes texts as 'literals' without N, which the server turns
@@ -122,6 +123,10 @@ CREATE TABLE dbo.tblOrganization (
 );
 go
 
+-- The paths on which a customer is visited. Two rows for one customer are allowed, and bad: the batch
+-- form shows the customer on two lines, a commit that takes both writes four visits a day (one line
+-- alone: two), and every search that meets a visit of the customer ends in error 512.
+-- docs/reliability.md has a query that finds such customers.
 CREATE TABLE dbo.tblDistributionOrganization (
   OrganizationID int NOT NULL REFERENCES dbo.tblOrganization (ID),
   PathID int NOT NULL REFERENCES dbo.tblDistributionPath (ID),
@@ -155,7 +160,8 @@ CREATE TABLE dbo.tblDistributionPromoterProgramDetail (
   Sequence int NOT NULL
 );
 -- The editor shows a program's visits by promoter and day: the rows themselves lie so. There is no
--- unique key: a customer who stands on two paths is planned twice a day.
+-- unique key: the batch insert of a customer on two paths would fail on it, with all other visits of
+-- the batch.
 CREATE CLUSTERED INDEX ixPromoterProgramDetailGroup
   ON dbo.tblDistributionPromoterProgramDetail (ProgramID, PromoterID, VisitDate, FarsiVisitDate);
 -- The batch insert asks for every new row whether the visit is there already, comparing its date

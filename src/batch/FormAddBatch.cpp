@@ -21,6 +21,8 @@ FormAddBatch::FormAddBatch(host::modMain& module)
   SetCaption("افزودن ويزيت به برنامه بازارياب");
   PlaceControls();
   SetGridColumns();
+  txtCodeFrom.SetLatinDigits(true);
+  txtCodeTo.SetLatinDigits(true);
 
   sltPromoter.onChange = [this] { PromoterChanged(); };
   datDateFrom.onChange = [this] { FillDateGrid(); };

@@ -1,6 +1,7 @@
 #include "controls/Controls.h"
 
 #include "platform/RuntimeError.h"
+#include "text/Fold.h"
 
 namespace controls {
 
@@ -30,7 +31,12 @@ void TextBox::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
 }
 
+std::string TextBox::Taken(std::string text) const {
+  return latinDigits_ ? text::LatinDigits(text) : std::move(text);
+}
+
 void TextBox::SetText(std::string text) {
+  text = Taken(std::move(text));
   if (text_ == text) return;
   text_ = std::move(text);
   Notify(Aspect::kText);

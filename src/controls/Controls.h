@@ -35,6 +35,12 @@ class TextBox : public Control {
   const std::string& Text() const { return text_; }
   /// Raises onChange when the text is another one; so does typing, which calls this too.
   void SetText(std::string text);
+  /// For a box of one line: Persian and Arabic digits become Latin ones, whoever sets, types or
+  /// pastes them.
+  void SetLatinDigits(bool latin) { latinDigits_ = latin; }
+  /// The form in which the box takes a text, of as many UTF-16 units: what a screen puts into its
+  /// field instead of what was typed or pasted.
+  std::string Taken(std::string text) const;
   Lines LineMode() const { return lines_; }
   /// Set by forms whose boxes select their whole text when the focus arrives.
   bool SelectAllOnFocus() const { return selectAllOnFocus_; }
@@ -46,6 +52,7 @@ class TextBox : public Control {
   std::string text_;
   Lines lines_;
   bool selectAllOnFocus_ = false;
+  bool latinDigits_ = false;
 };
 
 class Button : public Control {

@@ -12,8 +12,12 @@ namespace {
 
 using calendar::SolarHijriDate;
 
-[[noreturn]] void RefuseValue() {
-  throw platform::RuntimeError(platform::kInvalidPropertyValue, "Invalid property value");
+std::string NoDate(std::string_view text) {
+  return "تاريخ ”" + std::string(text) + "“ درست نيست.";
+}
+
+[[noreturn]] void RefuseValue(const std::string& why = {}) {
+  throw platform::RuntimeError(platform::kInvalidPropertyValue, why + "Invalid property value");
 }
 
 }  // namespace
@@ -38,7 +42,7 @@ void DateBox::Clear() {
 void DateBox::SetText(std::string_view yyyymmdd) {
   if (yyyymmdd.empty()) return Clear();
   const auto date = SolarHijriDate::FromText(yyyymmdd);
-  if (!date) RefuseValue();
+  if (!date) RefuseValue(NoDate(yyyymmdd) + " ");
   Assign(date);
 }
 
@@ -70,8 +74,7 @@ std::string DateBox::EnterTyped(std::string_view typed) {
   const std::string_view trimmed = text::Trim(typed);
   const auto date = SolarHijriDate::FromTyped(trimmed);
   if (!date && !trimmed.empty()) {
-    return "تاريخ ”" + std::string(trimmed) +
-           "“ درست نيست. تاريخ را به صورت سال/ماه/روز بنويسيد، مانند 1404/02/15.";
+    return NoDate(trimmed) + " تاريخ را به صورت سال/ماه/روز بنويسيد، مانند 1404/02/15.";
   }
   Assign(date);
   return {};

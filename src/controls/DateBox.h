@@ -23,7 +23,8 @@ class DateBox : public Control {
   void Clear();
   /// yyyy/mm/dd with Latin digits, or empty.
   std::string Text() const { return date_ ? date_->Text() : std::string(); }
-  /// Empty text clears. A text that is no date throws RuntimeError 380 and changes nothing.
+  /// Empty text clears. A text that is no date throws RuntimeError 380, which names it, and
+  /// changes nothing.
   void SetText(std::string_view yyyymmdd);
   std::optional<std::chrono::sys_days> Value() const;
   /// Throws RuntimeError 380 for a day outside the calendar's years, as StepDays does for a step

@@ -21,8 +21,10 @@ bool IsArabicScript(std::string_view utf8, std::size_t at) {
   return byte(at) == 0xEF && byte(at + 1) >= 0xAD && byte(at + 1) <= 0xBB;  // U+FB40 to U+FEFF
 }
 
-/// Where the Persian sentences at the beginning end; 0 when there are none.
+/// Where the Persian sentences at the beginning end; 0 when there are none. What is set apart
+/// behind them (platform/ServerErrors.h) is the server's, whatever letters it holds.
 std::size_t PersianEnd(std::string_view description) {
+  description = description.substr(0, description.find("\n\u202A"));
   std::size_t end = 0;
   for (std::size_t at = 0; at < description.size(); ++at) {
     if (IsArabicScript(description, at)) end = at + (description[at] == '\xEF' ? 3 : 2);

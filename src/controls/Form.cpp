@@ -81,7 +81,6 @@ void Form::Hide() {
 void Form::Unload() {
   if (!loaded_) return;
   Hide();
-  FormUnload();
   loaded_ = false;
   screen_.Unload(*this);
 }

@@ -17,8 +17,7 @@ class Form : public Container {
   enum class Border { kFixed, kSizable };
   /// `screen` must outlive the form.
   Form(Screen& screen, std::string name, Border border);
-  /// Drops the window of a form that is still loaded; its controls are gone by then and FormUnload
-  /// does not run, so an owner unloads its forms first.
+  /// Drops the window of a form that is still loaded; its controls are gone by then.
   ~Form() override;
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -53,8 +52,7 @@ class Form : public Container {
   void Show(Modality modality);
   /// Ends a modal Show.
   void Hide();
-  /// Hides, runs FormUnload, and forgets that it was loaded. A form that is not loaded stays as it
-  /// is. What FormUnload throws leaves the form hidden and loaded.
+  /// Hides and forgets that it was loaded. A form that is not loaded stays as it is.
   void Unload();
   /// The user pressed the window's close box.
   void CloseBox() { FormClose(); }
@@ -70,7 +68,6 @@ class Form : public Container {
 
  protected:
   virtual void FormLoad() {}
-  virtual void FormUnload() {}
   virtual void FormResize() {}
   /// What the close box does; hides unless a form says otherwise.
   virtual void FormClose() { Hide(); }

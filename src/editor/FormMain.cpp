@@ -40,13 +40,6 @@ FormKind& MadeOnce(std::unique_ptr<FormKind>& form, host::modMain& module) {
   return *form;
 }
 
-/// Unloads first, while the form's controls still live.
-template <typename FormKind>
-void Drop(std::unique_ptr<FormKind>& form) {
-  if (form) form->Unload();
-  form.reset();
-}
-
 }  // namespace
 
 batch::FormAddBatch& FormMain::BatchForm() {
@@ -75,16 +68,20 @@ void FormMain::FormResize() {
   resizeRules_.Apply(Width(), Height());
 }
 
-void FormMain::FormUnload() {
-  Drop(batchForm_);
-  Drop(searchForm_);
-  Drop(printForm_);
+void FormMain::UnloadAll() {
+  Unload();
+  batchForm_.reset();
+  searchForm_.reset();
+  printForm_.reset();
+}
+
+bool FormMain::MayClose() {
+  const bool headerIsOpen = Visible() && (mode_ == Mode::kEdit || mode_ == Mode::kCreate);
+  return !headerIsOpen || module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") != host::kNo;
 }
 
 void FormMain::FormClose() {
-  const bool headerIsOpen = mode_ == Mode::kEdit || mode_ == Mode::kCreate;
-  if (headerIsOpen && module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") == host::kNo) return;
-  Unload();
+  if (MayClose()) Unload();
 }
 
 bool FormMain::Permitted(std::int32_t permission) {

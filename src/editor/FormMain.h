@@ -21,17 +21,22 @@
 namespace editor {
 
 /// The editor of one promoter program: its header and its visits, grouped by promoter, day and
-/// notes. One instance serves the whole module. Errors of the database that a routine does not trap
-/// travel out of the event.
+/// notes. One instance serves the whole module. Its dialogs live as long: they keep their contents
+/// from one use to the next, whether the editor is closed in between or not, until UnloadAll.
+/// Errors of the database that a routine does not trap travel out of the event.
 class FormMain : public controls::Form, public host::ProgramEditor {
  public:
   explicit FormMain(host::modMain& module);
 
   /// Both show the form, modally when modeless showing is refused (the host itself shows a modal
-  /// form); both return false.
+  /// form); both return false. What fails in showing is passed over: a visible form stays up.
   bool ClearShow() override;
   bool View(std::int32_t inProgramID) override;
+  void UnloadAll() override;
   bool DialogIsUp() const override;
+  /// Asks the question of cmdCancel while a header is open on the screen, which closing would drop;
+  /// false when the user wants to go on with it.
+  bool MayClose();
 
   Mode CurrentMode() const { return mode_; }
   /// For modules that post accounting documents: ties an object of a class to a document's line,
@@ -87,8 +92,6 @@ class FormMain : public controls::Form, public host::ProgramEditor {
  protected:
   void FormLoad() override;
   void FormResize() override;
-  /// The dialogs go with the editor, so that they too are loaded for the next host context.
-  void FormUnload() override;
   /// The close box drops an open header only after the question of cmdCancel, and unloads, so that
   /// the next opening reads the host context anew.
   void FormClose() override;
@@ -105,9 +108,6 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void SetDetailColumns();
 
   // Opening.cpp
-  /// Loads on first use, and anew for another connection string: the selectors keep the one that
-  /// they were loaded with.
-  void LoadForContext();
   void ReadInstallDirectory();
   void ShowForm();
   void DisableComponents();
@@ -168,7 +168,6 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   std::unique_ptr<search::FormSearch> searchForm_;
   std::unique_ptr<tools::FormPrint> printForm_;
   std::string installDirectory_;
-  std::string loadedFor_;  // connection string
   Mode mode_ = Mode::kEmpty;
   std::int32_t lastSort_ = 0;
 };

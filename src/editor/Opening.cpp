@@ -38,22 +38,15 @@ void FormMain::ReadInstallDirectory() {
   rows.Close();
 }
 
-void FormMain::LoadForContext() {
-  const std::string& connectionString = module_.Context().connectionString;
-  if (Loaded() && loadedFor_ != connectionString) Unload();
-  Load();
-  loadedFor_ = connectionString;
-}
-
 bool FormMain::ClearShow() {
-  LoadForContext();
+  Load();
   ShowEmpty();
   ShowForm();
   return false;
 }
 
 bool FormMain::View(std::int32_t inProgramID) {
-  LoadForContext();
+  Load();
   OpenProgram(inProgramID);
   ShowForm();
   return false;
@@ -61,7 +54,7 @@ bool FormMain::View(std::int32_t inProgramID) {
 
 void FormMain::ShowForm() {
   if (platform::ResumeNext([this] { Show(controls::Modality::kModeless); }) != 0) {
-    Show(controls::Modality::kModal);
+    platform::ResumeNext([this] { Show(controls::Modality::kModal); });
   }
 }
 

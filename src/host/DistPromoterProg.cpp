@@ -48,11 +48,14 @@ void DistPromoterProg::RefuseWhileWaiting() const {
 }
 
 void DistPromoterProg::RefreshHostContext() {
+  // Before anything can refuse or fail: what still shows one database must not write to another.
+  if (module_.Context().connectionString != connectionString_) editor_.UnloadAll();
   module_.SetContext({.userId = userId_,
                       .positionId = positionId_,
                       .employeeId = employeeId_,
                       .connectionString = connectionString_});
   module_.ConnectDataEnvironment();
+  site_.Entered();
 }
 
 bool DistPromoterProg::MayOpen() {

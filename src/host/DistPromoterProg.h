@@ -11,7 +11,8 @@
 namespace host {
 
 /// The module's one public control. The suite places it on a form, gives it the host context and
-/// calls View or ClearShow. Errors of the database travel out of both calls.
+/// calls View or ClearShow. Errors of the database travel out of both calls. Several may stand on
+/// one module: the last that was called is the one whose host context and container all forms have.
 class DistPromoterProg {
  public:
   DistPromoterProg(modMain& module, ProgramEditor& editor, platform::ControlSite& site)
@@ -29,8 +30,10 @@ class DistPromoterProg {
   void SetOLEConnectionString(std::string New_OLEConnectionString);
 
   /// Both re-read the host context, rebuild the data environment, ask for permission 111 and open
-  /// the editor or say that the user may not. Both return false on every path. While a message or a
-  /// dialog of the module is up they throw RuntimeError 401 and change nothing.
+  /// the editor or say that the user may not. With another connection string than the last call's
+  /// the editor and its dialogs are closed first, whatever comes of the call. Both return false on
+  /// every path. While a message or a dialog of the module is up they throw RuntimeError 401 and
+  /// change nothing.
   bool ClearShow();
   bool View(std::int32_t inID);
 

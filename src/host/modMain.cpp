@@ -69,9 +69,11 @@ void ShiftControl(controls::Control& control, controls::Twips widthDelta, contro
 }
 
 void modMain::ConnectDataEnvironment() {
-  // The old one goes first, with its connection, so that there are never two. A connection opens
-  // itself on the first statement, so there is nothing to open and close here beforehand.
+  // The old one goes first, with its connection and the selectors', so that there are never two. A
+  // connection opens itself on the first statement, so there is nothing to open and close here
+  // beforehand.
   dtEn_.reset();
+  lookupConnection_.reset();
   dtEn_ = std::make_unique<DataEnvironment>(services_.connections, context_.connectionString);
 }
 
@@ -163,7 +165,10 @@ std::chrono::sys_days modMain::GetServerDate() {
 
 bool modMain::AskSaveFileName(std::string& fileName, std::string_view filter) {
   // Cancelling raises an error too: the name stays, and the caller tests it.
-  ResumeNext([&] { fileName = services_.fileDialog.ShowSave(fileName, filter); });
+  ResumeNext([&] {
+    fileName = services_.fileDialog.ShowSave(fileName.empty() ? saveFolder_ : fileName, filter);
+    saveFolder_ = fileName.substr(0, fileName.find_last_of("/\\") + 1);
+  });
   return true;
 }
 

@@ -55,8 +55,9 @@ class modMain : public controls::LookupSource {
   /// Only DistPromoterProg sets it.
   void SetContext(HostContext context) { context_ = std::move(context); }
 
-  /// Drops the data environment with its connection and recordsets and points a fresh one at the
-  /// context's connection string. Touches no server: the first statement opens the connection.
+  /// Drops the data environment with its connection and recordsets, and the connection of Lookup,
+  /// and points a fresh one at the context's connection string. Touches no server: the first
+  /// statement opens the connection.
   void ConnectDataEnvironment();
   /// Made on first use.
   DataEnvironment& DtEn();
@@ -80,7 +81,8 @@ class modMain : public controls::LookupSource {
   std::chrono::sys_days GetServerDate();
 
   /// Shows the Save As dialog and stores the chosen path. Always true: a cancelled dialog leaves
-  /// the file name as it was, and the caller tests the name.
+  /// the file name as it was, and the caller tests the name. Without a name the dialog begins in
+  /// the folder of the file chosen last.
   bool AskSaveFileName(std::string& fileName, std::string_view filter);
 
   /// Switches the keyboard to the Persian layout of the operating system's version; a version that
@@ -98,7 +100,8 @@ class modMain : public controls::LookupSource {
     services_.screen.SetMousePointer(pointer);
   }
 
-  /// A connection of the selectors' own, kept while the connection string stays the same.
+  /// Over a connection of the selectors' own, which is kept until the data environment is rebuilt
+  /// or another string is asked for.
   platform::RowSet Lookup(const std::string& connectionString,
                           const std::string& statement) override;
 
@@ -112,6 +115,7 @@ class modMain : public controls::LookupSource {
   std::string keyboardLayout_;
   std::unique_ptr<platform::Connection> lookupConnection_;
   std::string lookupConnectionString_;
+  std::string saveFolder_;  // with its separator; empty before a file was chosen
   int notices_ = 0;
 };
 

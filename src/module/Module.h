@@ -6,25 +6,24 @@
 
 namespace module {
 
-/// The whole module on one set of services: the shared state, the editor and the control. A
-/// composition root makes one and keeps it as long as its control lives.
+/// What all controls of a thread share: the host context, the data environment and the one editor.
+/// A composition root makes one, keeps it as long as any of its controls lives, and makes the
+/// controls (host::DistPromoterProg) on Main() and Editor().
 class Module {
  public:
-  Module(const host::Services& services, platform::ControlSite& site)
-      : main_(services), editor_(main_), control_(main_, editor_, site) {}
+  explicit Module(const host::Services& services) : main_(services), editor_(main_) {}
 
   /// Forms are unloaded while their controls still live.
   ~Module() { editor_.Unload(); }
   Module(const Module&) = delete;
   Module& operator=(const Module&) = delete;
 
-  host::DistPromoterProg& Control() { return control_; }
+  host::modMain& Main() { return main_; }
   editor::FormMain& Editor() { return editor_; }
 
  private:
   host::modMain main_;
   editor::FormMain editor_;
-  host::DistPromoterProg control_;
 };
 
 }  // namespace module

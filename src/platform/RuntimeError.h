@@ -23,6 +23,7 @@ enum ErrorNumber : std::int32_t {
   kNoSuchField = 3265,
   kObjectClosed = 3704,
   kObjectOpen = 3705,
+  kProviderNotFound = 3706,
   kInvalidRowValue = 30009,
   kInvalidColValue = 30010,
   kFileDialogCancelled = 32755,

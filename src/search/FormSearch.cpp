@@ -35,6 +35,7 @@ FormSearch::FormSearch(host::modMain& module)
       resizeRules_(0, 0),
       textFileForm_(module) {
   SetCaption("جستجوي برنامه بازارياب");
+  txtID.SetLatinDigits(true);
   flxSearch.SetFillStyle(controls::FlexGrid::FillStyle::kRepeat);
   PlaceControls();
 
@@ -66,7 +67,7 @@ void FormSearch::FormLoad() {
 
 void FormSearch::FormResize() {
   resizeRules_.Apply(Width(), Height());
-  ShareSpareWidth();
+  spareWidth_.Share();
 }
 
 void FormSearch::ChooseRow() {

@@ -11,6 +11,7 @@
 #include "host/modMain.h"
 #include "tools/FormSendToTextFile.h"
 #include "tools/ResizeRules.h"
+#include "tools/SpareWidth.h"
 
 namespace search {
 
@@ -64,7 +65,6 @@ class FormSearch : public controls::Form {
   void PlaceControls();
   void PlaceFilters();
   void SetUpGrid();
-  void ShareSpareWidth();
 
   // FormSearchQuery.cpp
   void SearchClick();
@@ -80,6 +80,7 @@ class FormSearch : public controls::Form {
 
   host::modMain& module_;
   tools::ResizeRules resizeRules_;
+  tools::SpareWidth spareWidth_{flxSearch};
   tools::FormSendToTextFile textFileForm_;
   bool programChosen_ = false;
   std::int32_t chosenProgramId_ = -1;

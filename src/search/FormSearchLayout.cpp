@@ -1,7 +1,7 @@
 // Where the controls of the search stand, twips, and how they follow the form's size.
 
-#include <algorithm>
 #include <array>
+#include <vector>
 
 #include "search/FormSearch.h"
 #include "tools/Placing.h"
@@ -103,25 +103,16 @@ void FormSearch::SetUpGrid() {
   if (flxSearch.FixedRows() != 1) flxSearch.SetFixedRows(1);
   flxSearch.SetFixedCols(1);
   int col = 0;
+  std::vector<int> sharing;
   for (const Column& column : kColumns) {
     flxSearch.SetTextMatrix(0, col, column.header);
     flxSearch.SetColWidth(col, column.width);
     flxSearch.SetColAlignment(col, controls::FlexGrid::Alignment::kCentreCentre);
+    // A date needs the same room in every window.
+    if (column.header.find("تاريخ") == std::string_view::npos) sharing.push_back(col);
     ++col;
   }
-}
-
-void FormSearch::ShareSpareWidth() {
-  std::vector<Twips> designed;
-  std::vector<int> sharing;
-  for (const Column& column : kColumns) {
-    const int col = static_cast<int>(designed.size());
-    const bool hidden = col < flxSearch.Cols() && flxSearch.ColWidth(col) == 0;
-    const bool date = column.header.find("تاريخ") != std::string_view::npos;
-    if (!hidden && !date) sharing.push_back(col);
-    designed.push_back(hidden ? 0 : column.width);
-  }
-  tools::ShareSpareWidth(flxSearch, designed, sharing);
+  spareWidth_.Start(sharing);
 }
 
 }  // namespace search

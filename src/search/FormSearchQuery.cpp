@@ -94,7 +94,7 @@ void FormSearch::SearchClick() {
   ColourRows();
   flxSearch.SetFixedCols(1);
   if (flxSearch.Rows() >= 2) flxSearch.SetFixedRows(1);
-  ShareSpareWidth();
+  spareWidth_.Share();
 }
 
 void FormSearch::ColourRows() {

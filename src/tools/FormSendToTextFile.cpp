@@ -1,5 +1,7 @@
 #include "tools/FormSendToTextFile.h"
 
+#include "platform/ResumeNext.h"
+#include "text/Fold.h"
 #include "text/Text.h"
 
 namespace tools {
@@ -8,6 +10,16 @@ namespace {
 
 /// Shown on hovering; inside the box it would be the delimiter of whoever leaves the box alone.
 constexpr std::string_view kTabHint = "^t=Tab";
+
+/// The path, with ".txt" where its name has no ending. Digits alone are none, but part of a date.
+std::string WithEnding(const std::string& path) {
+  const std::size_t name = path.find_last_of("/\\") + 1;
+  const std::size_t dot = path.rfind('.');
+  if (dot == std::string::npos || dot < name) return path + ".txt";
+  if (dot + 1 == path.size()) return path + "txt";
+  const std::string ending = text::LatinDigits(path.substr(dot + 1));
+  return ending.find_first_not_of("0123456789") == std::string::npos ? path + ".txt" : path;
+}
 
 }  // namespace
 
@@ -56,20 +68,23 @@ void FormSendToTextFile::FormLoad() {
 bool FormSendToTextFile::getTextFileName(std::int32_t& /*inReportID*/, std::string& outFileName,
                                          std::string& outDelimiter, bool& addNewLine,
                                          bool& AddHeaders, bool& removeMoneySep) {
+  using platform::ResumeNext;
   confirmed_ = false;
-  Show(controls::Modality::kModal);
+  ResumeNext([&] { Show(controls::Modality::kModal); });
+  // Reading models throws nothing.
   outFileName = fileName_;
   const std::string_view trimmed = text::Trim(txtDelimiter.Text());
   outDelimiter = trimmed == "^t" || trimmed == "^T" ? "\t" : txtDelimiter.Text();
   addNewLine = chkNewLine.Checked();
   AddHeaders = chkHeader.Checked();
   removeMoneySep = chkRemoveMoney.Checked();
-  Unload();
+  ResumeNext([&] { Unload(); });
   return confirmed_;
 }
 
 void FormSendToTextFile::SaveClick() {
   if (!module_.AskSaveFileName(fileName_, "فايل متني") || fileName_.empty()) return;
+  fileName_ = WithEnding(fileName_);  // before the question: what is written is what is asked about
   if (module_.GetServices().fileSystem.FileExists(fileName_) &&
       module_.AskQuestion("هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟") == host::kNo) {
     return;  // fileName_ keeps the declined path: the caller is given what was last chosen

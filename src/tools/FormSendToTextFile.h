@@ -17,7 +17,9 @@ class FormSendToTextFile : public controls::Form {
 
   /// Shows the form modally; true when the user confirmed. The arguments are set on both ends:
   /// the path last chosen through cmdSave (also one whose overwriting was declined), the delimiter
-  /// ("^t" is a tab), and the three ticks. inReportID is of no use here.
+  /// ("^t" is a tab), and the three ticks. Throws nothing: what fails on the way, the showing too,
+  /// is passed over, and a dialog that could not be shown was not confirmed. inReportID is of no
+  /// use here.
   bool getTextFileName(std::int32_t& inReportID, std::string& outFileName,
                        std::string& outDelimiter, bool& addNewLine, bool& AddHeaders,
                        bool& removeMoneySep);

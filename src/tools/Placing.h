@@ -1,10 +1,8 @@
 #pragma once
 
 #include <initializer_list>
-#include <vector>
 
 #include "controls/Controls.h"
-#include "controls/FlexGrid.h"
 
 namespace tools {
 
@@ -27,11 +25,6 @@ inline controls::Twips PlaceField(controls::Control& label, controls::Control& f
   field.Move(label.Left() - gap - place.fieldWidth, place.top, place.fieldWidth, kFieldHeight);
   return field.Left() - 2 * gap;
 }
-
-/// A grid's columns at their designed widths, what is left of the grid's width shared equally among
-/// `sharing`. A scroll bar finds room beside them.
-void ShareSpareWidth(controls::FlexGrid& grid, const std::vector<controls::Twips>& designed,
-                     const std::vector<int>& sharing);
 
 inline void SetTabOrder(std::initializer_list<controls::Control*> controls) {
   int index = 0;

@@ -5,6 +5,7 @@
 
 #include "batch/BatchInsert.h"
 #include "support/ScriptedPlatform.h"
+#include "support/SelectorReads.h"
 
 namespace {
 
@@ -110,6 +111,12 @@ TEST_F(FormAddBatchTest, Load_EndsTheRangeWithTheMonthAndListsEveryDay) {
   form.datDateFrom.SetText("9377/12/28");  // beyond the range, then up to the calendar's end
   form.datDateTo.SetText("9377/12/29");
   EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "9377/12/28", "9377/12/29"));
+  EXPECT_THAT(support::SelectorReads(form, outside.database),
+              testing::UnorderedElementsAre(
+                  "sltPromoter office: vwSalePromoterMajor vwSalePromoterMinor",
+                  "sltCustomer office: vwOrganizationMajor vwOrganizationMinor",
+                  "sltBranch office: vwAccountBranchMajor vwAccountBranchMinor",
+                  "sltWorkActivity office: vwZomirWorkActivityMajor vwZomirWorkActivityMinor"));
 }
 
 TEST_F(FormAddBatchTest, Commit_ReturnsPickedDaysCustomersAndNotes) {
@@ -203,8 +210,8 @@ TEST_F(FormAddBatchTest, Search_ByEveryFilter_PutsEachIntoItsPlace) {
   form.flxPath.cmdSelectAll.Click();
   outside.database.ForgetCalls();
   form.cmdSearch.Click();
-  form.txtCodeFrom.SetText(" 100 ");
-  form.txtCodeTo.SetText("200");
+  form.txtCodeFrom.SetText(" ۱٠0 ");
+  form.txtCodeTo.SetText("۲00");
   form.sltBranch.Select(4);
   form.txtName.SetText(" o'k ");
   form.sltCustomer.Select(5);

@@ -194,6 +194,10 @@ TEST_P(ConnectionContract, Results_haveTheirColumnsAndRows) {
   EXPECT_THAT(empty.Columns(), ElementsAre("ID", "نام مشتري", "Code"));
   EXPECT_TRUE(empty.ReturnsRows());
   EXPECT_EQ(empty.RowCount(), 0U);
+  // A server's longest name.
+  const std::string longest = text::Replace(std::string(128, '.'), ".", "ی");
+  EXPECT_THAT(Execute("select ID as \"" + longest + "\" from $Value").Columns(),
+              ElementsAre(longest));
   for (const char* statement : {"insert into $Value(ID) values (1)", "update $Value set Code=2",
                                 "update $Value set Code=3 where ID=0", "delete from $Value"}) {
     EXPECT_FALSE(Execute(statement).ReturnsRows()) << statement;

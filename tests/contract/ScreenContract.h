@@ -44,6 +44,25 @@ TEST_F(ScreenTest, Unload_OfAFormWhoseClickIsUnderWay_WaitsForItsReturn) {
   EXPECT_FALSE(form.Loaded());
 }
 
+TEST_F(ScreenTest, ShowModal_AgainAfterTheFormBelowWasUnloaded_ShowsTheModel) {
+  form.cmdOK.onClick = [&] { form.Hide(); };
+  SampleForm below(screen, cities);
+  for (const std::string text : {"یک", "دو"}) {
+    below.Show(Modality::kModeless);
+    Settle();
+    form.txtName.SetText(text);
+    std::string shown;
+    Later([&] {
+      shown = Shown(form.txtName);
+      Click(form.cmdOK);
+    });
+    form.Show(Modality::kModal);
+    EXPECT_EQ(shown, text);
+    below.Unload();
+    Settle();
+  }
+}
+
 TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
   int clicks = 0;
   form.cmdOK.onClick = [&] {
@@ -144,6 +163,24 @@ TEST_F(ScreenTest, TextBox_ChangedByItsHandler_ShowsTheModelAndKeepsTheCursor) {
   form.txtNotes.SetText("a\r\nb");
   EXPECT_EQ(Shown(form.txtNotes), "a\nb");
   EXPECT_EQ(form.txtNotes.Text(), "a\r\nb") << "showing a text does not write it back";
+}
+
+TEST_F(ScreenTest, TextBox_OfLatinDigits_TakesAllDigitsSoWhereTheCursorIs) {
+  form.txtName.SetLatinDigits(true);
+  ShowForm();
+  form.txtName.SetText("٩ab");
+  form.txtName.SetFocus();
+  Press({Key::kHome});
+  Type("۱x٢");
+  EXPECT_EQ(Shown(form.txtName), "1x29ab");
+  Paste("۳-۴");
+  Type("5");
+  EXPECT_EQ(Shown(form.txtName), "1x23-459ab");
+  EXPECT_EQ(form.txtName.Text(), "1x23-459ab");
+  Undo();
+  EXPECT_EQ(Shown(form.txtName).find("۳"), std::string::npos);
+  EXPECT_NE(Shown(form.txtName), "1x23-459ab");
+  EXPECT_EQ(form.txtName.Text(), Shown(form.txtName));
 }
 
 class FieldTest : public ScreenTest {

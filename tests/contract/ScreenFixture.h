@@ -125,6 +125,9 @@ class ScreenTest : public testing::Test {
   void Type(const std::string& text);
   /// Replaces the text of the field that has the focus.
   void Retype(const std::string& text);
+  /// By keys, as what was typed.
+  void Paste(const std::string& text);
+  void Undo();
   void Click(controls::Control& control);
   void ClickMonthPage(Place at);
   void ClickListRow(int row);

@@ -41,6 +41,10 @@ TEST(ErrorGuard, ErrorsOfNestedCalls_AreToldEachAndTheCallersGoOn) {
   guard.Run([] { throw platform::RuntimeError(1, "\uFE8D"); });
   EXPECT_THAT(guard.told.back(),
               AllOf(HasSubstr("\n\uFE8D\n"), testing::EndsWith("|Run-time error '1'|1")));
+  // What a server says is technical, also where it names something in Persian.
+  guard.Run([] { throw platform::RuntimeError(208, "نيست.\n\u202ANo table 'ويزيت'.\u202C"); });
+  EXPECT_THAT(guard.told.back(),
+              AllOf(HasSubstr("\nنيست.\n"), HasSubstr("'208': \u202ANo table 'ويزيت'.\u202C|")));
 }
 
 }  // namespace

@@ -42,10 +42,6 @@ class SampleForm : public controls::Form {
     Load();  // finds the form loaded
     if (fails) throw platform::RuntimeError(1, "load");
   }
-  void FormUnload() override {
-    calls_.emplace_back("finish");
-    if (fails) throw platform::RuntimeError(2, "unload");
-  }
   void FormResize() override { calls_.emplace_back("resize"); }
 
  private:
@@ -72,20 +68,14 @@ TEST_F(FormTest, ShownHiddenAndUnloaded_IsLoadedOnceUntilItIsUnloaded) {
   EXPECT_FALSE(form.Loaded() || form.Visible());
   const std::string show = "show Sample modeless";
   EXPECT_THAT(calls, ElementsAre("load", show, show, "hide Sample", show, show, "hide Sample", show,
-                                 "hide Sample", "finish", "unload Sample"));
+                                 "hide Sample", "unload Sample"));
 }
 
-TEST_F(FormTest, LoadOrUnloadThrows_StaysUnloadedOrLoadedAndUnseen) {
+TEST_F(FormTest, LoadThrows_StaysUnloadedAndUnseen) {
   form.fails = true;
   EXPECT_EQ(ResumeNext([&] { form.Show(Modality::kModal); }), 1);
   EXPECT_FALSE(form.Loaded() || form.Visible());
   EXPECT_THAT(screen.log, IsEmpty());
-  form.fails = false;
-  form.Show(Modality::kModeless);
-  form.fails = true;
-  EXPECT_EQ(ResumeNext([&] { form.Unload(); }), 2);
-  EXPECT_TRUE(form.Loaded());
-  EXPECT_FALSE(form.Visible());
 }
 
 TEST_F(FormTest, ShownModal_IsModalUntilHiddenAndRefusesToBeShownAgain) {

@@ -128,7 +128,9 @@ TEST_F(SelectorTest, Choose_TakesIdAndNameFromTheListUnlessDisabled) {
   selector.SetViews("vwOtherMajor", "vwOtherMinor");  // drops the list and the known name
   EXPECT_THAT(selector.List(), IsEmpty());
   selector.DisplayText();
-  EXPECT_EQ(source.statements.back(), "cs: Select ID, Name from vwOtherMinor where ID=6");
+  selector.SetConnectionString("other");  // and so does another database
+  selector.DisplayText();
+  EXPECT_EQ(source.statements.back(), "other: Select ID, Name from vwOtherMinor where ID=6");
   selector.SetEnabled(true);
   selector.ChooseNone();
   EXPECT_FALSE(selector.HasSelection());

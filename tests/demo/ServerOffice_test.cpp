@@ -3,9 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <regex>
 #include <sstream>
 
+#include "calendar/Gregorian.h"
+#include "calendar/SolarHijriDate.h"
 #include "demo/PlainDatabase.h"
 #include "demo/Schema.h"
 #include "support/ScriptedDatabase.h"
@@ -30,7 +33,8 @@ class ServerOffice : public testing::Test {
   std::string Load() {
     const std::string texts[] = {Script("schema"), Script("functions"), Script("procedures")};
     try {
-      demo::LoadServerOffice(server_, {texts[0], texts[1], texts[2]}, options_, progress_);
+      demo::LoadServerOffice(server_, {texts[0], texts[1], texts[2], collation_}, options_,
+                             progress_);
       return {};
     } catch (const platform::RuntimeError& error) {
       return std::to_string(error.Number()) + ": " + error.Description();
@@ -39,6 +43,7 @@ class ServerOffice : public testing::Test {
 
   demo::SampleOptions options_{
       .customers = 700, .today = 2025y / 11 / 22, .basePath = "/o'brien/\u06CC\u200C\u064A/"};
+  std::string collation_;
   support::Events events_;
   support::ScriptedDatabase database_{events_};
   support::RecordingConnection server_{database_, "server"};
@@ -101,6 +106,58 @@ TEST_F(ServerOffice, Failure_MidwayOrAtOnce_TakesAllBackAndTells) {
   EXPECT_THAT(Load(), testing::StartsWith("2714: The database already holds tblAccount."));
   EXPECT_EQ(database_.Statements().size(), 2U);
   EXPECT_THAT(progress_.str(), HasSubstr("Latin1_General_CI_AS (code page 1252)"));
+}
+
+TEST_F(ServerOffice, Collation_Asked_IsThatOfEveryColumnThatNamesOne) {
+  collation_ = "Arabic_CI_AS";
+  ASSERT_EQ(Load(), "");
+  EXPECT_TRUE(database_.Statements("COLLATE Persian").empty());
+  EXPECT_THAT(database_.Statements("CREATE TABLE dbo.tblAccountBranch").at(0),
+              HasSubstr("Name nvarchar(100) COLLATE Arabic_CI_AS NOT NULL"));
+}
+
+// The function's own expression, put into SQLite's words: the same arithmetic on whole numbers.
+TEST_F(ServerOffice, EnglishDate_OfEveryDayAndOfNone_IsTheCalendarsOwn) {
+  std::string expression = Script("functions");
+  expression.erase(0, expression.find("RETURN CASE") + 7);
+  expression.erase(expression.find("END;\nEND;") + 3);
+  const std::pair<const char*, const char*> words[] = {
+      {"--[^\n]*", ""},
+      {"NOT LIKE N('[^']*') COLLATE \\w+", "NOT GLOB $1"},
+      {"CONVERT\\(date, N'no date: ' \\+ @farsi\\)", "'241'"},
+      {"CONVERT\\(int, (SUBSTRING\\([^)]*\\))\\)", "CAST($1 AS INTEGER)"},
+      {"DATEADD\\(\\s*day,", "strftime('%Y%m%d', julianday('2025-03-21') + ("},
+      {",\\s*CONVERT\\(date, '20250321', 112\\)", ")"},
+      {"@farsi", "farsi"},
+  };
+  for (const auto& [from, to] : words) {
+    expression = std::regex_replace(expression, std::regex(from), to);
+  }
+  office_.Query("CREATE TABLE day (farsi TEXT, english TEXT); BEGIN");
+  const auto add = [&](const std::string& farsi) {
+    const auto date = calendar::SolarHijriDate::FromText(farsi);
+    office_.Query("INSERT INTO day VALUES ('" + farsi + "', '" +
+                  (date ? calendar::GregorianLiteral(date->Days()) : "241") + "')");
+  };
+  for (int year = 1206; year <= 1498; ++year) {
+    for (int month = 0; month <= 13; ++month) {
+      for (int day = 0; day <= 32; ++day) {
+        char farsi[40];
+        std::snprintf(farsi, sizeof farsi, "%04d/%02d/%02d", year, month, day);
+        add(farsi);
+      }
+    }
+  }
+  for (const char* farsi :
+       {"0000/12/29", "0001/01/01", "9377/12/29", "9378/01/01", "", " ", "1404/1/1", "14040101",
+        "1404-01-01", "1404/01/01 ", " 404/01/01", "-404/01/01", "1404/01/1\u06F1", "1404/01/+1"}) {
+    add(farsi);
+  }
+  EXPECT_EQ(office_.Text("SELECT farsi, english, " + expression +
+                         " AS given FROM day WHERE given IS NOT english"),
+            "");
+  EXPECT_EQ(office_.Text("SELECT count(*) FROM day WHERE english <> '241'"), "107018;");
+  EXPECT_EQ(office_.Text("SELECT " + expression + " FROM (SELECT NULL AS farsi)"), "NULL;");
 }
 
 TEST_F(ServerOffice, Schema_ComparedWithTheEmbeddedOne_HasTheSameTablesViewsAndColumns) {

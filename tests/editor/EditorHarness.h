@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "editor/FormMain.h"
-#include "support/AllControls.h"
 #include "support/ScriptedPlatform.h"
+#include "support/SelectorReads.h"
 
 namespace editor {
 

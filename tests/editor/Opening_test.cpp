@@ -88,22 +88,46 @@ TEST_F(EditorTest, View_HeaderWithNulls_SelectsNothing) {
   EXPECT_EQ(form.datCreateDate.Text(), "1404/02/01") << "keeps the day it was cleared to";
 }
 
-TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModal) {
+TEST_F(EditorTest, Show_WhileTheHostIsModal_ShowsModalAndAVisibleFormStaysUp) {
   outside.screen.hostIsModal = true;
-  outside.screen.OnModal([](controls::Form&) {});
-  form.ClearShow();
-  EXPECT_EQ(outside.screen.log.at(outside.screen.log.size() - 2), "show FormMain modal");
+  outside.screen.OnModal([this](controls::Form&) {
+    EXPECT_FALSE(form.View(40));  // neither way can it be shown once more
+    EXPECT_EQ(form.txtID.Text(), "40");
+    EXPECT_TRUE(form.Visible());
+  });
+  EXPECT_FALSE(form.ClearShow());
+  EXPECT_THAT(outside.screen.log, testing::Contains("show FormMain modal").Times(1));
 }
 
-TEST_F(EditorTest, View_OnAnotherConnection_LoadsTheFormAnew) {
+TEST_F(EditorTest, Dialogs_EditorClosedAndReopened_KeepTheirContentsUntilAllIsUnloaded) {
   form.View(40);
-  batch::FormAddBatch& dialog = form.BatchForm();
-  dialog.Load();
+  const auto use = [this](const std::string& before, const std::string& typed) {
+    outside.screen.OnModalForm<batch::FormAddBatch>([&](batch::FormAddBatch& f) {
+      EXPECT_EQ(f.txtNotes.Text(), before);
+      f.txtNotes.SetText(typed);
+    });
+    outside.screen.OnModalForm<search::FormSearch>([&](search::FormSearch& f) {
+      EXPECT_EQ(f.txtID.Text(), before);
+      f.txtID.SetText(typed);
+    });
+    form.cmdAddBatch.Click();
+    form.cmdSearch.Click();
+  };
+  use("", "12");
+  form.CloseBox();
+  form.View(40);
+  use("12", "13");
+  form.UnloadAll();
+  EXPECT_FALSE(form.Loaded());
   module.SetContext({.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "other"});
   form.View(40);
-  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(3)) << "editor, batch form, editor";
-  EXPECT_TRUE(form.Visible());
-  EXPECT_FALSE(form.BatchForm().Loaded());
+  use("", "14");
+  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(5))
+      << "the editor thrice, the batch form twice";
+  EXPECT_THAT(support::SelectorReads(form, outside.database),
+              ElementsAre("sltCreator other: vwUserMajor vwUserMinor",
+                          "sltSupervisor other: vwSaleSupervisorMajor vwSaleSupervisorMinor",
+                          "sltBranch other: vwAccountBranchMajor vwAccountBranchMinor"));
 }
 
 TEST_F(EditorTest, OpenProgram_FailingHalfway_LeavesModeEmptyAndTheScreenInOrder) {
@@ -152,6 +176,13 @@ TEST_F(EditorTest, Resize_LeavesNoControlOutsideTheForm) {
     }
     EXPECT_NEAR(form.cmdSearch.Left(), 150, 0.01);
     EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), width - 150, 0.01);
+  }
+  for (const auto& [width, height, edge] : {std::tuple(3999.0, 15000.0, 24000.0),
+                                            {24000.0, 3999.0, 24000.0},
+                                            {4000.0, 4000.0, 4000.0}}) {
+    form.Resize(width, height);
+    EXPECT_NEAR(form.cmdNew.Left() + form.cmdNew.Width(), edge - 150, 0.01) << width;
+    EXPECT_NEAR(form.cmdAddBatch.Top(), (edge == 4000 ? 4000 : 15000) - 570, 0.01) << height;
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include <tuple>
 
+#include "platform/ResumeNext.h"
 #include "support/ScriptedPlatform.h"
 
 namespace {
@@ -23,6 +24,7 @@ class NotedEditor : public host::ProgramEditor {
     opened.push_back("program " + std::to_string(inProgramID));
     return true;
   }
+  void UnloadAll() override { opened.emplace_back("nothing"); }
   bool DialogIsUp() const override { return false; }
 };
 
@@ -44,11 +46,24 @@ TEST_F(DistPromoterProgTest, LetPaintAndOpen_any_tellTheSiteAndOpenTheEditorOnWh
               ElementsAre("changed UserID", "changed UserID", "changed PositionID",
                           "changed OLEConnectionString", "height 100", "width 100", "invisible"));
   EXPECT_FALSE(control.View(42) || control.ClearShow());
-  EXPECT_THAT(editor.opened, ElementsAre("program 42", "empty"));
+  EXPECT_THAT(editor.opened, ElementsAre("nothing", "program 42", "empty"))
+      << "what another database was opened for goes first";
   EXPECT_EQ(module.Context().employeeId, 8);
   EXPECT_EQ(module.Context().positionId, 9);
   EXPECT_EQ(outside.database.Log().at(1), "spZomirHasPermission(@UserID=7, @FormPermissionID=111)");
   EXPECT_EQ(outside.database.Calls().at(1).connectionString, "server");
+}
+
+TEST_F(DistPromoterProgTest, ClearShow_refusedOrFailingOnAnotherConnection_closesTheEditor) {
+  outside.database.Refuse(111);
+  control.SetOLEConnectionString("one");
+  control.ClearShow();
+  control.ClearShow();
+  EXPECT_THAT(editor.opened, ElementsAre("nothing")) << "once a string";
+  outside.database.FailAtCall(1, {17, "no server"});
+  control.SetOLEConnectionString("two");
+  EXPECT_EQ(platform::ResumeNext([&] { control.View(1); }), 17);
+  EXPECT_THAT(editor.opened, ElementsAre("nothing", "nothing"));
 }
 
 TEST_F(DistPromoterProgTest, WriteProperties_thenRead_bringsAllFourBackAndStoresNoDefault) {

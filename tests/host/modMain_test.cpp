@@ -108,12 +108,16 @@ TEST_F(modMainTest, SwitchKeyboard_versions_chooseOrKeepTheLayout) {
                                                    "00000401", "00000429", "00000429"));
 }
 
-TEST_F(modMainTest, Lookup_sameString_keepsItsOwnConnection) {
+TEST_F(modMainTest, Lookup_sameString_keepsItsOwnConnectionAsLongAsTheDataEnvironment) {
   module.DtEn();
   module.Lookup("server", "Select 1");
   module.Lookup("server", "Select 2");
   module.Lookup("other", "Select 3");
   EXPECT_THAT(outside.database.connectionStrings, ElementsAre("", "server", "other"));
+  module.ConnectDataEnvironment();
+  EXPECT_EQ(outside.database.connections, 1);
+  module.Lookup("other", "Select 4");
+  EXPECT_EQ(outside.database.connections, 2);
 }
 
 }  // namespace

@@ -32,11 +32,10 @@ class Office : private platform::ConnectionFactory {
     EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
     plain_.reset(opened);
     outside.clock.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
-    host::DistPromoterProg& control = Module().Control();
-    control.SetUserID(1);
-    control.SetEmployeeID(1);
-    control.SetPositionID(1);
-    control.SetOLEConnectionString(std::string("Provider=any;Password=") + kPassword);
+    control_.SetUserID(1);
+    control_.SetEmployeeID(1);
+    control_.SetPositionID(1);
+    control_.SetOLEConnectionString(std::string("Provider=any;Password=") + kPassword);
   }
   ~Office() override {
     module_.reset();
@@ -45,9 +44,7 @@ class Office : private platform::ConnectionFactory {
   Office(const Office&) = delete;
   Office& operator=(const Office&) = delete;
 
-  class Module& Module() {
-    return *module_;
-  }
+  host::DistPromoterProg& Control() { return control_; }
   editor::FormMain& Editor() { return module_->Editor(); }
 
   /// Rows of plain statements, done past the module: cells joined by "|", NULL as "~". A failure
@@ -160,8 +157,8 @@ class Office : private platform::ConnectionFactory {
   }
 
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
-  std::unique_ptr<class Module> module_ =
-      std::make_unique<class Module>(outside.Services(*this), outside.controlSite);
+  std::unique_ptr<Module> module_ = std::make_unique<Module>(outside.Services(*this));
+  host::DistPromoterProg control_{module_->Main(), module_->Editor(), outside.controlSite};
 };
 
 class OfficeTest : public testing::Test, public Office {};

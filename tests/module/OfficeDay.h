@@ -86,7 +86,7 @@ class OfficeDay : public Office {
       editor.flxDetail.Click();
       if (twice) editor.flxDetail.DblClick();
     };
-    Do("open", [&] { Module().Control().ClearShow(); });
+    Do("open", [&] { Control().ClearShow(); });
     Press(editor.cmdNew);
     Pick(editor.sltSupervisor);
     Pick(editor.sltBranch);
@@ -111,7 +111,7 @@ class OfficeDay : public Office {
     Press(editor.cmdPreview);
     Press(editor.cmdBackToTemp);
     Press(editor.cmdDelete);
-    Do("view", [&] { Module().Control().View(1); });  // final, with two accounting documents
+    Do("view", [&] { Control().View(1); });  // final, with two accounting documents
     Press(editor.cmdViewAccountDoc);
     Do("other modules", [&] {
       std::int32_t ids[] = {1, 1, 1, 19, 2};
@@ -226,7 +226,7 @@ class OfficeDay : public Office {
     const std::string last = actions.back().name;
     const std::string find = "SELECT 1 FROM tblDistributionPromoterProgram WHERE ID = ";
     const std::string id = Stored(find + kNewProgram).empty() ? "1" : kNewProgram;
-    Do("view after " + last, [&] { Module().Control().View(std::stoi(id)); });
+    Do("view after " + last, [&] { Control().View(std::stoi(id)); });
     EXPECT_THAT(actions.back().told, testing::IsEmpty());
     EXPECT_EQ(Editor().txtID.Text(), id) << last;
     EXPECT_EQ(Editor().CurrentMode(), editor::Mode::kView) << last;

@@ -98,7 +98,7 @@ class Statements : public testing::Test {
   /// What the day has no use for.
   void PlayTheRest() {
     editor::FormMain& editor = day.Editor();
-    day.Module().Control().ClearShow();
+    day.Control().ClearShow();
     editor.cmdNew.Click();
     ReadSelectors(editor);
     editor.txtDescription.SetText("برنامه");
@@ -111,6 +111,7 @@ class Statements : public testing::Test {
       customer = FindOneCustomer(form);
       form.flxCustomer.cmdSelectAll.Click();
       form.flxDate.Flex.MouseDown(1, 0, 1, 0);
+      form.txtNotes.SetText("");  // the day's are kept
       form.cmdAdd.Click();
     });
     editor.cmdAddBatch.Click();

@@ -89,9 +89,9 @@ class RandomWalk : public module::OfficeTest {
       outside.screen.hostIsModal = dice_.OneIn(10);
       Act("open", [&] {
         if (dice_.OneIn(4)) {
-          Module().Control().ClearShow();
+          Control().ClearShow();
         } else {
-          Module().Control().View(dice_.OneIn(20) ? dice_.Upto(3) * 99'999'999 - 1 : AnyProgram());
+          Control().View(dice_.OneIn(20) ? dice_.Upto(3) * 99'999'999 - 1 : AnyProgram());
         }
       });
     } else if (dice_.OneIn(40)) {

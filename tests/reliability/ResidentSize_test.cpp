@@ -29,7 +29,7 @@ TEST_F(OfficeTest, TheForms_OpenedAndClosedTenThousandTimes_KeepTheResidentSize)
   };
   const auto open_and_close = [&](int times) {
     for (int time = 0; time < times; ++time) {
-      Module().Control().View(14);  // temporary
+      Control().View(14);  // temporary
       for (controls::Button* button :
            {&Editor().cmdSearch, &Editor().cmdAddBatch, &Editor().cmdPreview}) {
         button->Click();

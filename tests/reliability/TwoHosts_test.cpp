@@ -23,7 +23,7 @@ class Desk : public OfficeDay {
     return actions.back().error;
   }
   std::int32_t View(int program) {
-    return Try("view", [&] { Module().Control().View(program); });
+    return Try("view", [&] { Control().View(program); });
   }
   std::int32_t Click(controls::Button& button) {
     return Try(button.Name(), [&] { button.Click(); });
@@ -46,7 +46,7 @@ class Desk : public OfficeDay {
 class TwoHosts : public OfficeTest {
  protected:
   TwoHosts() {
-    Module().Control().ClearShow();
+    Control().ClearShow();
     Editor().cmdNew.Click();
     Editor().sltSupervisor.Select(1);
     Editor().sltBranch.Select(1);

@@ -5,9 +5,11 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <numeric>
 #include <utility>
 
 #include "support/ScriptedPlatform.h"
+#include "support/SelectorReads.h"
 
 namespace search {
 namespace {
@@ -83,22 +85,14 @@ class SearchTest : public testing::Test {
 };
 
 TEST_F(SearchTest, Load_GivesTheSelectorsTheirViewsAndAnEmptyGrid) {
-  const std::pair<controls::Selector&, std::string> views[] = {
-      {form.sltCreator, "User"},
-      {form.sltProgram, "DistributionPromoterProgram"},
-      {form.sltSupervisor, "SaleSupervisor"},
-      {form.sltPromoter, "SalePromoter"},
-      {form.sltCustomer, "Organization"},
-      {form.sltBranch, "AccountBranch"}};
-  outside.database.SetDefaultColumns({"ID", "Name"});
-  for (const auto& [selector, view] : views) {
-    outside.database.ForgetCalls();
-    selector.LoadList();
-    selector.Select(9);
-    selector.DisplayText();
-    EXPECT_THAT(outside.database.Log(), ElementsAre(testing::HasSubstr(" vw" + view + "Major"),
-                                                    testing::HasSubstr(" vw" + view + "Minor")));
-  }
+  EXPECT_THAT(support::SelectorReads(form, outside.database),
+              ElementsAre("sltCreator office: vwUserMajor vwUserMinor",
+                          "sltProgram office: vwDistributionPromoterProgramMajor "
+                          "vwDistributionPromoterProgramMinor",
+                          "sltSupervisor office: vwSaleSupervisorMajor vwSaleSupervisorMinor",
+                          "sltPromoter office: vwSalePromoterMajor vwSalePromoterMinor",
+                          "sltCustomer office: vwOrganizationMajor vwOrganizationMinor",
+                          "sltBranch office: vwAccountBranchMajor vwAccountBranchMinor"));
   const controls::Twips widths[] = {800,  800,  2000, 1200, 2000, 2000,
                                     2000, 2000, 2000, 1200, 2000, 2000};
   for (int col = 0; col < 12; ++col) {
@@ -111,6 +105,7 @@ TEST_F(SearchTest, Condition_OfEachFilterAlone_AsksNoQuestionAndIsGoneAtANewSear
   const std::pair<std::function<void()>, std::string> cases[] = {
       {[this] { form.txtID.SetText("12"); }, " and ID = 12"},
       {[this] { form.txtID.SetText("1404/05"); }, " and ID = 140405"},
+      {[this] { form.txtID.SetText("۱٢3"); }, " and ID = 123"},
       {[this] { form.txtID.SetText("x"); }, " and ID = 0"},
       {[this] { form.txtID.SetText(" "); }, " and ID = -1"},
       {[this] { form.sltCreator.Select(2); }, " and CreatorID = 2"},
@@ -225,6 +220,41 @@ TEST_F(SearchTest, Resize_StretchesTheGridAndSharesWhatIsSpareAmongColumnsWithou
   EXPECT_GT(form.flxSearch.ColWidth(2), 2000) << "a search keeps the columns spread";
   form.Resize(form.Width() - 9000, form.Height() - 600);
   EXPECT_EQ(form.flxSearch.ColWidth(2), 2000) << "never narrower than designed";
+}
+
+TEST_F(SearchTest, Resize_AfterColumnsWereDragged_SharesFromWhereTheyStandAndComesBack) {
+  const controls::Twips width = form.Width();
+  const auto widthsAt = [&](controls::Twips formWidth) {
+    form.Resize(formWidth, form.Height());
+    std::vector<controls::Twips> widths;
+    for (int col = 0; col < 12; ++col) widths.push_back(form.flxSearch.ColWidth(col));
+    return widths;
+  };
+  const auto free = [&](const std::vector<controls::Twips>& widths) {
+    return form.flxSearch.Width() - 300 - std::accumulate(widths.begin(), widths.end(), 0.0);
+  };
+  form.flxSearch.DragColWidth(3, 1500);  // a date
+  form.flxSearch.DragColWidth(8, 5000);
+  const auto before = widthsAt(width + 15);
+  EXPECT_EQ(before[8], 5000) << "no room to share yet";
+  const auto wide = widthsAt(width + 12000);
+  EXPECT_NEAR(free(wide), 0, 0.01);
+  EXPECT_EQ(wide[3], 1500);
+  EXPECT_NEAR(wide[8] - wide[2], 3000, 0.01);
+  EXPECT_EQ(widthsAt(width), before);
+
+  widthsAt(width + 12000);
+  form.flxSearch.DragColWidth(2, 400);
+  form.flxSearch.DragColWidth(3, 900);
+  const auto shared = widthsAt(width + 12015);
+  EXPECT_NEAR(free(shared), 0, 0.01);
+  EXPECT_EQ(shared[3], 900);
+  EXPECT_NEAR(shared[2] - 400, shared[4] - wide[4], 0.01) << "all got the same";
+  EXPECT_NEAR(free(widthsAt(width + 9000)), 0, 0.01);
+  const auto narrow = widthsAt(width);
+  EXPECT_EQ(narrow[2], 400) << "never narrower than dragged";
+  EXPECT_EQ(narrow[4], 2000);
+  EXPECT_EQ(widthsAt(width + 12015), shared);
 }
 
 TEST_F(SearchTest, Export_Cancelled_OfNoRowsOrOfMany_WritesNothingTheHeadOrRowByRow) {

@@ -15,7 +15,8 @@ LayerRule Rule(const std::string& layer, const std::string& mayInclude, bool any
 }  // namespace
 
 const std::vector<LayerRule>& ProjectRules() {
-  // Adapters see the module's plain side, never each other; report is what screen adapters share.
+  // Adapters see the module's plain side, never each other; report is what screen adapters share,
+  // server what the ways to a server do.
   static const std::string plain = "text calendar platform controls host ";
   static const std::string forms = plain + "tools batch search editor ";
   static const std::vector<LayerRule> rules{
@@ -31,17 +32,22 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("editor", plain + "tools batch search"),
       Rule("module", forms),
       Rule("adapters/report", plain, true),
+      Rule("adapters/server", "text platform", true),
       Rule("adapters/qt", plain + "screens adapters/report", true),
-      Rule("adapters/windows", plain + "screens adapters/report", true),
+      Rule("adapters/windows", plain + "screens adapters/report adapters/server", true),
+      Rule("adapters/odbc", plain + "adapters/server", true),
       Rule("adapters/*", plain, true),
       // Makes its database through an adapter, and is told nothing of the module.
       Rule("demo", "text calendar platform adapters/*", true),
       // A user's day, told without a screen.
       Rule("apps/tour", "", true),
+      // What a host's command line may say of a connection.
+      Rule("apps/connection", "", true),
       // Composition roots: the only ones that see both the module and the adapters.
       Rule("apps/activex", plain + "module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
-      Rule("apps/*", forms + "screens module adapters/* demo apps/tour apps/activex", true),
+      Rule("apps/*", forms + "screens module adapters/* demo apps/connection apps/tour apps/activex",
+           true),
   };
   return rules;
 }

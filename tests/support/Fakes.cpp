@@ -5,9 +5,9 @@ namespace support {
 using platform::PropertyValue;
 using platform::RuntimeError;
 
-std::string FakeFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
+std::string FakeFileDialog::ShowSave(const std::string& begin, std::string_view filter) {
   Tell(beforeCall, "ShowSave");
-  shown.emplace_back(fileName, filter);
+  shown.emplace_back(begin, filter);
   if (!chosen) throw RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   return *chosen;
 }

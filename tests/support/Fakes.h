@@ -50,10 +50,10 @@ class FakeFileDialog : public platform::FileDialog {
  public:
   /// The path that the user chooses; none cancels the dialog.
   std::optional<std::string> chosen;
-  /// File name and filter of every dialog shown.
+  /// Beginning and filter of every dialog shown.
   std::vector<std::pair<std::string, std::string>> shown;
   BeforeCall beforeCall;
-  std::string ShowSave(const std::string& fileName, std::string_view filter) override;
+  std::string ShowSave(const std::string& begin, std::string_view filter) override;
 };
 
 /// A spreadsheet application whose cells the test can read.
@@ -99,7 +99,7 @@ class FakePropertyBag : public platform::PropertyBag {
 
 class FakeControlSite : public platform::ControlSite {
  public:
-  /// "changed UserID", "height 100", "width 100", "invisible", in order.
+  /// "changed UserID", "height 100", "width 100", "invisible", "entered", in order.
   std::vector<std::string> log;
   void PropertyChanged(std::string_view key) override {
     log.push_back("changed " + std::string(key));
@@ -113,6 +113,7 @@ class FakeControlSite : public platform::ControlSite {
   void SetExtenderVisible(bool visible) override {
     log.emplace_back(visible ? "visible" : "invisible");
   }
+  void Entered() override { log.emplace_back("entered"); }
 };
 
 /// Files by path; a text file's content is there once it was closed, its line breaks as "\r\n".

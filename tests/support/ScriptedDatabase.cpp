@@ -13,6 +13,9 @@ using platform::RuntimeError;
 
 namespace {
 
+/// The permission procedure's yes: whatever is not 0.
+constexpr std::int32_t kHeld = -1;
+
 std::string ValueText(const Parameter& parameter) {
   if (const auto* number = std::get_if<std::int32_t>(&parameter.value)) {
     return std::to_string(*number);
@@ -95,7 +98,7 @@ std::int32_t ScriptedDatabase::CallProcedure(const std::string& connectionString
   line += parameters.empty() ? "()" : ")";
   Record({.connectionString = connectionString, .text = line, .procedure = true});
   if (name != "spZomirHasPermission") return 0;
-  return refused_.contains(std::get<std::int32_t>(parameters[1].value)) ? 0 : 1;
+  return refused_.contains(std::get<std::int32_t>(parameters[1].value)) ? 0 : kHeld;
 }
 
 }  // namespace support

@@ -68,6 +68,8 @@ class ScriptedDatabase : public platform::ConnectionFactory {
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
   /// The strings of all connections made, in order.
   std::vector<std::string> connectionStrings;
+  /// How many connections there are now.
+  int connections = 0;
 
   /// Scripts a reply: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
   Reply& When(Statement statement);
@@ -106,7 +108,12 @@ class ScriptedDatabase : public platform::ConnectionFactory {
 class RecordingConnection : public platform::Connection {
  public:
   RecordingConnection(ScriptedDatabase& database, std::string connectionString)
-      : database_(database), connectionString_(std::move(connectionString)) {}
+      : database_(database), connectionString_(std::move(connectionString)) {
+    ++database_.connections;
+  }
+  ~RecordingConnection() override { --database_.connections; }
+  RecordingConnection(const RecordingConnection&) = delete;
+  RecordingConnection& operator=(const RecordingConnection&) = delete;
   platform::RowSet Execute(std::string_view statement) override {
     return database_.Execute(connectionString_, statement);
   }

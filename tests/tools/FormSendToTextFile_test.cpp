@@ -81,4 +81,31 @@ TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAboutAndConfirmedGivesTheDeli
   }
 }
 
+TEST_F(FormSendToTextFileTest, Name_WithoutAnEnding_GetsOneBeforeItsFileIsAskedAbout) {
+  const std::pair<std::string, std::string> names[] = {
+      {"/a.b/list", "/a.b/list.txt"},
+      {"C:\\a.b\\list.", "C:\\a.b\\list.txt"},
+      {"list.CSV", "list.CSV"},
+      {"ليست ۱۴۰۴.۰۲.۱۵", "ليست ۱۴۰۴.۰۲.۱۵.txt"},
+  };
+  for (const auto& [typed, written] : names) {
+    outside.components.messages.clear();
+    outside.fileSystem.files = {{written, ""}};
+    outside.components.WillAnswer({Answer::kYes});
+    EXPECT_EQ(Ask([&, path = typed](FormSendToTextFile& f) {
+                Choose(path);
+                f.cmdOk.Click();
+              }),
+              written);
+    EXPECT_EQ(outside.components.messages.size(), 1U) << written;
+  }
+  Ask([this](FormSendToTextFile&) { Choose("x"); });
+  EXPECT_EQ(outside.fileDialog.shown[1].first, "/a.b/") << "where the last file was";
+  EXPECT_EQ(outside.fileDialog.shown.back().first, "");
+}
+
+TEST_F(FormSendToTextFileTest, Dialog_ThatCannotBeShown_IsNotConfirmed) {
+  EXPECT_FALSE(Ask([](FormSendToTextFile&) { throw platform::RuntimeError(7, "no window"); }));
+}
+
 }  // namespace

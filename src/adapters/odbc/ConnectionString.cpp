@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "adapters/odbc/ConnectionWords.h"
+#include "adapters/server/ConnectionWords.h"
 #include "platform/RuntimeError.h"
 #include "text/Text.h"
 
@@ -10,8 +10,14 @@ namespace adapters::odbc {
 
 namespace {
 
-/// ADO's number for a provider that cannot be found.
-constexpr std::int32_t kProviderNotFound = 3706;
+using platform::kProviderNotFound;
+using server::FindWord;
+using server::Folded;
+using server::ReadWords;
+using server::Syntax;
+using server::SyntaxOf;
+using server::Word;
+using server::Words;
 
 std::string Braced(std::string_view value) {
   return "{" + text::Replace(value, "}", "}}") + "}";

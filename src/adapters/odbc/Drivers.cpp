@@ -6,10 +6,13 @@
 
 #include "adapters/odbc/Handles.h"
 #include "adapters/odbc/Utf16.h"
+#include "adapters/server/ConnectionWords.h"
 
 namespace adapters::odbc {
 
 namespace {
+
+using server::Folded;
 
 constexpr std::size_t kNameUnits = 512;
 constexpr std::size_t kMoreUnits = 8192;
@@ -103,14 +106,6 @@ std::string SqlServerDriver(const Installed& installed) {
     }
   }
   return chosen;
-}
-
-std::string Folded(std::string_view name) {
-  std::string folded;
-  for (const char c : name) {
-    if (c != ' ') folded += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  }
-  return folded;
 }
 
 }  // namespace adapters::odbc

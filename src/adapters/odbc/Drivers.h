@@ -28,7 +28,4 @@ bool IsFreeTdsSource(std::string_view dataSource, const Installed& installed);
 /// The driver for SQL Server by its name: Microsoft's newest, else FreeTDS, else empty.
 std::string SqlServerDriver(const Installed& installed);
 
-/// ASCII letters in lower case, without blanks: how names and words are compared.
-std::string Folded(std::string_view name);
-
 }  // namespace adapters::odbc

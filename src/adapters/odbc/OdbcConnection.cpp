@@ -1,6 +1,7 @@
 #include "adapters/odbc/OdbcConnection.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "adapters/odbc/ConnectionString.h"
@@ -8,7 +9,6 @@
 #include "adapters/odbc/Handles.h"
 #include "adapters/odbc/Rows.h"
 #include "adapters/odbc/Utf16.h"
-#include "text/Secrets.h"
 
 namespace adapters::odbc {
 
@@ -51,33 +51,31 @@ SQLRETURN Bind(const Statement& statement, SQLUSMALLINT place, const platform::P
               units == 0 ? 1 : units, argument.text.data(), units * sizeof(SQLWCHAR));
 }
 
-}  // namespace
+[[noreturn]] void Fail(platform::DatabaseErrors errors, bool sessionDead = false) {
+  throw server::Failure(std::move(errors), "ODBC", sessionDead);
+}
 
-/// A logged-in session. Statements are made for one use, so that none is ever left with rows open.
-class OdbcConnection::Session {
+/// Statements are made for one use, so that none is ever left with rows open.
+class OdbcSession : public server::Session {
  public:
-  Session(const std::string& odbcString, std::chrono::seconds loginTimeout,
-          std::chrono::seconds statementTimeout)
-      : statementTimeout_(statementTimeout), environment_(MakeEnvironment()) {
+  OdbcSession(const std::string& odbcString, std::chrono::seconds loginLimit,
+              std::chrono::seconds statementLimit)
+      : statementLimit_(statementLimit), environment_(MakeEnvironment()) {
     if (environment_) database_ = DatabaseHandle(environment_.Get());
-    if (!database_) throw MakeError(ConnectionFault::kNoDriver, ReadDiagnostics(environment_));
+    if (!database_) Fail(ReadDiagnostics(environment_));
     SQLSetConnectAttrW(database_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
-                       AttributeValue(static_cast<std::size_t>(loginTimeout.count())), 0);
+                       AttributeValue(static_cast<std::size_t>(loginLimit.count())), 0);
     Utf16 wide = ToUtf16(odbcString);
     SQLSMALLINT length = 0;
     const SQLRETURN result = SQLDriverConnectW(database_.Get(), nullptr, wide.data(), SQL_NTS,
                                                nullptr, 0, &length, SQL_DRIVER_NOPROMPT);
-    if (SQL_SUCCEEDED(result)) return;
-    const Diagnostics diagnostics = ReadDiagnostics(database_);
-    throw MakeError(LoginFault(diagnostics), diagnostics);
+    if (!SQL_SUCCEEDED(result)) Fail(ReadDiagnostics(database_));
   }
-  Session(const Session&) = delete;
-  Session& operator=(const Session&) = delete;
-  ~Session() { SQLDisconnect(database_.Get()); }
+  OdbcSession(const OdbcSession&) = delete;
+  OdbcSession& operator=(const OdbcSession&) = delete;
+  ~OdbcSession() override { SQLDisconnect(database_.Get()); }
 
-  bool IsGivenUp() const { return givenUp_; }
-
-  platform::RowSet Execute(std::string_view text) {
+  platform::RowSet Execute(std::string_view text) override {
     const Statement statement = NewStatement();
     // The text is the server's: braces in it are no ODBC escapes. A driver that does not know the
     // attribute loses nothing.
@@ -85,7 +83,8 @@ class OdbcConnection::Session {
     return Run(statement, text);
   }
 
-  std::int32_t Call(std::string_view name, std::span<const platform::Parameter> parameters) {
+  std::int32_t CallProcedure(std::string_view name,
+                             std::span<const platform::Parameter> parameters) override {
     // What is bound outlives the statement, which may still read results when it is freed.
     SQLINTEGER returned = 0;
     SQLLEN returnedLength = 0;
@@ -108,9 +107,9 @@ class OdbcConnection::Session {
  private:
   Statement NewStatement() {
     Statement statement(database_.Get());
-    if (!statement) Fail(ReadDiagnostics(database_));
+    if (!statement) FailIn(database_);
     SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
-                    AttributeValue(static_cast<std::size_t>(statementTimeout_.count())), 0);
+                    AttributeValue(static_cast<std::size_t>(statementLimit_.count())), 0);
     return statement;
   }
 
@@ -125,62 +124,36 @@ class OdbcConnection::Session {
     if (result == SQL_NO_DATA) result = SQL_SUCCESS;
     while (result != SQL_NO_DATA) {
       Check(statement, result);
-      if (!first.ReturnsRows() && !ReadRows(statement, first)) Fail(ReadDiagnostics(statement));
+      if (!first.ReturnsRows() && !ReadRows(statement, first)) FailIn(statement);
       result = SQLMoreResults(statement.Get());
     }
     return first;
   }
 
   void Check(const Statement& statement, SQLRETURN result) {
-    if (!SQL_SUCCEEDED(result)) Fail(ReadDiagnostics(statement));
+    if (!SQL_SUCCEEDED(result)) FailIn(statement);
   }
 
-  [[noreturn]] void Fail(const Diagnostics& diagnostics) {
+  template <SQLSMALLINT kType>
+  [[noreturn]] void FailIn(const Handle<kType>& handle) {
+    platform::DatabaseErrors errors = ReadDiagnostics(handle);
     SQLUINTEGER dead = SQL_CD_FALSE;
     SQLGetConnectAttrW(database_.Get(), SQL_ATTR_CONNECTION_DEAD, &dead, sizeof dead, nullptr);
-    const ConnectionFault fault = StatementFault(diagnostics, dead == SQL_CD_TRUE);
-    givenUp_ = fault != ConnectionFault::kStatement;
-    throw MakeError(fault, diagnostics);
+    Fail(std::move(errors), dead == SQL_CD_TRUE);
   }
 
-  std::chrono::seconds statementTimeout_;
+  std::chrono::seconds statementLimit_;
   Environment environment_;
   DatabaseHandle database_;
-  bool givenUp_ = false;
 };
 
-OdbcConnection::OdbcConnection(std::string_view connectionString, std::chrono::seconds loginTimeout,
-                               std::chrono::seconds statementTimeout)
-    : connectionString_(connectionString),
-      loginTimeout_(loginTimeout),
-      statementTimeout_(statementTimeout) {}
+}  // namespace
 
-OdbcConnection::~OdbcConnection() = default;
-
-template <typename Action>
-auto OdbcConnection::InSession(Action action) {
-  try {
-    if (!session_) {
-      session_ = std::make_unique<Session>(
-          OdbcConnectionString(connectionString_),
-          ConnectTimeout(connectionString_).value_or(loginTimeout_), statementTimeout_);
-    }
-    return action(*session_);
-  } catch (const platform::RuntimeError& error) {
-    if (session_ && session_->IsGivenUp()) session_.reset();
-    throw platform::RuntimeError(error.Number(),
-                                 text::WithoutPasswords(error.Description(), connectionString_),
-                                 error.Source());
-  }
-}
-
-platform::RowSet OdbcConnection::Execute(std::string_view statement) {
-  return InSession([&](Session& session) { return session.Execute(statement); });
-}
-
-std::int32_t OdbcConnection::CallProcedure(std::string_view name,
-                                           std::span<const platform::Parameter> parameters) {
-  return InSession([&](Session& session) { return session.Call(name, parameters); });
+std::unique_ptr<server::Session> OdbcConnection::Open(const std::string& connectionString,
+                                                      std::chrono::seconds statementLimit) {
+  return std::make_unique<OdbcSession>(OdbcConnectionString(connectionString),
+                                       ConnectTimeout(connectionString).value_or(loginLimit_),
+                                       statementLimit);
 }
 
 }  // namespace adapters::odbc

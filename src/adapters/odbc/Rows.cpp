@@ -79,7 +79,7 @@ class Reader {
 
  private:
   bool Describe(SQLUSMALLINT column, std::vector<std::string>& names) {
-    Utf16 name(256);
+    Utf16 name(kNameUnits);
     SQLSMALLINT length = 0;
     SQLSMALLINT type = 0;
     const auto describe = [&] {
@@ -90,8 +90,10 @@ class Reader {
                              &length, &type, &size, &digits, &nullable);
     };
     SQLRETURN result = describe();
-    if (SQL_SUCCEEDED(result) && static_cast<std::size_t>(length) >= name.size()) {
-      name.resize(static_cast<std::size_t>(length) + 1);
+    // A name that fills the buffer may have been cut: not every driver tells the whole length.
+    while (SQL_SUCCEEDED(result) && static_cast<std::size_t>(length) + 1 >= name.size() &&
+           name.size() < kMostNameUnits) {
+      name.resize(name.size() * 2);
       result = describe();
     }
     if (!SQL_SUCCEEDED(result)) return false;
@@ -197,6 +199,8 @@ class Reader {
   }
 
   static constexpr std::size_t kPieceUnits = 8192;
+  static constexpr std::size_t kNameUnits = 256;
+  static constexpr std::size_t kMostNameUnits = 16384;  // lengths are 16-bit
 
   SQLHANDLE statement_;
   platform::RowSet& rows_;

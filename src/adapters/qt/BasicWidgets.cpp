@@ -1,5 +1,7 @@
 #include "adapters/qt/BasicWidgets.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
@@ -42,13 +44,18 @@ LineWidget::LineWidget(controls::TextBox& model, const Surroundings& surrounding
   // Without the absolute right, a text of digits alone stands at the left.
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) {
-    Call([&](controls::TextBox& box) { box.SetText(ToUtf8(typed)); });
+    // The menu's paste and a drop come as they are, which the model may not have taken so.
+    if (Call([&](controls::TextBox& box) { box.SetText(ToUtf8(typed)); })) ShowText();
   });
 }
 
 void LineWidget::Refresh(const Change& change) {
+  if (change.aspect == Aspect::kText) ShowText();
+}
+
+void LineWidget::ShowText() {
   const QString wanted = ToQString(Model()->Text());
-  if (change.aspect != Aspect::kText || wanted == text()) return;
+  if (wanted == text()) return;
   const qsizetype cursor = hasFocus() ? cursorPosition() : 0;
   setText(wanted);
   setCursorPosition(static_cast<int>(std::min(cursor, wanted.size())));
@@ -57,6 +64,30 @@ void LineWidget::Refresh(const Change& change) {
 void LineWidget::focusInEvent(QFocusEvent* event) {
   ViewOf::focusInEvent(event);
   if (Model() && Model()->SelectAllOnFocus()) selectAll();
+}
+
+QString LineWidget::Taken(const QString& text) const {
+  return Model() ? ToQString(Model()->Taken(ToUtf8(text))) : text;
+}
+
+void LineWidget::keyPressEvent(QKeyEvent* event) {
+  const bool pastes = event->matches(QKeySequence::Paste);
+  const QString typed = pastes ? QGuiApplication::clipboard()->text() : event->text();
+  const QString taken = Taken(typed);
+  if (taken == typed) return ViewOf::keyPressEvent(event);
+  if (pastes) return insert(taken);
+  QKeyEvent changed(event->type(), event->key(), event->modifiers(), taken, event->isAutoRepeat());
+  ViewOf::keyPressEvent(&changed);
+  event->setAccepted(changed.isAccepted());
+}
+
+void LineWidget::inputMethodEvent(QInputMethodEvent* event) {
+  const QString taken = Taken(event->commitString());
+  if (taken == event->commitString()) return ViewOf::inputMethodEvent(event);
+  QInputMethodEvent changed(event->preeditString(), event->attributes());
+  changed.setCommitString(taken, event->replacementStart(), event->replacementLength());
+  ViewOf::inputMethodEvent(&changed);
+  event->setAccepted(changed.isAccepted());
 }
 
 MemoWidget::MemoWidget(controls::TextBox& model, const Surroundings& surroundings, QWidget* parent)

@@ -28,6 +28,13 @@ class LineWidget : public ViewOf<QLineEdit, controls::TextBox> {
  protected:
   void Refresh(const controls::Change& change) override;
   void focusInEvent(QFocusEvent* event) override;
+  /// What is typed or pasted goes in as the model takes it, so that undo knows no other text.
+  void keyPressEvent(QKeyEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+
+ private:
+  void ShowText();
+  QString Taken(const QString& text) const;
 };
 
 /// A text box of several lines.

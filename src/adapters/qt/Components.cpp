@@ -59,7 +59,7 @@ class Notice : public platform::AutomationObject {
     return ToQColor(static_cast<controls::Colour>(AsNumber(value, kNotice)));
   }
   MessageDialog::Content content_;
-  MessageDialog::Answer answer_ = MessageDialog::Answer::kClosed;
+  controls::Answer answer_ = controls::Answer::kNo;
 };
 
 }  // namespace

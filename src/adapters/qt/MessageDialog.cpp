@@ -9,9 +9,12 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "adapters/qt/Convert.h"
 #include "adapters/qt/Theme.h"
 
 namespace adapters::qt {
+
+using controls::Answer;
 
 namespace {
 
@@ -77,7 +80,8 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   }
   auto* badge = new QLabel;
   badge->setPixmap(Badge(content.kind, devicePixelRatioF()));
-  auto* message = new QLabel(content.message);
+  // A carriage return takes room, by which the first letter of a line would be pushed out.
+  auto* message = new QLabel(QString(content.message).remove(QLatin1Char('\r')));
   message->setObjectName(QStringLiteral("message"));
   message->setTextFormat(Qt::PlainText);
   message->setWordWrap(true);
@@ -95,6 +99,8 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
 
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
+  const bool question = content.kind == Kind::kQuestion;
+  const Answer ofEnter = question ? controls::AnswerOfEnter(ToUtf8(content.title)) : Answer::kYes;
   const auto addButton = [&](const QString& caption, Answer answer) {
     auto* button = new QPushButton(caption);
     button->setMinimumWidth(88);
@@ -108,14 +114,12 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
       accept();
     });
     buttons->addWidget(button);
-    return button;
+    if (answer != ofEnter) return;
+    button->setDefault(true);
+    button->setFocus();
   };
-  const bool question = content.kind == Kind::kQuestion;
-  QPushButton* first =
-      addButton(question ? QStringLiteral("بله") : QStringLiteral("تأييد"), Answer::kYes);
+  addButton(question ? QStringLiteral("بله") : QStringLiteral("تأييد"), Answer::kYes);
   if (question) addButton(QStringLiteral("خير"), Answer::kNo);
-  first->setDefault(true);
-  first->setFocus();
 
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(14, 14, 14, 14);
@@ -125,7 +129,7 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-MessageDialog::Answer MessageDialog::Run() {
+controls::Answer MessageDialog::Run() {
   // An hourglass of the work that asked would hide that the buttons can be pressed.
   QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
   exec();

@@ -4,6 +4,8 @@
 #include <QDialog>
 #include <QString>
 
+#include "controls/Question.h"
+
 namespace adapters::qt {
 
 /// The suite's message window: information with one button, a question with yes and no, or an
@@ -12,7 +14,6 @@ namespace adapters::qt {
 class MessageDialog : public QDialog {
  public:
   enum class Kind { kInformation, kQuestion, kError };
-  enum class Answer { kClosed = -1, kNo = 0, kYes = 1 };
   struct Content {
     QString title;
     QString message;
@@ -26,10 +27,10 @@ class MessageDialog : public QDialog {
   explicit MessageDialog(const Content& content);
 
   /// Shows it and waits. The single button of an information answers yes.
-  Answer Run();
+  controls::Answer Run();
 
  private:
-  Answer answer_ = Answer::kClosed;
+  controls::Answer answer_ = controls::Answer::kNo;
 };
 
 }  // namespace adapters::qt

@@ -27,6 +27,15 @@ void MoveOver(const QWidget& below, QWidget& window) {
       std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));
 }
 
+/// Forms, previews and messages; not the tips and lists that come up over them.
+bool AnyWindowIsUp() {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+    return window->isVisible() &&
+           (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog);
+  });
+}
+
 }  // namespace
 
 QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
@@ -111,7 +120,10 @@ void QtScreen::Unload(Form& form) {
 
 void QtScreen::DropRetired() {
   // Waiting costs nothing but memory: the next unloading tries again.
-  if (guard_.Depth() == 0) retired_.clear();
+  if (guard_.Depth() != 0) return;
+  retired_.clear();
+  // A form's window is hidden, which Qt does not take for the closing of the last one.
+  if (QApplication::quitOnLastWindowClosed() && !AnyWindowIsUp()) QCoreApplication::exit();
 }
 
 void QtScreen::SetFocus(Control& control) {

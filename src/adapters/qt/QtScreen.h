@@ -14,7 +14,8 @@ class QEventLoop;
 
 namespace adapters::qt {
 
-/// The Qt desktop as forms see it. Needs a QApplication; outlives the forms shown on it.
+/// The Qt desktop as forms see it. Needs a QApplication, which ends with the last form that is
+/// unloaded unless its quitOnLastWindowClosed is off; outlives the forms shown on it.
 class QtScreen : public controls::Screen {
  public:
   explicit QtScreen(ErrorGuard& guard);

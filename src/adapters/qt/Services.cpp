@@ -33,7 +33,8 @@ int QtClock::MinutesSinceMidnight() const {
 void QtKeyboard::LoadKeyboardLayout(std::string_view /*layout*/) {}
 
 QString QtFilter(std::string_view filter) {
-  const QStringList parts = ToQString(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  QStringList parts = ToQString(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+  if (parts.size() % 2 == 1) parts << QStringLiteral("*");
   QStringList filters;
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     QString description = parts[i];
@@ -46,10 +47,14 @@ QString QtFilter(std::string_view filter) {
   return filters.join(QStringLiteral(";;"));
 }
 
-std::string QtFileDialog::ShowSave(const std::string& fileName, std::string_view filter) {
-  const QString chosen =
-      QFileDialog::getSaveFileName(QApplication::activeWindow(), QStringLiteral("ذخيره در فايل"),
-                                   ToQString(fileName), QtFilter(filter));
+std::string QtFileDialog::ShowSave(const std::string& begin, std::string_view filter) {
+  // Qt's own dialog: one that comes from the desktop's portal asks before it gives the name of an
+  // existing file, and cannot be told not to.
+  const QString chosen = QFileDialog::getSaveFileName(
+      QApplication::activeWindow(), QStringLiteral("ذخيره در فايل"), ToQString(begin),
+      QtFilter(filter), nullptr,
+      QFileDialog::DontConfirmOverwrite | QFileDialog::DontUseNativeDialog |
+          QFileDialog::HideNameFilterDetails);
   if (chosen.isEmpty()) {
     throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   }

@@ -30,8 +30,7 @@ class QtKeyboard : public platform::Keyboard {
 
 class QtFileDialog : public platform::FileDialog {
  public:
-  /// `filter` is pairs of description and pattern, all parted by "|".
-  std::string ShowSave(const std::string& fileName, std::string_view filter) override;
+  std::string ShowSave(const std::string& begin, std::string_view filter) override;
 };
 
 /// A bar with a cancel button that appears once work has taken long enough to make one wait.
@@ -50,7 +49,7 @@ class QtProgress : public platform::Progress {
   QElapsedTimer sincePaint_;
 };
 
-/// Qt's pattern list ("Text (*.txt);;All (*)") for a filter of pairs parted by "|".
+/// Qt's pattern list ("Text (*.txt);;All (*)") for a filter as FileDialog takes it.
 QString QtFilter(std::string_view filter);
 
 }  // namespace adapters::qt

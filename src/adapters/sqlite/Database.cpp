@@ -11,10 +11,6 @@ namespace adapters::sqlite {
 
 namespace {
 
-std::filesystem::path PathOf(const std::string& utf8) {
-  return {std::u8string(utf8.begin(), utf8.end())};
-}
-
 void RequireFile(const std::string& path) {
   std::error_code error;
   const auto status = std::filesystem::status(PathOf(path), error);
@@ -65,10 +61,12 @@ void RequireOffice(sqlite3* database, const std::string& path) {
                                            "no table tblZomirUserPermission)");
 }
 
-/// The file's address by which SQLite takes no locks and expects nobody to change the file.
-std::string UnchangingAddress(const std::string& path) {
+constexpr const char* kUnchanging = "immutable";
+
+/// The handle's file by an address that makes SQLite take no locks and expect no changes.
+std::string UnchangingAddress(sqlite3* database) {
   std::string address = "file:";
-  for (const char c : path) {
+  for (const char c : std::string_view(sqlite3_db_filename(database, "main"))) {
     if (c == '%' || c == '?' || c == '#') {
       constexpr std::string_view kDigits = "0123456789ABCDEF";
       const auto byte = static_cast<unsigned char>(c);
@@ -77,17 +75,18 @@ std::string UnchangingAddress(const std::string& path) {
       address.push_back(c);
     }
   }
-  return address + "?immutable=1";
+  return address.append("?").append(kUnchanging).append("=1");
 }
 
 /// Even reading a file with a write-ahead log needs a file beside it. In a folder where none may be
 /// made, and none is left from a program that writes, the file is read as one that never changes.
-bool IsUnreadableForItsLog(sqlite3* database, const std::string& path) {
-  const int code = sqlite3_errcode(database) & 0xFF;
+bool IsUnreadableForItsLog(sqlite3* database) {
+  const int code = sqlite3_extended_errcode(database);
   std::error_code error;
-  return (code == SQLITE_READONLY || code == SQLITE_CANTOPEN) &&
-         sqlite3_db_readonly(database, "main") == 1 &&
-         !std::filesystem::exists(PathOf(path + "-wal"), error);
+  return ((code & 0xFF) == SQLITE_READONLY || (code & 0xFF) == SQLITE_CANTOPEN) &&
+         // What a program left half done in the file itself must be taken back first.
+         code != SQLITE_READONLY_ROLLBACK && sqlite3_db_readonly(database, "main") == 1 &&
+         !std::filesystem::exists(PathOf(LogPath(database)), error);
 }
 
 }  // namespace
@@ -99,10 +98,10 @@ DatabaseHandle OpenDatabase(const std::string& path, int flags,
   // Reads the file for the first time: what is no database shows here.
   constexpr const char* kFirstRead = "PRAGMA schema_version";
   if (sqlite3_exec(database.get(), kFirstRead, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    if (!IsUnreadableForItsLog(database.get(), path)) throw LastError(database.get(), path);
+    if (!IsUnreadableForItsLog(database.get())) throw LastError(database.get(), path);
     const int readOnly = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) |
                          SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
-    database = Open(UnchangingAddress(path), readOnly, busyTimeout, path);
+    database = Open(UnchangingAddress(database.get()), readOnly, busyTimeout, path);
     Run(database.get(), kFirstRead, path);
   }
   if ((flags & SQLITE_OPEN_CREATE) == 0) RequireOffice(database.get(), path);
@@ -113,6 +112,18 @@ DatabaseHandle OpenDatabase(const std::string& path, int flags,
     Run(database.get(), "PRAGMA synchronous = FULL", path);
   }
   return database;
+}
+
+bool IsWithoutLocks(sqlite3* database) {
+  return sqlite3_uri_boolean(sqlite3_db_filename(database, "main"), kUnchanging, 0) != 0;
+}
+
+std::string LogPath(sqlite3* database) {
+  return sqlite3_filename_wal(sqlite3_db_filename(database, "main"));
+}
+
+std::filesystem::path PathOf(const std::string& utf8) {
+  return {std::u8string(utf8.begin(), utf8.end())};
 }
 
 StatementHandle Prepare(sqlite3* database, std::string_view sql, const std::string& file) {

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <chrono>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -29,6 +30,16 @@ inline constexpr std::chrono::milliseconds kBusyTimeout{5000};
 /// Persian.
 DatabaseHandle OpenDatabase(const std::string& path, int flags,
                             std::chrono::milliseconds busyTimeout = kBusyTimeout);
+
+/// In a folder where none of the files that locks need may be made or is there, a file with a
+/// write-ahead log is read as one that never changes: SQLite neither asks for locks nor notices
+/// what other programs write.
+bool IsWithoutLocks(sqlite3* database);
+
+/// Where SQLite keeps a handle's write-ahead log, absolute and with links resolved.
+std::string LogPath(sqlite3* database);
+
+std::filesystem::path PathOf(const std::string& utf8);
 
 /// Compiles one statement of SQLite's own dialect; `file` is named in the error.
 StatementHandle Prepare(sqlite3* database, std::string_view sql, const std::string& file);

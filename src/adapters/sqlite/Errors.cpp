@@ -2,6 +2,9 @@
 
 #include <optional>
 
+#include "adapters/sqlite/Database.h"
+#include "platform/ServerErrors.h"
+
 namespace adapters::sqlite {
 
 namespace {
@@ -46,21 +49,19 @@ Report ConstraintReport(int extendedCode, std::string_view words) {
   }
 }
 
-Report MissingObject(const std::string& name, const std::string& file) {
-  return {kInvalidObject, "پايگاه داده " + Quoted(file) + " جدول يا نماي " + Quoted(name) +
-                              " را ندارد. Invalid object name '" + name + "'."};
+Report MissingObject(const std::string& name) {
+  return {kInvalidObject, "Invalid object name '" + name + "'."};
 }
 
-Report MissingColumn(const std::string& name, const std::string& file) {
-  return {kInvalidColumn, "پايگاه داده " + Quoted(file) + " ستون " + Quoted(name) +
-                              " را ندارد. Invalid column name '" + name + "'."};
+Report MissingColumn(const std::string& name) {
+  return {kInvalidColumn, "Invalid column name '" + name + "'."};
 }
 
 /// SQLite reports what a statement names wrongly by words alone.
-Report StatementReport(std::string_view words, const std::string& file) {
-  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name, file);
-  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name, file);
-  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name, file);
+Report StatementReport(std::string_view words) {
+  if (const auto name = Between(words, "no such table: ")) return MissingObject(*name);
+  if (const auto name = Between(words, "no such column: ")) return MissingColumn(*name);
+  if (const auto name = Between(words, " has no column named ")) return MissingColumn(*name);
   if (const auto name = Between(words, "ambiguous column name: ")) {
     return {kAmbiguousColumn, "Ambiguous column name '" + *name + "'."};
   }
@@ -86,24 +87,21 @@ Report OutOfMemory() {
           "statement."};
 }
 
-Report FileReport(int extendedCode, const std::string& file) {
+Report NoSpace() {
+  return {kNoSpace, "Could not allocate space."};
+}
+
+Report FileReport(int extendedCode, const std::string& file, sqlite3* database) {
   const std::string named = Quoted(file);
   switch (extendedCode & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
     case SQLITE_PROTOCOL:
-      return {kLockTimeout, "پايگاه داده " + named +
-                                " را برنامه ديگري قفل كرده است؛ كمي بعد دوباره تلاش كنيد. Lock "
-                                "request time out period exceeded."};
+      return {kLockTimeout, "Lock request time out period exceeded."};
     case SQLITE_READONLY:
-      return {kReadOnlyDatabase, "پايگاه داده " + named +
-                                     " فقط خواندني است و چيزي در آن ثبت نشد. Failed to update "
-                                     "database because the database is read-only."};
+      return {kReadOnlyDatabase, "Failed to update database because the database is read-only."};
     case SQLITE_FULL:
-      return {kNoSpace,
-              "براي نوشتن در پايگاه داده " + named +
-                  " جا نيست و چيزي ثبت نشد؛ روي ديسك جا باز كنيد و دوباره تلاش كنيد. Could not "
-                  "allocate space."};
+      return NoSpace();
     case SQLITE_NOTADB:
       return {kCannotOpenDatabase, "فايل " + named + " پايگاه داده نيست. Cannot open database."};
     case SQLITE_CANTOPEN:
@@ -111,11 +109,21 @@ Report FileReport(int extendedCode, const std::string& file) {
     case SQLITE_AUTH:
       return {kCannotOpenDatabase, "فايل پايگاه داده " + named + " باز نشد. Cannot open database."};
     case SQLITE_CORRUPT:
+      if (IsWithoutLocks(database)) {
+        return {
+            kInconsistentFile,
+            "پايگاه داده " + named +
+                " بدون قفل خوانده شد، زيرا در پوشه آن اجازه نوشتن نداريد، و آنچه خوانده شد به هم "
+                "نمي خورد؛ شايد برنامه ديگري آن را تغيير مي داد. دوباره تلاش كنيد. The database "
+                "file is inconsistent."};
+      }
       return {kInconsistentFile, "پايگاه داده " + named +
                                      " آسيب ديده است؛ آن را از نسخه پشتيبان برگردانيد. The "
                                      "database file is inconsistent."};
     case SQLITE_IOERR:
       if (extendedCode == SQLITE_IOERR_NOMEM) return OutOfMemory();
+      // The log's index could not grow.
+      if (extendedCode == SQLITE_IOERR_SHMSIZE) return NoSpace();
       return {kInputOutput, "خواندن يا نوشتن پايگاه داده " + named +
                                 " ناموفق بود؛ ديسك را بررسي كنيد و دوباره تلاش كنيد. The operating "
                                 "system returned an error."};
@@ -124,7 +132,8 @@ Report FileReport(int extendedCode, const std::string& file) {
   }
 }
 
-Report ReportOf(int extendedCode, std::string_view words, const std::string& file) {
+Report ReportOf(int extendedCode, std::string_view words, const std::string& file,
+                sqlite3* database) {
   switch (extendedCode & 0xFF) {
     case SQLITE_CONSTRAINT:
       return ConstraintReport(extendedCode, words);
@@ -133,21 +142,21 @@ Report ReportOf(int extendedCode, std::string_view words, const std::string& fil
     case SQLITE_NOMEM:
       return OutOfMemory();
     case SQLITE_ERROR:
-      return StatementReport(words, file);
+      return StatementReport(words);
     default:
-      return FileReport(extendedCode, file);
+      return FileReport(extendedCode, file, database);
   }
 }
 
 }  // namespace
 
 platform::RuntimeError MakeError(std::int32_t number, const std::string& description) {
-  return {number, description, "SQLite"};
+  return {number, platform::Described(platform::ServerSentence(number), description), "SQLite"};
 }
 
 std::string Quoted(const std::string& name) {
-  // A left-to-right embedding: a slash at an end would else go to the wrong one.
-  return "«\u202A" + name + "\u202C»";
+  // Set apart: a slash at an end would else go to the wrong one.
+  return "«" + platform::LeftToRight(name) + "»";
 }
 
 void SetFunctionError(sqlite3_context* context, ServerError number, const std::string& text) {
@@ -162,8 +171,11 @@ platform::RuntimeError LastError(sqlite3* database, const std::string& file) {
   if ((code & 0xFF) == SQLITE_ERROR && (code >> kNumberShift) > 100) {
     return MakeError(code >> kNumberShift, words);
   }
-  const Report report = ReportOf(code, words, file);
-  return MakeError(report.number, report.text + " (" + words + ")");
+  const Report report = ReportOf(code, words, file, database);
+  return {report.number,
+          platform::Described(platform::ServerSentence(report.number, file),
+                              report.text + " (" + words + ")"),
+          "SQLite"};
 }
 
 }  // namespace adapters::sqlite

@@ -1,9 +1,6 @@
 #include "adapters/sqlite/SqliteConnection.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
@@ -17,14 +14,6 @@ namespace adapters::sqlite {
 namespace {
 
 constexpr std::string_view kPrefix = "sqlite:";
-constexpr const char* kLog = "-wal";
-
-/// What tells a file from others that have or had its name; 0 where there is none, or no such
-/// number.
-std::uint64_t FileNumber(const std::string& path) {
-  struct stat status = {};
-  return stat(path.c_str(), &status) == 0 ? status.st_ino : 0;
-}
 
 bool IsDateColumn(sqlite3_stmt* statement, int column) {
   const char* declared = sqlite3_column_decltype(statement, column);
@@ -93,50 +82,28 @@ platform::RowSet Read(sqlite3* database, sqlite3_stmt* statement, const std::str
 
 SqliteConnection::SqliteConnection(std::string_view connectionString,
                                    std::chrono::milliseconds busyTimeout)
-    : connectionString_(connectionString), busyTimeout_(busyTimeout) {
-  if (connectionString.starts_with(kPrefix)) file_ = connectionString.substr(kPrefix.size());
-}
+    : connectionString_(connectionString),
+      file_(connectionString_.starts_with(kPrefix) ? connectionString_.substr(kPrefix.size()) : "",
+            busyTimeout) {}
 
-/// A file that was renamed or removed under an open handle would take rows that nobody finds again.
-/// What its log holds goes into it, and the log away, lest it be taken for that of a file put in
-/// its place; unless that file has one of its own by now.
-void SqliteConnection::RequireInPlace() {
-  int moved = 0;
-  sqlite3_file_control(database_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
-  if (moved == 0) return;
-  if (log_ != 0 && log_ == FileNumber(file_ + kLog)) {
-    sqlite3_wal_checkpoint_v2(database_.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr,
-                              nullptr);
-    for (const char* part : {kLog, "-shm"}) std::remove((file_ + part).c_str());
+DatabaseFile& SqliteConnection::File() {
+  if (!connectionString_.starts_with(kPrefix)) {
+    throw MakeError(kCannotOpenDatabase,
+                    // Not shown: it may be a server's, with a password.
+                    "رشته اتصال نام فايل پايگاه داده ندارد. Cannot open database. "
+                    "(the connection string must be sqlite:FILE)");
   }
-  database_.reset();
-  throw MakeError(
-      kCannotOpenDatabase,
-      "فايل پايگاه داده " + Quoted(file_) +
-          " جابه‌جا يا پاك شده است و چيزي ثبت نشد. Cannot open "
-          "database. (the file was moved or removed)");
-}
-
-sqlite3* SqliteConnection::Database() {
-  if (database_) RequireInPlace();
-  if (!database_) {
-    if (!connectionString_.starts_with(kPrefix)) {
-      throw MakeError(kCannotOpenDatabase,
-                      // Not shown: it may be a server's, with a password.
-                      "رشته اتصال نام فايل پايگاه داده ندارد. Cannot open database. "
-                      "(the connection string must be sqlite:FILE)");
-    }
-    database_ = OpenDatabase(file_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);
-    log_ = FileNumber(file_ + kLog);
-  }
-  return database_.get();
+  return file_;
 }
 
 platform::RowSet SqliteConnection::Execute(std::string_view statement) {
-  sqlite3* database = Database();
+  return File().Use([&](sqlite3* database) { return ExecuteOn(database, statement); });
+}
+
+platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, std::string_view statement) {
   const Translation translation = Translate(statement);
-  const StatementHandle prepared = Prepare(database, translation.sql, file_);
-  if (translation.returnsRows) return Read(database, prepared.get(), file_);
+  const StatementHandle prepared = Prepare(database, translation.sql, file_.Path());
+  if (translation.returnsRows) return Read(database, prepared.get(), file_.Path());
   Write(database, prepared.get(), translation.insertedTable);
   return {};
 }
@@ -149,7 +116,7 @@ void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement,
   // Asked before, because nothing may fail once the rows are stored.
   const bool givesIdentity = insertedTable.empty() || HasIdentity(database, insertedTable);
   if (sqlite3_step(statement) != SQLITE_DONE) {
-    const platform::RuntimeError error = LastError(database, file_);
+    const platform::RuntimeError error = LastError(database, file_.Path());
     sqlite3_reset(statement);
     sqlite3_set_last_insert_rowid(database, identity);
     throw error;
@@ -162,15 +129,17 @@ bool SqliteConnection::HasIdentity(sqlite3* database, const std::string& table) 
       Prepare(database,
               "SELECT count(*) = 1 AND lower(max(type)) = 'integer' FROM pragma_table_info(?1) "
               "WHERE pk > 0",
-              file_);
+              file_.Path());
   sqlite3_bind_text64(statement.get(), 1, table.data(), table.size(), SQLITE_STATIC, SQLITE_UTF8);
-  if (sqlite3_step(statement.get()) != SQLITE_ROW) throw LastError(database, file_);
+  if (sqlite3_step(statement.get()) != SQLITE_ROW) throw LastError(database, file_.Path());
   return sqlite3_column_int(statement.get(), 0) != 0;
 }
 
 std::int32_t SqliteConnection::CallProcedure(std::string_view name,
                                              std::span<const platform::Parameter> parameters) {
-  return CallStoredProcedure(Database(), name, parameters, file_);
+  return File().Use([&](sqlite3* database) {
+    return CallStoredProcedure(database, name, parameters, file_.Path());
+  });
 }
 
 }  // namespace adapters::sqlite

@@ -8,17 +8,17 @@
 #include <string>
 #include <string_view>
 
-#include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/DatabaseFile.h"
 #include "platform/Connection.h"
 
 namespace adapters::sqlite {
 
 /// The suite's database in a file. The connection string is `sqlite:` and the file's path (UTF-8);
 /// the file must exist when the first statement runs. After a failure to open, or when the file was
-/// moved or removed meanwhile (4060), the next statement opens it anew. Statements are in the
-/// server's dialect (Translator.h) and fail with the server's numbers, followed by SQLite's own
-/// words in parentheses. Columns declared DATE or DATETIME hold yyyymmdd and come out as
-/// yyyy-mm-dd.
+/// moved or removed meanwhile (4060), the next statement opens it anew. Without the right to write
+/// in its folder the file can be read all the same (DatabaseFile). Statements are in the server's
+/// dialect (Translator.h) and fail with the server's numbers, followed by SQLite's own words in
+/// parentheses. Columns declared DATE or DATETIME hold yyyymmdd and come out as yyyy-mm-dd.
 class SqliteConnection : public platform::Connection {
  public:
   explicit SqliteConnection(std::string_view connectionString,
@@ -29,16 +29,13 @@ class SqliteConnection : public platform::Connection {
                              std::span<const platform::Parameter> parameters) override;
 
  private:
-  sqlite3* Database();
-  void RequireInPlace();
+  DatabaseFile& File();
+  platform::RowSet ExecuteOn(sqlite3* database, std::string_view statement);
   void Write(sqlite3* database, sqlite3_stmt* statement, const std::string& insertedTable);
   bool HasIdentity(sqlite3* database, const std::string& table);
 
   std::string connectionString_;
-  std::string file_;
-  std::chrono::milliseconds busyTimeout_;
-  DatabaseHandle database_;
-  std::uint64_t log_ = 0;  // number of the file that holds the handle's log
+  DatabaseFile file_;
 };
 
 }  // namespace adapters::sqlite

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <type_traits>
 #include <utility>
 
 #include "adapters/windows/AdoErrors.h"
 #include "adapters/windows/AdoRows.h"
 #include "adapters/windows/Wide.h"
 #include "platform/ResumeNext.h"
-#include "text/Secrets.h"
 
 namespace adapters::windows {
 
@@ -78,82 +78,83 @@ void Append(const Dispatch& command, const platform::Parameter& parameter) {
   }
 }
 
-}  // namespace
-
-void AdoConnection::Open() {
-  const Dispatch connection = Dispatch::Create("ADODB.Connection");
-  connection.Put("ConnectionTimeout", Seconds(kConnectionTimeout));
-  connection.Put("CommandTimeout", Seconds(kCommandTimeout));
-  try {
-    connection.Call("Open", {connectionString_});
-  } catch (const platform::RuntimeError& error) {
-    const AdoFailure failure = ReadFailure(connection, error);
-    throw MakeError(LoginFault(failure), failure);
-  }
-  connection_ = connection;
-}
-
-void AdoConnection::Close() {
-  if (!connection_) return;
-  const Dispatch connection = std::exchange(connection_, {});
-  platform::ResumeNext([&] { connection.Call("Close"); });
-}
-
-template <typename Action>
-auto AdoConnection::InSession(Action action) {
-  try {
-    if (!connection_) Open();
-    // ADO keeps what an earlier statement said until somebody clears it.
-    connection_.Child("Errors").Call("Clear");
+class AdoSession : public server::Session {
+ public:
+  AdoSession(const std::string& connectionString, std::chrono::seconds statementLimit)
+      : statementLimit_(Seconds(statementLimit)),
+        connection_(Dispatch::Create("ADODB.Connection")) {
+    connection_.Put("ConnectionTimeout", Seconds(server::kLoginLimit));
+    connection_.Put("CommandTimeout", statementLimit_);
     try {
+      connection_.Call("Open", {connectionString});
+    } catch (const platform::RuntimeError& error) {
+      throw ReadFailure(connection_, error);
+    }
+  }
+  AdoSession(const AdoSession&) = delete;
+  AdoSession& operator=(const AdoSession&) = delete;
+  ~AdoSession() override {
+    platform::ResumeNext([&] { connection_.Call("Close"); });
+  }
+
+  platform::RowSet Execute(std::string_view statement) override {
+    return Tell([&] {
+      Dispatch recordset = Dispatch::Create("ADODB.Recordset");
+      // Forward only and read only: any other cursor is opened through a procedure of the server,
+      // in whose scope SCOPE_IDENTITY would be lost.
+      recordset.Call("Open",
+                     {statement, connection_.Get(), adOpenForwardOnly, adLockReadOnly, adCmdText});
+      // Every result is read to the end: an error may come after rows.
+      platform::RowSet first;
+      for (; recordset; recordset = NextResult(recordset)) {
+        const bool hasRows = recordset.Property("State").Number() != adStateClosed;
+        if (hasRows && !first.ReturnsRows()) first = ReadRows(recordset);
+      }
+      return first;
+    });
+  }
+
+  std::int32_t CallProcedure(std::string_view name,
+                             std::span<const platform::Parameter> parameters) override {
+    return Tell([&] {
+      const Dispatch command = Dispatch::Create("ADODB.Command");
+      command.PutReference("ActiveConnection", connection_.Get());
+      command.Put("CommandText", name);
+      command.Put("CommandType", adCmdStoredProc);
+      command.Put("CommandTimeout", statementLimit_);
+      command.Put("NamedParameters", true);
+      Append(command, kReturnValue, adInteger, adParamReturnValue, 0, Variant::Missing());
+      for (const platform::Parameter& parameter : parameters) Append(command, parameter);
+      // Without records the return value is there at once.
+      command.Call("Execute",
+                   {Variant::Missing(), Variant::Missing(), adCmdStoredProc | adExecuteNoRecords});
+      const std::array<Variant, 1> which{kReturnValue};
+      return command.Child("Parameters").Child("Item", which).Property("Value").Number();
+    });
+  }
+
+ private:
+  /// Runs `action` and tells its failure by all that the connection says of it.
+  template <typename Action>
+  std::invoke_result_t<Action> Tell(Action action) {
+    try {
+      // ADO keeps what an earlier statement said until somebody clears it.
+      connection_.Child("Errors").Call("Clear");
       return action();
     } catch (const platform::RuntimeError& error) {
-      const AdoFailure failure = ReadFailure(connection_, error);
-      const ConnectionFault fault = StatementFault(failure);
-      if (fault != ConnectionFault::kStatement) Close();
-      throw MakeError(fault, failure);
+      throw ReadFailure(connection_, error);
     }
-  } catch (const platform::RuntimeError& error) {
-    throw platform::RuntimeError(error.Number(),
-                                 text::WithoutPasswords(error.Description(), connectionString_),
-                                 error.Source());
   }
-}
 
-platform::RowSet AdoConnection::Execute(std::string_view statement) {
-  return InSession([&] {
-    Dispatch recordset = Dispatch::Create("ADODB.Recordset");
-    // Forward only and read only: any other cursor is opened through a procedure of the server,
-    // in whose scope SCOPE_IDENTITY would be lost.
-    recordset.Call("Open",
-                   {statement, connection_.Get(), adOpenForwardOnly, adLockReadOnly, adCmdText});
-    // Every result is read to the end: an error may come after rows.
-    platform::RowSet first;
-    for (; recordset; recordset = NextResult(recordset)) {
-      const bool hasRows = recordset.Property("State").Number() != adStateClosed;
-      if (hasRows && !first.ReturnsRows()) first = ReadRows(recordset);
-    }
-    return first;
-  });
-}
+  std::int32_t statementLimit_;
+  Dispatch connection_;
+};
 
-std::int32_t AdoConnection::CallProcedure(std::string_view name,
-                                          std::span<const platform::Parameter> parameters) {
-  return InSession([&] {
-    const Dispatch command = Dispatch::Create("ADODB.Command");
-    command.PutReference("ActiveConnection", connection_.Get());
-    command.Put("CommandText", name);
-    command.Put("CommandType", adCmdStoredProc);
-    command.Put("CommandTimeout", Seconds(kCommandTimeout));
-    command.Put("NamedParameters", true);
-    Append(command, kReturnValue, adInteger, adParamReturnValue, 0, Variant::Missing());
-    for (const platform::Parameter& parameter : parameters) Append(command, parameter);
-    // Without records the return value is there at once.
-    command.Call("Execute",
-                 {Variant::Missing(), Variant::Missing(), adCmdStoredProc | adExecuteNoRecords});
-    const std::array<Variant, 1> which{kReturnValue};
-    return command.Child("Parameters").Child("Item", which).Property("Value").Number();
-  });
+}  // namespace
+
+std::unique_ptr<server::Session> AdoConnection::Open(const std::string& connectionString,
+                                                     std::chrono::seconds statementLimit) {
+  return std::make_unique<AdoSession>(connectionString, statementLimit);
 }
 
 }  // namespace adapters::windows

@@ -1,6 +1,7 @@
 #include "adapters/windows/Clipboard.h"
 
 #include <cstring>
+#include <cwchar>
 
 namespace adapters::windows {
 
@@ -20,6 +21,19 @@ bool CopyToClipboard(HWND owner, const std::wstring& text) {
   }
   CloseClipboard();
   return copied;
+}
+
+std::wstring TextOfClipboard(HWND owner) {
+  std::wstring text;
+  if (!OpenClipboard(owner)) return text;
+  if (const HGLOBAL memory = GetClipboardData(CF_UNICODETEXT)) {
+    if (const auto* const units = static_cast<const wchar_t*>(GlobalLock(memory))) {
+      text.assign(units, wcsnlen(units, GlobalSize(memory) / sizeof(wchar_t)));
+      GlobalUnlock(memory);
+    }
+  }
+  CloseClipboard();
+  return text;
 }
 
 }  // namespace adapters::windows

@@ -195,9 +195,12 @@ Dispatch Dispatch::Create(std::string_view progId) {
                               IID_IDispatch, object.OutVoid());
   }
   if (FAILED(result)) {
-    throw platform::RuntimeError(platform::kCannotCreateComponent,
-                                 "ActiveX component can't create object: " + std::string(progId) +
-                                     " (" + SystemText(result) + ")");
+    std::string description = "ActiveX component can't create object: " + std::string(progId);
+    // Of a component that is not there, which has many results, there is no more to say.
+    if (ErrorNumberOf(result) != platform::kCannotCreateComponent) {
+      description += " (" + SystemText(result) + ")";
+    }
+    throw platform::RuntimeError(platform::kCannotCreateComponent, description);
   }
   return Dispatch(std::move(object));
 }

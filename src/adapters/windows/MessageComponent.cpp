@@ -141,7 +141,7 @@ class MessageComponent final : public ComObject<IDispatch> {
 
   ErrorGuard& guard_;
   MessageDialog::Content content_;
-  MessageDialog::Answer answer_ = MessageDialog::Answer::kClosed;
+  controls::Answer answer_ = controls::Answer::kNo;
 };
 
 }  // namespace

@@ -7,8 +7,11 @@
 #include "adapters/windows/ControlWindow.h"
 #include "adapters/windows/Field.h"
 #include "adapters/windows/ModalLoop.h"
+#include "adapters/windows/Wide.h"
 
 namespace adapters::windows {
+
+using controls::Answer;
 
 namespace {
 
@@ -104,6 +107,8 @@ void MessageDialog::AddTechnicalBox() {
 
 void MessageDialog::AddButtons() {
   const Scale& scale = theme_.GetScale();
+  const bool question = content_.kind == Kind::kQuestion;
+  const Answer ofEnter = question ? controls::AnswerOfEnter(Utf8(content_.title)) : Answer::kYes;
   const auto add = [&](const wchar_t* caption, Answer answer) {
     const int taken = static_cast<int>(buttons_.size()) * scale.Design(kButtonWidth + 12);
     const LONG top = frame_.bottom + scale.Design(kGap);
@@ -113,31 +118,32 @@ void MessageDialog::AddButtons() {
     buttons_.push_back(std::make_unique<PushButton>(Guard(), theme_, Handle(), place, caption,
                                                     [this, answer] { Finish(answer); }));
     buttons_.back()->Face().SetGrounds(content_.formGround, content_.buttonGround);
+    if (answer == ofEnter) default_ = buttons_.back().get();
   };
-  if (content_.kind == Kind::kQuestion) {
+  if (question) {
     add(L"خير", Answer::kNo);
     add(L"بله", Answer::kYes);
   } else {
     add(L"تأييد", Answer::kYes);
   }
-  buttons_.back()->Face().SetDefault(true);
+  default_->Face().SetDefault(true);
 }
 
-MessageDialog::Answer MessageDialog::Run() {
+Answer MessageDialog::Run() {
   ModalLoop loop(Handle());
   loop_ = &loop;
   // An hourglass of the work that asked would hide that the buttons can be pressed.
   const HCURSOR before = SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW)));
   ShowWindow(Handle(), SW_SHOW);
   SetForegroundWindow(Handle());
-  SetFocus(buttons_.back()->Handle());
+  SetFocus(default_->Handle());
   MessageBeep(content_.kind == Kind::kError ? MB_ICONERROR : MB_OK);
   loop.Run(Handle());
   loop.End();
   loop_ = nullptr;
   if (Handle() != nullptr) ShowWindow(Handle(), SW_HIDE);
   SetCursor(before);
-  return answer_.value_or(Answer::kClosed);
+  return answer_;
 }
 
 void MessageDialog::Finish(Answer answer) {
@@ -163,11 +169,11 @@ bool MessageDialog::OnKey(WPARAM key) {
       MoveFocus(back ? -1 : 1);
       return true;
     }
-    case VK_RETURN:
-      Finish(Answer::kYes);
+    case VK_RETURN:  // a button that has the focus keeps it for itself
+      SendMessageW(default_->Handle(), BM_CLICK, 0, 0);
       return true;
     case VK_ESCAPE:
-      Finish(Answer::kClosed);
+      Finish(Answer::kNo);
       return true;
     case 'Y':
       if (question) Finish(Answer::kYes);
@@ -198,7 +204,7 @@ LRESULT MessageDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
       return 1;
     case WM_CLOSE:
-      Finish(Answer::kClosed);
+      Finish(Answer::kNo);
       return 0;
     case WM_CTLCOLORSTATIC: {
       const auto dc = reinterpret_cast<HDC>(wParam);
@@ -212,8 +218,8 @@ LRESULT MessageDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnKey(wParam);
       return 0;
     case WM_ACTIVATE:
-      if (LOWORD(wParam) != WA_INACTIVE && !buttons_.empty() && !IsChild(Handle(), GetFocus())) {
-        SetFocus(buttons_.back()->Handle());
+      if (LOWORD(wParam) != WA_INACTIVE && default_ != nullptr && !IsChild(Handle(), GetFocus())) {
+        SetFocus(default_->Handle());
       }
       return 0;
     default:

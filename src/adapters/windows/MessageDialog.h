@@ -1,13 +1,13 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/PushButton.h"
 #include "adapters/windows/Window.h"
+#include "controls/Question.h"
 
 namespace adapters::windows {
 
@@ -19,7 +19,6 @@ class ModalLoop;
 class MessageDialog : public Window {
  public:
   enum class Kind { kInformation, kQuestion, kError };
-  enum class Answer { kClosed = -1, kNo = 0, kYes = 1 };
   struct Content {
     std::wstring title;
     std::wstring message;
@@ -33,7 +32,7 @@ class MessageDialog : public Window {
   MessageDialog(ErrorGuard& guard, Content content);
 
   /// Shows it and waits. The single button of an information answers yes.
-  Answer Run();
+  controls::Answer Run();
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -46,7 +45,7 @@ class MessageDialog : public Window {
   void Paint() const;
   bool OnKey(WPARAM key);
   void MoveFocus(int step);
-  void Finish(Answer answer);
+  void Finish(controls::Answer answer);
   void CopyTexts() const;
 
   Content content_;
@@ -58,7 +57,8 @@ class MessageDialog : public Window {
   RECT technical_{};
   HWND technicalBox_ = nullptr;
   std::vector<std::unique_ptr<PushButton>> buttons_;
-  std::optional<Answer> answer_;
+  PushButton* default_ = nullptr;  // Enter's, and where the focus begins
+  controls::Answer answer_ = controls::Answer::kNo;
   ModalLoop* loop_ = nullptr;
 };
 

@@ -55,24 +55,26 @@ std::wstring WindowsFilter(std::string_view filter) {
   return parts + std::wstring(2, L'\0');
 }
 
-std::string SaveDialog::ShowSave(const std::string& fileName, std::string_view filter) {
+std::string SaveDialog::ShowSave(const std::string& begin, std::string_view filter) {
   const std::wstring filters = WindowsFilter(filter);
   const std::wstring title = L"ذخيره در فايل";
   std::vector<wchar_t> path(kPathUnits, L'\0');
-  const std::wstring begin = Wide(fileName).substr(0, kPathUnits - 1);
-  std::copy(begin.begin(), begin.end(), path.begin());
+  const std::wstring place = Wide(begin).substr(0, kPathUnits - 1);
+  const bool isFolder = place.ends_with(L'\\');
+  if (!isFolder) std::copy(place.begin(), place.end(), path.begin());
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = GetActiveWindow();
   dialog.lpstrFilter = filters.empty() ? nullptr : filters.c_str();
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = static_cast<DWORD>(path.size());
+  dialog.lpstrInitialDir = isFolder ? place.c_str() : nullptr;
   dialog.lpstrTitle = title.c_str();
-  dialog.Flags =
-      OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  // The host's current folder is not the module's to change.
+  dialog.Flags = OFN_HIDEREADONLY | OFN_EXPLORER | OFN_NOCHANGEDIR;
   if (GetSaveFileNameW(&dialog)) return Utf8(path.data());
   // A name to begin with that no file can have shows no dialog at all; it is asked for without one.
-  if (CommDlgExtendedError() == FNERR_INVALIDFILENAME && !fileName.empty()) {
+  if (CommDlgExtendedError() == FNERR_INVALIDFILENAME && !begin.empty()) {
     return ShowSave({}, filter);
   }
   throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");

@@ -22,9 +22,8 @@ class WinKeyboard : public platform::Keyboard {
 
 class SaveDialog : public platform::FileDialog {
  public:
-  /// `filter` is pairs of description and pattern, all parted by "|"; a description without a
-  /// pattern stands for all files. The active window owns the dialog.
-  std::string ShowSave(const std::string& fileName, std::string_view filter) override;
+  /// The active window owns the dialog.
+  std::string ShowSave(const std::string& begin, std::string_view filter) override;
 };
 
 class ShellLauncher : public platform::ProcessLauncher {
@@ -33,8 +32,7 @@ class ShellLauncher : public platform::ProcessLauncher {
   void Start(const std::string& commandLine) override;
 };
 
-/// The form in which Windows takes a filter of pairs parted by "|": each part, and the whole, ends
-/// in a zero.
+/// The form in which Windows takes a filter: each part, and the whole, ends in a zero.
 std::wstring WindowsFilter(std::string_view filter);
 
 }  // namespace adapters::windows

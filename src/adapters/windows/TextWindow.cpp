@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "adapters/windows/Clipboard.h"
 #include "adapters/windows/Field.h"
 #include "adapters/windows/Wide.h"
 
@@ -56,6 +57,23 @@ void TextWindow::ShowText() {
   SendMessageW(Handle(), EM_SETSEL, cursor, static_cast<LPARAM>(cursor));
 }
 
+std::optional<std::wstring> TextWindow::TakenInstead(const std::wstring& text) const {
+  if (!Model()) return std::nullopt;
+  const std::string typed = Utf8(text);
+  std::string taken = Model()->Taken(typed);
+  return taken == typed ? std::nullopt : std::optional(Wide(taken));
+}
+
+bool TextWindow::Paste() {
+  // As an EDIT pastes: the first line, to be undone in one.
+  const std::wstring text = TextOfClipboard(Handle());
+  const auto taken =
+      TakenInstead(text.substr(0, severalLines_ ? text.npos : text.find_first_of(L"\r\n")));
+  if (!taken) return false;
+  SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(taken->c_str()));
+  return true;
+}
+
 LRESULT TextWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_NCCALCSIZE: {
@@ -96,6 +114,13 @@ LRESULT TextWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         SendMessageW(Handle(), EM_SETSEL, 0, -1);
         return 0;
       }
+      // Before the EDIT has it, so that undo knows no other text.
+      if (const auto taken = TakenInstead(std::wstring(1, static_cast<wchar_t>(wParam)))) {
+        wParam = taken->front();
+      }
+      break;
+    case WM_PASTE:
+      if (Paste()) return 0;
       break;
     default:
       break;
@@ -110,7 +135,8 @@ bool TextWindow::OnParentMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/,
   }
   if (message != WM_COMMAND || HIWORD(wParam) != EN_CHANGE) return false;
   if (!showing_) {
-    Call([&](controls::TextBox& box) { box.SetText(Utf8(TextOf(Handle()))); });
+    // What came past keys and clipboard may not have been taken as it is.
+    if (Call([&](controls::TextBox& box) { box.SetText(Utf8(TextOf(Handle()))); })) ShowText();
   }
   return true;
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "adapters/windows/ControlWindow.h"
 
 namespace adapters::windows {
@@ -16,6 +19,9 @@ class TextWindow : public WindowOf<controls::TextBox> {
 
  private:
   void ShowText();
+  /// What goes in instead of a typed or pasted text; none where it goes in as it is.
+  std::optional<std::wstring> TakenInstead(const std::wstring& text) const;
+  bool Paste();
   void PaintText() const;
   const bool severalLines_;
   bool showing_ = false;  // the text comes from the model, not from the keys

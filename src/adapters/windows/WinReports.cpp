@@ -13,6 +13,7 @@
 #include "adapters/report/Fill.h"
 #include "adapters/report/ReportError.h"
 #include "adapters/report/WholePage.h"
+#include "adapters/server/StatementLimit.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
 
@@ -44,7 +45,7 @@ class SuiteEngine : public platform::ReportEngine {
 
   void LoadReportFile(const std::string& path) override { engine_.Call("LoadReportFile", {path}); }
   void SetConnectionString(const std::string& connectionString) override {
-    engine_.Call("SetConnectionString", {connectionString});
+    engine_.Call("SetConnectionString", {server::TakeStatementLimit(connectionString).rest});
   }
   void SetSelectionFormula(int number, std::string_view formula) override {
     engine_.Call("SetSelectionFormula", {number, formula});

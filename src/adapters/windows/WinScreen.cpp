@@ -14,6 +14,15 @@ using controls::Modality;
 using controls::MousePointer;
 using platform::RuntimeError;
 
+namespace {
+
+bool StandsOver(HWND window, HWND below) {
+  while (window != nullptr && window != below) window = GetWindow(window, GW_OWNER);
+  return window != nullptr;
+}
+
+}  // namespace
+
 class WinScreen::Dropper : public Window {
  public:
   Dropper(ErrorGuard& guard, WinScreen& screen) : Window(guard), screen_(screen) {
@@ -53,6 +62,17 @@ FormWindow& WinScreen::WindowFor(Form& form, HWND owner) {
     CentreOver(owner, window->Handle());
   }
   return *window;
+}
+
+void WinScreen::SetHostWindow(HWND frame) {
+  const HWND before = std::exchange(host_, frame);
+  if (before == frame) return;
+  for (const auto& entry : windows_) {
+    const HWND window = entry.second->Handle();
+    if (window == nullptr || GetWindow(window, GW_OWNER) != before) continue;
+    if (StandsOver(frame, window)) continue;  // Windows hangs where two own each other
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(frame));
+  }
 }
 
 bool WinScreen::ModalUp() const {

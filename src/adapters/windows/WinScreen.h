@@ -21,7 +21,8 @@ class WinScreen : public controls::Screen {
   ~WinScreen() override;
 
   /// The host's frame window: forms stay above it and first appear in its middle. Null for none.
-  void SetHostWindow(HWND frame) { host_ = frame; }
+  /// Forms that stand over the one before move, but for one that `frame` itself stands over.
+  void SetHostWindow(HWND frame);
   /// Whether the host has a modal dialog of its own up, as far as it tells (a frame window that it
   /// disabled says so too).
   void SetHostModal(bool modal) { hostModal_ = modal; }

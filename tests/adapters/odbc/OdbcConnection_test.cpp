@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "adapters/odbc/StandInServer.h"
 #include "platform/RuntimeError.h"
 #include "support/Lines.h"
@@ -111,6 +113,11 @@ TEST_F(OdbcTest, Errors_bringNumberAndTextAndLeaveTheSession) {
     EXPECT_THAT(failure.words, AllOf(HasSubstr(words), HasSubstr("SQLSTATE"))) << statement;
     EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames) << statement;
   }
+  // The server's words stand behind a Persian sentence, set apart; also of a number not known.
+  EXPECT_THAT(FailureOf(connection, "fail 1205").words,
+              testing::MatchesRegex("كار شما با .*\\.\n\u202A.*words 1205\\. .*\u202C"));
+  EXPECT_THAT(FailureOf(connection, "fail 8134").words,
+              testing::MatchesRegex("پايگاه داده دستور را نپذيرفت\\.\n\u202A.* 8134\\. .*\u202C"));
   // The driver takes the mark for a parameter and says nothing.
   EXPECT_THAT(FailureOf(connection, "nonsense ?").words, HasSubstr("without a reason"));
   EXPECT_THAT(server.Heard("login"), ElementsAre("sa|s3cret|suite"));
@@ -199,12 +206,51 @@ TEST_F(OdbcTest, ServerGone_isNamedUnreachableOrLostAndFoundAgain) {
   EXPECT_THAT(server.Heard("batch"), ElementsAre(names, names));
 }
 
+TEST_F(OdbcTest, OneLoss_isToldOnceAndTheOthersOfTheStringAreOpenedAnew) {
+  const std::string names = "select ID, Name from tblEmployee";
+  server::Outages outages;
+  const StandInServer elsewhere;
+  OdbcConnection first(server.Address(), outages.Of("one"), 1s);
+  OdbcConnection second(server.Address(), outages.Of("one"), 1s);
+  OdbcConnection stranger(elsewhere.Address(), outages.Of("other"), 1s);
+  for (OdbcConnection* each : {&first, &second, &stranger}) each->Execute(names);
+  server.Command("away");
+  server.Command("back");
+  EXPECT_THAT(FailureOf(first, names).words, StartsWith(std::string(kLost)));
+  EXPECT_EQ(Lines(second.Execute(names)), kNames);
+  EXPECT_EQ(Lines(first.Execute(names)), kNames);
+  stranger.Execute(names);
+  // A statement that a server refuses, or that took too long, is no news of the others.
+  FailureOf(second, "fail 1205");
+  OdbcConnection impatient(server.Address() + "Statement Timeout=1;", outages.Of("one"), 1s);
+  FailureOf(impatient, "work on");
+  EXPECT_EQ(Lines(first.Execute(names)), kNames);
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(5));
+  EXPECT_THAT(elsewhere.Heard("login"), testing::SizeIs(1));
+  // Of a server that does not answer a login the sessions are as dead.
+  server.Command("away");
+  OdbcConnection late(server.Address(), outages.Of("one"), 1s);
+  EXPECT_THAT(FailureOf(late, names).words, StartsWith(std::string(kUnreachable)));
+  server.Command("back");
+  EXPECT_EQ(Lines(second.Execute(names)), kNames);
+}
+
+TEST_F(OdbcTest, Session_endsWithItsConnection) {
+  OdbcConnection(server.Address(), 1s).Execute("select ID, Name from tblEmployee");
+  for (int tries = 0; tries < 200 && server.Heard("left").empty(); ++tries) {
+    std::this_thread::sleep_for(20ms);
+  }
+  EXPECT_THAT(server.Heard("left"), ElementsAre("sa"));
+}
+
 TEST_F(OdbcTest, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
-  OdbcConnection impatient(server.Address(), 1s, 1s);
-  EXPECT_THAT(FailureOf(impatient, "fall silent within the rows").words,
-              StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
-  EXPECT_EQ(Lines(impatient.Execute("select ID, Name from tblEmployee")), kNames);
-  EXPECT_THAT(server.Heard("login"), testing::SizeIs(2));
+  OdbcConnection impatient(server.Address() + "Statement Timeout=1;", 1s);
+  for (const std::string statement : {"work on", "fall silent within the rows"}) {
+    EXPECT_THAT(FailureOf(impatient, statement).words,
+                StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
+    EXPECT_EQ(Lines(impatient.Execute("select ID, Name from tblEmployee")), kNames);
+  }
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(3));
 }
 
 }  // namespace

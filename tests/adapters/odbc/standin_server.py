@@ -10,6 +10,7 @@ RECORD is a file that receives, before anything is answered, a line for each thi
     login USER|PASSWORD|DATABASE
     batch STATEMENT                        line ends within it as \\n
     call NAME(ARGUMENT, ...)               texts in quotes, NULL, dates yyyy-mm-dd
+    left USER                              who logged in has hung up
 
 The second argument is what becomes of who connects: served, refused with 18456 and words that tell
 the password, hung up on, or not answered at all. Commands on the standard input, each answered by
@@ -80,7 +81,7 @@ TYPES = {
 }
 
 # The parts of an answer are (tokens, status, rows), each closed by a DONE. In a part's place:
-VANISH, SILENT = "vanish", "silent"
+VANISH, SILENT, BUSY = "vanish", "silent", "busy"  # BUSY: at work until it is told to cease
 CHANGED, NOTHING = (b"", COUNT, 1), (b"", 0, 0)
 
 
@@ -145,6 +146,7 @@ ANSWERS = {
     "vanish within the rows": [NAMES, VANISH],
     "vanish after the rows": [NAMES, CHANGED, VANISH],
     "fall silent within the rows": [NAMES, SILENT],
+    "work on": [BUSY],
 }
 # The parts of the answer and the return value.
 PROCEDURES = {
@@ -159,6 +161,8 @@ PROCEDURES = {
 def answer_to_statement(statement):
     if spoken := re.fullmatch("select N'(.*)'", statement, re.DOTALL):
         return [rows(" nvarchar", (spoken[1].replace("''", "'"),))]
+    if number := re.fullmatch(r"fail (\d+)", statement):
+        return [message(int(number[1]), 16, f"The server's words {number[1]}.")]
     if times := re.fullmatch(r"select replicate\((\d+)\)", statement):
         return [rows("Text nvarchar(max)", ("نیک\u200Cپی، يك. " * int(times[1]),))]
     return ANSWERS.get(statement, [message(102, 15, f"Incorrect syntax near '{statement[:40]}'.")])
@@ -217,6 +221,7 @@ class Client:
     def __init__(self, connection, record, behaviour):
         self.connection, self.record, self.behaviour = connection, record, behaviour
         self.stream = connection.makefile("rb")
+        self.user = None
 
     def hear(self):
         """The next message, put together from its packets: its kind and content."""
@@ -245,8 +250,10 @@ class Client:
                 raise ConnectionError
             while part == SILENT:
                 self.hear()
+            if part == BUSY:
+                return self.cease()
             tokens += part[0]
-            if following in (VANISH, SILENT):
+            if following in (VANISH, SILENT, BUSY):
                 self.say(tokens, whole=False)
                 continue
             more = MORE if value is not None or following else 0
@@ -256,9 +263,15 @@ class Client:
             tokens += struct.pack("<BiBHHQ", 0x79, value, DONE_PROCEDURE, 0, 0, 0)
         self.say(tokens)
 
+    def cease(self):
+        while self.hear()[0] != 0x06:
+            pass
+        self.answer([(b"", ATTENTION, 0)])
+
     def answer_login(self, content):
         user, password, database = login_words(content)
         self.record(f"login {user}|{password}|{database}")
+        self.user = user
         if self.behaviour == "refuse":
             self.answer([message(18456, 14, f"Login failed for user '{user}', '{password}'.")])
             raise ConnectionError
@@ -296,6 +309,8 @@ class Client:
             with contextlib.suppress(OSError):
                 self.serve()
         finally:
+            if self.user:
+                self.record(f"left {self.user}")
             self.hang_up()
 
     def hang_up(self):

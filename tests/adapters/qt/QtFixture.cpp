@@ -78,6 +78,15 @@ void ScreenTest::Retype(const std::string& text) {
   Type(text);
 }
 
+void ScreenTest::Paste(const std::string& text) {
+  QApplication::clipboard()->setText(ToQString(text));
+  SendKey(Qt::Key_V, Qt::ControlModifier, "\x16");
+}
+
+void ScreenTest::Undo() {
+  SendKey(Qt::Key_Z, Qt::ControlModifier, "\x1A");
+}
+
 void ScreenTest::Click(controls::Control& control) {
   WidgetOf<QAbstractButton>(adapter->screen, control).click();
 }

@@ -1,6 +1,11 @@
+#include <QApplication>
+#include <QClipboard>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 #include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/QtFixture.h"
@@ -32,6 +37,22 @@ TEST_F(QtTest, Unload_InAClick_KeepsTheButtonUntilItReturned) {
   EXPECT_FALSE(button);
 }
 
+TEST_F(QtTest, LastForm_Unloaded_EndsTheProgram) {
+  contract::SampleForm other(screen, cities);
+  ShowForm();
+  other.Show(controls::Modality::kModeless);
+  bool unloadedBoth = false;
+  QTimer::singleShot(0, [&] { form.Unload(); });
+  QTimer::singleShot(50, [&] {
+    unloadedBoth = true;
+    other.Unload();
+  });
+  QApplication::setQuitOnLastWindowClosed(true);
+  QApplication::exec();
+  QApplication::setQuitOnLastWindowClosed(false);
+  EXPECT_TRUE(unloadedBoth);
+}
+
 TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
   form.cmdOK.onClick = [&] {
     screen.SetMousePointer(controls::MousePointer::kHourglass);
@@ -41,6 +62,21 @@ TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
   AnswerDialog();
   Click(form.cmdOK);
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
+  form.txtName.SetLatinDigits(true);
+  ShowForm();
+  form.txtName.SetFocus();
+  QInputMethodEvent committed;
+  committed.setCommitString("۵");
+  QApplication::sendEvent(QApplication::focusWidget(), &committed);
+  EXPECT_EQ(form.txtName.Text(), "5");
+  auto& line = dynamic_cast<QLineEdit&>(*QApplication::focusWidget());
+  line.selectAll();
+  QGuiApplication::clipboard()->setText("۵");
+  line.paste();
+  EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
 }
 
 TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {

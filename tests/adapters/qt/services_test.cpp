@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 #include "adapters/qt/Components.h"
+#include "adapters/qt/Convert.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/QtFixture.h"
 
@@ -29,7 +32,7 @@ TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
     std::int32_t type;
     QString button;  // none of this caption: the window is closed
     std::int32_t result;
-  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", -1}, {0, "تأييد", 1}};
+  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", 0}, {0, "تأييد", 1}};
   for (const auto& each : kCases) {
     auto notice = Components(connections).Create("comNotice.comNTC");
     notice->Put("FormTitle", std::string("خطا"));
@@ -47,6 +50,46 @@ TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
   }
 }
 
+TEST_F(ServicesTest, Question_AnsweredByKeys_SaysNoWhereSomethingWouldBeLost) {
+  const struct {
+    const char* title;
+    std::vector<Qt::Key> keys;
+    std::int32_t result;
+  } kCases[] = {{"پرسش", {Qt::Key_Return}, 1},
+                {"حذف", {Qt::Key_Return}, 0},
+                {"هشدار", {Qt::Key_Enter}, 0},
+                {"هشدار", {Qt::Key_Tab, Qt::Key_Return}, 1},
+                {"پرسش", {Qt::Key_Tab, Qt::Key_Space}, 0},
+                {"پرسش", {Qt::Key_Escape}, 0}};
+  for (const auto& each : kCases) {
+    auto notice = Components(connections).Create("comNotice.comNTC");
+    notice->Put("FormTitle", std::string(each.title));
+    notice->Put("FormType", std::int32_t{1});
+    OnModalWindow([&](QWidget& window) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+      for (const Qt::Key key : each.keys) QTest::keyClick(QApplication::focusWidget(), key);
+    });
+    notice->Call("ClearShow");
+    EXPECT_EQ(notice->Get("Resualt"), AutomationValue(each.result)) << each.title;
+  }
+}
+
+TEST_F(ServicesTest, SaveDialog_OfAnExistingFile_BeginsThereAndAsksNothing) {
+  QTemporaryDir folder;
+  const QString path = folder.filePath("ليست.txt");
+  QFile(path).open(QIODevice::WriteOnly);
+  for (const QString& begin : {path, folder.path() + "/"}) {
+    OnModalWindow([&](QWidget& window) {
+      auto& dialog = dynamic_cast<QFileDialog&>(window);
+      EXPECT_TRUE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+      EXPECT_EQ(dialog.directory(), QDir(folder.path()));
+      dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+      QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtFileDialog().ShowSave(ToUtf8(begin), "فايل متني"), ToUtf8(path));
+  }
+}
+
 TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
   Components components(connections);
   EXPECT_EQ(NumberOf([&] { components.Create("Excel.Application"); }), 429);
@@ -60,6 +103,7 @@ TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
 TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(QtFilter("Text (*.txt)|*.txt|All|*.*"), "Text (*.txt);;All (*.*)");
   EXPECT_EQ(QtFilter("Tables|*.csv;*.tsv"), "Tables (*.csv *.tsv)");
+  EXPECT_EQ(QtFilter("فايل متني"), "فايل متني (*)");
   EXPECT_EQ(QtFilter(""), "");
   EXPECT_EQ(NumberOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }), 53);
 }

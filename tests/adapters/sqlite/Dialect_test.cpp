@@ -110,10 +110,10 @@ TEST(Dialect, RefusedStatement_reportsTheServersNumberAndChangesNothing) {
       {"update tblEmployee set Name='a' from tblOrganization", 156, "'from'"},
       // What it knows fails as on the server.
       {"select ID from tblNowhere", 208,
-       "office #1%.db\u202C» جدول يا نماي «\u202AtblNowhere\u202C» را ندارد. Invalid object name "
-       "'tblNowhere'."},
+       "office #1%.db\u202C» جدول، نما، تابع يا روالي را كه خواسته شد ندارد. نام و نسخه پايگاه "
+       "داده را بررسي كنيد.\n\u202AInvalid object name 'tblNowhere'. ("},
       {"select Nothing from tblEmployee", 207,
-       "ستون «\u202ANothing\u202C» را ندارد. Invalid column name 'Nothing'."},
+       "بررسي كنيد.\n\u202AInvalid column name 'Nothing'. ("},
       {"select ID from tblEmployee, tblOrganization", 209, "Ambiguous column name 'ID'."},
       {"insert into tblEmployee(ID, Name) values (1, null)", 515, "'tblEmployee.Name'"},
       {"insert into tblOrganization(Code) values ('105')", 2627, "tblOrganization.Code"},

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <fstream>
+#include <optional>
 #include <random>
 #include <set>
 
@@ -99,33 +100,162 @@ TEST(Opening, ReadOnlyFile_readsAndRefusesToWrite) {
   EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3");
 }
 
-TEST(Opening, MovedFile_TakesItsRowsAlongAndIsToldBeforeTheNext) {
-  namespace fs = std::filesystem;
+/// While it lives, the reader of the office may write nothing, neither the file nor its folder.
+class LockedFolder {
+ public:
+  explicit LockedFolder(const Office& office) : folder_(office.folder.Path()), file_(office.file) {
+    Allow(0555, 0444);
+  }
+  ~LockedFolder() { Allow(0755, 0644); }
+  LockedFolder(const LockedFolder&) = delete;
+  LockedFolder& operator=(const LockedFolder&) = delete;
+
+  /// What another program does meanwhile, whose user may write there.
+  template <typename Work>
+  void AsOwner(const Work& work) const {
+    const uid_t reader = geteuid();
+    ASSERT_EQ(seteuid(getuid()), 0);
+    Allow(0755, 0644);
+    work();
+    Allow(0555, 0444);
+    ASSERT_EQ(seteuid(reader), 0);
+  }
+
+ private:
+  void Allow(unsigned folder, unsigned file) const {
+    std::filesystem::permissions(folder_, std::filesystem::perms(folder));
+    std::filesystem::permissions(file_, std::filesystem::perms(file));
+  }
+  std::filesystem::path folder_;
+  std::filesystem::path file_;
+};
+
+TEST(Opening, FolderWithoutTheRightToWrite_IsReadAsOtherProgramsLeaveIt) {
+  Office office;
+  const auto write = [&](SqliteConnection& host, int id) {
+    host.Execute("insert into tblEmployee(ID, Name) values (" + std::to_string(id) + ",'a')");
+  };
+  const LockedFolder folder(office);
+  const WithoutPrivilege nobody;
+  const char* const kLast = "select max(ID) from tblEmployee";
+  SqliteConnection reader(office.ConnectionString());
+  EXPECT_EQ(Lines(reader.Execute(kLast)), "9");
+  const auto writeAndClose = [&](int id) {
+    folder.AsOwner([&] {
+      SqliteConnection host(office.ConnectionString());
+      write(host, id);
+    });
+  };
+  writeAndClose(30);
+  EXPECT_EQ(Lines(reader.Execute(kLast)), "30");
+
+  // Changed under the eyes of a statement: it is done again, and what it met before counts not.
+  DatabaseFile file(office.file, kBusyTimeout);
+  int times = 0;
+  const auto read = [&](sqlite3* database) {
+    const StatementHandle statement = Prepare(database, kLast, "");
+    if (++times % 2 == 1) writeAndClose(40 + times);
+    if (times == 3) throw MakeError(kInconsistentFile, "half of it");
+    sqlite3_step(statement.get());
+    return sqlite3_column_int(statement.get(), 0);
+  };
+  EXPECT_EQ(file.Use(read), 41);
+  EXPECT_EQ(file.Use(read), 43);
+  EXPECT_EQ(times, 4);
+  EXPECT_THAT([&] { file.Use([&](sqlite3*) { return writeAndClose(50 + ++times), 0; }); },
+              testing::Throws<platform::RuntimeError>(
+                  testing::Property(&platform::RuntimeError::Number, 1222)));
+
+  // Another host is at work: its log is read.
+  std::optional<SqliteConnection> host;
+  folder.AsOwner([&] {
+    host.emplace(office.ConnectionString());
+    write(*host, 60);
+  });
+  EXPECT_EQ(Lines(reader.Execute(kLast)), "60");
+  folder.AsOwner([&] { write(*host, 61); });
+  EXPECT_EQ(Lines(reader.Execute(kLast)), "61");
+  folder.AsOwner([&] { host.reset(); });
+  EXPECT_EQ(Lines(reader.Execute(kLast)), "61");
+}
+
+TEST(Opening, DamagedFileWithoutLocks_IsNoReasonToRestoreABackup) {
+  Office office;
+  std::string damaged = Content(office.file);
+  std::fill(damaged.begin() + 4096, damaged.end(), '\xFF');
+  std::ofstream(office.file, std::ios::binary) << damaged;
+  const LockedFolder folder(office);
+  const WithoutPrivilege nobody;
+  SqliteConnection reader(office.ConnectionString());
+  const platform::RuntimeError failure = FailureOf(reader, "select * from tblEmployee");
+  EXPECT_EQ(failure.Number(), 824) << failure.Description();
+  EXPECT_THAT(failure.Description(), testing::Not(HasSubstr("پشتيبان")));
+}
+
+class MovedFile : public testing::TestWithParam<bool> {
+ protected:
+  MovedFile() {
+    namespace fs = std::filesystem;
+    fs::copy_file(office.file, backup);
+    if (GetParam()) fs::create_symlink(office.file, path);
+  }
+
   Office office;
   const std::string backup = office.folder.File("backup.db");
-  fs::copy_file(office.file, backup);
   const std::string moved = office.folder.File("moved.db");
-  SqliteConnection late(office.ConnectionString());
+  const std::string path = GetParam() ? office.folder.File("link.db") : office.file;
+  SqliteConnection connection{"sqlite:" + path, std::chrono::milliseconds(5)};
+};
+
+TEST_P(MovedFile, TakesItsRowsAlongAndIsToldBeforeTheNext) {
+  namespace fs = std::filesystem;
+  SqliteConnection late("sqlite:" + path);
   late.Execute("select 1");
-  office.connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
+  connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
   fs::rename(office.file, moved);
-  const platform::RuntimeError gone =
-      FailureOf(office.connection, "delete tblEmployee where ID=30");
+  const platform::RuntimeError gone = FailureOf(connection, "delete tblEmployee where ID=30");
   EXPECT_EQ(gone.Number(), 4060);
   EXPECT_THAT(gone.Description(), HasSubstr("جابه‌جا يا پاك شده است"));
-  EXPECT_EQ(FailureOf(office.connection, "select 1").Number(), 4060) << "made anew";
+  EXPECT_EQ(FailureOf(connection, "select 1").Number(), 4060) << "made anew";
 
   fs::rename(backup, office.file);
-  EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3") << "the other file's log";
+  EXPECT_EQ(Lines(connection.Execute("select count(*) from tblEmployee")), "3")
+      << "the other file's log";
   SqliteConnection other("sqlite:" + moved);
   EXPECT_EQ(Lines(other.Execute("select count(*) from tblEmployee")), "4");
 
   // Another connection of the host hears of it when the new file is in use already.
-  office.connection.Execute("insert into tblEmployee(ID, Name) values (31,'b')");
+  connection.Execute("insert into tblEmployee(ID, Name) values (31,'b')");
   EXPECT_EQ(FailureOf(late, "select 1").Number(), 4060);
   EXPECT_EQ(Lines(late.Execute("select max(ID) from tblEmployee")), "31");
-  EXPECT_EQ(office.Rows("select max(ID) from tblEmployee"), "31");
+  EXPECT_EQ(Lines(connection.Execute("select max(ID) from tblEmployee")), "31");
+
+  if (!GetParam()) return;
+  fs::remove(path);
+  fs::create_symlink(moved, path);
+  EXPECT_EQ(FailureOf(connection, "delete tblEmployee where ID=30").Number(), 4060);
+  EXPECT_EQ(Lines(connection.Execute("select max(ID) from tblEmployee")), "30");
+  EXPECT_EQ(office.Rows("select max(ID) from tblEmployee"), "31") << "where the link led before";
 }
+
+TEST_P(MovedFile, WhoseLogIsInUse_LeavesItUnderAnotherName) {
+  namespace fs = std::filesystem;
+  connection.Execute("insert into tblEmployee(ID, Name) values (30,'a')");
+  demo::PlainDatabase reader(office.file);
+  EXPECT_EQ(reader.Text("BEGIN; SELECT max(ID) FROM tblEmployee"), "30;");
+  fs::rename(office.file, moved);
+  fs::rename(backup, office.file);
+  const std::string told = FailureOf(connection, "select 1").Description();
+  EXPECT_EQ(Lines(connection.Execute("select max(ID) from tblEmployee")), "9");
+  const auto begin = told.find(office.file + "-wal");
+  ASSERT_NE(begin, told.npos) << told;
+  fs::rename(told.substr(begin, told.find("\u202C", begin) - begin), moved + "-wal");
+  reader.Query("COMMIT");
+  SqliteConnection other("sqlite:" + moved);
+  EXPECT_EQ(Lines(other.Execute("select max(ID) from tblEmployee")), "30");
+}
+
+INSTANTIATE_TEST_SUITE_P(ByItsNameAndThroughALink, MovedFile, testing::Bool());
 
 TEST(Opening, DamagedFile_FailsWithWordsThatNameItOrReads) {
   Office office;

@@ -64,12 +64,25 @@ TEST_F(WinScreenTest, MessageComponent_AskedByName_TellsTheAnswer) {
   const Dispatch notice(MakeMessageComponent(adapter->guard));
   notice.Put("FormMessage", "آيا ادامه ميدهيد؟");
   notice.Put("FormType", 1);
-  for (const auto& [key, answer] :
-       std::vector<std::pair<WPARAM, std::int32_t>>{{VK_RETURN, 1}, {'N', 0}, {VK_ESCAPE, -1}}) {
-    OnMessageDialog([&](HWND) { SendMessageW(GetFocus(), WM_KEYDOWN, key, 0); });
+  const struct {
+    const char* title;
+    std::vector<WPARAM> keys;
+    std::int32_t answer;
+  } kCases[] = {{"پرسش", {VK_RETURN}, 1},         {"پرسش", {'N'}, 0},
+                {"پرسش", {VK_ESCAPE}, 0},         {"پرسش", {VK_TAB, VK_RETURN}, 0},
+                {"حذف", {VK_RETURN}, 0},          {"هشدار", {VK_RETURN}, 0},
+                {"هشدار", {VK_TAB, VK_RETURN}, 1}};
+  for (const auto& each : kCases) {
+    notice.Put("FormTitle", each.title);
+    OnMessageDialog([&](HWND) {
+      for (const WPARAM key : each.keys) SendMessageW(GetFocus(), WM_KEYDOWN, key, 0);
+    });
     notice.Call("ClearShow");
-    EXPECT_EQ(notice.Property("Resualt").Number(), answer);
+    EXPECT_EQ(notice.Property("Resualt").Number(), each.answer) << each.title;
   }
+  OnMessageDialog([](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); });
+  notice.Call("ClearShow");
+  EXPECT_EQ(notice.Property("Resualt").Number(), 0);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormTpye", 1); }), 438);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormType", "x"); }), 13);
 }

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
+#include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/windows/ComComponents.h"
@@ -103,12 +105,55 @@ TEST(ComExcel, Cells_ArePutOneByOneAndNoneBecomesAFormula) {
   EXPECT_EQ(log, expected);
 }
 
+TEST(ComExcel, Application_ThatIsNotThere_IsToldAs429) {
+  // Without a name, and with the name alone that a removal left.
+  const wchar_t left[] = L"{00024500-0000-0000-C000-000000000046}";
+  for (const bool named : {false, true}) {
+    if (named) {
+      RegSetKeyValueW(HKEY_CLASSES_ROOT, L"Excel.Application\\CLSID", nullptr, REG_SZ, left,
+                      sizeof left);
+    }
+    try {
+      ComExcel().CreateApplication();
+      ADD_FAILURE() << named;
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Number(), platform::kCannotCreateComponent);
+      EXPECT_EQ(error.Description(), "ActiveX component can't create object: Excel.Application");
+    }
+  }
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Excel.Application");
+}
+
 TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_EQ(WindowsFilter("Text|*.txt|All|*.*"), std::wstring(L"Text\0*.txt\0All\0*.*\0\0", 20));
   EXPECT_EQ(WindowsFilter("فايل متني"), std::wstring(L"فايل متني\0*.*\0\0", 15));
   EXPECT_EQ(NumberOf([] { ShellLauncher().Start("\"no such program.exe\" /s"); }), 53);
   EXPECT_EQ(NumberOf([] { ShellLauncher().Start("cmd.exe /c exit"); }), 0);
   EXPECT_GE(WinKeyboard().GetVersion() & 0xFFU, 5U);
+}
+
+/// Presses the Save button of the save dialog that is up, and leaves it where it is up a while
+/// later: it must have asked.
+void CALLBACK PressSave(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
+  static UINT_PTR pressed = 0;
+  const auto press = [](HWND window, LPARAM button) -> BOOL {
+    if (IsWindowVisible(window)) PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    return TRUE;
+  };
+  const bool again = std::exchange(pressed, timer) == timer;
+  for (const int button : again ? std::vector{IDNO, IDCANCEL} : std::vector{IDOK}) {
+    EnumThreadWindows(GetCurrentThreadId(), press, button);
+  }
+}
+
+TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
+  wchar_t folder[MAX_PATH];
+  GetTempPathW(MAX_PATH, folder);
+  const fs::path path = fs::path(folder) / L"ليست.txt";
+  std::ofstream(path) << "x";
+  const UINT_PTR timer = SetTimer(nullptr, 0, 1000, &PressSave);
+  EXPECT_EQ(SaveDialog().ShowSave(Utf8(path.wstring()), "فايل متني"), Utf8(path.wstring()));
+  KillTimer(nullptr, timer);
 }
 
 class ReportsTest : public testing::Test, platform::ConnectionFactory {
@@ -172,10 +217,10 @@ TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
   const Component registered("suite.Report", [&] { return Recorder(log); });
   const auto engine = reports.Create();
   engine->LoadReportFile("a.rpt");
-  engine->SetConnectionString("c");
+  engine->SetConnectionString("DSN=c;Statement Timeout=9");
   engine->SetSelectionFormula(1, "fmlID = 1");
   engine->Produce(platform::ReportOutput::kScreen);
-  EXPECT_THAT(log, ElementsAre("LoadReportFile(a.rpt)", "SetConnectionString(c)",
+  EXPECT_THAT(log, ElementsAre("LoadReportFile(a.rpt)", "SetConnectionString(DSN=c;)",
                                "SetSelectionFormula(1,fmlID = 1)", "Produce(1)"));
   RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine");
 }

@@ -1,5 +1,6 @@
 #include "adapters/windows/WinFixture.h"
 
+#include "adapters/windows/Clipboard.h"
 #include "adapters/windows/GridAutomation.h"
 #include "adapters/windows/Wide.h"
 
@@ -68,6 +69,15 @@ void ScreenTest::Retype(const std::string& text) {
   SendMessageW(GetFocus(), EM_SETSEL, 0, -1);
   Press({Key::kBackspace});
   Type(text);
+}
+
+void ScreenTest::Paste(const std::string& text) {
+  CopyToClipboard(GetFocus(), Wide(text));
+  SendMessageW(GetFocus(), WM_CHAR, 0x16, 0);  // Ctrl+V
+}
+
+void ScreenTest::Undo() {
+  SendMessageW(GetFocus(), WM_CHAR, 0x1A, 0);  // Ctrl+Z
 }
 
 void ScreenTest::Click(controls::Control& control) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <thread>
 
 #include "ByRefLong.h"
 #include "Container.h"
@@ -52,6 +53,10 @@ int Forms() {
   visibleWindows = -1;
   EnumThreadWindows(GetCurrentThreadId(), CountVisible, 0);
   return visibleWindows;
+}
+
+HWND OwnerOfEditor() {
+  return GetWindow(FindForm("FormMain"), GW_OWNER);
 }
 
 TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
@@ -116,30 +121,34 @@ void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
   PostMessageW(search, WM_CLOSE, 0, 0);
 }
 
-TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheControlAfterwards) {
-  Container container;
-  auto control = NewFor(1, container);
-  Late(control).Call("View", {std::int32_t{1}});
-  const HWND search = FindControl("FormMain.cmdSearch");
-  ASSERT_NE(search, nullptr);
-  PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-  PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-  control->AddRef();
-  lastReference = control.Get();
-  control.Reset();
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
+TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnlessShared) {
+  for (const bool shared : {false, true}) {
+    Container container;
+    auto control = NewFor(1, container);
+    const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
+    Late(control).Call("View", {std::int32_t{1}});
+    const HWND search = FindControl("FormMain.cmdSearch");
+    ASSERT_NE(search, nullptr);
+    PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    control->AddRef();
+    lastReference = control.Get();
+    control.Reset();
+    SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
 
-  MSG message;
-  const ULONGLONG giveUp = GetTickCount64() + 20'000;
-  const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-  while (container.References() > 0 && GetTickCount64() < giveUp &&
-         GetMessageW(&message, nullptr, 0, 0) > 0) {
-    DispatchMessageW(&message);
+    MSG message;
+    const ULONGLONG giveUp = GetTickCount64() + 20'000;
+    const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
+    while (container.References() > 0 && GetTickCount64() < giveUp &&
+           GetMessageW(&message, nullptr, 0, 0) > 0) {
+      DispatchMessageW(&message);
+    }
+    KillTimer(nullptr, tick);
+    EXPECT_EQ(lastReference, nullptr);
+    EXPECT_EQ(container.References(), 0U);
+    EXPECT_EQ(Forms(), shared ? 1 : 0);
+    EXPECT_EQ(OwnerOfEditor(), nullptr);
   }
-  KillTimer(nullptr, tick);
-  EXPECT_EQ(lastReference, nullptr);
-  EXPECT_EQ(container.References(), 0U);
-  EXPECT_EQ(Forms(), 0);
 }
 
 bool closedUnderModal = false;
@@ -166,6 +175,110 @@ TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
   EXPECT_EQ(Forms(), 1);
   As<IOleObject>(control)->Close(OLECLOSE_NOSAVE);
   EXPECT_EQ(Forms(), 0);
+  As<IOleObject>(control)->SetClientSite(nullptr);
+}
+
+TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
+  Container first;
+  auto one = NewFor(1, first);
+  Late(one).Call("ClearShow");
+  const HWND editor = FindForm("FormMain");
+  const std::string user = activexhost::TextOf(FindControl("FormMain.sltCreator"));
+  EXPECT_EQ(OwnerOfEditor(), first.Window());
+  {
+    Container second;
+    auto two = NewFor(2, second);
+    Late(two).Call("ClearShow");
+    EXPECT_EQ(FindForm("FormMain"), editor);
+    EXPECT_EQ(Forms() - 1, 1) << "beside the other container";
+    EXPECT_NE(activexhost::TextOf(FindControl("FormMain.sltCreator")), user);
+    EXPECT_EQ(OwnerOfEditor(), second.Window());
+    As<IOleObject>(two)->SetClientSite(nullptr);
+    EXPECT_EQ(OwnerOfEditor(), first.Window());
+    As<IOleObject>(two)->SetClientSite(&second);
+    Late(two).Call("ClearShow");
+    As<IOleObject>(two)->Close(OLECLOSE_NOSAVE);
+    EXPECT_EQ(OwnerOfEditor(), first.Window());
+    Late(two).Call("ClearShow");
+    As<IOleObject>(one)->SetClientSite(nullptr);
+    one.Reset();
+    EXPECT_EQ(OwnerOfEditor(), second.Window());
+    one = NewFor(1, first);
+    As<IOleObject>(two)->SetClientSite(nullptr);
+  }
+  EXPECT_EQ(FindForm("FormMain"), editor);
+  As<IOleObject>(one)->SetClientSite(nullptr);
+  EXPECT_EQ(OwnerOfEditor(), nullptr);
+  one.Reset();
+  EXPECT_EQ(Forms(), 0);
+}
+
+TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
+  std::int32_t answer = 0;
+  int asked = 0;
+  const adapters::windows::Component messages("comNotice.comNTC", [&] {
+    const auto notice = adapters::windows::StandIn::Make();
+    notice->On("ClearShow", [&asked] { ++asked; }).On("Resualt", [&answer] {
+      return Variant(answer);
+    });
+    return Variant(notice.Get());
+  });
+  Container container;
+  const auto control = NewFor(1, container);
+  const auto object = As<IOleObject>(control);
+  struct Closing {
+    DWORD saving;
+    bool another;
+    bool windowGone;
+    std::int32_t answer;
+    HRESULT result;
+    int asked;
+    int forms;
+  };
+  constexpr HRESULT kRefused = OLE_E_PROMPTSAVECANCELLED;
+  for (const Closing& c : {Closing{OLECLOSE_PROMPTSAVE, false, false, 0, kRefused, 1, 1},
+                           {OLECLOSE_SAVEIFDIRTY, false, false, 0, kRefused, 1, 1},
+                           {OLECLOSE_SAVEIFDIRTY, true, false, 0, S_OK, 0, 1},
+                           {OLECLOSE_SAVEIFDIRTY, false, false, 1, S_OK, 1, 0},
+                           {OLECLOSE_SAVEIFDIRTY, false, true, 0, S_OK, 0, 0},
+                           {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
+    const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
+    Late(control).Call("ClearShow");
+    const HWND button = FindControl("FormMain.cmdNew");
+    SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+    SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    if (c.windowGone) DestroyWindow(FindForm("FormMain"));
+    asked = 0;
+    answer = c.answer;
+    container.calls.clear();
+    EXPECT_EQ(object->Close(c.saving), c.result);
+    EXPECT_EQ(asked, c.asked);
+    EXPECT_EQ(Forms(), c.forms);
+    EXPECT_EQ(container.calls.empty(), c.result != S_OK || c.saving == OLECLOSE_NOSAVE);
+  }
+  object->SetClientSite(nullptr);
+}
+
+TEST_F(Opening, Controls_OfTwoThreads_HaveAnEditorEach) {
+  Container container;
+  const auto control = NewFor(1, container);
+  Late(control).Call("ClearShow");
+  const HWND editor = FindForm("FormMain");
+  std::thread([this] {
+    OleInitialize(nullptr);
+    {
+      Container own;
+      auto another = NewFor(1, own);
+      Late(another).Call("ClearShow");
+      EXPECT_EQ(Forms(), 1);
+      EXPECT_EQ(OwnerOfEditor(), own.Window());
+      As<IOleObject>(another)->SetClientSite(nullptr);
+      another.Reset();
+      EXPECT_EQ(Forms(), 0);
+    }
+    OleUninitialize();
+  }).join();
+  EXPECT_EQ(FindForm("FormMain"), editor);
   As<IOleObject>(control)->SetClientSite(nullptr);
 }
 

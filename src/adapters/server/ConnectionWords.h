@@ -1,11 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace adapters::odbc {
+namespace adapters::server {
 
 /// The two kinds of connection string set a value in quotes in ways of their own: OLE DB "..." and
 /// '...', ODBC {...}; within them the closing mark is doubled.
@@ -13,11 +14,16 @@ enum class Syntax { kOleDb, kOdbc };
 
 /// One `key=value` of a connection string.
 struct Word {
-  std::string key;    ///< Folded (Drivers.h)
+  std::string key;    ///< Folded
   std::string value;  ///< without quotes or braces, doubled ones single
+  std::size_t from;   ///< where it stands in the string, the ";" behind it included
+  std::size_t end;
 };
 
 using Words = std::vector<Word>;
+
+/// ASCII letters in lower case, without blanks: how names and words are compared.
+std::string Folded(std::string_view name);
 
 Words ReadWords(std::string_view text, Syntax syntax);
 
@@ -30,4 +36,4 @@ Syntax SyntaxOf(std::string_view text);
 const Word* FindWord(const Words& words, std::initializer_list<std::string_view> keys,
                      Syntax syntax);
 
-}  // namespace adapters::odbc
+}  // namespace adapters::server

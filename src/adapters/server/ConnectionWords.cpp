@@ -1,17 +1,16 @@
-#include "adapters/odbc/ConnectionWords.h"
+#include "adapters/server/ConnectionWords.h"
 
 #include <algorithm>
 
-#include "adapters/odbc/Drivers.h"
 #include "text/Text.h"
 
-namespace adapters::odbc {
+namespace adapters::server {
 
 namespace {
 
 class WordReader {
  public:
-  WordReader(std::string_view text, Syntax syntax) : rest_(text), syntax_(syntax) {}
+  WordReader(std::string_view text, Syntax syntax) : all_(text), rest_(text), syntax_(syntax) {}
 
   Words Run() {
     Words words;
@@ -19,9 +18,11 @@ class WordReader {
       rest_.remove_prefix(std::min(rest_.find_first_not_of("; \t\r\n"), rest_.size()));
       if (rest_.empty()) return words;
       Word word;
+      word.from = all_.size() - rest_.size();
       word.key = Key();
       Value(word.value);
       rest_.remove_prefix(std::min(rest_.find(';'), rest_.size()));
+      word.end = all_.size() - rest_.size() + (rest_.empty() ? 0 : 1);
       words.push_back(std::move(word));
     }
   }
@@ -68,7 +69,8 @@ class WordReader {
     }
   }
 
-  std::string_view rest_;
+  std::string_view all_;
+  std::string_view rest_;  // what is not read yet
   Syntax syntax_;
 };
 
@@ -77,6 +79,14 @@ bool NamesProvider(const Words& words) {
 }
 
 }  // namespace
+
+std::string Folded(std::string_view name) {
+  std::string folded;
+  for (const char c : name) {
+    if (c != ' ') folded += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  }
+  return folded;
+}
 
 Words ReadWords(std::string_view text, Syntax syntax) {
   return WordReader(text, syntax).Run();
@@ -102,4 +112,4 @@ const Word* FindWord(const Words& words, std::initializer_list<std::string_view>
   return found == words.rend() ? nullptr : &*found;
 }
 
-}  // namespace adapters::odbc
+}  // namespace adapters::server

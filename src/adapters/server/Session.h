@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/Connection.h"
+#include "platform/ConnectionFault.h"
+
+namespace adapters::server {
+
+/// What a session, or the opening of one, fails with: all that was said of it, not yet judged.
+class Failure : public std::exception {
+ public:
+  Failure(platform::DatabaseErrors errors, std::string source, bool sessionDead = false)
+      : errors_(std::move(errors)), source_(std::move(source)), sessionDead_(sessionDead) {}
+
+  const platform::DatabaseErrors& Errors() const { return errors_; }
+  /// Who raised it, as RuntimeError has it.
+  const std::string& Source() const { return source_; }
+  /// The driver or provider counts the session as gone.
+  bool SessionDead() const { return sessionDead_; }
+  const char* what() const noexcept override { return "the database failed"; }
+
+ private:
+  platform::DatabaseErrors errors_;
+  std::string source_;
+  bool sessionDead_;
+};
+
+/// One login to a server; it ends with this. Both calls are platform::Connection's and throw
+/// Failure.
+class Session {
+ public:
+  virtual ~Session() = default;
+  virtual platform::RowSet Execute(std::string_view statement) = 0;
+  virtual std::int32_t CallProcedure(std::string_view name,
+                                     std::span<const platform::Parameter> parameters) = 0;
+};
+
+}  // namespace adapters::server

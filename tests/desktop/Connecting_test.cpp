@@ -1,0 +1,111 @@
+// Where the host takes its connection string from, and who gets to see it.
+
+#include <gmock/gmock.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <fstream>
+
+#include "support/TestFolder.h"
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+const std::string kHost = PROMOTER_DESKTOP " --replay /dev/null ";
+
+/// What a command of the shell prints. A host that finds no such database names it.
+std::string OutputOf(const std::string& command) {
+  std::string output;
+  FILE* const pipe = popen(("unset DISTPROMOTER_CONNECTION; " + command + " 2>&1").c_str(), "r");
+  for (int c = 0; (c = std::fgetc(pipe)) != EOF;) output += static_cast<char>(c);
+  pclose(pipe);
+  return output;
+}
+
+TEST(Connecting, String_IsTakenFromWhereTheCommandLineSays) {
+  const support::TestFolder folder;
+  const std::string file = (folder.Path() / "secret").string();
+  std::ofstream(file) << "\xEF\xBB\xBF sqlite:/by-file\r\n";
+  const std::string variable = "DISTPROMOTER_CONNECTION=sqlite:/by-variable ";
+  const std::pair<std::string, std::string> cases[] = {
+      {kHost + "--connect sqlite:/by-option", "/by-option"},
+      {kHost + "--connect @" + file, "/by-file"},
+      {kHost + "--connect @/nowhere", "cannot be read: /nowhere"},
+      {"echo sqlite:/by-pipe | " + kHost + "--connect -", "/by-pipe"},
+      {kHost + "--connect - </dev/null", "no connection string"},
+      {variable + kHost, "/by-variable"},
+      {variable + kHost + "--connect env", "/by-variable"},
+      {variable + kHost + "--connect sqlite:/by-option", "/by-option"},
+      {variable + kHost + "--database /by-option", "/by-option"},
+      {kHost + "--connect env", "no connection string in DISTPROMOTER_CONNECTION"},
+  };
+  for (const auto& [command, named] : cases) EXPECT_THAT(OutputOf(command), HasSubstr(named));
+}
+
+/// The host on a terminal of its own, asking for the string.
+class Terminal {
+ public:
+  Terminal() {
+    process_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
+    if (process_ == 0) {
+      execl(PROMOTER_DESKTOP, "host", "--replay", "/dev/null", "--connect", "-", nullptr);
+      _exit(127);
+    }
+    while (output.find("string: ") == std::string::npos && ReadMore()) {
+    }
+  }
+  Terminal(const Terminal&) = delete;
+  Terminal& operator=(const Terminal&) = delete;
+  ~Terminal() { close(terminal_); }
+
+  bool ShowsWhatIsTyped() const {
+    termios state{};
+    EXPECT_EQ(tcgetattr(terminal_, &state), 0);
+    return (state.c_lflag & ECHO) != 0;
+  }
+  /// The status that the host ends with.
+  int Type(const std::string& text) {
+    EXPECT_EQ(write(terminal_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    int status = 0;
+    while (ReadMore()) {
+    }
+    waitpid(process_, &status, 0);
+    return status;
+  }
+
+  std::string output;
+
+ private:
+  bool ReadMore() {
+    char c = 0;
+    if (read(terminal_, &c, 1) != 1) return false;
+    output += c;
+    return true;
+  }
+
+  int terminal_ = -1;
+  pid_t process_ = -1;
+};
+
+TEST(Connecting, WhatIsTyped_IsNotShownAndTheTerminalIsLeftAsItWas) {
+  Terminal typed;
+  EXPECT_FALSE(typed.ShowsWhatIsTyped());
+  EXPECT_TRUE(WIFEXITED(typed.Type("sqlite:/typed\n")));
+  EXPECT_THAT(typed.output, AllOf(HasSubstr("/typed"), Not(HasSubstr("sqlite:/typed"))));
+  EXPECT_TRUE(typed.ShowsWhatIsTyped());
+
+  Terminal left;
+  EXPECT_FALSE(left.ShowsWhatIsTyped());
+  const int status = left.Type("sqlite:/ty\x03");
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGINT) << status;
+  EXPECT_TRUE(left.ShowsWhatIsTyped());
+}
+
+}  // namespace
