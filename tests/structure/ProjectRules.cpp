@@ -46,8 +46,8 @@ const std::vector<LayerRule>& ProjectRules() {
       // Composition roots: the only ones that see both the module and the adapters.
       Rule("apps/activex", plain + "module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
-      Rule("apps/*", forms + "screens module adapters/* demo apps/connection apps/tour apps/activex",
-           true),
+      Rule("apps/*",
+           forms + "screens module adapters/* demo apps/connection apps/tour apps/activex", true),
   };
   return rules;
 }
