@@ -1,5 +1,5 @@
 // The grid with a customer list of 100,000 rows and 12 columns, beside reading the same list into
-// plain strings.
+// plain strings, and in a pane with room for 40 rows.
 
 #include <benchmark/benchmark.h>
 
@@ -13,6 +13,7 @@
 
 #include "controls/FlexGrid.h"
 #include "platform/RowSet.h"
+#include "screens/GridPane.h"
 
 namespace {
 
@@ -223,6 +224,64 @@ void ReadAllCells(benchmark::State& state) {
   }
 }
 
+struct NoSurface : screens::Surface {
+  void Fill(const screens::Rect&, controls::Colour) override { ++painted; }
+  void Text(std::string_view text, const screens::Rect&, const screens::TextStyle&) override {
+    painted += text.size();
+  }
+  void Stroke(std::initializer_list<screens::Point>, double, controls::Colour) override {}
+  void PushClip(const screens::Rect&) override {}
+  void PopClip() override {}
+  std::size_t painted = 0;
+};
+
+struct NoHost : screens::PaneHost {
+  screens::Scale GetScale() const override { return screens::Scale(96); }
+  int LineHeight() const override { return 15; }
+  int TextWidth(std::string_view text, screens::Weight) const override {
+    return static_cast<int>(text.size());
+  }
+  bool Enabled() const override { return true; }
+  void Repaint(const screens::Rect&) override {}
+  void ScrollPart(const screens::Rect&, int) override {}
+  void SetScrollBar(screens::Axis, const screens::ScrollRange&) override {}
+  void SetTimer(int) override {}
+  void CopyToClipboard(const std::string&) override {}
+};
+
+// What the pane itself costs of showing another page: the toolkit's painting is not in it.
+void PaintAPage(benchmark::State& state) {
+  LoneContainer container;
+  FlexGrid grid(container, "flx");
+  FillByRows(grid);
+  NoHost host;
+  screens::GridPane pane(grid, host);
+  pane.Resized({1000, 41 * 19});
+  NoSurface surface;
+  int place = 0;
+  while (state.KeepRunning()) {
+    place = (place + 997) % kRows;
+    pane.Scrolled(screens::Axis::kDown, place);
+    pane.Paint(surface, {0, 0, 1000, 41 * 19});
+  }
+  benchmark::DoNotOptimize(surface.painted);
+}
+
+// A letter typed that no name holds: every row is looked at.
+void LookUpInVain(benchmark::State& state) {
+  LoneContainer container;
+  FlexGrid grid(container, "flx");
+  FillByRows(grid);
+  grid.SetCol(kNameCol);
+  NoHost host;
+  screens::GridPane pane(grid, host);
+  pane.Resized({1000, 41 * 19});
+  while (state.KeepRunning()) {
+    pane.PressKey({screens::Key::kText, {}, "ژ"});
+    pane.PressKey({screens::Key::kEscape, {}, {}});
+  }
+}
+
 BENCHMARK(ReadIntoStrings)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Fill, byRows, FillByRows)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Fill, byBind, FillByBind)->Unit(benchmark::kMillisecond);
@@ -231,6 +290,8 @@ BENCHMARK(AskEveryRowWhetherMarked)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortByName)->Unit(benchmark::kMillisecond);
 BENCHMARK(SortNamesAsBytes)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadAllCells)->Unit(benchmark::kMillisecond);
+BENCHMARK(PaintAPage)->Unit(benchmark::kMillisecond);
+BENCHMARK(LookUpInVain)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

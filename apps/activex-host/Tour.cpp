@@ -238,11 +238,14 @@ int Tour::Rows(const std::string& grid) {
 }
 
 std::string Tour::CellText(const std::string& grid, int row, int col) {
-  std::array<wchar_t, 512> text{};
-  adapters::windows::GridTextRequest request{row, col, text.data(), static_cast<int>(text.size())};
-  const LRESULT length = SendMessageW(FindControl(grid), adapters::windows::GridTextMessage(), 0,
-                                      reinterpret_cast<LPARAM>(&request));
-  Expect(length >= 0, "a cell in " + grid);
+  const LRESULT answer = SendMessageW(FindControl(grid), adapters::windows::GridTextMessage(),
+                                      static_cast<WPARAM>(row), col);
+  Expect(answer >= 0, "a cell in " + grid);
+  if (answer == 0) return {};
+  std::array<wchar_t, 256> text{};
+  const auto atom = static_cast<ATOM>(answer);
+  GlobalGetAtomNameW(atom, text.data(), static_cast<int>(text.size()));
+  GlobalDeleteAtom(atom);
   return adapters::windows::Utf8(text.data());
 }
 

@@ -13,12 +13,14 @@
 #include <cstdio>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/MessageDialog.h"
+#include "adapters/qt/PaneWidget.h"
 #include "controls/FlexGrid.h"
+#include "screens/GridPane.h"
 
 namespace desktop {
 
+using adapters::qt::PaneWidget;
 using adapters::qt::ToQString;
 using adapters::qt::ToUtf8;
 using tour::Expect;
@@ -66,6 +68,12 @@ bool IsWorking() {
   return std::ranges::any_of(windows, [](const QWidget* window) {
     return qobject_cast<const QProgressDialog*>(window) != nullptr;
   });
+}
+
+/// On the viewport.
+QRect CellPlace(const PaneWidget& grid, int row, int col) {
+  return grid.OnViewport(
+      dynamic_cast<const screens::GridPane&>(grid.Content()).CellPlace(row, col));
 }
 
 /// Where keys go: to an open list or month page first, as on a real screen.
@@ -184,30 +192,30 @@ void Tour::PressKey(const std::string& control, tour::Key key) {
 }
 
 void Tour::ClickCell(const std::string& grid, int row, int col) {
-  auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
-  const QRect place = view.CellPlace(row, col);
+  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
+  const QRect place = CellPlace(view, row, col);
   Expect(!place.isEmpty(), "a visible cell in " + grid);
   ClickAt(*view.viewport(), place.center());
 }
 
 void Tour::DoubleClickCell(const std::string& grid, int row, int col) {
   ClickCell(grid, row, col);
-  auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
+  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
-                     view.CellPlace(row, col).center());
+                     CellPlace(view, row, col).center());
 }
 
 void Tour::DragRows(const std::string& grid, int firstRow, int lastRow, int col) {
-  auto& view = dynamic_cast<adapters::qt::FlexGridView&>(Reach(grid));
+  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
   // The block's frame is painted where the keyboard is.
   view.window()->activateWindow();
   [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(view.window(), 500);
   view.setFocus(Qt::MouseFocusReason);
   QTest::mousePress(view.viewport(), Qt::LeftButton, Qt::NoModifier,
-                    view.CellPlace(firstRow, col).center());
-  QTest::mouseMove(view.viewport(), view.CellPlace(lastRow, col).center());
+                    CellPlace(view, firstRow, col).center());
+  QTest::mouseMove(view.viewport(), CellPlace(view, lastRow, col).center());
   QTest::mouseRelease(view.viewport(), Qt::LeftButton, Qt::NoModifier,
-                      view.CellPlace(lastRow, col).center());
+                      CellPlace(view, lastRow, col).center());
 }
 
 void Tour::ResizeWindow(const std::string& form, double factor) {

@@ -114,7 +114,7 @@ void FormAddBatch::SetGridColumns() {
   for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate}) list->Flex.SetStretchCol(0);
 
   // Number, code, name, address, mobile, two telephones, path, region, activity; the id is hidden.
-  static constexpr Twips kWidths[kCustomerCols] = {600,  1080, 2400, 2760, 1440, 1440,
+  static constexpr Twips kWidths[kCustomerCols] = {900,  1080, 2400, 2460, 1440, 1440,
                                                    1440, 1500, 900,  1350, 0};
   flxCustomer.Flex.SetRows(1);
   flxCustomer.Flex.SetCols(kCustomerCols);

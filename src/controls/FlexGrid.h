@@ -12,6 +12,8 @@
 
 namespace controls {
 
+class Button;
+
 /// The grid that all lists of the module stand on. Rows and columns count from 0; the first
 /// FixedRows rows and FixedCols columns are headings.
 ///
@@ -121,6 +123,15 @@ class FlexGrid : public Control {
   std::function<void(int button, int shift)> onMouseDown;
   std::function<void()> onClick;
   std::function<void()> onDblClick;
+  /// The buttons by which a form marks the grid's rows, all three of them set: a screen presses
+  /// them for the keys that mean the same, and leaves room for a tick in the marked rows. They must
+  /// live as long as the grid's screen.
+  struct MarkButtons {
+    Button* all = nullptr;
+    Button* inverse = nullptr;
+    Button* none = nullptr;
+  };
+  MarkButtons marking;
 
   // For the screen. All of it does nothing while the grid is disabled.
 
@@ -128,9 +139,14 @@ class FlexGrid : public Control {
   /// (with shift: the block's far corner) before onMouseDown is raised.
   void MouseDown(int row, int col, int button, int shift);
   void MouseDrag(int row, int col);
+  /// Where the mouse is (or a key acts as if it were), no button pressed.
+  void MouseMove(int row, int col);
   void Click();
   void DblClick();
   enum class Key { kUp, kDown, kLeft, kRight, kPageUp, kPageDown, kHome, kEnd, kTop, kBottom };
+  /// The visible data column that `col` stands for: itself, else the next one, else the one before;
+  /// forms may make a heading or a hidden cell current.
+  int ShownCol(int col) const;
   /// Moves the current cell among the data cells, past hidden columns; `extend` moves the block's
   /// far corner instead. kLeft is towards the higher column number, since the grid reads from right
   /// to left. `pageRows` is how many rows the view shows.

@@ -29,8 +29,7 @@ bool FlexGrid::IsDataCell(int row, int col) const {
 
 void FlexGrid::MouseDown(int row, int col, int button, int shift) {
   if (!Enabled()) return;
-  mouseRow_ = std::clamp(row, -1, Rows());
-  mouseCol_ = std::clamp(col, -1, Cols());
+  MouseMove(row, col);
   dragging_ = IsDataCell(row, col);
   if (dragging_) {
     const bool extend = (shift & kShift) != 0;
@@ -39,10 +38,15 @@ void FlexGrid::MouseDown(int row, int col, int button, int shift) {
   if (onMouseDown) onMouseDown(button, shift);
 }
 
-void FlexGrid::MouseDrag(int row, int col) {
+void FlexGrid::MouseMove(int row, int col) {
   if (!Enabled()) return;
   mouseRow_ = std::clamp(row, -1, Rows());
   mouseCol_ = std::clamp(col, -1, Cols());
+}
+
+void FlexGrid::MouseDrag(int row, int col) {
+  if (!Enabled()) return;
+  MouseMove(row, col);
   // A handler may have emptied the grid since the press.
   if (!dragging_ || Rows() <= fixedRows_ || Cols() <= fixedCols_) return;
   Select(row_, col_, std::clamp(row, fixedRows_, Rows() - 1),
@@ -65,15 +69,18 @@ int FlexGrid::VisibleCol(int from, int step, int otherwise) const {
   return otherwise;
 }
 
+int FlexGrid::ShownCol(int col) const {
+  col = std::max(col, fixedCols_);
+  return VisibleCol(col, 1, VisibleCol(col, -1, col));
+}
+
 void FlexGrid::PressKey(Key key, bool extend, int pageRows) {
   if (!Enabled() || Rows() <= fixedRows_ || Cols() <= fixedCols_) return;
   const int lastRow = Rows() - 1;
   const int lastCol = Cols() - 1;
   const int page = std::clamp(pageRows, 1, Rows());
   int row = extend ? rowSel_ : row_;
-  // The forms may have made a heading or a hidden cell current.
-  int col = std::max(extend ? colSel_ : col_, fixedCols_);
-  col = VisibleCol(col, 1, VisibleCol(col, -1, col));
+  int col = ShownCol(extend ? colSel_ : col_);
   switch (key) {
     case Key::kUp:
       row -= 1;

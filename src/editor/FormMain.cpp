@@ -29,6 +29,7 @@ FormMain::FormMain(host::modMain& module)
   flxDetail.onMouseDown = [this](int, int) { DetailMouseDown(); };
   flxDetail.onClick = [this] { DetailClick(); };
   flxDetail.onDblClick = [this] { DetailDblClick(); };
+  flxDetail.marking = {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone};
 }
 
 namespace {

@@ -33,6 +33,7 @@ comFlex::comFlex(controls::Container& parent, std::string name, host::modMain& m
   // Any mouse button with any modifier marks.
   Flex.onMouseDown = [this](int, int) { FlexMouseDown(); };
   Flex.onClick = [this] { SortByHeader(Flex, lastSort_); };
+  Flex.marking = {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone};
 }
 
 bool comFlex::IsSelected(std::int32_t inRow) {

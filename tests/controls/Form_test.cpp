@@ -9,7 +9,6 @@
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
 #include "controls/Following.h"
-#include "controls/PixelPlace.h"
 #include "controls/Selector.h"
 #include "controls/TabOrder.h"
 #include "platform/ResumeNext.h"
@@ -193,20 +192,7 @@ TEST_F(FormTest, TabSequence_FramesWithAndWithoutAnIndex_VisitsTheirPartsInPlace
   EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.brother, &form.inner, &form.outer));
 }
 
-// What a screen makes of places: edges are rounded on the form, so that what touches there touches
-// in pixels; and its views move with their frame.
-TEST_F(FormTest, PlaceAndFollowing_InAFrame_KeepStepWithIt) {
-  const auto edges = [&] {
-    const auto place = controls::PlaceInContainer(form.inner, [](controls::Twips twips) {
-      return static_cast<int>(std::lround(twips / 10));
-    });
-    return std::vector<int>{place.left, place.top, place.right, place.bottom};
-  };
-  form.inner.Move(3, 6, 20, 20);
-  EXPECT_THAT(edges(), ElementsAre(0, 1, 2, 3));
-  form.frame.Move(13, 17, 100, 100);
-  EXPECT_THAT(edges(), ElementsAre(1, 0, 3, 2));
-
+TEST_F(FormTest, Following_InAFrame_KeepsStepWithIt) {
   std::vector<controls::Aspect> applied;
   controls::Following following;
   following.Begin(form.inner, [&](const controls::Change& c) { applied.push_back(c.aspect); });

@@ -24,6 +24,7 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("calendar", "text"),
       Rule("platform", ""),
       Rule("controls", "text calendar platform"),
+      Rule("screens", "text calendar platform controls"),
       Rule("host", "text calendar platform controls"),
       Rule("tools", plain),
       Rule("batch", plain + "tools"),
@@ -32,8 +33,8 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("module", forms),
       Rule("adapters/report", plain, true),
       Rule("adapters/server", "text platform", true),
-      Rule("adapters/qt", plain + "adapters/report", true),
-      Rule("adapters/windows", plain + "adapters/report adapters/server", true),
+      Rule("adapters/qt", plain + "screens adapters/report", true),
+      Rule("adapters/windows", plain + "screens adapters/report adapters/server", true),
       Rule("adapters/odbc", plain + "adapters/server", true),
       Rule("adapters/*", plain, true),
       // Makes its database through an adapter, and is told nothing of the module.
@@ -45,7 +46,8 @@ const std::vector<LayerRule>& ProjectRules() {
       // Composition roots: the only ones that see both the module and the adapters.
       Rule("apps/activex", plain + "module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
-      Rule("apps/*", forms + "module adapters/* demo apps/connection apps/tour apps/activex", true),
+      Rule("apps/*",
+           forms + "screens module adapters/* demo apps/connection apps/tour apps/activex", true),
   };
   return rules;
 }

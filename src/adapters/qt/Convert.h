@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "controls/PixelPlace.h"
+#include "screens/PixelPlace.h"
 
 namespace adapters::qt {
 
@@ -35,7 +35,7 @@ inline controls::Twips ToTwips(const QWidget& widget, int pixels) {
 
 /// A control's place in its container, on the screen that `widget` is on.
 inline QRect PixelBounds(const QWidget& widget, const controls::Control& control) {
-  const auto [left, top, right, bottom] = controls::PlaceInContainer(
+  const auto [left, top, right, bottom] = screens::PlaceInContainer(
       control, [&widget](controls::Twips twips) { return ToPixels(widget, twips); });
   return {left, top, right - left, bottom - top};
 }

@@ -3,7 +3,7 @@
 #include <QColor>
 
 #include "adapters/qt/Convert.h"
-#include "controls/ScreenPalette.h"
+#include "screens/Palette.h"
 
 class QApplication;
 
@@ -14,14 +14,14 @@ namespace adapters::qt {
 void ApplyTheme(QApplication& application);
 
 namespace theme {
-inline constexpr QColor kText = ToQColor(controls::palette::kText);
-inline constexpr QColor kMutedText = ToQColor(controls::palette::kMutedText);
-inline constexpr QColor kLine = ToQColor(controls::palette::kLine);
-inline constexpr QColor kFaintLine = ToQColor(controls::palette::kFaintLine);
-inline constexpr QColor kField = ToQColor(controls::palette::kField);
-inline constexpr QColor kAccent = ToQColor(controls::palette::kAccent);
-inline constexpr QColor kAccentGround = ToQColor(controls::palette::kAccentGround);
-inline constexpr QColor kRefused = ToQColor(controls::palette::kRefused);
+inline constexpr QColor kText = ToQColor(screens::palette::kText);
+inline constexpr QColor kMutedText = ToQColor(screens::palette::kMutedText);
+inline constexpr QColor kLine = ToQColor(screens::palette::kLine);
+inline constexpr QColor kFaintLine = ToQColor(screens::palette::kFaintLine);
+inline constexpr QColor kField = ToQColor(screens::palette::kField);
+inline constexpr QColor kAccent = ToQColor(screens::palette::kAccent);
+inline constexpr QColor kAccentGround = ToQColor(screens::palette::kAccentGround);
+inline constexpr QColor kRefused = ToQColor(screens::palette::kRefused);
 }  // namespace theme
 
 }  // namespace adapters::qt

@@ -4,8 +4,9 @@
 
 #include "adapters/qt/BasicWidgets.h"
 #include "adapters/qt/DateBoxWidget.h"
-#include "adapters/qt/FlexGridView.h"
+#include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/SelectorWidget.h"
+#include "screens/GridPane.h"
 
 namespace adapters::qt {
 
@@ -55,7 +56,7 @@ void WidgetFactory::Visit(controls::Selector& selector) {
   Make<SelectorWidget>(selector);
 }
 void WidgetFactory::Visit(controls::FlexGrid& grid) {
-  Make<FlexGridView>(grid);
+  Make<PaneOf<screens::GridPane>>(grid);
 }
 
 }  // namespace adapters::qt

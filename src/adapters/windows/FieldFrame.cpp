@@ -83,7 +83,7 @@ void FieldFrame::PaintSign(const Canvas& canvas, const RECT& button) const {
     canvas.DropArrow(centre, scale, ink);
     return;
   }
-  const double unit = scale.Dpi() / 96.0;
+  const double unit = scale.Unit();
   const auto at = [&](double x, double y) -> Canvas::Point {
     return {centre.x + x * unit, centre.y + y * unit};
   };

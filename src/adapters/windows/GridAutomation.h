@@ -14,14 +14,9 @@ inline UINT GridCellRectMessage() {
   return message;
 }
 
-/// A cell's text: lParam points to a GridTextRequest of the same process. Returns the text's length
-/// in UTF-16 units, which may be more than was filled in; -1 for a cell that does not exist.
-struct GridTextRequest {
-  int row;
-  int col;
-  wchar_t* buffer;  // ends with a 0 when capacity is at least 1
-  int capacity;     // in UTF-16 units, the 0 at the end included
-};
+/// A cell's text: wParam is the row, lParam the column. Returns a global atom of its first 255
+/// UTF-16 units, which the caller deletes; 0 for an empty text, -1 for a cell that does not exist.
+/// No address is passed, since any process may send this.
 inline UINT GridTextMessage() {
   static const UINT message = RegisterWindowMessageW(L"PromoterGridText");
   return message;

@@ -146,7 +146,7 @@ void MonthPopupWindow::PaintArrow(const Canvas& canvas, Part part, bool toRight,
   if (browser_.Hovered().part == part) {
     canvas.RoundBox(place, Design(kCorner), theme::kAccentGround, theme::kAccentGround);
   }
-  const double unit = Look().GetScale().Dpi() / 96.0;
+  const double unit = Look().GetScale().Unit();
   const double tip = (toRight ? 1.5 : -1.5) * unit;
   const double y = (place.top + place.bottom) / 2.0;
   for (int i = 0; i < strokes; ++i) {

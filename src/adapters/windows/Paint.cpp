@@ -93,8 +93,8 @@ void Canvas::RoundBox(const RECT& area, int radius, Colour fill, Colour line, in
        fill);
 }
 
-void Canvas::Stroke(std::initializer_list<Point> points, double width, Colour colour) const {
-  if (points.size() == 0) return;
+void Canvas::Stroke(const std::vector<Point>& points, double width, Colour colour) const {
+  if (points.empty()) return;
   const auto [left, right] = std::minmax_element(
       points.begin(), points.end(), [](const Point& a, const Point& b) { return a.x < b.x; });
   const auto [top, bottom] = std::minmax_element(
@@ -102,8 +102,8 @@ void Canvas::Stroke(std::initializer_list<Point> points, double width, Colour co
   for (int y = static_cast<int>(top->y - width) - 1; y <= bottom->y + width + 1; ++y) {
     for (int x = static_cast<int>(left->x - width) - 1; x <= right->x + width + 1; ++x) {
       double nearest = width + 1;
-      for (const Point* at = points.begin(); at + 1 < points.end(); ++at) {
-        nearest = std::min(nearest, DistanceToSegment(x + 0.5, y + 0.5, at[0], at[1]));
+      for (std::size_t i = 1; i < points.size(); ++i) {
+        nearest = std::min(nearest, DistanceToSegment(x + 0.5, y + 0.5, points[i - 1], points[i]));
       }
       Blend(x, y, colour, width / 2 - nearest + 0.5);
     }
@@ -111,7 +111,7 @@ void Canvas::Stroke(std::initializer_list<Point> points, double width, Colour co
 }
 
 void Canvas::DropArrow(POINT centre, const Scale& scale, Colour colour) const {
-  const double unit = scale.Dpi() / 96.0;
+  const double unit = scale.Unit();
   const double x = centre.x;
   const double y = centre.y;
   Stroke({{x - 4 * unit, y - 2 * unit}, {x, y + 2 * unit}, {x + 4 * unit, y - 2 * unit}},

@@ -2,7 +2,6 @@
 
 #include <windows.h>
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -71,7 +70,7 @@ class Canvas {
     double x;
     double y;
   };
-  void Stroke(std::initializer_list<Point> points, double width, controls::Colour colour) const;
+  void Stroke(const std::vector<Point>& points, double width, controls::Colour colour) const;
   /// A small downward arrow around `centre`, as in a drop-down box.
   void DropArrow(POINT centre, const Scale& scale, controls::Colour colour) const;
   void Text(std::wstring_view text, const RECT& area, const TextLook& look) const;

@@ -5,21 +5,21 @@
 #include <utility>
 
 #include "adapters/windows/Scale.h"
-#include "controls/ScreenPalette.h"
+#include "screens/Palette.h"
 
 namespace adapters::windows {
 
 namespace theme {
 // A Colour is a COLORREF.
-using controls::palette::kAccent;
-using controls::palette::kAccentGround;
-using controls::palette::kFaintLine;
-using controls::palette::kField;
-using controls::palette::kLine;
-using controls::palette::kMutedText;
-using controls::palette::kRefused;
-using controls::palette::kText;
-inline constexpr controls::Colour kDeepAccent = controls::Rgb(128, 80, 45);
+using screens::palette::kAccent;
+using screens::palette::kAccentGround;
+using screens::palette::kDeepAccent;
+using screens::palette::kFaintLine;
+using screens::palette::kField;
+using screens::palette::kLine;
+using screens::palette::kMutedText;
+using screens::palette::kRefused;
+using screens::palette::kText;
 inline constexpr controls::Colour kNoteGround = controls::Rgb(255, 243, 196);
 inline constexpr controls::Colour kWhite = controls::Rgb(255, 255, 255);
 }  // namespace theme

@@ -5,9 +5,10 @@
 #include "adapters/windows/BasicWindows.h"
 #include "adapters/windows/ComboWindow.h"
 #include "adapters/windows/DateBoxWindow.h"
-#include "adapters/windows/GridWindow.h"
+#include "adapters/windows/PaneWindow.h"
 #include "adapters/windows/SelectorWindow.h"
 #include "adapters/windows/TextWindow.h"
+#include "screens/GridPane.h"
 
 namespace adapters::windows {
 
@@ -52,7 +53,7 @@ void WindowFactory::Visit(controls::Selector& selector) {
   Make<SelectorWindow>(selector);
 }
 void WindowFactory::Visit(controls::FlexGrid& grid) {
-  Make<GridWindow>(grid);
+  Make<PaneOf<screens::GridPane>>(grid);
 }
 
 }  // namespace adapters::windows

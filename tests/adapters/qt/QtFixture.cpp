@@ -11,11 +11,12 @@
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/DateBoxWidget.h"
-#include "adapters/qt/FlexGridView.h"
 #include "adapters/qt/MonthPopup.h"
+#include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/SelectorWidget.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
+#include "screens/GridPane.h"
 
 namespace contract {
 
@@ -106,7 +107,7 @@ void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
                                      QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
   const Qt::MouseButton used = button == 1 ? Qt::LeftButton : Qt::RightButton;
   const QPoint place(at.x, at.y);
-  QWidget& view = *WidgetOf<FlexGridView>(adapter->screen, form.flx).viewport();
+  QWidget& view = *WidgetOf<PaneWidget>(adapter->screen, form.flx).viewport();
   QMouseEvent event(kTypes[static_cast<int>(what)], place, view.mapToGlobal(place),
                     what == Mouse::kMove ? Qt::NoButton : used,
                     what == Mouse::kRelease ? Qt::NoButton : used, Modifiers(held));
@@ -114,7 +115,7 @@ void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
 }
 
 void ScreenTest::TurnWheelOnGrid(int delta) {
-  QWidget& view = *WidgetOf<FlexGridView>(adapter->screen, form.flx).viewport();
+  QWidget& view = *WidgetOf<PaneWidget>(adapter->screen, form.flx).viewport();
   const QPoint place = view.rect().center();
   QWheelEvent event(place, view.mapToGlobal(place), {}, {0, delta}, {}, {}, Qt::NoScrollPhase,
                     false);
@@ -191,7 +192,9 @@ Place ScreenTest::DayAt(int week, int weekday) {
 }
 
 Place ScreenTest::At(int row, int col) {
-  const QRect place = WidgetOf<FlexGridView>(adapter->screen, form.flx).CellPlace(row, col);
+  const auto& view = WidgetOf<PaneWidget>(adapter->screen, form.flx);
+  const auto& pane = dynamic_cast<const screens::GridPane&>(view.Content());
+  const QRect place = view.OnViewport(pane.CellPlace(row, col));
   return place.isEmpty() ? Place() : CentreOf(place);
 }
 

@@ -1,6 +1,5 @@
 // What forms on Windows do beyond what every screen does.
 
-#include "adapters/windows/GridAutomation.h"
 #include "adapters/windows/MessageComponent.h"
 #include "adapters/windows/ProgressWindow.h"
 #include "adapters/windows/WinFixture.h"
@@ -10,7 +9,6 @@ namespace adapters::windows {
 namespace {
 
 using contract::Key;
-using contract::Mouse;
 using controls::Modality;
 
 TEST_F(WinScreenTest, ShowModal_Form_TakesTheInputOfTheOthersAndGivesItBack) {
@@ -141,40 +139,10 @@ TEST_F(WinScreenTest, SelectorOf100000Rows_ScrolledToItsEnd_GivesARowOfThere) {
   EXPECT_EQ(form.sltCity.SelectedID(), 99998);
 }
 
-class WinGridTest : public WinScreenTest {
- protected:
-  WinGridTest() {
-    form.flx.SetRows(100001);
-    form.flx.SetCols(4);
-    ShowForm();
-    UpdateWindow(Of(form.flx));
-  }
-  LONG UnpaintedHeight() const {
-    RECT area{};
-    GetUpdateRect(Of(form.flx), &area, FALSE);
-    UpdateWindow(Of(form.flx));
-    return area.bottom - area.top;
-  }
-};
-
-TEST_F(WinGridTest, Changed_RepaintsOnlyTheRowsConcerned) {
-  form.flx.SetTextMatrix(5, 2, "x");
-  EXPECT_NEAR(UnpaintedHeight(), 19, 4);
-  form.flx.SetTextMatrix(90000, 2, "x");
-  EXPECT_EQ(UnpaintedHeight(), 0) << "out of sight";
-  form.flx.SetRow(2);
-  EXPECT_NEAR(UnpaintedHeight(), 2 * 19, 4) << "where the selection was and is";
-}
-
-TEST_F(WinGridTest, Unloaded_FromItsOwnEvent_StillTakesMessages) {
-  const HWND window = Of(form.flx);
-  form.flx.onDblClick = [&] { form.Unload(); };
-  SendMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(60, 60));
-  SendMessageW(window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(61, 60));
-  EXPECT_EQ(SendMessageW(window, GridRowsMessage(), 0, 0), 0);
-}
-
-TEST_F(WinGridTest, Scrolled_EitherWay_MovesTheCellsAndTheThumb) {
+TEST_F(WinScreenTest, GridScrolled_EitherWay_MovesTheCellsAndTheThumb) {
+  form.flx.SetRows(100001);
+  form.flx.SetCols(4);
+  ShowForm();
   SendMessageW(Of(form.flx), WM_VSCROLL, SB_BOTTOM, 0);
   SCROLLINFO bar{sizeof bar, SIF_ALL, 0, 0, 0, 0, 0};
   GetScrollInfo(Of(form.flx), SB_VERT, &bar);

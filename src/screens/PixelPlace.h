@@ -4,7 +4,7 @@
 
 #include "controls/Control.h"
 
-namespace controls {
+namespace screens {
 
 /// Edges in pixels from the container's left and top edge.
 struct PixelPlace {
@@ -17,6 +17,7 @@ struct PixelPlace {
 /// A control's place in its container. `pixels` rounds a length in twips. Edges are rounded, not
 /// sizes, and on the form, not in the container, so that controls that touch in twips touch in
 /// pixels, also those in different frames.
-PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twips)>& pixels);
+PixelPlace PlaceInContainer(const controls::Control& control,
+                            const std::function<int(controls::Twips)>& pixels);
 
-}  // namespace controls
+}  // namespace screens

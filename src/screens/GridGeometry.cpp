@@ -1,15 +1,15 @@
-#include "adapters/windows/GridGeometry.h"
+#include "screens/GridGeometry.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <cmath>
 
-namespace adapters::windows {
+namespace screens {
 
-void GridGeometry::Measure(SIZE view, const Scale& scale, int rowHeight) {
+void GridGeometry::Measure(Size view, const Scale& scale, int rowHeight) {
   view_ = view;
   rowHeight_ = rowHeight;
   columns_.clear();
-  controls::Twips spare = scale.Twips(view.cx);
+  controls::Twips spare = scale.Twips(view.width);
   for (int col = 0; col < grid_.Cols(); ++col) spare -= grid_.ColWidth(col);
   // Edges are rounded, not widths, so that a fraction of a pixel does not add up.
   controls::Twips sum = 0;
@@ -79,11 +79,10 @@ int GridGeometry::RowTop(int row) const {
 }
 
 int GridGeometry::LastRowInSight() const {
-  const int below = (Height() - FixedHeight() + rowHeight_ - 1) / rowHeight_;
-  return std::min(grid_.Rows(), grid_.FixedRows() + above_ + below) - 1;
+  return std::min(grid_.Rows(), grid_.FixedRows() + above_ + PageRows()) - 1;
 }
 
-RECT GridGeometry::ColumnPlace(int col) const {
+Rect GridGeometry::ColumnPlace(int col) const {
   const Edges& edges = columns_[static_cast<std::size_t>(col)];
   const int moved = Width() + (col < grid_.FixedCols() ? 0 : across_);
   return {moved - edges.end, 0, moved - edges.begin, Height()};
@@ -91,10 +90,10 @@ RECT GridGeometry::ColumnPlace(int col) const {
 
 std::vector<int> GridGeometry::ColumnsInSight(bool fixed) const {
   const int split = std::min(grid_.FixedCols(), Columns());
-  const RECT room = Room(fixed, true);
+  const Rect room = Room(fixed, true);
   std::vector<int> seen;
   for (int col = fixed ? 0 : split; col < (fixed ? split : Columns()); ++col) {
-    const RECT place = ColumnPlace(col);
+    const Rect place = ColumnPlace(col);
     if (place.right > place.left && place.right > room.left && place.left < room.right) {
       seen.push_back(col);
     }
@@ -102,35 +101,34 @@ std::vector<int> GridGeometry::ColumnsInSight(bool fixed) const {
   return seen;
 }
 
-RECT GridGeometry::Room(bool fixedCols, bool withFixedRows) const {
-  return {0, withFixedRows ? 0 : FixedHeight(), Width() - (fixedCols ? 0 : FixedWidth()), Height()};
+Rect GridGeometry::Room(bool fixedCols, bool withFixedRows) const {
+  return {0, withFixedRows ? 0 : FixedHeight(), Width() - (fixedCols ? 0 : FixedWidth()),
+          std::min(Height(), RowsBottom())};
 }
 
-RECT GridGeometry::CellPlace(int row, int col) const {
+Rect GridGeometry::CellPlace(int row, int col) const {
   if (row < 0 || row >= grid_.Rows() || col < 0 || col >= Columns()) return {};
-  const RECT room = Room(col < grid_.FixedCols(), row < grid_.FixedRows());
-  RECT place = ColumnPlace(col);
+  const Rect room = Room(col < grid_.FixedCols(), row < grid_.FixedRows());
+  Rect place = ColumnPlace(col);
   place.top = RowTop(row);
   place.bottom = place.top + rowHeight_;
-  RECT seen{};
-  IntersectRect(&seen, &place, &room);
-  return seen;
+  return place.Common(room);
 }
 
-GridGeometry::Cell GridGeometry::CellAt(POINT place) const {
-  int row = std::max(0, static_cast<int>(place.y)) / rowHeight_;
+GridGeometry::Cell GridGeometry::CellAt(Point place) const {
+  int row = std::max(0, place.y) / rowHeight_;
   if (row >= grid_.FixedRows()) row += above_;
-  row = std::min(row, grid_.Rows());
+  row = place.y >= RowsBottom() ? grid_.Rows() : std::min(row, grid_.Rows());
   for (const bool fixed : {true, false}) {
     for (const int col : ColumnsInSight(fixed)) {
-      const RECT column = ColumnPlace(col);
+      const Rect column = ColumnPlace(col);
       if (place.x >= column.left && place.x < column.right) return {row, col};
     }
   }
   return {row, place.x >= Width() ? 0 : grid_.Cols()};
 }
 
-std::optional<int> GridGeometry::BorderAt(POINT place, int reach) const {
+std::optional<int> GridGeometry::BorderAt(Point place, int reach) const {
   if (place.y < 0 || place.y >= FixedHeight()) return std::nullopt;
   for (const bool fixed : {true, false}) {
     for (const int col : ColumnsInSight(fixed)) {
@@ -140,9 +138,9 @@ std::optional<int> GridGeometry::BorderAt(POINT place, int reach) const {
   return std::nullopt;
 }
 
-RECT GridGeometry::RowsPlace(int firstRow, int lastRow) const {
+Rect GridGeometry::RowsPlace(int firstRow, int lastRow) const {
   const int fixed = grid_.FixedRows();
-  RECT place{0, 0, Width(), 0};
+  Rect place{0, 0, Width(), 0};
   if (firstRow < fixed) {
     place.top = RowTop(firstRow);
     place.bottom = RowTop(std::min(lastRow, fixed - 1)) + rowHeight_;
@@ -153,18 +151,18 @@ RECT GridGeometry::RowsPlace(int firstRow, int lastRow) const {
     if (place.bottom == 0) place.top = RowTop(first) - 1;
     place.bottom = RowTop(last) + rowHeight_ + 1;
   }
-  return place.bottom > place.top ? place : RECT{};
+  return place.Empty() ? Rect{} : place;
 }
 
-RECT GridGeometry::BlockPlace(int firstRow, int firstCol, int lastRow, int lastCol) const {
+Rect GridGeometry::BlockPlace(int firstRow, int firstCol, int lastRow, int lastCol) const {
   if (lastCol >= Columns()) return {};
   // A frame of 100,000 rows is longer than some displays can draw.
-  constexpr LONG kBeyond = 4;
-  const RECT place{std::max(ColumnPlace(lastCol).left, -kBeyond),
-                   std::max(LONG{RowTop(firstRow)}, -kBeyond),
+  constexpr int kBeyond = 8;
+  const Rect place{std::max(ColumnPlace(lastCol).left, -kBeyond),
+                   std::max(RowTop(firstRow), -kBeyond),
                    std::min(ColumnPlace(firstCol).right, Width() + kBeyond),
-                   std::min(LONG{RowTop(lastRow) + rowHeight_}, Height() + kBeyond)};
-  return place.right > place.left && place.bottom > place.top ? place : RECT{};
+                   std::min(RowTop(lastRow) + rowHeight_, Height() + kBeyond)};
+  return place.Empty() ? Rect{} : place;
 }
 
-}  // namespace adapters::windows
+}  // namespace screens

@@ -1,8 +1,12 @@
-#include "controls/PixelPlace.h"
+#include "screens/PixelPlace.h"
 
 #include "controls/Controls.h"
 
-namespace controls {
+namespace screens {
+
+using controls::Control;
+using controls::Frame;
+using controls::Twips;
 
 PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twips)>& pixels) {
   Twips originX = 0;
@@ -21,4 +25,4 @@ PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twip
           edge(originY, control.Top() + control.Height())};
 }
 
-}  // namespace controls
+}  // namespace screens

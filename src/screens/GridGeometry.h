@@ -1,18 +1,17 @@
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <vector>
 
-#include "adapters/windows/Scale.h"
 #include "controls/FlexGrid.h"
+#include "screens/Rect.h"
+#include "screens/Scale.h"
 
-namespace adapters::windows {
+namespace screens {
 
-/// Where the cells of a grid lie in its window: from right to left, column 0 at the right edge,
-/// fixed rows and columns in place, the others scrolled by whole rows and, across, by pixels. All
-/// places are client coordinates in pixels; a RECT's right and bottom lie outside of it.
+/// Where the cells of a grid lie in its pane: from right to left, column 0 at the right edge, fixed
+/// rows and columns in place, the others scrolled by whole rows and, across, by pixels. Only rows
+/// that the pane has room for as a whole are in sight, but at least one.
 ///
 /// The widths of the columns are taken by Measure; rows and counts are asked of the grid each time,
 /// so that nothing of a grid is asked for that it has not got any more.
@@ -21,21 +20,20 @@ class GridGeometry {
   struct Cell {
     int row = 0;
     int col = 0;
-    friend bool operator==(const Cell&, const Cell&) = default;
   };
 
   /// `grid` must outlive this, or at least every call of it.
   explicit GridGeometry(const controls::FlexGrid& grid) : grid_(grid) {}
 
-  /// Takes the window's size and the columns' widths; the stretched column takes the room that is
+  /// Takes the pane's size and the columns' widths; the stretched column takes the room that is
   /// left. Scrolls back as far as there is nothing to show.
-  void Measure(SIZE view, const Scale& scale, int rowHeight);
+  void Measure(Size view, const Scale& scale, int rowHeight);
   /// Scrolls back where the rows became fewer.
   void KeepInside();
 
   int RowHeight() const { return rowHeight_; }
-  int Width() const { return view_.cx; }
-  int Height() const { return view_.cy; }
+  int Width() const { return view_.width; }
+  int Height() const { return view_.height; }
   int FixedWidth() const;
   int FixedHeight() const;
   /// Width of all columns together.
@@ -54,27 +52,30 @@ class GridGeometry {
   bool Reveal(int row, int col);
 
   int LastRowInSight() const;
+  /// Where the room of the rows ends; what is left below shows nothing.
+  int RowsBottom() const { return FixedHeight() + PageRows() * rowHeight_; }
   int RowTop(int row) const;
   /// Left and right edge of a column over the whole height.
-  RECT ColumnPlace(int col) const;
+  Rect ColumnPlace(int col) const;
   std::vector<int> ColumnsInSight(bool fixed) const;
-  /// The room of the cells that scroll across (or do not) below the fixed rows (or with them).
-  RECT Room(bool fixedCols, bool withFixedRows) const;
+  /// The room of the cells that scroll across (or do not) below the fixed rows (or with them), down
+  /// to the end of the rows.
+  Rect Room(bool fixedCols, bool withFixedRows) const;
   /// Empty when the cell is hidden, scrolled away or does not exist.
-  RECT CellPlace(int row, int col) const;
+  Rect CellPlace(int row, int col) const;
   /// Rows() below the last row, Cols() beyond the last column; right of the view is column 0.
-  Cell CellAt(POINT place) const;
+  Cell CellAt(Point place) const;
   /// The column whose left border is at a place in the headings.
-  std::optional<int> BorderAt(POINT place, int reach) const;
-  /// What rows take of the window, the lines of a frame around them included; empty where none of
+  std::optional<int> BorderAt(Point place, int reach) const;
+  /// What rows take of the pane, the lines of a frame around them included; empty where none of
   /// them is in sight.
-  RECT RowsPlace(int firstRow, int lastRow) const;
+  Rect RowsPlace(int firstRow, int lastRow) const;
   /// Where the frame around a block is drawn: from the right column to the left one; cut off near
-  /// the window where the block is longer.
-  RECT BlockPlace(int firstRow, int firstCol, int lastRow, int lastCol) const;
+  /// the pane where the block is longer.
+  Rect BlockPlace(int firstRow, int firstCol, int lastRow, int lastCol) const;
 
  private:
-  struct Edges {  // of a column, from the window's right edge before scrolling
+  struct Edges {  // of a column, from the pane's right edge before scrolling
     int begin = 0;
     int end = 0;
   };
@@ -82,10 +83,10 @@ class GridGeometry {
 
   const controls::FlexGrid& grid_;
   std::vector<Edges> columns_;
-  SIZE view_{};
+  Size view_;
   int rowHeight_ = 19;
   int above_ = 0;
   int across_ = 0;
 };
 
-}  // namespace adapters::windows
+}  // namespace screens

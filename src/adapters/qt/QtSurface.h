@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QPainter>
+
+#include "screens/Surface.h"
+
+namespace adapters::qt {
+
+/// A painter as panes see it. The painter's unit must be a device pixel, the font as large in it.
+class QtSurface : public screens::Surface {
+ public:
+  QtSurface(QPainter& painter, const QFont& font);
+
+  void Fill(const screens::Rect& area, controls::Colour colour) override;
+  void Text(std::string_view text, const screens::Rect& box,
+            const screens::TextStyle& style) override;
+  void Stroke(std::initializer_list<screens::Point> points, double width,
+              controls::Colour colour) override;
+  void PushClip(const screens::Rect& area) override;
+  void PopClip() override;
+
+ private:
+  QPainter& painter_;
+  QFont normal_;
+  QFont bold_;
+};
+
+inline QRect ToQRect(const screens::Rect& rect) {
+  return {rect.left, rect.top, rect.Width(), rect.Height()};
+}
+
+QFont Bold(QFont font);
+
+}  // namespace adapters::qt

@@ -1,0 +1,137 @@
+#include "screens/GridPane.h"
+
+#include <algorithm>
+
+namespace screens {
+
+using controls::Aspect;
+using controls::Change;
+using controls::FlexGrid;
+
+namespace {
+
+constexpr int kColumnStep = 40;  // at 96 dpi
+
+}  // namespace
+
+GridPane::GridPane(FlexGrid& grid, PaneHost& host) : grid_(&grid), host_(host), geometry_(grid) {}
+
+void GridPane::Changed(const Change& change) {
+  if (grid_ == nullptr) return;
+  switch (change.aspect) {
+    case Aspect::kColumns:
+    case Aspect::kBounds:
+      Measure();
+      break;
+    case Aspect::kRows:
+      geometry_.KeepInside();
+      UpdateScrollBars();
+      RepaintAll();
+      break;
+    case Aspect::kCells:
+      RepaintRows({change.firstRow, change.lastRow});
+      break;
+    case Aspect::kSelection:
+      RepaintBlock();
+      break;
+    default:
+      RepaintAll();
+      break;
+  }
+}
+
+void GridPane::Resized(Size size) {
+  size_ = size;
+  Measure();
+}
+
+void GridPane::Measure() {
+  if (grid_ == nullptr) return;
+  const Scale scale = host_.GetScale();
+  const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), host_.LineHeight() + 2);
+  geometry_.Measure(size_, scale, rowHeight);
+  UpdateScrollBars();
+  RepaintAll();
+}
+
+void GridPane::UpdateScrollBars() {
+  // A bar that comes or goes changes the pane's size, which is measured within this call.
+  host_.SetScrollBar(Axis::kDown, {grid_->Rows() - grid_->FixedRows(), geometry_.PageRows(),
+                                   geometry_.RowsAbove(), 1});
+  host_.SetScrollBar(Axis::kAcross, {geometry_.ColumnsWidth(), geometry_.Width(),
+                                     geometry_.Across(), host_.GetScale().Design(kColumnStep)});
+}
+
+void GridPane::ScrollTo(int rowsAbove, int across) {
+  const GridGeometry before = geometry_;
+  if (geometry_.ScrollTo(rowsAbove, across)) ShowScrolled(before);
+}
+
+void GridPane::Reveal(int row, int col) {
+  const GridGeometry before = geometry_;
+  if (geometry_.Reveal(row, col)) ShowScrolled(before);
+}
+
+void GridPane::ShowScrolled(const GridGeometry& before) {
+  if (geometry_.Across() != before.Across() || !LookUpPlace().Empty()) {
+    RepaintAll();
+  } else {
+    host_.ScrollPart(geometry_.Room(true, false),
+                     (before.RowsAbove() - geometry_.RowsAbove()) * geometry_.RowHeight());
+  }
+  UpdateScrollBars();
+}
+
+void GridPane::Scrolled(Axis axis, int place) {
+  if (grid_ == nullptr) return;
+  const bool down = axis == Axis::kDown;
+  ScrollTo(down ? place : geometry_.RowsAbove(), down ? geometry_.Across() : place);
+}
+
+void GridPane::Wheel(const WheelEvent& event) {
+  if (grid_ == nullptr) return;
+  if (event.left != 0 || event.modifiers.shift) {
+    const double notches = event.left != 0 ? event.left : event.up;
+    ScrollTo(geometry_.RowsAbove(),
+             geometry_.Across() + host_.GetScale().Design(notches * kColumnStep));
+    return;
+  }
+  wheelRest_ += event.up * (event.lines > 0 ? event.lines : geometry_.PageRows());
+  // A hair more, because parts of a notch that are binary fractions of none add up to less.
+  const int rows = static_cast<int>(wheelRest_ + (wheelRest_ > 0 ? 1e-6 : -1e-6));
+  wheelRest_ -= rows;
+  ScrollTo(geometry_.RowsAbove() - rows, geometry_.Across());
+}
+
+void GridPane::FocusChanged(bool focused) {
+  focused_ = focused;
+  if (!focused) EndLookUp();
+  RepaintRows(shownBlock_);
+}
+
+void GridPane::RepaintAll() {
+  host_.Repaint({0, 0, size_.width, size_.height});
+}
+
+void GridPane::RepaintRows(Span rows) {
+  if (grid_ == nullptr) return;
+  const Rect place = geometry_.RowsPlace(rows.first, rows.last);
+  if (!place.Empty()) host_.Repaint(place);
+}
+
+void GridPane::RepaintBlock() {
+  RepaintRows(shownBlock_);
+  const auto [first, last] = std::minmax({grid_->Row(), grid_->RowSel()});
+  shownBlock_ = {first, last};
+  RepaintRows(shownBlock_);
+}
+
+bool GridPane::IsDataRow(int row) const {
+  return row >= grid_->FixedRows() && row < grid_->Rows();
+}
+
+Rect GridPane::CellPlace(int row, int col) const {
+  return grid_ == nullptr ? Rect{} : geometry_.CellPlace(row, col);
+}
+
+}  // namespace screens

@@ -1,0 +1,145 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "controls/Control.h"
+#include "screens/Rect.h"
+#include "screens/Scale.h"
+#include "screens/Surface.h"
+
+namespace screens {
+
+struct Modifiers {
+  bool shift = false;
+  bool control = false;
+  bool alt = false;
+};
+
+/// The numbers are those that the models' handlers are given.
+enum class MouseButton { kLeft = 1, kRight = 2, kMiddle = 4 };
+
+/// From a press to its release every move comes to the pane, from outside of it too.
+struct PointerEvent {
+  enum class Action { kPress, kMove, kRelease };
+  Action action = Action::kMove;
+  Point place;
+  MouseButton button = MouseButton::kLeft;  // of a press or release
+  int clicks = 1;                           // of a press: 2 for the second of a double click
+  bool leftHeld = false;                    // during a move
+  Modifiers modifiers{};
+};
+
+/// A turn of the wheel in notches, parts of which come from fine wheels and touch pads.
+struct WheelEvent {
+  double up = 0;
+  double left = 0;
+  int lines = 3;  // that a notch moves, as the system is set; 0 for a page
+  Modifiers modifiers{};
+};
+
+/// The keys that some pane gives a meaning. Letters are named by the Latin letter of their key and
+/// come with Control; what is typed comes as kText, but a blank as kSpace.
+enum class Key {
+  kText,
+  kSpace,
+  kEnter,
+  kEscape,
+  kBackspace,
+  kInsert,
+  kUp,
+  kDown,
+  kLeft,
+  kRight,
+  kPageUp,
+  kPageDown,
+  kHome,
+  kEnd,
+  kF3,
+  kF6,
+  kA,
+  kC,
+  kD,
+  kI
+};
+
+struct KeyEvent {
+  Key key = Key::kText;
+  Modifiers modifiers{};
+  std::string text{};  // UTF-8, of kText
+};
+
+enum class Cursor { kArrow, kColumnBorder };
+enum class Axis { kDown, kAcross };
+
+/// `count` steps or pixels, of which `page` are seen from `place` on. Across, both are counted from
+/// the right edge.
+struct ScrollRange {
+  int count = 0;
+  int page = 0;
+  int place = 0;
+  int step = 1;  // of the bar's arrows
+  friend bool operator==(const ScrollRange&, const ScrollRange&) = default;
+};
+
+/// A text that explains a part of a pane; empty for none.
+struct Tip {
+  Rect place;
+  std::string text;
+};
+
+/// What a pane asks of the toolkit whose window it fills. Lives longer than the pane.
+class PaneHost {
+ public:
+  virtual ~PaneHost() = default;
+
+  virtual Scale GetScale() const = 0;
+  /// Height of a line of text, and the width of a text on one line.
+  virtual int LineHeight() const = 0;
+  virtual int TextWidth(std::string_view text, Weight weight) const = 0;
+  /// Whether the control and all that it stands in is enabled.
+  virtual bool Enabled() const = 0;
+
+  /// The area is painted again, once the event under way is over.
+  virtual void Repaint(const Rect& area) = 0;
+  /// Moves what is painted in the area down (or up), and repaints what comes into sight.
+  virtual void ScrollPart(const Rect& area, int down) = 0;
+  /// Shows a bar where there is more than a page. May change the pane's size (see Pane::Resized)
+  /// before it returns.
+  virtual void SetScrollBar(Axis axis, const ScrollRange& range) = 0;
+  /// Begins to call Pane::Tick, or ends it with 0.
+  virtual void SetTimer(int milliseconds) = 0;
+  virtual void CopyToClipboard(const std::string& text) = 0;
+};
+
+/// A control that is painted and worked by plain code, in a window of any toolkit. The host calls
+/// it under its error guard: what a model's handler throws travels through. Any event of the user's
+/// may end with the model gone and the pane detached.
+class Pane {
+ public:
+  virtual ~Pane() = default;
+
+  /// The model is not touched again; everything else is still called.
+  virtual void Detach() = 0;
+  virtual void Changed(const controls::Change& change) = 0;
+  /// Another size, scale or font.
+  virtual void Resized(Size size) = 0;
+  /// Paints `dirty` at least; the ground is undefined before.
+  virtual void Paint(Surface& surface, const Rect& dirty) const = 0;
+
+  virtual void Pointer(const PointerEvent& event) = 0;
+  /// The rest of a press will not come: something else took the mouse.
+  virtual void PointerLost() = 0;
+  virtual void Wheel(const WheelEvent& event) = 0;
+  /// Returns false for a key that it has no use for, which is then the form's.
+  virtual bool PressKey(const KeyEvent& event) = 0;
+  virtual void FocusChanged(bool focused) = 0;
+  virtual void Tick() = 0;
+  /// The user moved a scroll bar.
+  virtual void Scrolled(Axis axis, int place) = 0;
+
+  virtual Cursor CursorAt(Point place) const = 0;
+  virtual Tip TipAt(Point place) const = 0;
+};
+
+}  // namespace screens

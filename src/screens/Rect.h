@@ -1,0 +1,42 @@
+#pragma once
+
+#include <algorithm>
+
+namespace screens {
+
+// Places on a pane: device pixels from its left and top edge, on whichever side its text begins.
+
+struct Point {
+  int x = 0;
+  int y = 0;
+};
+
+struct Size {
+  int width = 0;
+  int height = 0;
+};
+
+/// The right and bottom edges are the first pixels outside.
+struct Rect {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+
+  int Width() const { return right - left; }
+  int Height() const { return bottom - top; }
+  bool Empty() const { return right <= left || bottom <= top; }
+  Point Middle() const { return {(left + right) / 2, (top + bottom) / 2}; }
+  bool Contains(Point at) const {
+    return left <= at.x && at.x < right && top <= at.y && at.y < bottom;
+  }
+  /// What both cover; all edges 0 where they do not touch.
+  Rect Common(const Rect& other) const {
+    const Rect both{std::max(left, other.left), std::max(top, other.top),
+                    std::min(right, other.right), std::min(bottom, other.bottom)};
+    return both.Empty() ? Rect{} : both;
+  }
+  friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+}  // namespace screens

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "controls/Control.h"
+#include "screens/Rect.h"
+
+namespace screens {
+
+enum class Side { kRight, kCentre, kLeft };
+enum class Direction { kRightToLeft, kLeftToRight };
+enum class Weight { kNormal, kBold };
+
+/// How a text stands in its box, always in the middle between top and bottom.
+struct TextStyle {
+  controls::Colour colour = 0;
+  Side side = Side::kRight;
+  /// In which direction the whole text is read; letters of the other script run their own way.
+  Direction direction = Direction::kRightToLeft;
+  Weight weight = Weight::kNormal;
+};
+
+/// What panes are painted on; a toolkit brings one. Lengths are device pixels, colours come from
+/// screens/Palette.h, texts are UTF-8 in the font of the screens.
+class Surface {
+ public:
+  virtual ~Surface() = default;
+
+  virtual void Fill(const Rect& area, controls::Colour colour) = 0;
+  /// One line of text; what does not fit its box ends in "…".
+  virtual void Text(std::string_view text, const Rect& box, const TextStyle& style) = 0;
+  /// A smooth line through points with round ends: signs are made of it.
+  virtual void Stroke(std::initializer_list<Point> points, double width,
+                      controls::Colour colour) = 0;
+  /// What follows stays within `area` too, until the PopClip that belongs to it. Use Clipped.
+  virtual void PushClip(const Rect& area) = 0;
+  virtual void PopClip() = 0;
+
+  /// A frame of this thickness along the inside of the edges.
+  void Frame(const Rect& area, controls::Colour colour, int thickness = 1) {
+    Fill({area.left, area.top, area.right, area.top + thickness}, colour);
+    Fill({area.left, area.bottom - thickness, area.right, area.bottom}, colour);
+    Fill({area.left, area.top + thickness, area.left + thickness, area.bottom - thickness}, colour);
+    Fill({area.right - thickness, area.top + thickness, area.right, area.bottom - thickness},
+         colour);
+  }
+};
+
+/// Keeps the painting within an area while it lives.
+class Clipped {
+ public:
+  Clipped(Surface& surface, const Rect& area) : surface_(surface) { surface_.PushClip(area); }
+  ~Clipped() { surface_.PopClip(); }
+  Clipped(const Clipped&) = delete;
+  Clipped& operator=(const Clipped&) = delete;
+
+ private:
+  Surface& surface_;
+};
+
+}  // namespace screens

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "screens/Pane.h"
+
+namespace screens {
+
+/// A toolkit without a window: letters are 6 pixels wide, and what the pane asks for is kept.
+struct ScriptedHost : PaneHost {
+  Scale GetScale() const override { return Scale(dpi); }
+  int LineHeight() const override { return 15; }
+  int TextWidth(std::string_view text, Weight /*weight*/) const override {
+    int letters = 0;
+    for (const char byte : text) letters += (byte & 0xC0) != 0x80 ? 1 : 0;
+    return 6 * letters;
+  }
+  bool Enabled() const override { return true; }
+  void Repaint(const Rect& area) override { repainted.push_back(area); }
+  void ScrollPart(const Rect& /*area*/, int rows) override { scrolled += rows; }
+  void SetScrollBar(Axis axis, const ScrollRange& range) override {
+    (axis == Axis::kDown ? down : across) = range;
+  }
+  void SetTimer(int milliseconds) override { timer = milliseconds; }
+  void CopyToClipboard(const std::string& text) override { copied = text; }
+
+  double dpi = 96;
+  std::vector<Rect> repainted;
+  int scrolled = 0;
+  ScrollRange down;
+  ScrollRange across;
+  int timer = 0;
+  std::string copied;
+};
+
+/// Keeps what was painted, to be asked by place.
+struct RecordingSurface : Surface {
+  RecordingSurface() { clips.push_back({-9999, -9999, 9999, 9999}); }
+  struct Line {
+    std::string text;
+    Rect box;
+    TextStyle style;
+  };
+  void Fill(const Rect& area, controls::Colour colour) override {
+    fills.emplace_back(area.Common(clips.back()), colour);
+  }
+  void Text(std::string_view text, const Rect& box, const TextStyle& style) override {
+    texts.push_back({std::string(text), box, style});
+  }
+  void Stroke(std::initializer_list<Point> points, double /*width*/,
+              controls::Colour /*colour*/) override {
+    strokes.push_back(*points.begin());
+  }
+  void PushClip(const Rect& area) override { clips.push_back(area.Common(clips.back())); }
+  void PopClip() override { clips.pop_back(); }
+
+  controls::Colour ColourAt(Point at) const {
+    controls::Colour colour = 0;
+    for (const auto& [area, fill] : fills) {
+      if (area.Contains(at)) colour = fill;
+    }
+    return colour;
+  }
+  bool Shows(std::string_view text) const {
+    for (const Line& line : texts) {
+      if (line.text == text) return true;
+    }
+    return false;
+  }
+
+  std::vector<Rect> clips;
+  std::vector<std::pair<Rect, controls::Colour>> fills;
+  std::vector<Line> texts;
+  std::vector<Point> strokes;
+};
+
+}  // namespace screens
