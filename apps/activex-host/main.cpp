@@ -5,7 +5,6 @@
 #include <ole2.h>
 #include <shellapi.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <list>
@@ -16,6 +15,7 @@
 #include "Container.h"
 #include "Office.h"
 #include "StandIns.h"
+#include "Terminal.h"
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
 #include "apps/connection/ConnectionOption.h"
@@ -133,6 +133,8 @@ int Run(const Options& options) {
   login.connectionString = OfficeFor(options, tourFolder);
   login.user = options.user;
   login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
+  // For the control: the pictures of a tour are always the same.
+  if (touring) SetEnvironmentVariableW(L"DISTPROMOTER_FORGET_PLACES", L"1");
   const activexhost::StandIns standIns;
   Containers containers;
   const std::function<void()> open = [&] {
@@ -171,14 +173,14 @@ std::vector<std::string> Arguments() {
 }  // namespace
 
 int main() {
-  SetConsoleOutputCP(CP_UTF8);
+  const activexhost::Terminal terminal;
   const Options options = Parse(Arguments());
   if (options.help) {
-    std::fputs(kHelp, stdout);
+    terminal.Say(kHelp);
     return EXIT_SUCCESS;
   }
   if (!options.mistake.empty()) {
-    std::fprintf(stderr, "%s\n", options.mistake.c_str());
+    terminal.Complain(options.mistake + "\n");
     return 2;
   }
   OleInitialize(nullptr);
@@ -186,9 +188,9 @@ int main() {
   try {
     result = Run(options);
   } catch (const platform::RuntimeError& error) {
-    std::fprintf(stderr, "%s (%ld)\n", error.what(), static_cast<long>(error.Number()));
+    terminal.Complain(std::string(error.what()) + " (" + std::to_string(error.Number()) + ")\n");
   } catch (const connection::ConnectionMissing& error) {
-    std::fprintf(stderr, "%s\n", error.what());
+    terminal.Complain(std::string(error.what()) + "\n");
   }
   OleUninitialize();
   return result;

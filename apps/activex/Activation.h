@@ -72,6 +72,11 @@ class Activation final
   }
   HRESULT STDMETHODCALLTYPE EnableModeless(BOOL enable) noexcept override;
 
+  /// Takes the window in place, if there is one, out of sight.
+  void HideWindow() {
+    if (window_) window_->Show(false);
+  }
+
  private:
   HRESULT ActivateInPlace();
   HRESULT ActivateUI();

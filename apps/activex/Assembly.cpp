@@ -7,6 +7,7 @@
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
 #include "adapters/windows/ErrorGuard.h"
+#include "adapters/windows/Places.h"
 #include "adapters/windows/ProgressWindow.h"
 #include "adapters/windows/ScriptingFileSystem.h"
 #include "adapters/windows/Services.h"
@@ -56,6 +57,7 @@ struct Assembly::Parts {
   adapters::windows::ErrorGuard guard;
   adapters::windows::WinClock clock;
   adapters::windows::Theme theme;
+  adapters::windows::RegistryPlaces places;
   HostedScreen screen{guard, clock, theme, users};
   Databases connections;
   adapters::windows::ComComponents components;
@@ -83,6 +85,10 @@ struct Assembly::Parts {
 };
 
 Assembly::Assembly() : parts_(std::make_unique<Parts>()) {
+  // A host that plays by itself wants the same windows each time.
+  if (GetEnvironmentVariableW(L"DISTPROMOTER_FORGET_PLACES", nullptr, 0) == 0) {
+    parts_->screen.RememberPlaces(parts_->places);
+  }
   ofThread = this;
 }
 

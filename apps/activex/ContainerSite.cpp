@@ -35,11 +35,17 @@ bool ContainerSite::Modal() const {
   return false;
 }
 
-void ContainerSite::PutToExtender(std::string_view name,
-                                  const adapters::windows::Variant& value) const {
+ComPtr<IDispatch> ContainerSite::Extender() const {
   const auto site = client_.As<IOleControlSite>(IID_IOleControlSite);
   ComPtr<IDispatch> extender;
-  if (!site || FAILED(site->GetExtendedControl(extender.Out())) || !extender) return;
+  if (!site || FAILED(site->GetExtendedControl(extender.Out()))) return {};
+  return extender;
+}
+
+void ContainerSite::PutToExtender(std::string_view name,
+                                  const adapters::windows::Variant& value) const {
+  ComPtr<IDispatch> extender = Extender();
+  if (!extender) return;
   adapters::windows::Dispatch properties(std::move(extender));
   // Extenders need not have every property, and a paint has nobody to fail to.
   platform::ResumeNext([&] { properties.Put(name, value); });

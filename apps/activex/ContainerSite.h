@@ -27,6 +27,8 @@ class ContainerSite : public platform::ControlSite {
   void SetModal(bool modal) { modal_ = modal; }
   /// While it is so, a modeless form of the module may not be shown.
   bool Modal() const;
+  /// Without one the control has to hide by itself.
+  bool HasExtender() const { return static_cast<bool>(Extender()); }
 
   void PropertyChanged(std::string_view key) override { changed_(key); }
   void SetExtenderHeight(double height) override;
@@ -35,6 +37,7 @@ class ContainerSite : public platform::ControlSite {
   void Entered() override;
 
  private:
+  ComPtr<IDispatch> Extender() const;
   void PutToExtender(std::string_view name, const adapters::windows::Variant& value) const;
 
   Assembly& assembly_;

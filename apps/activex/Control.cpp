@@ -122,6 +122,7 @@ void Control::Paint() {
   painting_ = true;
   Guarded([this] {
     control_.Paint();
+    if (!site_.HasExtender()) activation_.HideWindow();
     return S_OK;
   });
   painting_ = false;

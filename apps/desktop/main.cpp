@@ -18,6 +18,7 @@
 #include "Tour.h"
 #include "adapters/qt/Components.h"
 #include "adapters/qt/Files.h"
+#include "adapters/qt/Places.h"
 #include "adapters/qt/QtScreen.h"
 #include "adapters/qt/Reports.h"
 #include "adapters/qt/Services.h"
@@ -28,6 +29,8 @@
 #include "text/Secrets.h"
 
 namespace {
+
+constexpr char kApplication[] = "promoter-desktop";
 
 /// The control stands on no document and has no surface here: there is nothing to mark as changed,
 /// to size or to stand over.
@@ -85,6 +88,8 @@ class Desktop {
   explicit Desktop(const desktop::Options& options)
       : excel_(WorkbookPlace(options), clock_,
                options.tourDirectory.empty() ? OpenWorkbook : adapters::xlsx::XlsxExcel::Opener()) {
+    // The pictures of a tour are always the same.
+    if (options.tourDirectory.empty()) screen_.RememberPlaces(places_);
   }
 
   adapters::qt::ErrorGuard& Guard() { return guard_; }
@@ -94,6 +99,7 @@ class Desktop {
 
  private:
   adapters::qt::ErrorGuard guard_;
+  adapters::qt::SettingsPlaces places_{kApplication};
   adapters::qt::QtScreen screen_{guard_};
   desktop::Connections connections_;
   adapters::qt::Components components_{connections_};
@@ -206,7 +212,7 @@ int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   }
   previousHandler = qInstallMessageHandler(HandleMessage);
   QApplication application(argc, argv);
-  QApplication::setApplicationName("promoter-desktop");
+  QApplication::setApplicationName(kApplication);
   adapters::qt::ApplyTheme(application);
   return Run(application, options);
 }

@@ -35,6 +35,16 @@ std::string TextBox::Taken(std::string text) const {
   return latinDigits_ ? text::LatinDigits(text) : std::move(text);
 }
 
+std::string TextBox::Pasted(std::string text) const {
+  if (lines_ == Lines::kSeveral) return Taken(std::move(text));
+  std::string line;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '\r' && text[i + 1] == '\n') continue;
+    line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+  }
+  return Taken(std::move(line));
+}
+
 void TextBox::SetText(std::string text) {
   text = Taken(std::move(text));
   if (text_ == text) return;

@@ -39,8 +39,11 @@ class TextBox : public Control {
   /// pastes them.
   void SetLatinDigits(bool latin) { latinDigits_ = latin; }
   /// The form in which the box takes a text, of as many UTF-16 units: what a screen puts into its
-  /// field instead of what was typed or pasted.
+  /// field instead of what was typed.
   std::string Taken(std::string text) const;
+  /// The same of what came from the clipboard or was dropped: a line break becomes a blank in a box
+  /// of one line.
+  std::string Pasted(std::string text) const;
   Lines LineMode() const { return lines_; }
   /// Set by forms whose boxes select their whole text when the focus arrives.
   bool SelectAllOnFocus() const { return selectAllOnFocus_; }

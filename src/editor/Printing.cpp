@@ -16,7 +16,6 @@ void FormMain::PreviewClick() {
     throw;
   }
   cmdPreview.SetEnabled(true);
-  module_.SetMousePointer(controls::MousePointer::kDefault);
 }
 
 bool FormMain::PrintProgram(bool inPreview) {

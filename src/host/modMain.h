@@ -96,8 +96,13 @@ class modMain : public controls::LookupSource {
     selector.SetViews(major, minor);
   }
 
-  void SetMousePointer(controls::MousePointer pointer) {
-    services_.screen.SetMousePointer(pointer);
+  /// The hourglass from the first BeginWork to the EndWork of the outermost; in pairs, which
+  /// tools::Hourglass sees to.
+  void BeginWork() {
+    if (workDepth_++ == 0) services_.screen.SetMousePointer(controls::MousePointer::kHourglass);
+  }
+  void EndWork() {
+    if (--workDepth_ == 0) services_.screen.SetMousePointer(controls::MousePointer::kDefault);
   }
 
   /// Over a connection of the selectors' own, which is kept until the data environment is rebuilt
@@ -117,6 +122,7 @@ class modMain : public controls::LookupSource {
   std::string lookupConnectionString_;
   std::string saveFolder_;  // with its separator; empty before a file was chosen
   int notices_ = 0;
+  int workDepth_ = 0;  // works begun and not ended
 };
 
 }  // namespace host

@@ -21,13 +21,12 @@ class RedrawOff {
   bool before_;
 };
 
-/// The hourglass while it lives, also when the work in between fails.
+/// The hourglass while it lives, also when the work in between fails. May be nested: it goes with
+/// the outermost.
 class Hourglass {
  public:
-  explicit Hourglass(host::modMain& module) : module_(module) {
-    module_.SetMousePointer(controls::MousePointer::kHourglass);
-  }
-  ~Hourglass() { module_.SetMousePointer(controls::MousePointer::kDefault); }
+  explicit Hourglass(host::modMain& module) : module_(module) { module_.BeginWork(); }
+  ~Hourglass() { module_.EndWork(); }
   Hourglass(const Hourglass&) = delete;
   Hourglass& operator=(const Hourglass&) = delete;
 

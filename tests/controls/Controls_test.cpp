@@ -85,6 +85,13 @@ TEST_F(ControlsTest, SetToWhatItIsOrRefused_NotifiesNobody) {
   EXPECT_EQ(changes, 1);
 }
 
+TEST_F(ControlsTest, PastedText_StandsOnTheLinesOfTheBox) {
+  const controls::TextBox notes{form, "notes", controls::TextBox::Lines::kSeveral};
+  const std::string pasted = "a\r\nb\nc\r\rd\r";
+  EXPECT_EQ(box.Pasted(pasted), "a b c  d ");
+  EXPECT_EQ(notes.Pasted(pasted), pasted);
+}
+
 TEST_F(ControlsTest, DisabledOrHidden_IsNotClicked) {
   int clicks = 0;
   button.onClick = check.onClick = [&] { ++clicks; };

@@ -6,6 +6,7 @@
 #include "controls/Form.h"
 #include "platform/ResumeNext.h"
 #include "support/ScriptedPlatform.h"
+#include "tools/BusyGrid.h"
 
 namespace {
 
@@ -18,7 +19,10 @@ using testing::IsEmpty;
 class comFlexTest : public testing::Test {
  protected:
   comFlexTest() {
-    list.Selected = [this](std::int32_t row) { raised.push_back("+" + std::to_string(row)); };
+    list.Selected = [this](std::int32_t row) {
+      const tools::Hourglass ofTheListener(module);
+      raised.push_back("+" + std::to_string(row));
+    };
     list.UnSelected = [this](std::int32_t row) { raised.push_back("-" + std::to_string(row)); };
     list.getFlex().SetCols(3);
     Fill({});
@@ -71,7 +75,9 @@ TEST_F(comFlexTest, Commands_onEveryRow_markAndRaiseForEachRowInOrder) {
       list.getFlex().Subscribe([&](const controls::Change& change) {
         if (change.aspect == controls::Aspect::kCells) ++painted;
       });
+  outside.screen.log.clear();
   list.cmdSelectInverse.Click();
+  EXPECT_THAT(outside.screen.log, ElementsAre("pointer 11", "pointer 0")) << "to the very end";
   EXPECT_THAT(Raised(), ElementsAre("+1", "-2", "+3"));
   EXPECT_THAT(Yellow(), ElementsAre(1, 3));
   EXPECT_EQ(painted, 1) << "the view is told once";

@@ -45,7 +45,7 @@ LineWidget::LineWidget(controls::TextBox& model, const Surroundings& surrounding
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
   connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) {
     // The menu's paste and a drop come as they are, which the model may not have taken so.
-    if (Call([&](controls::TextBox& box) { box.SetText(ToUtf8(typed)); })) ShowText();
+    if (Call([&](controls::TextBox& box) { box.SetText(box.Pasted(ToUtf8(typed))); })) ShowText();
   });
 }
 
@@ -72,10 +72,11 @@ QString LineWidget::Taken(const QString& text) const {
 
 void LineWidget::keyPressEvent(QKeyEvent* event) {
   const bool pastes = event->matches(QKeySequence::Paste);
-  const QString typed = pastes ? QGuiApplication::clipboard()->text() : event->text();
-  const QString taken = Taken(typed);
-  if (taken == typed) return ViewOf::keyPressEvent(event);
-  if (pastes) return insert(taken);
+  if (pastes && Model()) {
+    return insert(ToQString(Model()->Pasted(ToUtf8(QGuiApplication::clipboard()->text()))));
+  }
+  const QString taken = Taken(event->text());
+  if (taken == event->text()) return ViewOf::keyPressEvent(event);
   QKeyEvent changed(event->type(), event->key(), event->modifiers(), taken, event->isAutoRepeat());
   ViewOf::keyPressEvent(&changed);
   event->setAccepted(changed.isAccepted());

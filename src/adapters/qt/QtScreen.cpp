@@ -6,6 +6,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "adapters/qt/Places.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::qt {
@@ -70,7 +71,8 @@ void QtScreen::Show(Form& form, Modality modality) {
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     window.winId();  // creates the native window, which can then be tied to the one before it
     window.windowHandle()->setTransientParent(modal && before ? before->windowHandle() : nullptr);
-    if (modal && before) MoveOver(*before, window);
+    const bool placed = places_ && TakePlace(window, *places_);
+    if (!placed && modal && before) MoveOver(*before, window);
   }
   if (window.isMinimized()) {
     window.showNormal();
@@ -102,7 +104,10 @@ void QtScreen::EndModal(const Form& form) {
 
 void QtScreen::Hide(Form& form) {
   EndModal(form);
-  if (const auto found = windows_.find(&form); found != windows_.end()) found->second->hide();
+  if (const auto found = windows_.find(&form); found != windows_.end()) {
+    if (places_) KeepPlace(*found->second, *places_);
+    found->second->hide();
+  }
 }
 
 void QtScreen::Unload(Form& form) {
@@ -112,6 +117,7 @@ void QtScreen::Unload(Form& form) {
   // The form's own destructor may be what unloads it: nothing of it may be asked from here on.
   std::unique_ptr<FormWindow> window = std::move(found->second);
   windows_.erase(found);
+  if (places_) KeepPlace(*window, *places_);
   window->Detach();
   window->hide();
   retired_.push_back(std::move(window));

@@ -9,6 +9,7 @@
 #include "adapters/qt/FormWindow.h"
 #include "adapters/qt/Services.h"
 #include "controls/Screen.h"
+#include "screens/WindowPlace.h"
 
 class QEventLoop;
 
@@ -29,6 +30,9 @@ class QtScreen : public controls::Screen {
   /// Throws RuntimeError 5 when the control's form has no window.
   void SetFocus(controls::Control& control) override;
   void SetMousePointer(controls::MousePointer pointer) override;
+
+  /// Windows that can be sized come back where they stood, from here on; the store outlives this.
+  void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
 
   /// The form's window; null before it was first shown and after it was unloaded.
   QWidget* WindowOf(controls::Form& form) const;
@@ -54,6 +58,7 @@ class QtScreen : public controls::Screen {
   std::vector<std::unique_ptr<FormWindow>> retired_;
   std::vector<ModalRun*> modal_;
   bool hourglass_ = false;
+  screens::PlaceStore* places_ = nullptr;  // null where nothing is remembered
   QTimer dropTimer_;
 };
 

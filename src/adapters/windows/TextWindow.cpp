@@ -65,12 +65,12 @@ std::optional<std::wstring> TextWindow::TakenInstead(const std::wstring& text) c
 }
 
 bool TextWindow::Paste() {
-  // As an EDIT pastes: the first line, to be undone in one.
+  if (!Model()) return false;
   const std::wstring text = TextOfClipboard(Handle());
-  const auto taken =
-      TakenInstead(text.substr(0, severalLines_ ? text.npos : text.find_first_of(L"\r\n")));
-  if (!taken) return false;
-  SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(taken->c_str()));
+  const std::wstring taken = Wide(Model()->Pasted(Utf8(text)));
+  if (taken == text) return false;
+  // To be undone in one.
+  SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(taken.c_str()));
   return true;
 }
 

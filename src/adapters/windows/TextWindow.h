@@ -19,7 +19,7 @@ class TextWindow : public WindowOf<controls::TextBox> {
 
  private:
   void ShowText();
-  /// What goes in instead of a typed or pasted text; none where it goes in as it is.
+  /// What goes in instead of a typed text; none where it goes in as it is.
   std::optional<std::wstring> TakenInstead(const std::wstring& text) const;
   bool Paste();
   void PaintText() const;

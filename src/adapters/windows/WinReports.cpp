@@ -63,30 +63,13 @@ bool IsUtf8(const std::string& text) {
                                              static_cast<int>(text.size()), nullptr, 0) != 0;
 }
 
-/// A file of its own in the folder for temporary files.
-std::filesystem::path NewTemporaryFile() {
-  std::array<wchar_t, MAX_PATH + 1> folder{};
-  GetTempPathW(static_cast<DWORD>(folder.size()), folder.data());
-  for (DWORD number = GetTickCount();; ++number) {
-    const std::wstring name =
-        std::wstring(folder.data()) + L"report-" + std::to_wstring(number) + L".html";
-    const HANDLE file = CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file != INVALID_HANDLE_VALUE) {
-      CloseHandle(file);
-      return name;
-    }
-    const DWORD code = GetLastError();
-    if (code != ERROR_FILE_EXISTS) Check(HRESULT_FROM_WIN32(code), "report");
-  }
-}
-
 class TemplateEngine : public platform::ReportEngine {
  public:
   TemplateEngine(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                 WinReports::ShowFailure showFailure, WinReports::Opener open)
+                 PreviewFiles& files, WinReports::ShowFailure showFailure, WinReports::Opener open)
       : connections_(connections),
         clock_(clock),
+        files_(files),
         showFailure_(std::move(showFailure)),
         open_(std::move(open)) {}
 
@@ -136,19 +119,13 @@ class TemplateEngine : public platform::ReportEngine {
     const auto connection = connections_.Create(connectionString_);
     const std::string page =
         report::WholePage(Fill(*template_, *connection, formula_, clock_.Today()));
-    const std::filesystem::path path = NewTemporaryFile();
-    std::ofstream stream(path, std::ios::binary);
-    stream.write(page.data(), static_cast<std::streamsize>(page.size()));
-    stream.close();
-    if (!stream) {
-      throw platform::RuntimeError(kDeviceIo, "فايل گزارش نوشته نشد.\n" + Utf8(path.wstring()),
-                                   "report");
-    }
+    const std::filesystem::path path = files_.Write(page);
     open_(Utf8(path.wstring()), output);
   }
 
   platform::ConnectionFactory& connections_;
   const platform::Clock& clock_;
+  PreviewFiles& files_;
   WinReports::ShowFailure showFailure_;
   WinReports::Opener open_;
   std::optional<report::ReportTemplate> template_;
@@ -168,7 +145,7 @@ WinReports::WinReports(platform::ConnectionFactory& connections, const platform:
 std::unique_ptr<platform::ReportEngine> WinReports::Create() {
   const std::string name = EngineName();
   if (!name.empty()) return std::make_unique<SuiteEngine>(Dispatch::Create(name));
-  return std::make_unique<TemplateEngine>(connections_, clock_, showFailure_, open_);
+  return std::make_unique<TemplateEngine>(connections_, clock_, files_, showFailure_, open_);
 }
 
 void WinReports::OpenByShell(const std::string& path, platform::ReportOutput output) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/windows/PreviewFiles.h"
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/ReportEngine.h"
@@ -20,8 +21,8 @@ namespace adapters::windows {
 /// and Produce(output) with 1 for the screen and 0 for the printer. A component that is named but
 /// cannot be made throws RuntimeError 429: its templates are not ours to read.
 ///
-/// Otherwise Produce writes the filled template as one HTML file of its own into the user's folder
-/// for temporary files, where Windows clears it away, and has it opened. LoadReportFile throws
+/// Otherwise Produce writes the filled template as one HTML file of its own, which is removed with
+/// this object (PreviewFiles), and has it opened. LoadReportFile throws
 /// RuntimeError 53 when the file cannot be read, 321 when it is no template; selection formula 1 is
 /// the one there is, another number throws 5. Produce shows a failure to the user before it throws
 /// it: its caller goes on without a word.
@@ -31,7 +32,7 @@ class WinReports : public platform::ReportEngineFactory {
   using Opener = std::function<void(const std::string& path, platform::ReportOutput output)>;
   using ShowFailure = std::function<void(const platform::RuntimeError& failure)>;
 
-  /// Both references outlive this object and its engines.
+  /// Both references outlive this object, which outlives its engines.
   WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
              ShowFailure showFailure, Opener open = OpenByShell);
   std::unique_ptr<platform::ReportEngine> Create() override;
@@ -45,6 +46,7 @@ class WinReports : public platform::ReportEngineFactory {
   const platform::Clock& clock_;
   ShowFailure showFailure_;
   Opener open_;
+  PreviewFiles files_;
 };
 
 }  // namespace adapters::windows

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "adapters/windows/ModalLoop.h"
+#include "adapters/windows/Places.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::windows {
@@ -94,22 +95,25 @@ void WinScreen::Show(Form& form, Modality modality) {
   HWND owner = modal ? DialogOwner() : host_;
   if (owner == nullptr) owner = host_;
   const HWND window = WindowFor(form, owner).Handle();
+  int show = IsIconic(window) ? SW_RESTORE : SW_SHOW;
   if (!IsWindowVisible(window) && owner != window) {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
-    if (modal) CentreOver(owner, window);
+    const auto taken = places_ == nullptr ? std::nullopt : TakePlace(window, *places_);
+    if (!taken && modal) CentreOver(owner, window);
+    if (taken && taken->maximised) show = SW_SHOWMAXIMIZED;
   }
   if (modal) {
-    RunModal(form, window);
+    RunModal(form, window, show);
     return;
   }
-  ShowWindow(window, IsIconic(window) ? SW_RESTORE : SW_SHOW);
+  ShowWindow(window, show);
   SetForegroundWindow(window);
 }
 
-void WinScreen::RunModal(Form& form, HWND window) {
+void WinScreen::RunModal(Form& form, HWND window, int show) {
   ModalLoop loop(window);
   modal_.push_back({&form, &loop});
-  ShowWindow(window, SW_SHOW);
+  ShowWindow(window, show);
   SetForegroundWindow(window);
   const bool ended = loop.Run(window);
   std::erase_if(modal_, [&loop](const ModalRun& run) { return run.loop == &loop; });
@@ -128,7 +132,10 @@ void WinScreen::EndModal(const Form& form) {
 
 void WinScreen::Hide(Form& form) {
   EndModal(form);
-  if (const HWND window = WindowOf(form)) ShowWindow(window, SW_HIDE);
+  if (const HWND window = WindowOf(form)) {
+    if (places_ != nullptr) KeepPlace(window, *places_);
+    ShowWindow(window, SW_HIDE);
+  }
 }
 
 void WinScreen::Unload(Form& form) {
@@ -138,6 +145,7 @@ void WinScreen::Unload(Form& form) {
   // The form's own destructor may be what unloads it: nothing of it may be asked from here on.
   std::unique_ptr<FormWindow> window = std::move(found->second);
   windows_.erase(found);
+  if (places_ != nullptr) KeepPlace(window->Handle(), *places_);
   window->Detach();
   if (window->Handle() != nullptr) ShowWindow(window->Handle(), SW_HIDE);
   Retire(std::move(window));

@@ -6,6 +6,7 @@
 
 #include "adapters/windows/FormWindow.h"
 #include "controls/Screen.h"
+#include "screens/WindowPlace.h"
 
 namespace adapters::windows {
 
@@ -34,6 +35,9 @@ class WinScreen : public controls::Screen {
   void SetFocus(controls::Control& control) override;
   void SetMousePointer(controls::MousePointer pointer) override;
 
+  /// Windows that can be sized come back where they stood, from here on; the store outlives this.
+  void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
+
   /// The form's window; null before it was first shown and after it was unloaded.
   HWND WindowOf(const controls::Form& form) const;
   /// The control's window; null where its form has no window.
@@ -50,7 +54,7 @@ class WinScreen : public controls::Screen {
   FormWindow& WindowFor(controls::Form& form, HWND owner);
   ControlWindow* ViewOf(const controls::Control& control) const;
   bool ModalUp() const;
-  void RunModal(controls::Form& form, HWND window);
+  void RunModal(controls::Form& form, HWND window, int show);
   void EndModal(const controls::Form& form);
   void Retire(std::unique_ptr<FormWindow> window);
   void DropRetired();
@@ -59,6 +63,7 @@ class WinScreen : public controls::Screen {
   HWND host_ = nullptr;
   bool hostModal_ = false;
   bool hourglass_ = false;
+  screens::PlaceStore* places_ = nullptr;  // null where nothing is remembered
   std::unordered_map<const controls::Form*, std::unique_ptr<FormWindow>> windows_;
   // Windows of unloaded forms that a call from one of their own windows may still return to.
   std::vector<std::unique_ptr<FormWindow>> retired_;

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -165,11 +166,12 @@ class ReportsTest : public testing::Test, platform::ConnectionFactory {
   const std::string folder = testing::TempDir();
   WinClock clock;
   std::vector<std::string> log;
-  WinReports reports{
+  std::unique_ptr<WinReports> ofThisRun{new WinReports{
       *this, clock, [this](const auto& failure) { log.push_back(failure.Description()); },
       [this](const std::string& path, platform::ReportOutput output) {
         log.push_back(path + (output == platform::ReportOutput::kScreen ? " 1" : " 0"));
-      }};
+      }}};
+  WinReports& reports = *ofThisRun;
 };
 
 TEST_F(ReportsTest, Template_BecomesOneWholePageFromRightToLeft) {
@@ -183,16 +185,21 @@ TEST_F(ReportsTest, Template_BecomesOneWholePageFromRightToLeft) {
          "persian\nquery p: Select ID From tblDistributionPromoterProgram Where ID = {fmlID}\n-->"
          "<html><HEAD><style>td { color: red }</style></HEAD><body class=\"x\">{{#p}}<p>{{ID}}</p>"
          "{{/p}}</body></html>";
-  const auto engine = reports.Create();
+  auto engine = reports.Create();
   engine->LoadReportFile(folder + "قالب.html");
   engine->SetConnectionString("sqlite:" + folder + "office.db");
   engine->SetSelectionFormula(1, "fmlID = 1");
   engine->Produce(platform::ReportOutput::kScreen);
+  ASSERT_EQ(log.size(), 1U);
+  const fs::path preview = Wide(log[0].substr(0, log[0].size() - 2));
+  const fs::path leftover = preview.parent_path() / "report-1.html";
+  std::ofstream(leftover) << "of a program that crashed";
   engine->Produce(platform::ReportOutput::kPrinter);
   ASSERT_EQ(log.size(), 2U);
+  EXPECT_FALSE(fs::exists(leftover));
   EXPECT_NE(log[0].substr(0, log[0].size() - 2), log[1].substr(0, log[1].size() - 2));
   EXPECT_THAT(log[1], testing::EndsWith(".html 0"));
-  const std::string page = Bytes(fs::path(Wide(log[0].substr(0, log[0].size() - 2))));
+  const std::string page = Bytes(preview);
   EXPECT_THAT(page, testing::StartsWith("<!DOCTYPE html>\n<html dir=\"rtl\""));
   for (const char* part : {"charset=\"utf-8\"", "<title>برنامه &lt;۱&gt;</title>", "A4 landscape",
                            "td { color: red }", "<body class=\"x\">", "<p>۱</p>", "<span>H</span>",
@@ -208,6 +215,10 @@ TEST_F(ReportsTest, Template_BecomesOneWholePageFromRightToLeft) {
   EXPECT_EQ(log.size(), 3U) << "a failure is shown";
   EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(folder + "none.html"); }), 53);
   EXPECT_EQ(NumberOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), 5);
+
+  engine.reset();
+  ofThisRun.reset();
+  EXPECT_FALSE(fs::exists(preview)) << "it holds customers' data";
 }
 
 TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {

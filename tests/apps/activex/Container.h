@@ -51,6 +51,7 @@ class Container final
                               300, 200, nullptr, nullptr, nullptr, nullptr);
   }
   ~Container() { DestroyWindow(window_); }
+  bool hasExtender = true;
   std::vector<std::string> extenderCalls;  // "Height=100"
   std::vector<DISPID> changed;
   std::vector<std::string> calls;
@@ -71,6 +72,7 @@ class Container final
   HRESULT STDMETHODCALLTYPE OnControlInfoChanged() override { return S_OK; }
   HRESULT STDMETHODCALLTYPE LockInPlaceActive(BOOL) override { return S_OK; }
   HRESULT STDMETHODCALLTYPE GetExtendedControl(IDispatch** control) override {
+    if (!hasExtender) return E_NOTIMPL;
     return extender_->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(control));
   }
   HRESULT STDMETHODCALLTYPE TransformCoords(POINTL*, POINTF*, DWORD) override { return S_OK; }

@@ -121,6 +121,10 @@ TEST_F(Control, Paint_InAnyWay_ShrinksAndHidesTheExtender) {
   EXPECT_FALSE(IsWindowVisible(window));
   EXPECT_EQ(verb(OLEIVERB_SHOW), S_OK);
   EXPECT_TRUE(IsWindowVisible(window));
+  container.hasExtender = false;
+  InvalidateRect(window, nullptr, FALSE);
+  UpdateWindow(window);
+  EXPECT_FALSE(IsWindowVisible(window)) << "nobody else hides it";
   EXPECT_EQ(verb(OLEIVERB_OPEN), E_NOTIMPL);
   EXPECT_EQ(verb(5), OLEOBJ_S_INVALIDVERB);
   control->put_UserID(5);

@@ -33,7 +33,11 @@ ComPtr<Interface> As(const ComPtr<Object>& object) {
 /// The library, loaded for every test and gone after it; fails when it does not want to go.
 class LoadedLibrary : public testing::Test {
  protected:
-  LoadedLibrary() : library_(LoadLibraryW(OcxPath().c_str())) {}
+  LoadedLibrary() {
+    // Windows open where forms open, whatever the test before left behind.
+    SetEnvironmentVariableW(L"DISTPROMOTER_FORGET_PLACES", L"1");
+    library_ = LoadLibraryW(OcxPath().c_str());
+  }
   ~LoadedLibrary() override {
     EXPECT_EQ(Export<HRESULT(STDAPICALLTYPE*)()>("DllCanUnloadNow")(), S_OK);
     FreeLibrary(library_);

@@ -1,0 +1,33 @@
+#include "screens/WindowPlace.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(WindowPlace, Remembered_ComesBackOntoTheDeskOrNotAtAll) {
+  // The second monitor stands to the left of the first, which has a bar at the bottom.
+  const std::vector<screens::Rect> desk{{0, 0, 1280, 700}, {-1024, 0, 0, 768}};
+  struct Case {
+    const char* kept;
+    const char* taken;  // "" for none
+  };
+  for (const Case& each :
+       std::vector<Case>{{"100 50 800 600", "100 50 800 600"},
+                         {"-900 50 800 600 maximised", "-900 50 800 600 maximised"},
+                         {"1200 650 800 600", "480 100 800 600"},
+                         {"-100 -40 800 600", "0 0 800 600"},
+                         {"-10 10 4000 3000", "0 0 1280 700"},
+                         {"1280 0 800 600", ""},
+                         {"0 -600 800 600", ""},
+                         {"100 50 0 600", ""},
+                         {"100 50 99999999999 600", ""},
+                         {"2000000 50 800 600", ""},
+                         {"100 50 800", ""},
+                         {"", ""}}) {
+    const auto place = screens::PlaceOnDesk(each.kept, desk);
+    EXPECT_EQ(place ? screens::PlaceText(*place) : "", each.taken) << each.kept;
+  }
+  EXPECT_FALSE(screens::PlaceOnDesk("100 50 800 600", {}));
+}
+
+}  // namespace
