@@ -41,7 +41,7 @@ QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
   font.setPixelSize(24);
   font.setBold(true);
   painter.setFont(font);
-  painter.setPen(Qt::white);
+  painter.setPen(theme::kOnAccent);
   painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, sign);
   return pixmap;
 }

@@ -240,7 +240,7 @@ void MessageDialog::Paint() const {
   if (content_.kind == Kind::kQuestion) sign = L"؟";
   if (content_.kind == Kind::kError) sign = L"!";
   canvas.Text(sign, badge_,
-              {.font = theme_.LargeFont(), .colour = theme::kWhite, .across = Across::kCentre});
+              {.font = theme_.LargeFont(), .colour = theme::kOnAccent, .across = Across::kCentre});
   canvas.Text(content_.message, message_, {.font = theme_.Font(), .wrapped = true});
   if (!content_.technical.empty()) {
     canvas.RoundBox(technical_, scale.Design(3), theme::kField, theme::kLine);

@@ -171,7 +171,7 @@ void SelectorList::PaintRow(const Canvas& canvas, int row, const RECT& place) co
 
 void SelectorList::PaintBorder() const {
   const FramePainting frame(Handle());
-  Canvas(frame.Dc()).Frame(frame.Area(), theme::kLine);
+  Canvas(frame.Dc()).Frame(frame.Area(), theme::kBorder);
 }
 
 LRESULT SelectorList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
