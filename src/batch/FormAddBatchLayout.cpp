@@ -71,10 +71,10 @@ void FormAddBatch::PlaceFilters() {
     Twips labelWidth;
     Twips fieldWidth;
   };
-  placeRow(330, Pair{lblCodeFrom, txtCodeFrom, 700, 1560}, Pair{lblCodeTo, txtCodeTo, 600, 1560},
-           Pair{lblName, txtName, 1140, 6450});
-  placeRow(825, Pair{lblCustomer, sltCustomer, 700, 3990}, Pair{lblBranch, sltBranch, 1140, 2400},
-           Pair{lblWorkActivity, sltWorkActivity, 1200, 2580});
+  placeRow(330, Pair{lblCodeFrom, txtCodeFrom, 700, 1560}, Pair{lblCodeTo, txtCodeTo, 525, 1560},
+           Pair{lblName, txtName, 600, 7745});
+  placeRow(825, Pair{lblCustomer, sltCustomer, 700, 3915}, Pair{lblBranch, sltBranch, 600, 3180},
+           Pair{lblWorkActivity, sltWorkActivity, 975, 3320});
   cmdSearch.Move(150, 330, 1500, kFieldHeight);
   cmdNewsearch.Move(150, 825, 1500, kFieldHeight);
 }
@@ -92,8 +92,16 @@ void FormAddBatch::SetResizeRules() {
   }
   resizeRules_.Add(frameFilter, {.width = 1, .top = 0.25});
   for (controls::Control* control : frameFilter.Controls()) {
-    if (control != &cmdSearch && control != &cmdNewsearch) resizeRules_.Add(*control, {.left = 1});
+    if (control != &cmdSearch && control != &cmdNewsearch && control != &txtName &&
+        control != &sltBranch && control != &lblWorkActivity && control != &sltWorkActivity) {
+      resizeRules_.Add(*control, {.left = 1});
+    }
   }
+  // The long fields fill the room between the others and the buttons.
+  resizeRules_.Add(txtName, {.width = 1});
+  resizeRules_.Add(sltBranch, {.width = 0.5, .left = 0.5});
+  resizeRules_.Add(lblWorkActivity, {.left = 0.5});
+  resizeRules_.Add(sltWorkActivity, {.width = 0.5});
   resizeRules_.Add(flxCustomer, {.width = 1, .height = 0.75, .top = 0.25});
   resizeRules_.Add(lblNotes, {.left = 1, .top = 1});
   resizeRules_.Add(txtNotes, {.width = 1, .top = 1});

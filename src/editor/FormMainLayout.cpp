@@ -18,7 +18,8 @@ constexpr Twips kHeight = 9300;
 constexpr Twips kMargin = 150;
 constexpr Twips kButtonHeight = 420;
 constexpr Twips kGap = 60;
-constexpr Twips kLabel = 1350;
+constexpr Twips kLabel = 1350;      // of the fields at the right
+constexpr Twips kLeftLabel = 1125;  // of those at the left
 
 }  // namespace
 
@@ -61,6 +62,7 @@ void FormMain::PlaceHeader() {
   const Twips half = frameHeader.Width() / 2 - 90;
   const Twips narrow = 2100;
   const Twips wide = half - kLabel - 270;
+  const Twips leftWide = half - kLeftLabel - 270;
   const struct {
     controls::Label& label;
     controls::Control& field;
@@ -73,13 +75,15 @@ void FormMain::PlaceHeader() {
       {lblCreator, sltCreator, right, 825, wide},
       {lblCreateDate, datCreateDate, half, 825, narrow},
       {lblSupervisor, sltSupervisor, right, 1290, wide},
-      {lblBranch, sltBranch, half, 1290, wide},
+      {lblBranch, sltBranch, half, 1290, leftWide},
       {lblDescription, txtDescription, right, 1755, right - kLabel - 270},
   };
   for (const auto& place : fields) {
-    tools::PlaceField(
-        place.label, place.field,
-        {.right = place.right, .top = place.top, .labelWidth = kLabel, .fieldWidth = place.width});
+    tools::PlaceField(place.label, place.field,
+                      {.right = place.right,
+                       .top = place.top,
+                       .labelWidth = place.right == right ? kLabel : kLeftLabel,
+                       .fieldWidth = place.width});
   }
 }
 
