@@ -15,20 +15,23 @@ using tools::PlaceField;
 constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
+// What a desk of 853 x 480 has room for: 1280 x 720 at one and a half times the size.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
 
 }  // namespace
 
 void FormAddBatch::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 8400);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
 
   const Twips right = kWidth - kMargin;
   PlaceField(lblPromoter, sltPromoter,
              {.right = right, .top = 150, .labelWidth = 900, .fieldWidth = 4500});
   const Twips next = PlaceField(lblDateFrom, datDateFrom,
-                                {.right = 5550, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
+                                {.right = 5550, .top = 150, .labelWidth = 660, .fieldWidth = 1740});
   PlaceField(lblDateTo, datDateTo,
-             {.right = next, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
+             {.right = next, .top = 150, .labelWidth = 660, .fieldWidth = 1740});
   datTemp.SetVisible(false);
 
   const Twips gridTop = 660;
@@ -83,13 +86,13 @@ void FormAddBatch::SetResizeRules() {
   // The upper grids keep their height; the customers take what is won in height, all in width.
   resizeRules_.Add(lblPromoter, {.left = 1});
   resizeRules_.Add(sltPromoter, {.left = 1});
-  resizeRules_.Add(flxRegion, {.width = 0.3, .left = 0.7, .height = 0.25});
-  resizeRules_.Add(flxPath, {.width = 0.4, .left = 0.3, .height = 0.25});
-  resizeRules_.Add(flxDate, {.width = 0.3, .height = 0.25});
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &lblDateFrom, &datDateFrom, &lblDateTo, &datDateTo}) {
-    resizeRules_.Add(*control, {.left = 0.3});
-  }
+  resizeRules_.Add(flxRegion, {.width = 0.4, .left = 0.6, .height = 0.25});
+  resizeRules_.Add(flxPath, {.width = 0.4, .left = 0.2, .height = 0.25});
+  resizeRules_.Add(flxDate, {.width = 0.2, .height = 0.25});
+  resizeRules_.Add(lblDateFrom, {.left = 0.2});
+  resizeRules_.Add(datDateFrom, {.width = 0.06, .left = 0.14});
+  resizeRules_.Add(lblDateTo, {.left = 0.14});
+  resizeRules_.Add(datDateTo, {.width = 0.06, .left = 0.08});
   resizeRules_.Add(frameFilter, {.width = 1, .top = 0.25});
   for (controls::Control* control : frameFilter.Controls()) {
     if (control != &cmdSearch && control != &cmdNewsearch && control != &txtName &&

@@ -16,6 +16,9 @@ using controls::Twips;
 constexpr Twips kWidth = 15300;
 constexpr Twips kHeight = 9300;
 constexpr Twips kMargin = 150;
+// What a desk of 853 x 480 has room for.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
 constexpr Twips kButtonHeight = 420;
 constexpr Twips kGap = 60;
 constexpr Twips kLabel = 1350;      // of the fields at the right
@@ -25,15 +28,22 @@ constexpr Twips kLeftLabel = 1125;  // of those at the left
 
 void FormMain::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 6600);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
 
-  const Twips share = (kWidth - 2 * kMargin + kGap) / 10;
+  // The two long captions fit at the least width too.
+  const auto longer = [this](const controls::Button* button) -> Twips {
+    if (button == &cmdBackToTemp) return 285;
+    return button == &cmdViewAccountDoc ? 135 : 0;
+  };
+  const Twips share = (kWidth - 2 * kMargin + kGap - 285 - 135) / 10;
+  Twips edge = kWidth - kMargin + kGap;
   int place = 0;
   for (controls::Button* button :
        {&cmdNew, &cmdEdit, &cmdDelete, &cmdTempSave, &cmdFinalSave, &cmdPreview, &cmdViewAccountDoc,
         &cmdBackToTemp, &cmdCancel, &cmdSearch}) {
     ++place;
-    button->Move(kWidth - kMargin + kGap - share * place, kMargin, share - kGap, kButtonHeight);
+    edge -= share + longer(button);
+    button->Move(edge, kMargin, share + longer(button) - kGap, kButtonHeight);
     // Each button takes a tenth of the form's change of width; those to the right push it along.
     resizeRules_.Add(*button, {.width = 0.1, .left = 0.1 * (10 - place)});
   }

@@ -15,6 +15,9 @@ using controls::Twips;
 constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
+// What a desk of 853 x 480 has room for.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
 // Of the three columns of fields; the widest text of each.
 constexpr std::array<Twips, 3> kLabels{1350, 780, 975};
 
@@ -39,7 +42,7 @@ constexpr std::array<Column, 12> kColumns{{{"رديف", 800},
 
 void FormSearch::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 6600);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
   frameFilter.Move(kMargin, kMargin, kWidth - 2 * kMargin, 2310);
   PlaceFilters();
 
