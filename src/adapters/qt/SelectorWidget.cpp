@@ -46,7 +46,8 @@ class RowDelegate : public QStyledItemDelegate {
     if (!detail.isEmpty()) {
       // What the name leaves; of a long name, a third of the row.
       const int name = option.fontMetrics.horizontalAdvance(index.data().toString());
-      detailWidth = std::min(option.fontMetrics.horizontalAdvance(detail),
+      // An advance is rounded, also down, and then the text would be shortened.
+      detailWidth = std::min(option.fontMetrics.horizontalAdvance(detail) + 1,
                              std::max(inside.width() - name - kDetailGap, inside.width() / 3));
       painter->setPen(theme::kMutedText);
       painter->drawText(QRect(inside.left(), inside.top(), detailWidth, inside.height()),
