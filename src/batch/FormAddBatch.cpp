@@ -152,7 +152,7 @@ void FormAddBatch::CancelClick() {
 }
 
 void FormAddBatch::NewsearchClick() {
-  flxCustomer.Flex.SetRows(1);
+  ClearCustomers();
 }
 
 }  // namespace batch

@@ -96,6 +96,7 @@ class FormAddBatch : public controls::Form {
   void RegionPicksChanged();
   void SearchClick();
   std::string CustomerCondition() const;
+  void ClearCustomers();
   void LoadCustomers(std::string_view condition);
   std::string GetSelectedCustomers();
 

@@ -26,7 +26,8 @@ void FillNamesAndIds(controls::FlexGrid& grid, host::Recordset& rows, std::strin
 }  // namespace
 
 void FormAddBatch::PromoterChanged() {
-  for (tools::comFlex* grid : {&flxRegion, &flxPath, &flxCustomer}) grid->Flex.SetRows(1);
+  for (tools::comFlex* grid : {&flxRegion, &flxPath}) grid->Flex.SetRows(1);
+  ClearCustomers();
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   sqlCommon.CloseIfOpen();
   sqlCommon.Open(
@@ -91,6 +92,11 @@ std::string FormAddBatch::CustomerCondition() const {
   return condition;
 }
 
+void FormAddBatch::ClearCustomers() {
+  flxCustomer.Flex.SetEmptyText("");
+  flxCustomer.Flex.SetRows(1);
+}
+
 void FormAddBatch::LoadCustomers(std::string_view condition) {
   std::string statement =
       "Select ID, Code "
@@ -115,6 +121,7 @@ void FormAddBatch::LoadCustomers(std::string_view condition) {
   controls::FlexGrid& grid = flxCustomer.Flex;
   const tools::BusyGrid busy(module_, grid);
   grid.SetRows(1);
+  grid.SetEmptyText("مشتري با اين مشخصات يافت نشد");
   grid.SetCols(kCustomerCols);
   for (; !sqlCommon.Eof(); sqlCommon.MoveNext()) {
     grid.AddItem("");

@@ -15,20 +15,23 @@ using tools::PlaceField;
 constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
+// What a desk of 853 x 480 has room for: 1280 x 720 at one and a half times the size.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
 
 }  // namespace
 
 void FormAddBatch::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 8400);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
 
   const Twips right = kWidth - kMargin;
   PlaceField(lblPromoter, sltPromoter,
              {.right = right, .top = 150, .labelWidth = 900, .fieldWidth = 4500});
   const Twips next = PlaceField(lblDateFrom, datDateFrom,
-                                {.right = 5550, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
+                                {.right = 5550, .top = 150, .labelWidth = 660, .fieldWidth = 1740});
   PlaceField(lblDateTo, datDateTo,
-             {.right = next, .top = 150, .labelWidth = 780, .fieldWidth = 1740});
+             {.right = next, .top = 150, .labelWidth = 660, .fieldWidth = 1740});
   datTemp.SetVisible(false);
 
   const Twips gridTop = 660;
@@ -71,10 +74,10 @@ void FormAddBatch::PlaceFilters() {
     Twips labelWidth;
     Twips fieldWidth;
   };
-  placeRow(330, Pair{lblCodeFrom, txtCodeFrom, 700, 1560}, Pair{lblCodeTo, txtCodeTo, 600, 1560},
-           Pair{lblName, txtName, 1140, 6450});
-  placeRow(825, Pair{lblCustomer, sltCustomer, 700, 3990}, Pair{lblBranch, sltBranch, 1140, 2400},
-           Pair{lblWorkActivity, sltWorkActivity, 1200, 2580});
+  placeRow(330, Pair{lblCodeFrom, txtCodeFrom, 700, 1560}, Pair{lblCodeTo, txtCodeTo, 525, 1560},
+           Pair{lblName, txtName, 600, 7745});
+  placeRow(825, Pair{lblCustomer, sltCustomer, 700, 3915}, Pair{lblBranch, sltBranch, 600, 3180},
+           Pair{lblWorkActivity, sltWorkActivity, 975, 3320});
   cmdSearch.Move(150, 330, 1500, kFieldHeight);
   cmdNewsearch.Move(150, 825, 1500, kFieldHeight);
 }
@@ -83,17 +86,25 @@ void FormAddBatch::SetResizeRules() {
   // The upper grids keep their height; the customers take what is won in height, all in width.
   resizeRules_.Add(lblPromoter, {.left = 1});
   resizeRules_.Add(sltPromoter, {.left = 1});
-  resizeRules_.Add(flxRegion, {.width = 0.3, .left = 0.7, .height = 0.25});
-  resizeRules_.Add(flxPath, {.width = 0.4, .left = 0.3, .height = 0.25});
-  resizeRules_.Add(flxDate, {.width = 0.3, .height = 0.25});
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &lblDateFrom, &datDateFrom, &lblDateTo, &datDateTo}) {
-    resizeRules_.Add(*control, {.left = 0.3});
-  }
+  resizeRules_.Add(flxRegion, {.width = 0.4, .left = 0.6, .height = 0.25});
+  resizeRules_.Add(flxPath, {.width = 0.4, .left = 0.2, .height = 0.25});
+  resizeRules_.Add(flxDate, {.width = 0.2, .height = 0.25});
+  resizeRules_.Add(lblDateFrom, {.left = 0.2});
+  resizeRules_.Add(datDateFrom, {.width = 0.06, .left = 0.14});
+  resizeRules_.Add(lblDateTo, {.left = 0.14});
+  resizeRules_.Add(datDateTo, {.width = 0.06, .left = 0.08});
   resizeRules_.Add(frameFilter, {.width = 1, .top = 0.25});
   for (controls::Control* control : frameFilter.Controls()) {
-    if (control != &cmdSearch && control != &cmdNewsearch) resizeRules_.Add(*control, {.left = 1});
+    if (control != &cmdSearch && control != &cmdNewsearch && control != &txtName &&
+        control != &sltBranch && control != &lblWorkActivity && control != &sltWorkActivity) {
+      resizeRules_.Add(*control, {.left = 1});
+    }
   }
+  // The long fields fill the room between the others and the buttons.
+  resizeRules_.Add(txtName, {.width = 1});
+  resizeRules_.Add(sltBranch, {.width = 0.5, .left = 0.5});
+  resizeRules_.Add(lblWorkActivity, {.left = 0.5});
+  resizeRules_.Add(sltWorkActivity, {.width = 0.5});
   resizeRules_.Add(flxCustomer, {.width = 1, .height = 0.75, .top = 0.25});
   resizeRules_.Add(lblNotes, {.left = 1, .top = 1});
   resizeRules_.Add(txtNotes, {.width = 1, .top = 1});

@@ -184,6 +184,13 @@ void FlexGrid::SetStretchCol(int col) {
   Publish();
 }
 
+void FlexGrid::SetEmptyText(std::string text) {
+  if (text == emptyText_) return;
+  emptyText_ = std::move(text);
+  pending_.rows = true;
+  Publish();
+}
+
 Colour FlexGrid::CellBackColor() const {
   return Rows() == 0 || Cols() == 0 ? 0 : store_.ColourAt(row_, col_);
 }

@@ -78,6 +78,11 @@ class FlexGrid : public Control {
   int StretchCol() const { return stretchCol_; }
   void SetStretchCol(int col);
 
+  /// What a view says in the empty room of a grid without data rows; never a row of it. Empty at
+  /// first.
+  const std::string& EmptyText() const { return emptyText_; }
+  void SetEmptyText(std::string text);
+
   /// Background of the current cell, 0 where none was set. Setting it colours the current cell, or
   /// with FillStyle kRepeat the whole block; 0 takes the colour away. A grid without rows or
   /// columns has no current cell: nothing is coloured.
@@ -209,6 +214,7 @@ class FlexGrid : public Control {
   Colour backColor_ = palette::kGridRow;
   Colour bandColor_ = palette::kGridBand;
   int stretchCol_ = -1;
+  std::string emptyText_;
   int mouseRow_ = -1;
   int mouseCol_ = -1;
   bool dragging_ = false;  // the last press was on a data cell

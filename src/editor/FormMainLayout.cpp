@@ -16,23 +16,34 @@ using controls::Twips;
 constexpr Twips kWidth = 15300;
 constexpr Twips kHeight = 9300;
 constexpr Twips kMargin = 150;
+// What a desk of 853 x 480 has room for.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
 constexpr Twips kButtonHeight = 420;
 constexpr Twips kGap = 60;
-constexpr Twips kLabel = 1350;
+constexpr Twips kLabel = 1350;      // of the fields at the right
+constexpr Twips kLeftLabel = 1125;  // of those at the left
 
 }  // namespace
 
 void FormMain::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 6600);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
 
-  const Twips share = (kWidth - 2 * kMargin + kGap) / 10;
+  // The two long captions fit at the least width too.
+  const auto longer = [this](const controls::Button* button) -> Twips {
+    if (button == &cmdBackToTemp) return 285;
+    return button == &cmdViewAccountDoc ? 135 : 0;
+  };
+  const Twips share = (kWidth - 2 * kMargin + kGap - 285 - 135) / 10;
+  Twips edge = kWidth - kMargin + kGap;
   int place = 0;
   for (controls::Button* button :
        {&cmdNew, &cmdEdit, &cmdDelete, &cmdTempSave, &cmdFinalSave, &cmdPreview, &cmdViewAccountDoc,
         &cmdBackToTemp, &cmdCancel, &cmdSearch}) {
     ++place;
-    button->Move(kWidth - kMargin + kGap - share * place, kMargin, share - kGap, kButtonHeight);
+    edge -= share + longer(button);
+    button->Move(edge, kMargin, share + longer(button) - kGap, kButtonHeight);
     // Each button takes a tenth of the form's change of width; those to the right push it along.
     resizeRules_.Add(*button, {.width = 0.1, .left = 0.1 * (10 - place)});
   }
@@ -61,6 +72,7 @@ void FormMain::PlaceHeader() {
   const Twips half = frameHeader.Width() / 2 - 90;
   const Twips narrow = 2100;
   const Twips wide = half - kLabel - 270;
+  const Twips leftWide = half - kLeftLabel - 270;
   const struct {
     controls::Label& label;
     controls::Control& field;
@@ -73,13 +85,15 @@ void FormMain::PlaceHeader() {
       {lblCreator, sltCreator, right, 825, wide},
       {lblCreateDate, datCreateDate, half, 825, narrow},
       {lblSupervisor, sltSupervisor, right, 1290, wide},
-      {lblBranch, sltBranch, half, 1290, wide},
+      {lblBranch, sltBranch, half, 1290, leftWide},
       {lblDescription, txtDescription, right, 1755, right - kLabel - 270},
   };
   for (const auto& place : fields) {
-    tools::PlaceField(
-        place.label, place.field,
-        {.right = place.right, .top = place.top, .labelWidth = kLabel, .fieldWidth = place.width});
+    tools::PlaceField(place.label, place.field,
+                      {.right = place.right,
+                       .top = place.top,
+                       .labelWidth = place.right == right ? kLabel : kLeftLabel,
+                       .fieldWidth = place.width});
   }
 }
 

@@ -66,6 +66,7 @@ void GridPane::Paint(Surface& surface, const Rect& dirty) const {
   if (grid_ == nullptr) return;
   PaintColumns(surface, dirty, false);
   PaintColumns(surface, dirty, true);
+  if (grid_->Rows() <= grid_->FixedRows()) PaintEmptyText(surface);
   if (focused_) PaintBlockFrame(surface);
   if (typing_) PaintLookUp(surface);
 }
@@ -154,6 +155,14 @@ void GridPane::PaintBlockFrame(Surface& surface) const {
   if (block.Empty()) return;
   const Clipped clipped(surface, geometry_.Room(firstCol < grid_->FixedCols(), false));
   surface.Frame(block, palette::kDeepAccent, host_.GetScale().Design(kFrameThickness));
+}
+
+void GridPane::PaintEmptyText(Surface& surface) const {
+  if (grid_->EmptyText().empty()) return;
+  // Near the headings, where the rows would begin.
+  const int top = geometry_.FixedHeight() + geometry_.RowHeight();
+  surface.Text(grid_->EmptyText(), {0, top, size_.width, top + geometry_.RowHeight()},
+               {.colour = palette::kMutedText, .side = Side::kCentre});
 }
 
 std::string GridPane::LookUpText() const {

@@ -81,6 +81,7 @@ class GridPane : public Pane {
   void PaintColumns(Surface& surface, const Rect& dirty, bool fixed) const;
   void PaintCell(Surface& surface, int row, int col) const;
   void PaintBlockFrame(Surface& surface) const;
+  void PaintEmptyText(Surface& surface) const;
   void PaintLookUp(Surface& surface) const;
   bool IsMarked(int row) const;
   /// The column in which ticks stand: the first visible one.

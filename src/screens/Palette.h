@@ -9,13 +9,18 @@ namespace screens::palette {
 using namespace controls::palette;
 
 inline constexpr controls::Colour kText = controls::Rgb(54, 44, 36);
-inline constexpr controls::Colour kMutedText = controls::Rgb(124, 108, 94);
+inline constexpr controls::Colour kMutedText = controls::Rgb(104, 89, 76);
+/// Around what can be used: fields, buttons, handles of scroll bars.
+inline constexpr controls::Colour kBorder = controls::Rgb(137, 112, 90);
+/// Around what is only shown or is disabled, and between the parts of a whole.
 inline constexpr controls::Colour kLine = controls::Rgb(203, 184, 166);
 inline constexpr controls::Colour kFaintLine = controls::Rgb(232, 219, 204);
 inline constexpr controls::Colour kField = controls::Rgb(255, 253, 250);
-inline constexpr controls::Colour kAccent = controls::Rgb(166, 104, 58);
+inline constexpr controls::Colour kAccent = controls::Rgb(158, 97, 52);
+inline constexpr controls::Colour kOnAccent = controls::Rgb(255, 255, 255);
 inline constexpr controls::Colour kDeepAccent = controls::Rgb(128, 80, 45);
 inline constexpr controls::Colour kAccentGround = controls::Rgb(244, 214, 182);
 inline constexpr controls::Colour kRefused = controls::Rgb(184, 56, 44);
+inline constexpr controls::Colour kNoteGround = controls::Rgb(255, 243, 196);
 
 }  // namespace screens::palette

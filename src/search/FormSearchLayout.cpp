@@ -15,7 +15,11 @@ using controls::Twips;
 constexpr Twips kWidth = 15600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
-constexpr Twips kLabel = 1350;
+// What a desk of 853 x 480 has room for.
+constexpr Twips kLeastWidth = 12300;
+constexpr Twips kLeastHeight = 6450;
+// Of the three columns of fields; the widest text of each.
+constexpr std::array<Twips, 3> kLabels{1350, 780, 975};
 
 struct Column {
   std::string_view header;
@@ -38,7 +42,7 @@ constexpr std::array<Column, 12> kColumns{{{"رديف", 800},
 
 void FormSearch::PlaceControls() {
   Resize(kWidth, kHeight);
-  SetMinimumSize(kWidth, 6600);
+  SetMinimumSize(kLeastWidth, kLeastHeight);
   frameFilter.Move(kMargin, kMargin, kWidth - 2 * kMargin, 2310);
   PlaceFilters();
 
@@ -79,25 +83,29 @@ void FormSearch::PlaceFilters() {
   for (const auto& [label, field] : fields) {
     const int col = place % 3;
     const int row = place / 3;
+    const Twips labelWidth = kLabels.at(static_cast<std::size_t>(col));
     tools::PlaceField(label, field,
                       {.right = right - third * col,
                        .top = 345.0 + 480 * row,
-                       .labelWidth = kLabel,
-                       .fieldWidth = third - kLabel - 270});
+                       .labelWidth = labelWidth,
+                       .fieldWidth = third - labelWidth - 270});
     // Every column of fields takes a third of the form's change of width.
     resizeRules_.Add(label, {.left = (3 - col) / 3.0});
     resizeRules_.Add(field, {.width = 1 / 3.0, .left = (2 - col) / 3.0});
     ++place;
   }
-  tools::PlaceField(
-      lblDescription, txtDescription,
-      {.right = right, .top = 1785, .labelWidth = kLabel, .fieldWidth = 3 * third - kLabel - 270});
+  tools::PlaceField(lblDescription, txtDescription,
+                    {.right = right,
+                     .top = 1785,
+                     .labelWidth = kLabels[0],
+                     .fieldWidth = 3 * third - kLabels[0] - 270});
   resizeRules_.Add(lblDescription, {.left = 1});
   resizeRules_.Add(txtDescription, {.width = 1});
   resizeRules_.Add(frameFilter, {.width = 1});
 }
 
 void FormSearch::SetUpGrid() {
+  flxSearch.SetEmptyText("برنامه اي با اين مشخصات يافت نشد");
   flxSearch.SetCols(static_cast<int>(kColumns.size()));
   // A result without rows has its header row alone, which is fixed already.
   if (flxSearch.FixedRows() != 1) flxSearch.SetFixedRows(1);

@@ -360,5 +360,12 @@ TEST_F(GridPaneTest, ModelGone_InItsOwnEvent_EverythingElseIsHarmless) {
   EXPECT_THAT(events, IsEmpty());
 }
 
+TEST_F(GridPaneTest, EmptyText_WithoutDataRows_IsShown) {
+  grid.SetEmptyText("nothing");
+  EXPECT_FALSE(Painted().Shows("nothing"));
+  grid.SetRows(1);
+  EXPECT_TRUE(Painted().Shows("nothing"));
+}
+
 }  // namespace
 }  // namespace screens

@@ -222,7 +222,7 @@ void FrameWidget::paintEvent(QPaintEvent* /*event*/) {
   // The caption interrupts the line: form ground above it, frame ground below.
   painter.fillRect(QRect(place.left(), lineTop, place.width(), 2),
                    ToQColor(controls::palette::kFrame));
-  painter.setPen(isEnabled() ? theme::kAccent.darker(130) : theme::kMutedText);
+  painter.setPen(isEnabled() ? theme::kDeepAccent : theme::kMutedText);
   painter.drawText(place, Qt::AlignCenter, caption);
 }
 

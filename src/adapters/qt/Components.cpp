@@ -27,8 +27,7 @@ class Notice : public platform::AutomationObject {
     } else if (member == "FormMessage") {
       content_.message = AsText(value);
     } else if (member == "FormType") {
-      const bool question = AsNumber(value, kNotice) == 1;
-      content_.kind = question ? MessageDialog::Kind::kQuestion : MessageDialog::Kind::kInformation;
+      question_ = AsNumber(value, kNotice) == 1;
     } else if (member == "FormBackColor") {
       content_.formGround = AsColour(value);
     } else if (member == "BtmBackColor") {
@@ -50,6 +49,8 @@ class Notice : public platform::AutomationObject {
   AutomationValue Call(std::string_view member,
                        std::span<const AutomationValue> /*arguments*/) override {
     if (member != "ClearShow") ThrowNoSuchMember(kNotice);
+    content_.kind = question_ ? MessageDialog::Kind::kQuestion
+                              : controls::KindOfMessage(ToUtf8(content_.title));
     answer_ = MessageDialog(content_).Run();
     return {};
   }
@@ -59,6 +60,7 @@ class Notice : public platform::AutomationObject {
     return ToQColor(static_cast<controls::Colour>(AsNumber(value, kNotice)));
   }
   MessageDialog::Content content_;
+  bool question_ = false;
   controls::Answer answer_ = controls::Answer::kNo;
 };
 

@@ -1,7 +1,9 @@
 #include "adapters/qt/FormWindow.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QScreen>
 #include <algorithm>
 #include <cstdlib>
 #include <vector>
@@ -14,6 +16,12 @@ using controls::Aspect;
 using controls::Change;
 using controls::Control;
 using controls::Form;
+
+namespace {
+
+constexpr QSize kFrameRoom(8, 32);
+
+}  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
     : form_(&form), surroundings_(surroundings) {
@@ -61,6 +69,14 @@ void FormWindow::FitToForm() {
     if (size() != wanted) resize(wanted);
   }
   fitting_ = false;
+}
+
+void FormWindow::FitToDesk() {
+  // Nobody sees the desk of this platform, whose size says nothing.
+  if (QGuiApplication::platformName() == QStringLiteral("offscreen")) return;
+  // The frame is known only once the window is shown.
+  const QSize room = screen()->availableGeometry().size() - kFrameRoom;
+  resize(size().boundedTo(room).expandedTo(minimumSize()));
 }
 
 void FormWindow::resizeEvent(QResizeEvent* event) {

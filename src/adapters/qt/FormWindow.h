@@ -14,6 +14,8 @@ class FormWindow : public QWidget {
   ~FormWindow() override;
   /// The form and its controls are not touched from here on.
   void Detach();
+  /// Smaller where the desk has less room than the form was designed for; its layout follows.
+  void FitToDesk();
   /// Null for a control of another form.
   QWidget* WidgetOf(const controls::Control& control) const;
 

@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPushButton>
+#include <QTextLayout>
 #include <QVBoxLayout>
 
 #include "adapters/qt/Convert.h"
@@ -19,16 +20,12 @@ using controls::Answer;
 namespace {
 
 constexpr int kBadge = 40;
+constexpr int kLeastText = 300;
+constexpr int kMostText = 460;
 
 /// A round badge with "i", "?" or "!".
 QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
-  QColor ground = theme::kAccent;
-  QString sign = QStringLiteral("i");
-  if (kind == MessageDialog::Kind::kQuestion) sign = QStringLiteral("؟");
-  if (kind == MessageDialog::Kind::kError) {
-    sign = QStringLiteral("!");
-    ground = theme::kRefused;
-  }
+  const QColor ground = kind == MessageDialog::Kind::kError ? theme::kRefused : theme::kAccent;
   QPixmap pixmap(QSize(kBadge, kBadge) * ratio);
   pixmap.setDevicePixelRatio(ratio);
   pixmap.fill(Qt::transparent);
@@ -41,9 +38,30 @@ QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
   font.setPixelSize(24);
   font.setBold(true);
   painter.setFont(font);
-  painter.setPen(Qt::white);
-  painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, sign);
+  painter.setPen(theme::kOnAccent);
+  painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, ToQString(controls::SignOf(kind)));
   return pixmap;
+}
+
+/// The message in lines of their own. The label would leave the blank at which it broke a line in
+/// the line, at its right end; and a carriage return takes room, by which the first letter of a
+/// line would be pushed out.
+QString Wrapped(const QString& message) {
+  QString text = ToQString(controls::ShownMessage(ToUtf8(message)));
+  text.remove(QLatin1Char('\r')).replace(QLatin1Char('\n'), QChar::LineSeparator);
+  QTextLayout layout(text, QApplication::font());
+  QTextOption option;
+  option.setTextDirection(Qt::RightToLeft);
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  layout.setTextOption(option);
+  QStringList lines;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(kMostText);
+    lines << text.mid(line.textStart(), line.textLength()).remove(QChar::LineSeparator).trimmed();
+  }
+  layout.endLayout();
+  return lines.join(QLatin1Char('\n'));
 }
 
 void SetGround(QWidget& widget, const QColor& colour) {
@@ -80,12 +98,10 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   }
   auto* badge = new QLabel;
   badge->setPixmap(Badge(content.kind, devicePixelRatioF()));
-  // A carriage return takes room, by which the first letter of a line would be pushed out.
-  auto* message = new QLabel(QString(content.message).remove(QLatin1Char('\r')));
+  auto* message = new QLabel(Wrapped(content.message));
   message->setObjectName(QStringLiteral("message"));
   message->setTextFormat(Qt::PlainText);
-  message->setWordWrap(true);
-  message->setMinimumWidth(300);
+  message->setMinimumWidth(kLeastText);
   message->setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
   auto* inside = new QVBoxLayout(frame);
   inside->setContentsMargins(18, 16, 18, 16);

@@ -13,7 +13,7 @@ namespace adapters::qt {
 /// the window that was active.
 class MessageDialog : public QDialog {
  public:
-  enum class Kind { kInformation, kQuestion, kError };
+  using Kind = controls::MessageKind;
   struct Content {
     QString title;
     QString message;

@@ -111,7 +111,7 @@ void MonthPopup::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.fillRect(rect(), ToQColor(controls::palette::kFrame));
-  painter.setPen(theme::kLine);
+  painter.setPen(theme::kBorder);
   painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
   PaintHead(painter);
   for (int week = 0; week < MonthPage::kWeeks; ++week) {
@@ -172,8 +172,8 @@ void MonthPopup::PaintDay(QPainter& painter, int week, int weekday) const {
   painter.setPen(day == browser_.Today() ? QPen(theme::kAccent, 1.5) : QPen(Qt::NoPen));
   painter.drawRoundedRect(place, 4, 4);
   QColor ink = weekday == MonthPage::kFriday ? theme::kRefused : theme::kText;
-  if (!browser_.Page().InMonth(day)) ink = theme::kLine;
-  if (day == browser_.Cursor()) ink = Qt::white;
+  if (!browser_.Page().InMonth(day)) ink = theme::kMutedText;
+  if (day == browser_.Cursor()) ink = theme::kOnAccent;
   painter.setPen(ink);
   painter.drawText(place, Qt::AlignCenter, QString::number(day.Day()));
 }

@@ -22,7 +22,6 @@ namespace {
 constexpr int kShownRows = 12;
 constexpr int kRowPadding = 7;
 constexpr int kLeastPopupWidth = 260;
-constexpr int kMostPopupWidth = 560;
 constexpr int kMeasuredRows = 200;
 constexpr int kRowMargin = 8;
 constexpr int kDetailGap = 16;
@@ -45,7 +44,11 @@ class RowDelegate : public QStyledItemDelegate {
     const QString detail = index.data(SelectorRows::kDetail).toString();
     int detailWidth = 0;
     if (!detail.isEmpty()) {
-      detailWidth = std::min(option.fontMetrics.horizontalAdvance(detail), inside.width() / 2);
+      // What the name leaves; of a long name, a third of the row.
+      const int name = option.fontMetrics.horizontalAdvance(index.data().toString());
+      // An advance is rounded, also down, and then the text would be shortened.
+      detailWidth = std::min(option.fontMetrics.horizontalAdvance(detail) + 1,
+                             std::max(inside.width() - name - kDetailGap, inside.width() / 3));
       painter->setPen(theme::kMutedText);
       painter->drawText(QRect(inside.left(), inside.top(), detailWidth, inside.height()),
                         Qt::AlignLeft | Qt::AlignVCenter | Qt::AlignAbsolute,
@@ -194,7 +197,7 @@ int SelectorWidget::WidthForRows() const {
   }
   const int around =
       kDetailGap + 2 * kRowMargin + popup_->verticalScrollBar()->sizeHint().width() + 4;
-  return std::clamp(widest + around, kLeastPopupWidth, kMostPopupWidth);
+  return std::clamp(widest + around, kLeastPopupWidth, screen()->availableGeometry().width());
 }
 
 void SelectorWidget::ShowRows(const QString& typed) {

@@ -125,8 +125,9 @@ void CheckWindow::Paint() const {
   canvas.Fill(canvas.Area(), Ground());
   const LONG top = (canvas.Area().bottom - side) / 2;
   const RECT box{canvas.Area().right - side, top, canvas.Area().right, top + side};
-  canvas.RoundBox(box, scale.Design(3), enabled ? theme::kField : controls::palette::kFrame,
-                  focused ? theme::kAccent : theme::kLine);
+  controls::Colour line = enabled ? theme::kBorder : theme::kLine;
+  if (focused) line = theme::kAccent;
+  canvas.RoundBox(box, scale.Design(3), enabled ? theme::kField : controls::palette::kFrame, line);
   const double unit = side / 14.0;
   if (checked_) {
     const double x = box.left;

@@ -18,9 +18,10 @@ RECT InsideField(const RECT& outer, const Theme& theme, bool severalLines) {
 void PaintField(const Canvas& canvas, const RECT& outer, const Theme& theme,
                 controls::Colour around, bool enabled, bool focused) {
   canvas.Fill(outer, around);
+  controls::Colour line = enabled ? theme::kBorder : theme::kLine;
+  if (focused) line = theme::kAccent;
   canvas.RoundBox(outer, theme.GetScale().Design(3),
-                  enabled ? theme::kField : controls::palette::kFrame,
-                  focused ? theme::kAccent : theme::kLine);
+                  enabled ? theme::kField : controls::palette::kFrame, line);
 }
 
 LRESULT FieldColours(HDC dc, bool enabled) {

@@ -93,6 +93,19 @@ void FormWindow::FitToForm() {
   fitting_ = false;
 }
 
+void FormWindow::FitToDesk() {
+  RECT window{};
+  GetWindowRect(Handle(), &window);
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const LONG width =
+      std::min(window.right - window.left, monitor.rcWork.right - monitor.rcWork.left);
+  const LONG height =
+      std::min(window.bottom - window.top, monitor.rcWork.bottom - monitor.rcWork.top);
+  SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void FormWindow::Resized() {
   if (fitting_ || !form_ || IsIconic(Handle())) return;
   RECT inside{};

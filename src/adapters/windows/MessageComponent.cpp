@@ -79,13 +79,14 @@ class MessageComponent final : public ComObject<IDispatch> {
 
  private:
   HRESULT ClearShow() {
+    using Kind = MessageDialog::Kind;
+    content_.kind = question_ ? Kind::kQuestion : controls::KindOfMessage(Utf8(content_.title));
     answer_ = MessageDialog(guard_, content_).Run();
     return S_OK;
   }
 
   HRESULT Put(DISPID member, const Variant& value) {
     const auto colour = [&value] { return static_cast<controls::Colour>(value.Number()); };
-    using Kind = MessageDialog::Kind;
     switch (member) {
       case kFormTitle:
         content_.title = Wide(value.Text());
@@ -94,7 +95,7 @@ class MessageComponent final : public ComObject<IDispatch> {
         content_.message = Wide(value.Text());
         return S_OK;
       case kFormType:
-        content_.kind = value.Number() == kQuestion ? Kind::kQuestion : Kind::kInformation;
+        question_ = value.Number() == kQuestion;
         return S_OK;
       case kFormBackColor:
         content_.formGround = colour();
@@ -141,6 +142,7 @@ class MessageComponent final : public ComObject<IDispatch> {
 
   ErrorGuard& guard_;
   MessageDialog::Content content_;
+  bool question_ = false;
   controls::Answer answer_ = controls::Answer::kNo;
 };
 

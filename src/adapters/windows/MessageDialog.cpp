@@ -37,7 +37,9 @@ int WidestLine(HDC dc, const std::vector<std::wstring>& lines) {
 }  // namespace
 
 MessageDialog::MessageDialog(ErrorGuard& guard, Content content)
-    : Window(guard), content_(std::move(content)) {
+    : Window(guard),
+      content_(std::move(content)),
+      shown_(Wide(controls::ShownMessage(Utf8(content_.message)))) {
   LayOut();
   RECT place = client_;
   AdjustWindowRectEx(&place, kStyle, FALSE, kExtendedStyle);
@@ -59,7 +61,7 @@ void MessageDialog::LayOut() {
   const auto px = [&scale](int design) { return scale.Design(design); };
   const Measuring measuring(theme_.Font());
   const HDC dc = measuring.Dc();
-  const std::vector<std::wstring> lines = WrapText(dc, content_.message, px(kMostText));
+  const std::vector<std::wstring> lines = WrapText(dc, shown_, px(kMostText));
   // A little more than the text needs, so that painting never wraps it anew.
   const int textWidth = std::max(px(kLeastText), WidestLine(dc, lines) + px(4));
   const int textHeight = std::max(px(kBadge), static_cast<int>(lines.size()) * theme_.LineHeight());
@@ -236,12 +238,9 @@ void MessageDialog::Paint() const {
   RECT disc = badge_;
   InflateRect(&disc, -1, -1);
   canvas.RoundBox(disc, scale.Design(kBadge) / 2, ground, ground);
-  const wchar_t* sign = L"i";
-  if (content_.kind == Kind::kQuestion) sign = L"؟";
-  if (content_.kind == Kind::kError) sign = L"!";
-  canvas.Text(sign, badge_,
-              {.font = theme_.LargeFont(), .colour = theme::kWhite, .across = Across::kCentre});
-  canvas.Text(content_.message, message_, {.font = theme_.Font(), .wrapped = true});
+  canvas.Text(Wide(controls::SignOf(content_.kind)), badge_,
+              {.font = theme_.LargeFont(), .colour = theme::kOnAccent, .across = Across::kCentre});
+  canvas.Text(shown_, message_, {.font = theme_.Font(), .wrapped = true});
   if (!content_.technical.empty()) {
     canvas.RoundBox(technical_, scale.Design(3), theme::kField, theme::kLine);
   }

@@ -18,7 +18,7 @@ class ModalLoop;
 /// and Esc, the arrow keys and, for a question, Y and N answer it; Ctrl+C copies its texts.
 class MessageDialog : public Window {
  public:
-  enum class Kind { kInformation, kQuestion, kError };
+  using Kind = controls::MessageKind;
   struct Content {
     std::wstring title;
     std::wstring message;
@@ -49,6 +49,7 @@ class MessageDialog : public Window {
   void CopyTexts() const;
 
   Content content_;
+  std::wstring shown_;  // its message
   Theme theme_;
   RECT client_{};
   RECT frame_{};

@@ -128,7 +128,7 @@ MonthPopupWindow::Spot MonthPopupWindow::SpotAt(POINT place) const {
 void MonthPopupWindow::Paint() const {
   const PaintSession session(Handle());
   session.Fill(session.Area(), controls::palette::kFrame);
-  session.Frame(session.Area(), theme::kLine);
+  session.Frame(session.Area(), theme::kBorder);
   PaintHead(session);
   for (int week = 0; week < MonthPage::kWeeks; ++week) {
     for (int weekday = 0; weekday < MonthPage::kDays; ++weekday) PaintDay(session, week, weekday);
@@ -189,8 +189,8 @@ void MonthPopupWindow::PaintDay(const Canvas& canvas, int week, int weekday) con
   look.font = Look().Font();
   look.across = Across::kCentre;
   look.colour = friday ? theme::kRefused : theme::kText;
-  if (!browser_.Page().InMonth(day)) look.colour = theme::kLine;
-  if (day == browser_.Cursor()) look.colour = theme::kWhite;
+  if (!browser_.Page().InMonth(day)) look.colour = theme::kMutedText;
+  if (day == browser_.Cursor()) look.colour = theme::kOnAccent;
   canvas.Text(std::to_wstring(day.Day()), place, look);
 }
 

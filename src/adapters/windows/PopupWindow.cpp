@@ -44,13 +44,17 @@ PopupWindow::~PopupWindow() {
   EndWatching();
 }
 
-RECT PopupWindow::PlaceFor(SIZE size) const {
-  RECT field{};
-  GetWindowRect(field_, &field);
+RECT PopupWindow::Room() const {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(field_, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& room = monitor.rcWork;
+  return monitor.rcWork;
+}
+
+RECT PopupWindow::PlaceFor(SIZE size) const {
+  RECT field{};
+  GetWindowRect(field_, &field);
+  const RECT room = Room();
   LONG left = field.right - size.cx;
   LONG top = field.bottom;
   if (top + size.cy > room.bottom) top = field.top - size.cy;

@@ -33,6 +33,8 @@ class PopupWindow : public Window {
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   const Theme& Look() const { return look_; }
+  /// The work area of the screen that the field is on.
+  RECT Room() const;
   int Design(int pixels) const { return look_.GetScale().Design(pixels); }
 
  private:

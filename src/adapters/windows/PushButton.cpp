@@ -37,10 +37,11 @@ void ButtonFace::Paint(HWND window) const {
   const bool focused = GetFocus() == window;
   const Scale& scale = theme_.GetScale();
   controls::Colour face = face_;
-  controls::Colour line = theme::kLine;
+  controls::Colour line = theme::kBorder;
   controls::Colour ink = theme::kText;
   if (!enabled) {
-    face = controls::palette::kFrame;
+    face = around_;
+    line = theme::kLine;
     ink = theme::kMutedText;
   } else if (pressed) {
     face = theme::kLine;

@@ -16,7 +16,6 @@ namespace {
 // Lengths at 96 dpi.
 constexpr int kRowPadding = 7;
 constexpr int kLeastWidth = 260;
-constexpr int kMostWidth = 560;
 constexpr int kRowMargin = 8;
 constexpr int kDetailGap = 16;
 
@@ -63,7 +62,7 @@ void SelectorList::Forget() {
   current_ = -1;
 }
 
-/// What the first rows take, within limits.
+/// What the first rows take, within the work area.
 int SelectorList::WidthForRows() const {
   const Measuring measuring(Look().Font());
   int widest = 0;
@@ -75,7 +74,8 @@ int SelectorList::WidthForRows() const {
   }
   const int around =
       Design(kDetailGap) + 2 * Design(kRowMargin) + GetSystemMetrics(SM_CXVSCROLL) + Design(4);
-  return std::clamp(widest + around, Design(kLeastWidth), Design(kMostWidth));
+  const RECT room = Room();
+  return std::clamp(widest + around, Design(kLeastWidth), static_cast<int>(room.right - room.left));
 }
 
 void SelectorList::ScrollTo(int top) {
@@ -160,8 +160,11 @@ void SelectorList::PaintRow(const Canvas& canvas, int row, const RECT& place) co
   const std::wstring detail = Wide(item->detail);
   if (!detail.empty()) {
     const Selected font(canvas.Dc(), Look().Font());
-    const LONG width =
-        std::min(LONG{TextWidth(canvas.Dc(), detail)}, (inside.right - inside.left) / 2);
+    // What the name leaves; of a long name, a third of the row.
+    const LONG whole = inside.right - inside.left;
+    const LONG name = TextWidth(canvas.Dc(), Wide(item->name));
+    const LONG width = std::min(LONG{TextWidth(canvas.Dc(), detail)},
+                                std::max(whole - name - Design(kDetailGap), whole / 3));
     canvas.Text(detail, {inside.left, inside.top, inside.left + width, inside.bottom},
                 {.font = Look().Font(), .colour = theme::kMutedText, .across = Across::kLeft});
     inside.left += width + Design(kDetailGap);
@@ -171,7 +174,7 @@ void SelectorList::PaintRow(const Canvas& canvas, int row, const RECT& place) co
 
 void SelectorList::PaintBorder() const {
   const FramePainting frame(Handle());
-  Canvas(frame.Dc()).Frame(frame.Area(), theme::kLine);
+  Canvas(frame.Dc()).Frame(frame.Area(), theme::kBorder);
 }
 
 LRESULT SelectorList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -13,15 +13,16 @@ namespace theme {
 // A Colour is a COLORREF.
 using screens::palette::kAccent;
 using screens::palette::kAccentGround;
+using screens::palette::kBorder;
 using screens::palette::kDeepAccent;
 using screens::palette::kFaintLine;
 using screens::palette::kField;
 using screens::palette::kLine;
 using screens::palette::kMutedText;
+using screens::palette::kNoteGround;
+using screens::palette::kOnAccent;
 using screens::palette::kRefused;
 using screens::palette::kText;
-inline constexpr controls::Colour kNoteGround = controls::Rgb(255, 243, 196);
-inline constexpr controls::Colour kWhite = controls::Rgb(255, 255, 255);
 }  // namespace theme
 
 /// An object of GDI (font, pen, brush, bitmap, region), deleted with this.

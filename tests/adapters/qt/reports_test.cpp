@@ -168,7 +168,7 @@ TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
                   "where ID={fmlID}\n-->");
             }),
             207);
-  EXPECT_THAT(*shown, HasSubstr("پرسش «v» قالب گزارش «t.html» اجرا نشد."));
+  EXPECT_THAT(*shown, HasSubstr("پرسش «\u202Av\u202C» قالب گزارش «\u202At.html\u202C» اجرا نشد."));
   EXPECT_THAT(*shown, testing::ContainsRegex("t.html:3: query v: .* ندارد.*\n.*'Nothing'"));
 }
 
