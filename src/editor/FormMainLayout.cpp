@@ -52,6 +52,7 @@ void FormMain::PlaceControls() {
     resizeRules_.Add(*button, {.left = 1, .top = 1});
   }
   SetCancelButton(&cmdCancel);
+  SetFirstFocus(&cmdNew);
   SetTabOrder();
   SetResizeRules();
 }

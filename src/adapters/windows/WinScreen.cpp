@@ -93,7 +93,9 @@ void WinScreen::Show(Form& form, Modality modality) {
   }
   HWND owner = modal ? DialogOwner() : host_;
   if (owner == nullptr) owner = host_;
-  const HWND window = WindowFor(form, owner).Handle();
+  FormWindow& shown = WindowFor(form, owner);
+  const HWND window = shown.Handle();
+  if (!IsWindowVisible(window)) shown.TakeFirstFocus();
   if (!IsWindowVisible(window) && owner != window) {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
     if (modal) CentreOver(owner, window);
