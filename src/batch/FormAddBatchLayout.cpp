@@ -48,12 +48,15 @@ void FormAddBatch::PlaceControls() {
              {.right = right, .top = 9075, .labelWidth = 600, .fieldWidth = 11550});
   cmdAdd.Move(1560, 9075, 1320, kFieldHeight);
   cmdCancel.Move(kMargin, 9075, 1320, kFieldHeight);
+  // No default button: Enter commits only on the one that does.
+  frameFilter.SetDefaultButton(&cmdSearch);
   SetCancelButton(&cmdCancel);
+  SetFirstFocus(&sltPromoter);
 
-  tools::SetTabOrder({&sltPromoter, &flxRegion.Flex, &flxPath.Flex, &datDateFrom, &datDateTo,
-                      &flxDate.Flex, &txtCodeFrom, &txtCodeTo, &txtName, &cmdSearch, &sltCustomer,
-                      &sltBranch, &sltWorkActivity, &cmdNewsearch, &flxCustomer.Flex, &txtNotes,
-                      &cmdAdd, &cmdCancel});
+  tools::SetTabOrder({&sltPromoter, &flxRegion, &flxPath, &datDateFrom, &datDateTo, &flxDate,
+                      &txtCodeFrom, &txtCodeTo, &txtName, &cmdSearch, &sltCustomer, &sltBranch,
+                      &sltWorkActivity, &cmdNewsearch, &flxCustomer, &txtNotes, &cmdAdd,
+                      &cmdCancel});
   SetResizeRules();
 }
 

@@ -78,13 +78,17 @@ void Control::Move(Twips left, Twips top, Twips width, Twips height) {
   Notify(Aspect::kBounds);
 }
 
-void Control::SetFocus() {
-  bool reachable = ParentForm().Visible();
+bool Control::Reachable() const {
+  bool reachable = true;
   for (const Control* at = this; at != nullptr && reachable;
        at = dynamic_cast<const Control*>(&at->parent_)) {
     reachable = at->enabled_ && at->visible_;
   }
-  if (!reachable) {
+  return reachable;
+}
+
+void Control::SetFocus() {
+  if (!Reachable() || !ParentForm().Visible()) {
     throw platform::RuntimeError(platform::kInvalidProcedureCall,
                                  "Invalid procedure call or argument");
   }

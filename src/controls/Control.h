@@ -118,6 +118,9 @@ class Control {
   bool Visible() const { return visible_; }
   void SetVisible(bool visible);
 
+  /// Whether it and all frames around it are enabled and visible.
+  bool Reachable() const;
+
   /// Relative to the container's top left corner. A negative width or height throws RuntimeError
   /// 380 "Invalid property value" and changes nothing.
   Twips Left() const { return left_; }

@@ -134,10 +134,15 @@ class Frame : public Control, public Container {
   Form& OwnForm() override { return ParentForm(); }
   const std::string& Caption() const { return caption_; }
   Border BorderStyle() const { return border_; }
+  /// What Enter clicks in the fields of the frame instead of the form's default button; null for
+  /// none.
+  Button* DefaultButton() const { return defaultButton_; }
+  void SetDefaultButton(Button* button) { defaultButton_ = button; }
 
  private:
   std::string caption_;
   Border border_;
+  Button* defaultButton_ = nullptr;
 };
 
 class DateBox;

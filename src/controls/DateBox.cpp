@@ -69,14 +69,18 @@ std::string_view DateBox::WeekdayName() const {
   return date_ ? date_->WeekdayName() : std::string_view();
 }
 
-std::string DateBox::EnterTyped(std::string_view typed) {
+std::string DateBox::EnterTyped(std::string_view typed, Typing how) {
   if (!Enabled()) return {};
   const std::string_view trimmed = text::Trim(typed);
   const auto date = SolarHijriDate::FromTyped(trimmed);
   if (!date && !trimmed.empty()) {
     return NoDate(trimmed) + " تاريخ را به صورت سال/ماه/روز بنويسيد، مانند 1404/02/15.";
   }
-  Assign(date);
+  if (how == Typing::kLeft || date != date_) {
+    Assign(date);
+  } else if (onChange) {
+    onChange();
+  }
   return {};
 }
 

@@ -42,10 +42,12 @@ class DateBox : public Control {
 
   // For the screen: what a person does with the box. All of it does nothing while disabled.
 
+  /// kEnter raises onChange for the same date too, so that what hangs on the date is fetched again.
+  enum class Typing { kLeft, kEnter };
   /// The user finished typing. Returns the empty text when it was understood (or empty: the box is
   /// cleared); otherwise a sentence that tells the user what is wrong, and the date stays as it
   /// was.
-  std::string EnterTyped(std::string_view typed);
+  std::string EnterTyped(std::string_view typed, Typing how = Typing::kLeft);
   enum class Key { kUp, kDown, kPageUp, kPageDown };
   /// Up and page up go a day and a month forward, down and page down back; an empty box takes
   /// `today`. Nothing happens at the ends of the calendar.

@@ -1,5 +1,6 @@
 #include "controls/Form.h"
 
+#include "controls/Controls.h"
 #include "platform/RuntimeError.h"
 
 namespace controls {
@@ -83,6 +84,30 @@ void Form::Unload() {
   Hide();
   loaded_ = false;
   screen_.Unload(*this);
+}
+
+bool Form::PressEnter(const Control* focused) {
+  Button* button = defaultButton_;
+  const Container* around = focused == nullptr ? nullptr : &focused->Parent();
+  while (const auto* frame = dynamic_cast<const Frame*>(around)) {
+    if (frame->DefaultButton() != nullptr) {
+      button = frame->DefaultButton();
+      break;
+    }
+    around = &frame->Parent();
+  }
+  if (button == nullptr) return false;
+  button->Click();
+  return true;
+}
+
+bool Form::PressEscape() {
+  if (cancelButton_ != nullptr) {
+    cancelButton_->Click();
+    return true;
+  }
+  if (escapeCloses_) CloseBox();
+  return escapeCloses_;
 }
 
 }  // namespace controls

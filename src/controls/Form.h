@@ -57,9 +57,15 @@ class Form : public Container {
   /// The user pressed the window's close box.
   void CloseBox() { FormClose(); }
 
-  /// Enter outside a several-line box, and Esc; null for none.
-  Button* DefaultButton() const { return defaultButton_; }
-  Button* CancelButton() const { return cancelButton_; }
+  /// Where the keyboard is each time the form comes up; null leaves it where it was, at first on
+  /// the first control of the tab order.
+  Control* FirstFocus() const { return firstFocus_; }
+  /// Enter that the control with the focus (null: none has it) had no use for: clicks the default
+  /// button of the nearest frame around it that has one, else the form's. False when there is none.
+  bool PressEnter(const Control* focused);
+  /// Esc that no control had a use for: clicks the cancel button, or is the close box where the
+  /// form says so. False when it is neither.
+  bool PressEscape();
 
   /// The caption changed (kText) or the size (kBounds).
   Subscription Subscribe(Observers::Listener listener) {
@@ -74,6 +80,9 @@ class Form : public Container {
   void SetMinimumSize(Twips width, Twips height);
   void SetDefaultButton(Button* button) { defaultButton_ = button; }
   void SetCancelButton(Button* button) { cancelButton_ = button; }
+  /// For a form without a cancel button.
+  void SetEscapeCloses() { escapeCloses_ = true; }
+  void SetFirstFocus(Control* control) { firstFocus_ = control; }
 
  private:
   Screen& screen_;
@@ -87,6 +96,8 @@ class Form : public Container {
   Twips minHeight_ = 0;
   Button* defaultButton_ = nullptr;
   Button* cancelButton_ = nullptr;
+  Control* firstFocus_ = nullptr;
+  bool escapeCloses_ = false;
   bool loaded_ = false;
   bool visible_ = false;
 };

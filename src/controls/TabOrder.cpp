@@ -47,4 +47,28 @@ std::vector<Control*> TabSequence(const Form& form) {
   return order;
 }
 
+bool TakesKeyboard(const Control& control) {
+  if (dynamic_cast<const Label*>(&control) != nullptr) return false;
+  if (dynamic_cast<const Frame*>(&control) != nullptr) return false;
+  return control.Reachable();
+}
+
+Control* NextStop(const Form& form, const Control* from, int step) {
+  const std::vector<Control*> order = TabSequence(form);
+  const int count = static_cast<int>(order.size());
+  int at = static_cast<int>(std::ranges::find(order, from) - order.begin());
+  if (at == count && step > 0) at = -1;
+  for (int tried = 0; tried < count; ++tried) {
+    at = (at + step + count) % count;
+    Control* const control = order[static_cast<std::size_t>(at)];
+    if (TakesKeyboard(*control)) return control;
+  }
+  return nullptr;
+}
+
+Control* FirstStop(const Form& form) {
+  Control* const first = form.FirstFocus();
+  return first != nullptr && TakesKeyboard(*first) ? first : NextStop(form, nullptr, 1);
+}
+
 }  // namespace controls

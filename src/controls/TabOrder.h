@@ -13,4 +13,14 @@ namespace controls {
 /// place.
 std::vector<Control*> TabSequence(const Form& form);
 
+/// Whether it is of a kind that takes keys, and enabled and visible with all frames around it.
+bool TakesKeyboard(const Control& control);
+
+/// Where tab (`step` 1) or shift and tab (-1) lead from a control, which may be one that is not in
+/// the order or takes no keys any more; null begins at that end. Null when nothing takes keys.
+Control* NextStop(const Form& form, const Control* from, int step);
+
+/// Where the keyboard goes when the form comes up for the first time.
+Control* FirstStop(const Form& form);
+
 }  // namespace controls

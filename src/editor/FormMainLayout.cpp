@@ -63,6 +63,7 @@ void FormMain::PlaceControls() {
     resizeRules_.Add(*button, {.left = 1, .top = 1});
   }
   SetCancelButton(&cmdCancel);
+  SetFirstFocus(&cmdNew);
   SetTabOrder();
   SetResizeRules();
 }

@@ -82,7 +82,8 @@ void FormMain::ShowNew() {
   mode_ = Mode::kCreate;
   DisableComponents();
   ClearControls();
-  platform::ResumeNext([this] { txtID.SetFocus(); });
+  // The header's first field that the new program does not bring along.
+  platform::ResumeNext([this] { sltBranch.SetFocus(); });
 }
 
 void FormMain::OpenProgram(std::int32_t programId) {
@@ -99,6 +100,7 @@ void FormMain::OpenForEdit(std::int32_t programId) {
   LoadProgram(programId);
   mode_ = Mode::kEdit;
   DisableComponents();
+  platform::ResumeNext([this] { sltBranch.SetFocus(); });
 }
 
 void FormMain::LoadProgram(std::int32_t programId) {

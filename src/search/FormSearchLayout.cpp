@@ -57,6 +57,7 @@ void FormSearch::PlaceControls() {
   }
   SetDefaultButton(&cmdSearch);
   SetCancelButton(&cmdExit);
+  SetFirstFocus(&txtID);
   tools::SetTabOrder({&txtID, &sltProgram, &sltCreator, &datCreateDate, &sltBranch, &sltSupervisor,
                       &datVisit, &sltPromoter, &sltCustomer, &txtDescription, &flxSearch,
                       &cmdSearch, &cmdNewsearch, &cmdExcel, &cmdSentToText, &cmdExit});

@@ -13,6 +13,8 @@ FormPrint::FormPrint(host::modMain& module)
   cmdPrint.Move(1590, 1050, 1320, 420);
   cmdOk.Move(150, 1050, 1320, 420);
   SetDefaultButton(&cmdOk);
+  SetEscapeCloses();
+  SetFirstFocus(&cmbReport_);
   cmbReport_.SetTabIndex(0);
   cmdPrint.SetTabIndex(1);
   cmdOk.SetTabIndex(2);

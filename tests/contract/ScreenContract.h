@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "contract/ScreenFixture.h"
@@ -112,15 +113,29 @@ TEST_F(ScreenTest, Keys_InAModelessForm_TypeTabAndPressDefaultAndCancel) {
   form.cmdCancel.SetFocus();
   Press({Key::kEnter});  // presses the button that has the focus
   EXPECT_THAT(events, ElementsAre("ش", "شي", "OK", "Cancel", "Cancel"));
+  events.clear();
+  form.cmbReport.SetFocus();
+  form.frame.SetDefaultButton(&form.cmdCancel);
+  Press({Key::kEnter});  // in a frame the frame's own default
+  EXPECT_THAT(events, ElementsAre("Cancel"));
+}
+
+TEST_F(ScreenTest, Tab_ForwardAndBack_VisitsEveryKindOfControlAndComesRound) {
+  const std::vector<std::string> order = {"cmbReport", "sltCity",   "sltBranch", "datFrom",
+                                          "flx",       "cmdCancel", "cmdOK",     "txtNumber",
+                                          "txtName",   "cmbReport"};
   form.chkActive.SetEnabled(false);
-  form.txtNumber.SetFocus();
-  std::vector<std::string> visited;
-  for (int i = 0; i < 8; ++i) {
-    visited.push_back(Focused());
-    Press({Key::kTab});
+  form.SetFirstFocus(&form.cmbReport);
+  ShowForm();
+  for (const bool forward : {true, false}) {
+    std::vector<std::string> visited = {Focused()};
+    while (visited.size() < order.size()) {
+      Press({Key::kTab}, forward ? Held::kNothing : Held::kShift);
+      visited.push_back(Focused());
+    }
+    if (!forward) std::ranges::reverse(visited);
+    EXPECT_EQ(visited, order);
   }
-  EXPECT_THAT(visited, ElementsAre("txtNumber", "txtName", "cmbReport", "sltCity", "datFrom", "flx",
-                                   "cmdCancel", "cmdOK"));
   form.txtNumber.SetFocus();
   form.txtNumber.SetEnabled(false);
   EXPECT_EQ(Focused(), "txtName") << "a disabled control passes it on";
@@ -205,6 +220,9 @@ TEST_F(FieldTest, DateTypedOrStepped_IsUnderstoodOrRefused) {
   EXPECT_TRUE(events.empty()) << "this Enter was for the date";
   Press({Key::kEnter});
   EXPECT_THAT(events, ElementsAre("OK"));
+  form.datFrom.onChange = [&] { events.emplace_back("date"); };
+  Press({Key::kEnter});
+  EXPECT_THAT(events, ElementsAre("OK", "date")) << "the same day, for whom it matters";
   Press({Key::kUp, Key::kPageUp, Key::kPageUp, Key::kDown, Key::kPageDown});
   EXPECT_EQ(Shown(form.datFrom), "1403/02/05");
   Retype("1403/13/40");

@@ -51,13 +51,15 @@ struct CitySource : controls::LookupSource {
 class SampleForm : public controls::Form {
  public:
   SampleForm(controls::Screen& onScreen, controls::LookupSource& source)
-      : Form(onScreen, "SampleForm", Border::kSizable), sltCity(frame, "sltCity", source) {
+      : Form(onScreen, "SampleForm", Border::kSizable),
+        sltCity(frame, "sltCity", source),
+        sltBranch(frame, "sltBranch", source) {
     Resize(10500, 7800);
     SetMinimumSize(7500, 6000);
     int place = 0;
     for (controls::Control* control :
          std::vector<controls::Control*>{&txtNumber, &txtName, &chkActive, &cmbReport, &sltCity,
-                                         &datFrom, &flx, &cmdCancel, &cmdOK}) {
+                                         &sltBranch, &datFrom, &flx, &cmdCancel, &cmdOK}) {
       control->Move(place % 5 * 2000 + 300, 300, 1900, 375);
       control->SetTabIndex(place++);
     }
@@ -73,6 +75,7 @@ class SampleForm : public controls::Form {
   controls::Frame frame{*this, "frame", "مشخصات"};
   controls::TextBox txtNumber{frame, "txtNumber"};
   controls::Selector sltCity;
+  controls::Selector sltBranch;
   controls::DateBox datFrom{frame, "datFrom"};
   controls::ComboBox cmbReport{frame, "cmbReport"};
   controls::CheckBox chkActive{*this, "chkActive", "فعال"};
@@ -80,6 +83,7 @@ class SampleForm : public controls::Form {
   controls::FlexGrid flx{*this, "flx"};
   controls::Button cmdOK{*this, "cmdOK", "تاييد"};
   controls::Button cmdCancel{*this, "cmdCancel", "انصراف"};
+  using Form::SetFirstFocus;
   int closed = 0;
   int laidOut = 0;
 

@@ -49,9 +49,13 @@ TEST_F(DateBoxTest, TypedText_IsADateOrExplainedAndTheDateKept) {
   EXPECT_THAT(box.EnterTyped(" فردا"),
               AllOf(HasSubstr("”فردا“ درست نيست"), HasSubstr("سال/ماه/روز")));
   EXPECT_EQ(box.Text(), "1404/02/15");
-  EXPECT_EQ(box.EnterTyped("  "), "");
+  box.EnterTyped("14040215");
+  EXPECT_EQ(changes, 1) << "the same day";
+  box.EnterTyped("14040215", DateBox::Typing::kEnter);
+  EXPECT_EQ(changes, 2) << "asked for again";
+  EXPECT_EQ(box.EnterTyped("  ", DateBox::Typing::kEnter), "");
   EXPECT_TRUE(box.IsEmpty());
-  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(changes, 3);
 }
 
 TEST_F(DateBoxTest, Keys_StepDaysAndMonthsUnlessDisabledOrAtTheEnd) {

@@ -28,6 +28,8 @@ class SampleForm : public controls::Form {
     SetDefaultButton(&ok);
   }
 
+  using Form::SetDefaultButton;
+  using Form::SetEscapeCloses;
   bool fails = false;
 
   controls::Frame frame{*this, "frame"};
@@ -178,8 +180,6 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text --", "brother: label b+",
                                       "outer: text -+ hint", "ok: button Yes", "check: check Tick",
                                       "day: 1404/01/01", "combo: combo", "grid: grid"));
-  EXPECT_EQ(form.DefaultButton(), &form.ok);
-  EXPECT_EQ(form.CancelButton(), nullptr);
   EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 
@@ -190,6 +190,21 @@ TEST_F(FormTest, TabSequence_FramesWithAndWithoutAnIndex_VisitsTheirPartsInPlace
   EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.outer, &form.inner));
   form.frame.SetTabIndex(1);
   EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.brother, &form.inner, &form.outer));
+}
+
+TEST_F(FormTest, EnterAndEscape_WithoutAndWithAButtonForThem_SayWhetherTheyWereUsed) {
+  form.ok.onClick = [&] { calls.emplace_back("ok"); };
+  form.Show(Modality::kModeless);
+  calls.clear();
+  EXPECT_FALSE(form.PressEscape());
+  EXPECT_TRUE(form.PressEnter(nullptr));
+  EXPECT_TRUE(form.PressEnter(&form.inner)) << "a frame without a default of its own";
+  form.SetDefaultButton(nullptr);
+  EXPECT_FALSE(form.PressEnter(&form.inner));
+  EXPECT_THAT(calls, ElementsAre("ok", "ok"));
+  form.SetEscapeCloses();
+  EXPECT_TRUE(form.PressEscape());
+  EXPECT_FALSE(form.Visible());
 }
 
 TEST_F(FormTest, Following_InAFrame_KeepsStepWithIt) {

@@ -62,11 +62,11 @@ void DateBoxWidget::Toggle() {
   popup_->show();
 }
 
-bool DateBoxWidget::Commit() {
-  if (!edited_) return true;
+bool DateBoxWidget::Commit(DateBox::Typing how) {
+  if (!edited_ && how == DateBox::Typing::kLeft) return true;
   std::string refusal;
   const std::string typed = ToUtf8(text());
-  if (!Call([&](DateBox& box) { refusal = box.EnterTyped(typed); })) return true;
+  if (!Call([&](DateBox& box) { refusal = box.EnterTyped(typed, how); })) return true;
   if (refusal.empty()) {
     ShowDate();
     return true;
@@ -77,16 +77,15 @@ bool DateBoxWidget::Commit() {
 }
 
 void DateBoxWidget::keyPressEvent(QKeyEvent* event) {
-  if (edited_) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-      if (Commit()) selectAll();
-      return;
-    }
-    if (event->key() == Qt::Key_Escape) {
-      ShowNote({});
-      ShowDate();
-      return;
-    }
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && Model() && (edited_ || Model()->onChange)) {
+    if (Commit(DateBox::Typing::kEnter)) selectAll();
+    return;
+  }
+  if (edited_ && event->key() == Qt::Key_Escape) {
+    ShowNote({});
+    ShowDate();
+    return;
   }
   std::optional<DateBox::Key> step;
   if (event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier) {

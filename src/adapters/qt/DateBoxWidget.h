@@ -25,7 +25,7 @@ class DateBoxWidget : public ViewOf<FieldWithButton, controls::DateBox> {
 
  private:
   /// Gives a typed text to the model. False when it was refused: note and red border then say so.
-  bool Commit();
+  bool Commit(controls::DateBox::Typing how = controls::DateBox::Typing::kLeft);
   void ShowDate();
 
   MonthPopup* popup_;

@@ -5,8 +5,6 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <algorithm>
-#include <cstdlib>
-#include <vector>
 
 #include "controls/TabOrder.h"
 
@@ -31,7 +29,6 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
   if (form.BorderStyle() == Form::Border::kSizable) flags |= Qt::WindowMinMaxButtonsHint;
   setWindowFlags(flags);
   WidgetFactory(surroundings_, views_).MakeAll(form, *this);
-  SetTabOrder();
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   subscription_ = form.Subscribe([this](const Change& change) { Refresh(change); });
@@ -96,30 +93,40 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  controls::Button* button = nullptr;
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (form_ && enter) button = form_->DefaultButton();
-  if (form_ && event->key() == Qt::Key_Escape) button = form_->CancelButton();
-  if (!button) {
-    QWidget::keyPressEvent(event);
-    return;
-  }
-  surroundings_.guard.Run([&] { button->Click(); });
+  bool used = false;
+  surroundings_.guard.Run([&] {
+    if (form_ && enter) used = form_->PressEnter(Focused());
+    if (form_ && event->key() == Qt::Key_Escape) used = form_->PressEscape();
+  });
+  if (!used) QWidget::keyPressEvent(event);
 }
 
-void FormWindow::SetTabOrder() {
-  QWidget* previous = nullptr;
-  const std::vector<Control*> sequence = controls::TabSequence(*form_);
-  for (const auto& [control, view] : views_) {
-    QWidget& widget = view->Widget();
-    const bool inOrder = std::find(sequence.begin(), sequence.end(), control) != sequence.end();
-    if (!inOrder && widget.focusPolicy() != Qt::NoFocus) widget.setFocusPolicy(Qt::ClickFocus);
-  }
-  for (const Control* control : sequence) {
-    QWidget* widget = WidgetOf(*control);
-    if (!widget || widget->focusPolicy() == Qt::NoFocus) continue;
-    if (previous) QWidget::setTabOrder(previous, widget);
-    previous = widget;
+const Control* FormWindow::Focused() const {
+  const QWidget* const focus = focusWidget();
+  const auto found = std::ranges::find_if(views_, [focus](const auto& entry) {
+    const QWidget& widget = entry.second->Widget();
+    // A frame's widget is around those of its controls.
+    const bool frame = dynamic_cast<const controls::Frame*>(entry.first) != nullptr;
+    return &widget == focus || (!frame && focus && widget.isAncestorOf(focus));
+  });
+  return found == views_.end() ? nullptr : found->first;
+}
+
+bool FormWindow::focusNextPrevChild(bool next) {
+  if (!form_) return false;
+  const Control* const to = controls::NextStop(*form_, Focused(), next ? 1 : -1);
+  QWidget* const widget = to ? WidgetOf(*to) : nullptr;
+  if (!widget) return false;
+  widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
+}
+
+void FormWindow::TakeFirstFocus() {
+  if (!form_ || (focusWidget() && !form_->FirstFocus())) return;
+  const Control* const first = controls::FirstStop(*form_);
+  if (QWidget* const widget = first ? WidgetOf(*first) : nullptr) {
+    widget->setFocus(Qt::TabFocusReason);
   }
 }
 

@@ -18,17 +18,22 @@ class FormWindow : public QWidget {
   void FitToDesk();
   /// Null for a control of another form.
   QWidget* WidgetOf(const controls::Control& control) const;
+  /// The form comes up: the keyboard to where it wants it.
+  void TakeFirstFocus();
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   /// Enter and Esc, where the focused widget has no use for them.
   void keyPressEvent(QKeyEvent* event) override;
+  /// By the form's own order: Qt's chain knows nothing of it.
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void Refresh(const controls::Change& change);
   void FitToForm();
-  void SetTabOrder();
+  /// The control whose widget has the keyboard; null for none.
+  const controls::Control* Focused() const;
 
   controls::Form* form_;
   Surroundings surroundings_;

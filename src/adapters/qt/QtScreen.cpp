@@ -68,7 +68,8 @@ void QtScreen::Show(Form& form, Modality modality) {
                        "Can't show non-modal form when modal form is displayed");
   }
   FormWindow& window = WindowFor(form);
-  if (!window.isVisible()) {
+  const bool comesUp = !window.isVisible();
+  if (comesUp) {
     const bool modal = modality == Modality::kModal;
     QWidget* const before = QApplication::activeWindow();
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
@@ -84,6 +85,7 @@ void QtScreen::Show(Form& form, Modality modality) {
   }
   window.raise();
   window.activateWindow();
+  if (comesUp) window.TakeFirstFocus();
   if (modality == Modality::kModal) RunModal(form);
 }
 

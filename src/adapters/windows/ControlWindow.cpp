@@ -89,7 +89,8 @@ LRESULT ControlWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_GETDLGCODE:
       // For a host that runs a dialog's keyboard over whatever window is active.
-      return DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTTAB | DLGC_WANTCHARS;
+      return Default(message, wParam, lParam) | DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTTAB |
+             DLGC_WANTCHARS;
     case WM_GETFONT:
       return reinterpret_cast<LRESULT>(Look().Font());
     case WM_ERASEBKGND:

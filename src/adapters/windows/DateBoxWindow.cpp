@@ -106,11 +106,11 @@ void DateBoxWindow::Toggle() {
   popup_->Open(Model()->Date(), SolarHijriDate::FromDays(Around().clock.Today()));
 }
 
-bool DateBoxWindow::Commit() {
-  if (!edited_) return true;
+bool DateBoxWindow::Commit(DateBox::Typing how) {
+  if (!edited_ && how == DateBox::Typing::kLeft) return true;
   std::string refusal;
   const std::string typed = Utf8(frame_.Text());
-  if (!Call([&](DateBox& box) { refusal = box.EnterTyped(typed); })) return true;
+  if (!Call([&](DateBox& box) { refusal = box.EnterTyped(typed, how); })) return true;
   if (refusal.empty()) {
     ShowDate();
     return true;
@@ -125,8 +125,8 @@ bool DateBoxWindow::OnKey(WPARAM key) {
     popup_->OnKey(key, Held(VK_CONTROL));
     return true;
   }
-  if (edited_ && key == VK_RETURN) {
-    if (Commit()) frame_.SelectAll();
+  if (key == VK_RETURN && Model() && (edited_ || Model()->onChange)) {
+    if (Commit(DateBox::Typing::kEnter)) frame_.SelectAll();
     return true;
   }
   if (edited_ && key == VK_ESCAPE && Model()) {

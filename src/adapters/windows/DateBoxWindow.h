@@ -32,7 +32,7 @@ class DateBoxWindow : public WindowOf<controls::DateBox> {
   void ClosePopup();
   bool OnKey(WPARAM key);
   /// Gives a typed text to the model. False when it was refused: note and red border then say so.
-  bool Commit();
+  bool Commit(controls::DateBox::Typing how = controls::DateBox::Typing::kLeft);
   void ShowDate();
   void ShowWeekday();
 

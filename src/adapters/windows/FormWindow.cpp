@@ -36,6 +36,13 @@ bool CanTakeFocus(HWND form, HWND window) {
   return true;
 }
 
+/// So that what is typed next takes the place of the whole text, as on every desktop.
+void SelectText(HWND field) {
+  if (field == nullptr) return;
+  if ((SendMessageW(field, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) == 0) return;
+  SendMessageW(field, EM_SETSEL, 0, -1);
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
@@ -47,9 +54,6 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   WindowFactory(surroundings_, windows_).MakeAll(form, Handle());
-  for (const Control* control : controls::TabSequence(form)) {
-    if (const ControlWindow* window = WindowOf(*control)) tabOrder_.push_back(window);
-  }
   AddToolTips();
   subscription_ = form.Subscribe([this](const Change& change) { Refresh(change); });
 }
@@ -149,21 +153,32 @@ void FormWindow::AddToolTips() {
   }
 }
 
-HWND FormWindow::NextFocus(int step) const {
+const Control* FormWindow::Focused() const {
   const HWND focus = GetFocus();
-  const auto has = [focus](const ControlWindow* window) {
-    return focus != nullptr && (window->Handle() == focus || IsChild(window->Handle(), focus));
-  };
-  const int count = static_cast<int>(tabOrder_.size());
-  const auto current = std::ranges::find_if(tabOrder_, has);
-  int at = static_cast<int>(current - tabOrder_.begin());
-  if (at == count) at = step > 0 ? -1 : count;
-  for (int tried = 0; tried < count; ++tried) {
-    at = (at + step + count) % count;
-    const HWND target = tabOrder_[static_cast<std::size_t>(at)]->FocusTarget();
-    if (CanTakeFocus(Handle(), target)) return target;
-  }
-  return nullptr;
+  const auto found = std::ranges::find_if(windows_, [focus](const auto& entry) {
+    const HWND window = entry.second->Handle();
+    // A frame's window is around those of its controls.
+    const bool frame = dynamic_cast<const controls::Frame*>(entry.first) != nullptr;
+    return focus != nullptr && (window == focus || (!frame && IsChild(window, focus)));
+  });
+  return found == windows_.end() ? nullptr : found->first;
+}
+
+HWND FormWindow::TargetOf(const Control* control) const {
+  const ControlWindow* const window = control == nullptr ? nullptr : WindowOf(*control);
+  return window == nullptr ? nullptr : window->FocusTarget();
+}
+
+void FormWindow::MoveFocus(int step) {
+  const HWND target = form_ ? TargetOf(controls::NextStop(*form_, Focused(), step)) : nullptr;
+  SetFocus(target != nullptr ? target : Handle());
+  SelectText(target);
+}
+
+void FormWindow::TakeFirstFocus() {
+  if (!form_ || form_->FirstFocus() == nullptr) return;
+  lastFocus_ = TargetOf(controls::FirstStop(*form_));
+  SelectText(lastFocus_);
 }
 
 void FormWindow::FocusOn(const ControlWindow& window) {
@@ -174,23 +189,18 @@ void FormWindow::FocusOn(const ControlWindow& window) {
 void FormWindow::TakeFocus() {
   const HWND before = lastFocus_;
   const bool stillThere = IsChild(Handle(), before) && CanTakeFocus(Handle(), before);
-  const HWND target = stillThere ? before : NextFocus(1);
+  const HWND target = stillThere || !form_ ? before : TargetOf(controls::FirstStop(*form_));
   if (target != nullptr) SetFocus(target);
 }
 
 bool FormWindow::OnKey(WPARAM key) {
   if (!form_) return false;
   if (key == VK_TAB) {
-    const HWND target = NextFocus(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
-    if (target != nullptr) SetFocus(target);
+    MoveFocus(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
     return true;
   }
-  controls::Button* button = nullptr;
-  if (key == VK_RETURN) button = form_->DefaultButton();
-  if (key == VK_ESCAPE) button = form_->CancelButton();
-  if (button == nullptr) return false;
-  button->Click();
-  return true;
+  if (key == VK_RETURN) return form_->PressEnter(Focused());
+  return key == VK_ESCAPE && form_->PressEscape();
 }
 
 LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -226,11 +236,7 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       TakeFocus();
       return 0;
     case kFormFocusLost:
-      if (const HWND target = NextFocus(1)) {
-        SetFocus(target);
-      } else {
-        SetFocus(Handle());
-      }
+      MoveFocus(1);
       return 0;
     case kFormKeyDown:
       return OnKey(wParam) ? 1 : 0;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <vector>
-
 #include "adapters/windows/WindowFactory.h"
 #include "controls/Form.h"
 
@@ -21,6 +19,8 @@ class FormWindow : public Window {
   ControlWindow* WindowOf(const controls::Control& control) const;
   /// Moves the keyboard to a control; in a form that is not the active one, once it becomes so.
   void FocusOn(const ControlWindow& window);
+  /// The form comes up: the keyboard to where it wants it.
+  void TakeFirstFocus();
   /// Shows the hourglass over the window, or the usual pointers again.
   void SetBusy(bool busy) { busy_ = busy; }
 
@@ -35,14 +35,16 @@ class FormWindow : public Window {
   void LimitSize(MINMAXINFO& limits) const;
   bool OnKey(WPARAM key);
   SIZE WindowSize(controls::Twips width, controls::Twips height) const;
-  /// The next control that can take the keyboard, from the one that has it; null if none can.
-  HWND NextFocus(int step) const;
+  /// The control whose window has the keyboard; null for none.
+  const controls::Control* Focused() const;
+  /// Moves the keyboard by the form's tab order; to the form itself when nothing else takes it.
+  void MoveFocus(int step);
+  HWND TargetOf(const controls::Control* control) const;
   void TakeFocus();
 
   controls::Form* form_;
   Surroundings surroundings_;
   WindowFactory::Windows windows_;
-  std::vector<const ControlWindow*> tabOrder_;
   controls::Subscription subscription_;
   HWND lastFocus_ = nullptr;  // to come back to when the form is activated again
   bool fitting_ = true;       // the window takes the form's size; at first it has none

@@ -95,8 +95,10 @@ void WinScreen::Show(Form& form, Modality modality) {
   }
   HWND owner = modal ? DialogOwner() : host_;
   if (owner == nullptr) owner = host_;
-  const HWND window = WindowFor(form, owner).Handle();
+  FormWindow& shown = WindowFor(form, owner);
+  const HWND window = shown.Handle();
   int show = IsIconic(window) ? SW_RESTORE : SW_SHOW;
+  if (!IsWindowVisible(window)) shown.TakeFirstFocus();
   if (!IsWindowVisible(window) && owner != window) {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
     const auto taken = places_ == nullptr ? std::nullopt : TakePlace(window, *places_);

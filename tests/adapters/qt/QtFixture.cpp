@@ -65,7 +65,11 @@ void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
                                Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left, Qt::Key_PageUp,
                                Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End,  Qt::Key_Backspace,
                                Qt::Key_C};
-  for (const Key key : keys) SendKey(kKeys[static_cast<int>(key)], Modifiers(held), {});
+  for (const Key key : keys) {
+    // Keyboards have a name of their own for it.
+    const bool back = key == Key::kTab && held == Held::kShift;
+    SendKey(back ? Qt::Key_Backtab : kKeys[static_cast<int>(key)], Modifiers(held), {});
+  }
 }
 
 void ScreenTest::Type(const std::string& text) {
@@ -169,7 +173,8 @@ std::string ScreenTest::WindowTitle() {
 }
 
 std::string ScreenTest::Focused() {
-  return ToUtf8(QApplication::focusWidget()->objectName());
+  const QWidget* focus = QApplication::focusWidget();
+  return focus ? ToUtf8(focus->objectName()) : "nothing";
 }
 
 bool ScreenTest::DateRefused() {
