@@ -140,6 +140,8 @@ bool GridPane::PressMarkButton(Key key) {
 // all have one they lose it.
 bool GridPane::MarkRows(bool block) {
   EndLookUp();
+  // A list that was just filled stands on its heading: it begins with its first row.
+  if (grid_->Row() < grid_->FixedRows()) grid_->PressKey(FlexGrid::Key::kTop, false, 1);
   const auto [first, last] = std::minmax({grid_->Row(), block ? grid_->RowSel() : grid_->Row()});
   if (!IsDataRow(first)) return false;
   Reveal(grid_->RowSel(), grid_->ColSel());

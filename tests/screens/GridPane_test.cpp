@@ -287,18 +287,20 @@ TEST_F(GridPaneTest, Keys_OfTheWholeDay_DoWhatTheMouseDoes) {
   EXPECT_FALSE(Strike(Key::kA, kControl));
 }
 
-TEST_F(GridPaneTest, ShiftSpace_OnABlock_MarksThoseWithoutAMarkElseNone) {
+TEST_F(GridPaneTest, Space_OnHeadingOrBlock_MarksTheFirstRowOrThoseWithoutAMarkElseNone) {
   std::vector<int> toggled;
   grid.onMouseDown = [&](int, int) {
     toggled.push_back(grid.MouseRow());
     At(grid.MouseRow(), 1);
     grid.SetCellBackColor(grid.CellBackColor() == palette::kMark ? 0 : palette::kMark);
   };
-  At(3, 2);
-  Strike(Key::kSpace);
+  for (const int row : {0, 3}) {
+    At(row, 2);
+    Strike(Key::kSpace);
+  }
   At(2, 2);
   grid.SetRowSel(4);
-  for (const auto& expected : {std::vector{3, 2, 4}, {3, 2, 4, 2, 3, 4}}) {
+  for (const auto& expected : {std::vector{1, 3, 2, 4}, {1, 3, 2, 4, 2, 3, 4}}) {
     Strike(Key::kSpace, kShift);
     EXPECT_EQ(toggled, expected);
     EXPECT_EQ(Block(), "2,2 to 4,2") << "it stays";
