@@ -20,12 +20,6 @@ namespace {
 
 using Arguments = sqlite3_value**;
 
-std::string_view TextOf(sqlite3_value* value) {
-  const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  if (bytes == nullptr) return {};
-  return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
-
 bool IsNull(sqlite3_value* value) {
   return sqlite3_value_type(value) == SQLITE_NULL;
 }
@@ -148,6 +142,12 @@ struct Scalar {
 bool RegisterCollation(sqlite3* database) {
   return sqlite3_create_collation_v2(database, kPersianCollation.data(), SQLITE_UTF8, nullptr,
                                      CompareForSqlite, nullptr) == SQLITE_OK;
+}
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  if (bytes == nullptr) return {};
+  return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
 void RegisterFunctions(sqlite3* database) {

@@ -36,4 +36,7 @@ void RegisterFunctions(sqlite3* database);
 /// it. False when SQLite refused it.
 bool RegisterCollation(sqlite3* database);
 
+/// An argument of a function as text (UTF-8), empty for NULL; lives as long as the value.
+std::string_view TextOf(sqlite3_value* value);
+
 }  // namespace adapters::sqlite

@@ -22,12 +22,6 @@ struct LastJoin {
 /// but the first argument are the same in every call that finds it.
 constexpr int kFirstConstant = 1;
 
-std::string_view TextOf(sqlite3_value* value) {
-  const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
-  if (bytes == nullptr) return {};
-  return {bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))};
-}
-
 /// The byte behind the first `count` characters, from `position` on.
 std::size_t Skip(std::string_view text, std::size_t position, sqlite3_int64 count) {
   for (; count > 0 && position < text.size(); --count) {

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "adapters/windows/HeldKey.h"
 #include "adapters/windows/MonthPopupWindow.h"
 #include "adapters/windows/Wide.h"
 
@@ -15,10 +16,6 @@ using controls::DateBox;
 namespace {
 
 constexpr WPARAM kMostCharacters = 20;
-
-bool Held(int key) {
-  return GetKeyState(key) < 0;
-}
 
 std::optional<DateBox::Key> StepKey(WPARAM key) {
   if (Held(VK_SHIFT) || Held(VK_CONTROL)) return std::nullopt;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/windows/HeldKey.h"
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
 #include "controls/TabOrder.h"
@@ -196,7 +197,7 @@ void FormWindow::TakeFocus() {
 bool FormWindow::OnKey(WPARAM key) {
   if (!form_) return false;
   if (key == VK_TAB) {
-    MoveFocus(GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    MoveFocus(Held(VK_SHIFT) ? -1 : 1);
     return true;
   }
   if (key == VK_RETURN) return form_->PressEnter(Focused());

@@ -6,6 +6,7 @@
 #include "adapters/windows/Clipboard.h"
 #include "adapters/windows/ControlWindow.h"
 #include "adapters/windows/Field.h"
+#include "adapters/windows/HeldKey.h"
 #include "adapters/windows/ModalLoop.h"
 #include "adapters/windows/Wide.h"
 
@@ -167,7 +168,7 @@ bool MessageDialog::OnKey(WPARAM key) {
     case VK_TAB:
     case VK_LEFT:
     case VK_RIGHT: {
-      const bool back = key == VK_LEFT || (key == VK_TAB && GetKeyState(VK_SHIFT) >= 0);
+      const bool back = key == VK_LEFT || (key == VK_TAB && !Held(VK_SHIFT));
       MoveFocus(back ? -1 : 1);
       return true;
     }
@@ -184,7 +185,7 @@ bool MessageDialog::OnKey(WPARAM key) {
       if (question) Finish(Answer::kNo);
       return question;
     case 'C':
-      if (GetKeyState(VK_CONTROL) >= 0) return false;
+      if (!Held(VK_CONTROL)) return false;
       CopyTexts();
       return true;
     default:

@@ -6,6 +6,7 @@
 
 #include "adapters/windows/Clipboard.h"
 #include "adapters/windows/GridAutomation.h"
+#include "adapters/windows/HeldKey.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/WinSurface.h"
 #include "screens/GridPane.h"
@@ -19,10 +20,6 @@ using screens::PointerEvent;
 namespace {
 
 constexpr UINT_PTR kTimer = 1;
-
-bool Held(int key) {
-  return GetKeyState(key) < 0;
-}
 
 screens::Modifiers ModifiersHeld() {
   return {.shift = Held(VK_SHIFT), .control = Held(VK_CONTROL), .alt = Held(VK_MENU)};
