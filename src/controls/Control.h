@@ -145,6 +145,11 @@ class Control {
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string toolTip) { toolTip_ = std::move(toolTip); }
 
+  /// The letter that, with Alt, clicks a button or check box or goes to the field that a label
+  /// names; empty for none. A Persian letter stands for the Latin one on its key too.
+  const std::string& AccessKey() const { return accessKey_; }
+  void SetAccessKey(std::string letter) { accessKey_ = std::move(letter); }
+
   /// Moves the keyboard focus here. Throws RuntimeError 5 when the control or a frame around it is
   /// disabled or hidden, or its form is not shown.
   void SetFocus();
@@ -164,6 +169,7 @@ class Control {
   std::string name_;
   std::string tag_;
   std::string toolTip_;
+  std::string accessKey_;
   Observers observers_;
   Twips left_ = 0;
   Twips top_ = 0;

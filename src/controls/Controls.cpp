@@ -24,6 +24,12 @@ void Label::SetTextAlignment(Alignment alignment) {
   Notify(Aspect::kText);
 }
 
+void Label::SetLook(Look look) {
+  if (look_ == look) return;
+  look_ = look;
+  Notify(Aspect::kText);
+}
+
 TextBox::TextBox(Container& parent, std::string name, Lines lines)
     : Control(parent, std::move(name)), lines_(lines) {}
 
@@ -139,6 +145,16 @@ const ComboBox::Item& ComboBox::At(int index) const {
     throw platform::RuntimeError(platform::kSubscriptOutOfRange, "Subscript out of range");
   }
   return items_[static_cast<std::size_t>(index)];
+}
+
+void ProgressBar::Accept(ControlVisitor& visitor) {
+  visitor.Visit(*this);
+}
+
+void ProgressBar::SetShare(double share) {
+  if (share_ == share) return;
+  share_ = share;
+  Notify(Aspect::kText);
 }
 
 Frame::Frame(Container& parent, std::string name, std::string caption, Border border)

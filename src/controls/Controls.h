@@ -13,6 +13,9 @@ namespace controls {
 /// A text beside or above another control; right-aligned unless told.
 class Label : public Control {
  public:
+  /// kSign and kErrorSign are round with a letter in it; kTechnical is a box of text of several
+  /// lines that is read from the left.
+  enum class Look { kPlain, kStrong, kSign, kErrorSign, kTechnical };
   enum class Alignment { kRight, kCentre, kLeft };
   Label(Container& parent, std::string name, std::string caption = {});
   void Accept(ControlVisitor& visitor) override;
@@ -20,10 +23,17 @@ class Label : public Control {
   void SetCaption(std::string caption);
   Alignment TextAlignment() const { return alignment_; }
   void SetTextAlignment(Alignment alignment);
+  Look GetLook() const { return look_; }
+  void SetLook(Look look);
+  /// The field that it names, for its access key and for who hears the form read; null for none.
+  Control* Named() const { return named_; }
+  void SetNamed(Control* field) { named_ = field; }
 
  private:
   std::string caption_;
   Alignment alignment_ = Alignment::kRight;
+  Look look_ = Look::kPlain;
+  Control* named_ = nullptr;
 };
 
 /// One or several lines of text.
@@ -48,6 +58,9 @@ class TextBox : public Control {
   /// Set by forms whose boxes select their whole text when the focus arrives.
   bool SelectAllOnFocus() const { return selectAllOnFocus_; }
   void SetSelectAllOnFocus(bool select) { selectAllOnFocus_ = select; }
+  /// A locked box can be read and copied from, not changed by the user.
+  bool Locked() const { return locked_; }
+  void SetLocked(bool locked) { locked_ = locked; }
 
   std::function<void()> onChange;
 
@@ -56,6 +69,7 @@ class TextBox : public Control {
   Lines lines_;
   bool selectAllOnFocus_ = false;
   bool latinDigits_ = false;
+  bool locked_ = false;
 };
 
 class Button : public Control {
@@ -124,6 +138,19 @@ class ComboBox : public Control {
   int listIndex_ = -1;
 };
 
+/// How far work has come.
+class ProgressBar : public Control {
+ public:
+  ProgressBar(Container& parent, std::string name) : Control(parent, std::move(name)) {}
+  void Accept(ControlVisitor& visitor) override;
+  /// Of the whole, from 0 to 1; less than 0 while nobody can tell.
+  double Share() const { return share_; }
+  void SetShare(double share);
+
+ private:
+  double share_ = 0;
+};
+
 /// A titled or plain box around other controls.
 class Frame : public Control, public Container {
  public:
@@ -158,6 +185,7 @@ class ControlVisitor {
   virtual void Visit(Button& button) = 0;
   virtual void Visit(CheckBox& checkBox) = 0;
   virtual void Visit(ComboBox& comboBox) = 0;
+  virtual void Visit(ProgressBar& bar) = 0;
   virtual void Visit(Frame& frame) = 0;
   virtual void Visit(DateBox& dateBox) = 0;
   virtual void Visit(Selector& selector) = 0;

@@ -50,7 +50,7 @@ class Form : public Container {
   /// showing a visible form modally throws RuntimeError 400, showing it modeless brings it to the
   /// front. kModal returns when it is hidden.
   void Show(Modality modality);
-  /// Ends a modal Show.
+  /// Ends a modal or waiting Show.
   void Hide();
   /// Hides and forgets that it was loaded. A form that is not loaded stays as it is.
   void Unload();

@@ -34,6 +34,8 @@ void GridPane::Pointer(const PointerEvent& event) {
     case PointerEvent::Action::kRelease:
       if (event.button == MouseButton::kLeft) Release(event.place);
       break;
+    case PointerEvent::Action::kLeave:
+      break;
   }
 }
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <chrono>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "controls/Control.h"
+#include "screens/Accessible.h"
 #include "screens/Rect.h"
 #include "screens/Scale.h"
 #include "screens/Surface.h"
@@ -19,9 +23,10 @@ struct Modifiers {
 /// The numbers are those that the models' handlers are given.
 enum class MouseButton { kLeft = 1, kRight = 2, kMiddle = 4 };
 
-/// From a press to its release every move comes to the pane, from outside of it too.
+/// From a press to its release every move comes to the pane, from outside of it too. kLeave says
+/// that the pointer is over the pane no more; it has no place.
 struct PointerEvent {
-  enum class Action { kPress, kMove, kRelease };
+  enum class Action { kPress, kMove, kRelease, kLeave };
   Action action = Action::kMove;
   Point place;
   MouseButton button = MouseButton::kLeft;  // of a press or release
@@ -39,7 +44,8 @@ struct WheelEvent {
 };
 
 /// The keys that some pane gives a meaning. Letters are named by the Latin letter of their key and
-/// come with Control; what is typed comes as kText, but a blank as kSpace.
+/// come with Control; what is typed comes as kText, but a blank as kSpace. kTab comes with shift
+/// for the way back.
 enum class Key {
   kText,
   kSpace,
@@ -55,7 +61,9 @@ enum class Key {
   kPageDown,
   kHome,
   kEnd,
+  kTab,
   kF3,
+  kF4,
   kF6,
   kA,
   kC,
@@ -88,6 +96,41 @@ struct Tip {
   std::string text;
 };
 
+/// The toolkit's own field for one line of text: input methods, the caret, selecting, undo, the
+/// clipboard and its menu are its work. It has no border and the ground of the field that it stands
+/// in. Its keys go to Pane::PressKey first, what goes into it through Pane::Taken and Pasted; a
+/// change by the user is told by Pane::Edited.
+class TextField {
+ public:
+  virtual ~TextField() = default;
+  virtual void Move(const Rect& place) = 0;
+  virtual std::string Text() const = 0;
+  /// Is not told by Edited. The caret stays where it was, as far as the text goes; without the
+  /// keyboard the text's beginning is shown.
+  virtual void SetText(const std::string& text) = 0;
+  virtual void SelectAll() = 0;
+  virtual void SetLocked(bool locked) = 0;
+};
+
+enum class PopupKind {
+  kDropDown,  // over everything; a press elsewhere, or the form moved, is told by Pane::PopupLeft
+  kNote       // on the form, over its other controls; the mouse goes through it
+};
+
+/// A small window beside a control with a pane of its own. It never takes the keyboard.
+class Popup {
+ public:
+  virtual ~Popup() = default;
+  /// Opens it where PopupPlace says, or gives an open one another size.
+  virtual void Show(Size size) = 0;
+  virtual void Hide() = 0;
+  virtual bool Visible() const = 0;
+};
+
+class Pane;
+class PaneHost;
+using PaneMaker = std::function<std::unique_ptr<Pane>(PaneHost&)>;
+
 /// What a pane asks of the toolkit whose window it fills. Lives longer than the pane.
 class PaneHost {
  public:
@@ -110,11 +153,23 @@ class PaneHost {
   /// Begins to call Pane::Tick, or ends it with 0.
   virtual void SetTimer(int milliseconds) = 0;
   virtual void CopyToClipboard(const std::string& text) = 0;
+
+  /// The field in this pane, made when it is first asked for; while it has the keyboard, so has the
+  /// pane.
+  virtual TextField& Field() = 0;
+  /// Closed at first. Ends before the pane that asked for it does.
+  virtual std::unique_ptr<Popup> MakePopup(PopupKind kind, const PaneMaker& make) = 0;
+  /// How much room a popup has at most: the work area, for a note the form.
+  virtual Size PopupRoom(PopupKind kind) const = 0;
+  virtual void TakeFocus() = 0;
+  virtual std::chrono::sys_days Today() const = 0;
+  /// For whoever listens to what a screen reader is told; `part` is -1 for the pane itself.
+  virtual void Announce(Tidings what, int part) = 0;
 };
 
 /// A control that is painted and worked by plain code, in a window of any toolkit. The host calls
-/// it under its error guard: what a model's handler throws travels through. Any event of the user's
-/// may end with the model gone and the pane detached.
+/// every method that is not const under its error guard: what a model's handler throws travels
+/// through. Any event of the user's may end with the model gone and the pane detached.
 class Pane {
  public:
   virtual ~Pane() = default;
@@ -138,8 +193,27 @@ class Pane {
   /// The user moved a scroll bar.
   virtual void Scrolled(Axis axis, int place) = 0;
 
+  /// The user changed the text of the pane's field.
+  virtual void Edited() {}
+  /// What goes into the field instead of what was typed; instead of what was pasted or dropped.
+  virtual std::string Taken(const std::string& typed) const { return typed; }
+  virtual std::string Pasted(const std::string& text) const { return text; }
+  /// The user turned elsewhere while the pane's drop-down was open.
+  virtual void PopupLeft() {}
+
   virtual Cursor CursorAt(Point place) const = 0;
   virtual Tip TipAt(Point place) const = 0;
+
+  /// The pane as a screen reader knows it, and what is in it. Parts are numbered from 0; those of a
+  /// table by rows, headings included.
+  virtual Accessible Describe() const { return {}; }
+  virtual int PartCount() const { return 0; }
+  virtual Accessible DescribePart(int /*part*/) const { return {}; }
+  /// -1 where there is none.
+  virtual int PartAt(Point /*place*/) const { return -1; }
+  virtual int FocusedPart() const { return -1; }
+  /// Does what the action of a part (-1: of the pane) says.
+  virtual void Act(int /*part*/) {}
 };
 
 }  // namespace screens

@@ -11,6 +11,12 @@ struct Point {
   int y = 0;
 };
 
+/// A place between pixels.
+struct Dot {
+  double x = 0;
+  double y = 0;
+};
+
 struct Size {
   int width = 0;
   int height = 0;

@@ -31,8 +31,11 @@ class Surface {
   /// One line of text; what does not fit its box ends in "…".
   virtual void Text(std::string_view text, const Rect& box, const TextStyle& style) = 0;
   /// A smooth line through points with round ends: signs are made of it.
-  virtual void Stroke(std::initializer_list<Point> points, double width,
-                      controls::Colour colour) = 0;
+  virtual void Stroke(std::initializer_list<Dot> points, double width, controls::Colour colour) = 0;
+  /// A box with smooth round corners, its line along the inside of the edges; what lies outside of
+  /// the corners stays as it was. A radius of half its height makes a disc.
+  virtual void RoundBox(const Rect& area, int radius, controls::Colour ground,
+                        controls::Colour line, int lineWidth = 1) = 0;
   /// What follows stays within `area` too, until the PopClip that belongs to it. Use Clipped.
   virtual void PushClip(const Rect& area) = 0;
   virtual void PopClip() = 0;

@@ -8,9 +8,7 @@
 #include "controls/Controls.h"
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
-#include "controls/Following.h"
 #include "controls/Selector.h"
-#include "controls/TabOrder.h"
 #include "platform/ResumeNext.h"
 #include "support/FakeScreen.h"
 
@@ -151,6 +149,7 @@ class Describing : public controls::ControlVisitor {
   void Visit(controls::Button& c) override { Add(c, "button " + c.Caption()); }
   void Visit(controls::CheckBox& c) override { Add(c, "check " + c.Caption()); }
   void Visit(controls::ComboBox& c) override { Add(c, "combo"); }
+  void Visit(controls::ProgressBar& c) override { Add(c, "bar"); }
   void Visit(controls::Frame& c) override {
     Add(c, "frame " + c.Caption() + Flag(c.BorderStyle() == controls::Frame::Border::kLine));
     for (controls::Control* part : c.Controls()) part->Accept(*this);
@@ -183,15 +182,6 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 
-// By index; the parts of a frame that has one stand together at its place.
-TEST_F(FormTest, TabSequence_FramesWithAndWithoutAnIndex_VisitsTheirPartsInPlace) {
-  form.outer.SetTabIndex(2);
-  form.inner.SetTabIndex(3);
-  EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.outer, &form.inner));
-  form.frame.SetTabIndex(1);
-  EXPECT_THAT(controls::TabSequence(form), ElementsAre(&form.brother, &form.inner, &form.outer));
-}
-
 TEST_F(FormTest, EnterAndEscape_WithoutAndWithAButtonForThem_SayWhetherTheyWereUsed) {
   form.ok.onClick = [&] { calls.emplace_back("ok"); };
   form.Show(Modality::kModeless);
@@ -205,21 +195,6 @@ TEST_F(FormTest, EnterAndEscape_WithoutAndWithAButtonForThem_SayWhetherTheyWereU
   form.SetEscapeCloses();
   EXPECT_TRUE(form.PressEscape());
   EXPECT_FALSE(form.Visible());
-}
-
-TEST_F(FormTest, Following_InAFrame_KeepsStepWithIt) {
-  std::vector<controls::Aspect> applied;
-  controls::Following following;
-  following.Begin(form.inner, [&](const controls::Change& c) { applied.push_back(c.aspect); });
-  EXPECT_EQ(applied.size(), 8U);
-  applied.clear();
-  form.frame.SetLeft(50);
-  form.frame.SetEnabled(false);  // no matter of its parts
-  form.inner.SetText("a");
-  following.End();
-  form.frame.SetLeft(60);
-  form.inner.SetText("b");
-  EXPECT_THAT(applied, ElementsAre(controls::Aspect::kBounds, controls::Aspect::kText));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // What can be reached by keys alone, on every form.
 
-#include "controls/TabOrder.h"
+#include "screens/TabOrder.h"
 #include "module/Office.h"
 
 namespace module {
@@ -17,9 +17,9 @@ class KeysTest : public OfficeTest {
 
 TEST_F(KeysTest, EveryControlThatTakesKeys_IsInItsFormsTabOrderOnce) {
   for (const controls::Form* form : Forms()) {
-    const std::vector<controls::Control*> order = controls::TabSequence(*form);
+    const std::vector<controls::Control*> order = screens::TabSequence(*form);
     for (controls::Control* control : support::AllControls(*form)) {
-      if (!controls::TakesKeyboard(*control)) continue;
+      if (!screens::TakesKeyboard(*control)) continue;
       if (const editor::EnabledIn* row = editor::FindEnabledIn(control->Name());
           row != nullptr && form == &Editor() && !row->edit && !row->view) {
         continue;  // shows, and never takes keys

@@ -55,6 +55,7 @@ class AnyHand : public controls::ControlVisitor {
       : dice_(dice), today_(today), act_(std::move(act)) {}
 
   void Visit(controls::Label&) override {}
+  void Visit(controls::ProgressBar&) override {}
   void Visit(controls::Frame&) override {}
   void Visit(controls::TextBox& box) override {
     const std::string text(dice_.Of(kTexts));

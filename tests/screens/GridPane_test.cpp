@@ -108,7 +108,8 @@ TEST_F(GridPaneTest, Painted_FromTheRight_WholeRowsMarksAndTheFocus) {
   EXPECT_EQ(surface.ColourAt(Middle(0, 2)), palette::kButton);
   EXPECT_NE(surface.ColourAt(Middle(4, 2)), surface.ColourAt(Middle(5, 2))) << "bands";
   ASSERT_EQ(surface.strokes.size(), 1U) << "a tick in the marked row";
-  EXPECT_TRUE(pane.CellPlace(2, 0).Contains(surface.strokes[0]));
+  const auto [x, y] = surface.strokes[0];
+  EXPECT_TRUE(pane.CellPlace(2, 0).Contains({static_cast<int>(x), static_cast<int>(y)}));
   EXPECT_LE(surface.texts.back().box.right, surface.strokes[0].x + 1) << "its number beside it";
 
   grid.SetTextMatrix(3, 2, "sixteen letters.");

@@ -25,6 +25,14 @@ struct ScriptedHost : PaneHost {
   }
   void SetTimer(int milliseconds) override { timer = milliseconds; }
   void CopyToClipboard(const std::string& text) override { copied = text; }
+  TextField& Field() override { std::abort(); }
+  std::unique_ptr<Popup> MakePopup(PopupKind /*kind*/, const PaneMaker& /*make*/) override {
+    std::abort();
+  }
+  Size PopupRoom(PopupKind /*kind*/) const override { return {1366, 768}; }
+  void TakeFocus() override {}
+  std::chrono::sys_days Today() const override { return {}; }
+  void Announce(Tidings /*what*/, int /*part*/) override {}
 
   double dpi = 96;
   std::vector<Rect> repainted;
@@ -49,9 +57,14 @@ struct RecordingSurface : Surface {
   void Text(std::string_view text, const Rect& box, const TextStyle& style) override {
     texts.push_back({std::string(text), box, style});
   }
-  void Stroke(std::initializer_list<Point> points, double /*width*/,
+  void Stroke(std::initializer_list<Dot> points, double /*width*/,
               controls::Colour /*colour*/) override {
     strokes.push_back(*points.begin());
+  }
+  void RoundBox(const Rect& area, int /*radius*/, controls::Colour ground, controls::Colour line,
+                int /*lineWidth*/) override {
+    Fill(area, ground);
+    frames.emplace_back(area, line);
   }
   void PushClip(const Rect& area) override { clips.push_back(area.Common(clips.back())); }
   void PopClip() override { clips.pop_back(); }
@@ -72,8 +85,9 @@ struct RecordingSurface : Surface {
 
   std::vector<Rect> clips;
   std::vector<std::pair<Rect, controls::Colour>> fills;
+  std::vector<std::pair<Rect, controls::Colour>> frames;
   std::vector<Line> texts;
-  std::vector<Point> strokes;
+  std::vector<Dot> strokes;
 };
 
 }  // namespace screens

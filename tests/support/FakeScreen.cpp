@@ -26,6 +26,7 @@ void FakeScreen::Show(controls::Form& form, controls::Modality modality) {
     Note("show " + form.Name() + " modeless");
     return;
   }
+  if (modality == controls::Modality::kWaiting) return Note("show " + form.Name() + " waiting");
   Note("show " + form.Name() + " modal");
   if (actions_.empty() && !otherwise) {
     ADD_FAILURE() << "nobody told what the user does on " << form.Name();
@@ -39,6 +40,12 @@ void FakeScreen::Show(controls::Form& form, controls::Modality modality) {
     action(form);
   }
   if (form.Visible()) form.Hide();
+}
+
+controls::Twips FakeScreen::TextWidth(std::string_view text) const {
+  int letters = 0;
+  for (const char byte : text) letters += (byte & 0xC0) != 0x80 ? 1 : 0;
+  return 90.0 * letters;
 }
 
 void FakeScreen::SetMousePointer(controls::MousePointer newPointer) {

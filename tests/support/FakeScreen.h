@@ -38,7 +38,8 @@ class FakeScreen : public controls::Screen {
   /// module's own is up.
   bool hostIsModal = false;
 
-  /// "show FormMain modeless", "show FormAddBatch modal", "hide FormMain", "unload FormMain",
+  /// "show FormMain modeless", "show FormAddBatch modal",
+  /// "show ProgressForm waiting", "hide FormMain", "unload FormMain",
   /// "focus txtNotes", "pointer 11", in order.
   std::vector<std::string> log;
   controls::MousePointer pointer = controls::MousePointer::kDefault;
@@ -46,8 +47,12 @@ class FakeScreen : public controls::Screen {
   void Show(controls::Form& form, controls::Modality modality) override;
   void Hide(controls::Form& form) override { Note("hide " + form.Name()); }
   void Unload(controls::Form& form) override { Note("unload " + form.Name()); }
+  void Breathe() override {}
   void SetFocus(controls::Control& control) override { Note("focus " + control.Name()); }
   void SetMousePointer(controls::MousePointer newPointer) override;
+  /// Letters are 6 pixels wide, lines 15 high.
+  controls::Twips TextWidth(std::string_view text) const override;
+  controls::Twips LineHeight() const override { return 225; }
 
  private:
   void Note(const std::string& line);

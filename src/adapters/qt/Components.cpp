@@ -50,7 +50,7 @@ class Notice : public platform::AutomationObject {
                        std::span<const AutomationValue> /*arguments*/) override {
     if (member != "ClearShow") ThrowNoSuchMember(kNotice);
     content_.kind = question_ ? MessageDialog::Kind::kQuestion
-                              : controls::KindOfMessage(ToUtf8(content_.title));
+                              : screens::KindOfMessage(ToUtf8(content_.title));
     answer_ = MessageDialog(content_).Run();
     return {};
   }
@@ -61,7 +61,7 @@ class Notice : public platform::AutomationObject {
   }
   MessageDialog::Content content_;
   bool question_ = false;
-  controls::Answer answer_ = controls::Answer::kNo;
+  screens::Answer answer_ = screens::Answer::kNo;
 };
 
 }  // namespace

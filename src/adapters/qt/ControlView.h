@@ -6,7 +6,7 @@
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/ErrorGuard.h"
-#include "controls/Following.h"
+#include "screens/Following.h"
 #include "platform/Clock.h"
 
 namespace adapters::qt {
@@ -36,7 +36,7 @@ class ControlView {
 
  private:
   void Apply(controls::Control& control, const controls::Change& change);
-  controls::Following following_;
+  screens::Following following_;
 };
 
 /// A Qt widget that shows `Model`. Derived classes override Refresh and call the model through

@@ -7,7 +7,7 @@
 
 namespace adapters::qt {
 
-void ErrorGuard::Tell(const controls::ErrorTexts& texts) noexcept {
+void ErrorGuard::Tell(const screens::ErrorTexts& texts) noexcept {
   MessageDialog::Content content;
   content.title = ToQString(texts.title);
   content.message = ToQString(texts.sentence);

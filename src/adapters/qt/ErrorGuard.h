@@ -1,13 +1,13 @@
 #pragma once
 
-#include "controls/ErrorGuard.h"
+#include "screens/ErrorGuard.h"
 
 namespace adapters::qt {
 
 /// Shows errors in the suite's message dialog, and writes them to the standard error output.
-class ErrorGuard : public controls::ErrorGuard {
+class ErrorGuard : public screens::ErrorGuard {
  protected:
-  void Tell(const controls::ErrorTexts& texts) noexcept override;
+  void Tell(const screens::ErrorTexts& texts) noexcept override;
 };
 
 }  // namespace adapters::qt

@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "controls/TabOrder.h"
+#include "screens/TabOrder.h"
 
 namespace adapters::qt {
 
@@ -115,7 +115,7 @@ const Control* FormWindow::Focused() const {
 
 bool FormWindow::focusNextPrevChild(bool next) {
   if (!form_) return false;
-  const Control* const to = controls::NextStop(*form_, Focused(), next ? 1 : -1);
+  const Control* const to = screens::NextStop(*form_, Focused(), next ? 1 : -1);
   QWidget* const widget = to ? WidgetOf(*to) : nullptr;
   if (!widget) return false;
   widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
@@ -124,7 +124,7 @@ bool FormWindow::focusNextPrevChild(bool next) {
 
 void FormWindow::TakeFirstFocus() {
   if (!form_ || (focusWidget() && !form_->FirstFocus())) return;
-  const Control* const first = controls::FirstStop(*form_);
+  const Control* const first = screens::FirstStop(*form_);
   if (QWidget* const widget = first ? WidgetOf(*first) : nullptr) {
     widget->setFocus(Qt::TabFocusReason);
   }

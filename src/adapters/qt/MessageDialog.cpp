@@ -15,7 +15,7 @@
 
 namespace adapters::qt {
 
-using controls::Answer;
+using screens::Answer;
 
 namespace {
 
@@ -39,7 +39,7 @@ QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
   font.setBold(true);
   painter.setFont(font);
   painter.setPen(theme::kOnAccent);
-  painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, ToQString(controls::SignOf(kind)));
+  painter.drawText(QRect(0, 0, kBadge, kBadge), Qt::AlignCenter, ToQString(screens::SignOf(kind)));
   return pixmap;
 }
 
@@ -47,7 +47,7 @@ QPixmap Badge(MessageDialog::Kind kind, qreal ratio) {
 /// the line, at its right end; and a carriage return takes room, by which the first letter of a
 /// line would be pushed out.
 QString Wrapped(const QString& message) {
-  QString text = ToQString(controls::ShownMessage(ToUtf8(message)));
+  QString text = ToQString(screens::ShownMessage(ToUtf8(message)));
   text.remove(QLatin1Char('\r')).replace(QLatin1Char('\n'), QChar::LineSeparator);
   QTextLayout layout(text, QApplication::font());
   QTextOption option;
@@ -116,7 +116,7 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   auto* buttons = new QHBoxLayout;
   buttons->addStretch(1);
   const bool question = content.kind == Kind::kQuestion;
-  const Answer ofEnter = question ? controls::AnswerOfEnter(ToUtf8(content.title)) : Answer::kYes;
+  const Answer ofEnter = question ? screens::AnswerOfEnter(ToUtf8(content.title)) : Answer::kYes;
   const auto addButton = [&](const QString& caption, Answer answer) {
     auto* button = new QPushButton(caption);
     button->setMinimumWidth(88);
@@ -145,7 +145,7 @@ MessageDialog::MessageDialog(const Content& content) : QDialog(QApplication::act
   all->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-controls::Answer MessageDialog::Run() {
+screens::Answer MessageDialog::Run() {
   // An hourglass of the work that asked would hide that the buttons can be pressed.
   QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
   exec();

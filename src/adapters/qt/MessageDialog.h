@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <QString>
 
-#include "controls/Question.h"
+#include "screens/Question.h"
 
 namespace adapters::qt {
 
@@ -13,7 +13,7 @@ namespace adapters::qt {
 /// the window that was active.
 class MessageDialog : public QDialog {
  public:
-  using Kind = controls::MessageKind;
+  using Kind = screens::MessageKind;
   struct Content {
     QString title;
     QString message;
@@ -27,10 +27,10 @@ class MessageDialog : public QDialog {
   explicit MessageDialog(const Content& content);
 
   /// Shows it and waits. The single button of an information answers yes.
-  controls::Answer Run();
+  screens::Answer Run();
 
  private:
-  controls::Answer answer_ = controls::Answer::kNo;
+  screens::Answer answer_ = screens::Answer::kNo;
 };
 
 }  // namespace adapters::qt

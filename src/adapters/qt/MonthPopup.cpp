@@ -12,8 +12,8 @@
 namespace adapters::qt {
 
 using calendar::SolarHijriDate;
-using controls::MonthBrowser;
-using controls::MonthPage;
+using screens::MonthBrowser;
+using screens::MonthPage;
 
 namespace {
 

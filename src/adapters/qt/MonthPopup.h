@@ -5,12 +5,12 @@
 #include <optional>
 
 #include "calendar/SolarHijriDate.h"
-#include "controls/MonthBrowser.h"
+#include "screens/MonthBrowser.h"
 
 namespace adapters::qt {
 
 /// One month of the Solar Hijri calendar to pick a day from: Saturday at the right, Friday tinted,
-/// today framed. What keys and clicks do is in controls/MonthBrowser.h.
+/// today framed. What keys and clicks do is in screens/MonthBrowser.h.
 class MonthPopup : public QWidget {
  public:
   explicit MonthPopup(QWidget* parent);
@@ -32,14 +32,14 @@ class MonthPopup : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  using Part = controls::MonthBrowser::Part;
-  using Spot = controls::MonthBrowser::Spot;
+  using Part = screens::MonthBrowser::Part;
+  using Spot = screens::MonthBrowser::Spot;
   QRect PlaceOf(const Spot& spot) const;
   Spot SpotAt(const QPoint& place) const;
   void PaintHead(QPainter& painter) const;
   void PaintDay(QPainter& painter, int week, int weekday) const;
 
-  controls::MonthBrowser browser_;
+  screens::MonthBrowser browser_;
 };
 
 }  // namespace adapters::qt

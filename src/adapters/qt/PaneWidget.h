@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
+#include <cstdlib>
 #include <memory>
 #include <utility>
 
@@ -52,6 +53,16 @@ class PaneWidget : public QAbstractScrollArea, public ControlView, private scree
   void SetScrollBar(screens::Axis axis, const screens::ScrollRange& range) override;
   void SetTimer(int milliseconds) override;
   void CopyToClipboard(const std::string& text) override;
+  // The next six are not there yet.
+  screens::TextField& Field() override { std::abort(); }
+  std::unique_ptr<screens::Popup> MakePopup(screens::PopupKind,
+                                            const screens::PaneMaker&) override {
+    std::abort();
+  }
+  screens::Size PopupRoom(screens::PopupKind) const override { std::abort(); }
+  void TakeFocus() override { std::abort(); }
+  std::chrono::sys_days Today() const override { std::abort(); }
+  void Announce(screens::Tidings, int) override {}
 
   template <typename Action>
   void Call(Action&& action) {

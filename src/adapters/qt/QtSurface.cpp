@@ -40,14 +40,26 @@ void QtSurface::Text(std::string_view text, const screens::Rect& box,
   painter_.drawText(ToQRect(box), FlagsOf(style.side), shown);
 }
 
-void QtSurface::Stroke(std::initializer_list<screens::Point> points, double width,
+void QtSurface::Stroke(std::initializer_list<screens::Dot> points, double width,
                        controls::Colour colour) {
   QPolygonF line;
-  for (const screens::Point& point : points) line.append(QPointF(point.x, point.y));
+  for (const screens::Dot& point : points) line.append(QPointF(point.x, point.y));
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter_.drawPolyline(line);
+  painter_.restore();
+}
+
+void QtSurface::RoundBox(const screens::Rect& area, int radius, controls::Colour ground,
+                         controls::Colour line, int lineWidth) {
+  painter_.save();
+  painter_.setRenderHint(QPainter::Antialiasing);
+  painter_.setPen(QPen(ToQColor(line), lineWidth));
+  painter_.setBrush(ToQColor(ground));
+  const double inset = lineWidth / 2.0;
+  painter_.drawRoundedRect(QRectF(ToQRect(area)).adjusted(inset, inset, -inset, -inset),
+                           radius - inset, radius - inset);
   painter_.restore();
 }
 

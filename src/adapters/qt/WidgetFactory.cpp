@@ -46,6 +46,7 @@ void WidgetFactory::Visit(controls::CheckBox& checkBox) {
 void WidgetFactory::Visit(controls::ComboBox& comboBox) {
   Make<ComboWidget>(comboBox);
 }
+void WidgetFactory::Visit(controls::ProgressBar& /*bar*/) {}
 void WidgetFactory::Visit(controls::Frame& frame) {
   MakeAll(frame, Make<FrameWidget>(frame));
 }

@@ -3,7 +3,7 @@
 #include "adapters/windows/Theme.h"
 #include "adapters/windows/Window.h"
 #include "controls/Controls.h"
-#include "controls/Following.h"
+#include "screens/Following.h"
 #include "platform/Clock.h"
 
 namespace adapters::windows {
@@ -53,7 +53,7 @@ class ControlWindow : public Window {
   void PassFocusOn() const;
   Surroundings surroundings_;
   controls::Colour ground_ = controls::palette::kFormGround;
-  controls::Following following_;
+  screens::Following following_;
 };
 
 /// Gives a key or character message of a window that is part of a control to the form around it:

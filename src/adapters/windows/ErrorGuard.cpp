@@ -10,7 +10,7 @@
 
 namespace adapters::windows {
 
-void ErrorGuard::Tell(const controls::ErrorTexts& texts) noexcept {
+void ErrorGuard::Tell(const screens::ErrorTexts& texts) noexcept {
   try {
     MessageDialog::Content content;
     content.title = Wide(texts.title);

@@ -10,7 +10,7 @@
 #include "adapters/windows/HeldKey.h"
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
-#include "controls/TabOrder.h"
+#include "screens/TabOrder.h"
 
 namespace adapters::windows {
 
@@ -171,14 +171,14 @@ HWND FormWindow::TargetOf(const Control* control) const {
 }
 
 void FormWindow::MoveFocus(int step) {
-  const HWND target = form_ ? TargetOf(controls::NextStop(*form_, Focused(), step)) : nullptr;
+  const HWND target = form_ ? TargetOf(screens::NextStop(*form_, Focused(), step)) : nullptr;
   SetFocus(target != nullptr ? target : Handle());
   SelectText(target);
 }
 
 void FormWindow::TakeFirstFocus() {
   if (!form_ || form_->FirstFocus() == nullptr) return;
-  lastFocus_ = TargetOf(controls::FirstStop(*form_));
+  lastFocus_ = TargetOf(screens::FirstStop(*form_));
   SelectText(lastFocus_);
 }
 
@@ -190,7 +190,7 @@ void FormWindow::FocusOn(const ControlWindow& window) {
 void FormWindow::TakeFocus() {
   const HWND before = lastFocus_;
   const bool stillThere = IsChild(Handle(), before) && CanTakeFocus(Handle(), before);
-  const HWND target = stillThere || !form_ ? before : TargetOf(controls::FirstStop(*form_));
+  const HWND target = stillThere || !form_ ? before : TargetOf(screens::FirstStop(*form_));
   if (target != nullptr) SetFocus(target);
 }
 

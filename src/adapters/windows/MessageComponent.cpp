@@ -80,7 +80,7 @@ class MessageComponent final : public ComObject<IDispatch> {
  private:
   HRESULT ClearShow() {
     using Kind = MessageDialog::Kind;
-    content_.kind = question_ ? Kind::kQuestion : controls::KindOfMessage(Utf8(content_.title));
+    content_.kind = question_ ? Kind::kQuestion : screens::KindOfMessage(Utf8(content_.title));
     answer_ = MessageDialog(guard_, content_).Run();
     return S_OK;
   }
@@ -143,7 +143,7 @@ class MessageComponent final : public ComObject<IDispatch> {
   ErrorGuard& guard_;
   MessageDialog::Content content_;
   bool question_ = false;
-  controls::Answer answer_ = controls::Answer::kNo;
+  screens::Answer answer_ = screens::Answer::kNo;
 };
 
 }  // namespace

@@ -12,7 +12,7 @@
 
 namespace adapters::windows {
 
-using controls::Answer;
+using screens::Answer;
 
 namespace {
 
@@ -40,7 +40,7 @@ int WidestLine(HDC dc, const std::vector<std::wstring>& lines) {
 MessageDialog::MessageDialog(ErrorGuard& guard, Content content)
     : Window(guard),
       content_(std::move(content)),
-      shown_(Wide(controls::ShownMessage(Utf8(content_.message)))) {
+      shown_(Wide(screens::ShownMessage(Utf8(content_.message)))) {
   LayOut();
   RECT place = client_;
   AdjustWindowRectEx(&place, kStyle, FALSE, kExtendedStyle);
@@ -111,7 +111,7 @@ void MessageDialog::AddTechnicalBox() {
 void MessageDialog::AddButtons() {
   const Scale& scale = theme_.GetScale();
   const bool question = content_.kind == Kind::kQuestion;
-  const Answer ofEnter = question ? controls::AnswerOfEnter(Utf8(content_.title)) : Answer::kYes;
+  const Answer ofEnter = question ? screens::AnswerOfEnter(Utf8(content_.title)) : Answer::kYes;
   const auto add = [&](const wchar_t* caption, Answer answer) {
     const int taken = static_cast<int>(buttons_.size()) * scale.Design(kButtonWidth + 12);
     const LONG top = frame_.bottom + scale.Design(kGap);
@@ -239,7 +239,7 @@ void MessageDialog::Paint() const {
   RECT disc = badge_;
   InflateRect(&disc, -1, -1);
   canvas.RoundBox(disc, scale.Design(kBadge) / 2, ground, ground);
-  canvas.Text(Wide(controls::SignOf(content_.kind)), badge_,
+  canvas.Text(Wide(screens::SignOf(content_.kind)), badge_,
               {.font = theme_.LargeFont(), .colour = theme::kOnAccent, .across = Across::kCentre});
   canvas.Text(shown_, message_, {.font = theme_.Font(), .wrapped = true});
   if (!content_.technical.empty()) {

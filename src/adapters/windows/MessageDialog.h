@@ -7,7 +7,7 @@
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/PushButton.h"
 #include "adapters/windows/Window.h"
-#include "controls/Question.h"
+#include "screens/Question.h"
 
 namespace adapters::windows {
 
@@ -18,7 +18,7 @@ class ModalLoop;
 /// and Esc, the arrow keys and, for a question, Y and N answer it; Ctrl+C copies its texts.
 class MessageDialog : public Window {
  public:
-  using Kind = controls::MessageKind;
+  using Kind = screens::MessageKind;
   struct Content {
     std::wstring title;
     std::wstring message;
@@ -32,7 +32,7 @@ class MessageDialog : public Window {
   MessageDialog(ErrorGuard& guard, Content content);
 
   /// Shows it and waits. The single button of an information answers yes.
-  controls::Answer Run();
+  screens::Answer Run();
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -45,7 +45,7 @@ class MessageDialog : public Window {
   void Paint() const;
   bool OnKey(WPARAM key);
   void MoveFocus(int step);
-  void Finish(controls::Answer answer);
+  void Finish(screens::Answer answer);
   void CopyTexts() const;
 
   Content content_;
@@ -59,7 +59,7 @@ class MessageDialog : public Window {
   HWND technicalBox_ = nullptr;
   std::vector<std::unique_ptr<PushButton>> buttons_;
   PushButton* default_ = nullptr;  // Enter's, and where the focus begins
-  controls::Answer answer_ = controls::Answer::kNo;
+  screens::Answer answer_ = screens::Answer::kNo;
   ModalLoop* loop_ = nullptr;
 };
 

@@ -10,8 +10,8 @@ namespace adapters::windows {
 
 using calendar::SolarHijriDate;
 using controls::Colour;
-using controls::MonthBrowser;
-using controls::MonthPage;
+using screens::MonthBrowser;
+using screens::MonthPage;
 
 namespace {
 

@@ -6,12 +6,12 @@
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/PopupWindow.h"
 #include "calendar/SolarHijriDate.h"
-#include "controls/MonthBrowser.h"
+#include "screens/MonthBrowser.h"
 
 namespace adapters::windows {
 
 /// One month of the Solar Hijri calendar to pick a day from: Saturday at the right, Friday tinted,
-/// today framed. What keys and clicks do is in controls/MonthBrowser.h.
+/// today framed. What keys and clicks do is in screens/MonthBrowser.h.
 class MonthPopupWindow : public PopupWindow {
  public:
   MonthPopupWindow(const Surroundings& surroundings, HWND field);
@@ -29,8 +29,8 @@ class MonthPopupWindow : public PopupWindow {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  using Part = controls::MonthBrowser::Part;
-  using Spot = controls::MonthBrowser::Spot;
+  using Part = screens::MonthBrowser::Part;
+  using Spot = screens::MonthBrowser::Spot;
   SIZE Size() const;
   RECT PlaceOf(const Spot& spot) const;
   Spot SpotAt(POINT place) const;
@@ -39,7 +39,7 @@ class MonthPopupWindow : public PopupWindow {
   void PaintArrow(const Canvas& canvas, Part part, bool toRight, int strokes) const;
   void PaintDay(const Canvas& canvas, int week, int weekday) const;
 
-  controls::MonthBrowser browser_;
+  screens::MonthBrowser browser_;
   int wheelRest_ = 0;
 };
 

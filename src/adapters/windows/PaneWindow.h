@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,6 +37,16 @@ class PaneWindow : public ControlWindow, private screens::PaneHost {
   void SetScrollBar(screens::Axis axis, const screens::ScrollRange& range) override;
   void SetTimer(int milliseconds) override;
   void CopyToClipboard(const std::string& text) override;
+  // The next six are not there yet.
+  screens::TextField& Field() override { std::abort(); }
+  std::unique_ptr<screens::Popup> MakePopup(screens::PopupKind,
+                                            const screens::PaneMaker&) override {
+    std::abort();
+  }
+  screens::Size PopupRoom(screens::PopupKind) const override { std::abort(); }
+  void TakeFocus() override { std::abort(); }
+  std::chrono::sys_days Today() const override { std::abort(); }
+  void Announce(screens::Tidings, int) override {}
 
   std::optional<LRESULT> OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
   void Press(screens::MouseButton button, int clicks, WPARAM held, screens::Point place);

@@ -34,6 +34,10 @@ class WinScreen : public controls::Screen {
   /// Throws RuntimeError 5 when the control's form has no window.
   void SetFocus(controls::Control& control) override;
   void SetMousePointer(controls::MousePointer pointer) override;
+  // The next three are not there yet.
+  void Breathe() override {}
+  controls::Twips TextWidth(std::string_view) const override { return 0; }
+  controls::Twips LineHeight() const override { return 225; }
 
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }

@@ -22,12 +22,10 @@ void WinSurface::Text(std::string_view text, const screens::Rect& box,
   canvas_.Text(Wide(text), ToRECT(box), look);
 }
 
-void WinSurface::Stroke(std::initializer_list<screens::Point> points, double width,
+void WinSurface::Stroke(std::initializer_list<screens::Dot> points, double width,
                         controls::Colour colour) {
   std::vector<Canvas::Point> line;
-  for (const screens::Point& point : points) {
-    line.push_back({static_cast<double>(point.x), static_cast<double>(point.y)});
-  }
+  for (const screens::Dot& point : points) line.push_back({point.x, point.y});
   canvas_.Stroke(line, width, colour);
 }
 

@@ -13,7 +13,11 @@ class WinSurface : public screens::Surface {
   void Fill(const screens::Rect& area, controls::Colour colour) override;
   void Text(std::string_view text, const screens::Rect& box,
             const screens::TextStyle& style) override;
-  void Stroke(std::initializer_list<screens::Point> points, double width,
+  void RoundBox(const screens::Rect& area, int radius, controls::Colour ground,
+                controls::Colour line, int lineWidth) override {
+    canvas_.RoundBox(ToRECT(area), radius, ground, line, lineWidth);
+  }
+  void Stroke(std::initializer_list<screens::Dot> points, double width,
               controls::Colour colour) override;
   void PushClip(const screens::Rect& area) override;
   void PopClip() override;

@@ -43,6 +43,7 @@ void WindowFactory::Visit(controls::CheckBox& checkBox) {
 void WindowFactory::Visit(controls::ComboBox& comboBox) {
   Make<ComboWindow>(comboBox);
 }
+void WindowFactory::Visit(controls::ProgressBar& /*bar*/) {}
 void WindowFactory::Visit(controls::Frame& frame) {
   MakeAll(frame, Make<FrameWindow>(frame));
 }

@@ -23,6 +23,7 @@ class WindowFactory : public controls::ControlVisitor {
   void Visit(controls::Button& button) override;
   void Visit(controls::CheckBox& checkBox) override;
   void Visit(controls::ComboBox& comboBox) override;
+  void Visit(controls::ProgressBar& bar) override;
   void Visit(controls::Frame& frame) override;
   void Visit(controls::DateBox& dateBox) override;
   void Visit(controls::Selector& selector) override;

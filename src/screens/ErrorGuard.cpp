@@ -1,6 +1,6 @@
-#include "controls/ErrorGuard.h"
+#include "screens/ErrorGuard.h"
 
-namespace controls {
+namespace screens {
 
 void ErrorGuard::Show(const platform::RuntimeError& error) noexcept {
   if (beforeShow_) beforeShow_();
@@ -12,4 +12,4 @@ void ErrorGuard::Show(const std::exception& error) noexcept {
   Tell(TextsOf(error, after_));
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -1,10 +1,10 @@
-#include "controls/MonthBrowser.h"
+#include "screens/MonthBrowser.h"
 
 #include <chrono>
 #include <stdexcept>
 #include <utility>
 
-namespace controls {
+namespace screens {
 
 using calendar::SolarHijriDate;
 
@@ -123,4 +123,4 @@ MonthBrowser::Spot MonthBrowser::Find(const std::function<bool(const Spot&)>& ho
   return {};
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -1,10 +1,10 @@
-#include "controls/Question.h"
+#include "screens/Question.h"
 
 #include <algorithm>
 
 #include "platform/ServerErrors.h"
 
-namespace controls {
+namespace screens {
 
 namespace {
 
@@ -63,4 +63,4 @@ Answer AnswerOfEnter(std::string_view title) {
   return title == "حذف" || title == "هشدار" ? Answer::kNo : Answer::kYes;
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -1,4 +1,4 @@
-#include "controls/MonthBrowser.h"
+#include "screens/MonthBrowser.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@
 namespace {
 
 using calendar::SolarHijriDate;
-using controls::MonthBrowser;
-using controls::MonthPage;
+using screens::MonthBrowser;
+using screens::MonthPage;
 using testing::ElementsAre;
 using Part = MonthBrowser::Part;
 using Key = MonthBrowser::Key;

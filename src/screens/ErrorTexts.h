@@ -5,7 +5,7 @@
 
 #include "platform/RuntimeError.h"
 
-namespace controls {
+namespace screens {
 
 /// What a screen tells the user of an error that no form trapped. UTF-8.
 struct ErrorTexts {
@@ -22,4 +22,4 @@ enum class AfterError { kGoesOn, kEnds };
 ErrorTexts TextsOf(const platform::RuntimeError& error, AfterError after = AfterError::kGoesOn);
 ErrorTexts TextsOf(const std::exception& error, AfterError after = AfterError::kGoesOn);
 
-}  // namespace controls
+}  // namespace screens

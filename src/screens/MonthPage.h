@@ -5,7 +5,7 @@
 
 #include "calendar/SolarHijriDate.h"
 
-namespace controls {
+namespace screens {
 
 /// The month page that a date box pops up: six weeks, each beginning on Saturday.
 class MonthPage {
@@ -32,4 +32,4 @@ class MonthPage {
   calendar::SolarHijriDate first_;
 };
 
-}  // namespace controls
+}  // namespace screens

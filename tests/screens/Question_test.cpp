@@ -1,8 +1,8 @@
-#include "controls/Question.h"
+#include "screens/Question.h"
 
 #include <gtest/gtest.h>
 
-namespace controls {
+namespace screens {
 namespace {
 
 TEST(Question, Messages_AreShownByTheirTitlesWithPathsSetApart) {
@@ -20,4 +20,4 @@ TEST(Question, Messages_AreShownByTheirTitlesWithPathsSetApart) {
 }
 
 }  // namespace
-}  // namespace controls
+}  // namespace screens

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace controls {
+namespace screens {
 
 /// What a message window of ours answers, in the numbers of the suite's message component. Esc and
 /// the close box say no.
@@ -26,4 +26,4 @@ std::string ShownMessage(std::string_view message);
 /// rows or a file would be lost.
 Answer AnswerOfEnter(std::string_view title);
 
-}  // namespace controls
+}  // namespace screens

@@ -1,10 +1,15 @@
-#include "controls/Following.h"
+#include "screens/Following.h"
 
 #include <utility>
 
 #include "controls/Controls.h"
 
-namespace controls {
+namespace screens {
+
+using controls::Aspect;
+using controls::Change;
+using controls::Control;
+using controls::Frame;
 
 void Following::Begin(Control& control, Apply apply) {
   for (const Aspect aspect :
@@ -26,4 +31,4 @@ void Following::End() {
   frame_.Reset();
 }
 
-}  // namespace controls
+}  // namespace screens

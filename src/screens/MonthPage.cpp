@@ -1,10 +1,10 @@
-#include "controls/MonthPage.h"
+#include "screens/MonthPage.h"
 
 #include <array>
 #include <cstddef>
 #include <stdexcept>
 
-namespace controls {
+namespace screens {
 
 MonthPage::MonthPage(calendar::SolarHijriDate shown)
     : first_(*calendar::SolarHijriDate::FromYearMonthDay(shown.Year(), shown.Month(), 1)) {}
@@ -29,4 +29,4 @@ std::string_view MonthPage::WeekdayLetter(int weekday) {
   return kLetters.at(static_cast<std::size_t>(weekday));
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -5,22 +5,22 @@
 #include "controls/Control.h"
 #include "controls/Form.h"
 
-namespace controls {
+namespace screens {
 
 /// The controls of a form in the order in which the tab key visits them, those inside frames
 /// included; labels and the like too, which a screen passes over. A control without an index is
 /// left out. A frame that has an index itself is a composite control: its parts follow at its
 /// place.
-std::vector<Control*> TabSequence(const Form& form);
+std::vector<controls::Control*> TabSequence(const controls::Form& form);
 
 /// Whether it is of a kind that takes keys, and enabled and visible with all frames around it.
-bool TakesKeyboard(const Control& control);
+bool TakesKeyboard(const controls::Control& control);
 
 /// Where tab (`step` 1) or shift and tab (-1) lead from a control, which may be one that is not in
 /// the order or takes no keys any more; null begins at that end. Null when nothing takes keys.
-Control* NextStop(const Form& form, const Control* from, int step);
+controls::Control* NextStop(const controls::Form& form, const controls::Control* from, int step);
 
 /// Where the keyboard goes when the form comes up for the first time.
-Control* FirstStop(const Form& form);
+controls::Control* FirstStop(const controls::Form& form);
 
-}  // namespace controls
+}  // namespace screens

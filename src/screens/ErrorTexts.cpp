@@ -1,8 +1,8 @@
-#include "controls/ErrorTexts.h"
+#include "screens/ErrorTexts.h"
 
 #include <string_view>
 
-namespace controls {
+namespace screens {
 
 namespace {
 
@@ -61,4 +61,4 @@ ErrorTexts TextsOf(const std::exception& error, AfterError after) {
       .technical = std::string("Unexpected error: ") + error.what()};
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -1,10 +1,16 @@
-#include "controls/TabOrder.h"
+#include "screens/TabOrder.h"
 
 #include <algorithm>
 
 #include "controls/Controls.h"
 
-namespace controls {
+namespace screens {
+
+using controls::Container;
+using controls::Control;
+using controls::Form;
+using controls::Frame;
+using controls::Label;
 
 namespace {
 
@@ -71,4 +77,4 @@ Control* FirstStop(const Form& form) {
   return first != nullptr && TakesKeyboard(*first) ? first : NextStop(form, nullptr, 1);
 }
 
-}  // namespace controls
+}  // namespace screens

@@ -5,9 +5,9 @@
 #include <string>
 
 #include "calendar/SolarHijriDate.h"
-#include "controls/MonthPage.h"
+#include "screens/MonthPage.h"
 
-namespace controls {
+namespace screens {
 
 /// A person's walk through the month pages of a date box, to pick a day: what keys, clicks and the
 /// wheel do. Arrow keys move by days and weeks, page keys by months (with control: years), home to
@@ -68,4 +68,4 @@ class MonthBrowser {
   Spot pressed_;
 };
 
-}  // namespace controls
+}  // namespace screens

@@ -1,4 +1,4 @@
-#include "controls/ErrorGuard.h"
+#include "screens/ErrorGuard.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,12 +12,12 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class RecordingGuard : public controls::ErrorGuard {
+class RecordingGuard : public screens::ErrorGuard {
  public:
   std::vector<std::string> told;
 
  protected:
-  void Tell(const controls::ErrorTexts& texts) noexcept override {
+  void Tell(const screens::ErrorTexts& texts) noexcept override {
     told.push_back(texts.sentence + "|" + texts.technical + "|" + std::to_string(Depth()));
   }
 };

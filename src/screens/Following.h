@@ -4,20 +4,20 @@
 
 #include "controls/Control.h"
 
-namespace controls {
+namespace screens {
 
 /// Keeps a screen's view in step with its control.
 class Following {
  public:
-  using Apply = std::function<void(const Change&)>;
+  using Apply = std::function<void(const controls::Change&)>;
   /// Applies every aspect once, bounds first, then each change as it comes. The control may end
   /// before this does.
-  void Begin(Control& control, Apply apply);
+  void Begin(controls::Control& control, Apply apply);
   void End();
 
  private:
-  Subscription control_;
-  Subscription frame_;
+  controls::Subscription control_;
+  controls::Subscription frame_;
 };
 
-}  // namespace controls
+}  // namespace screens

@@ -4,10 +4,10 @@
 #include <functional>
 #include <utility>
 
-#include "controls/ErrorTexts.h"
+#include "screens/ErrorTexts.h"
 #include "platform/RuntimeError.h"
 
-namespace controls {
+namespace screens {
 
 /// Every call from a screen into a model runs in here, because no exception may cross the code that
 /// waits for the user. A run-time error that no form trapped is shown with its number and
@@ -65,4 +65,4 @@ class ErrorGuard {
   int depth_ = 0;
 };
 
-}  // namespace controls
+}  // namespace screens
