@@ -30,9 +30,9 @@ struct ScriptedHost : PaneHost {
     std::abort();
   }
   Size PopupRoom(PopupKind /*kind*/) const override { return {1366, 768}; }
-  void TakeFocus() override {}
+  void TakeFocus() override { ++focusTaken; }
   std::chrono::sys_days Today() const override { return {}; }
-  void Announce(Tidings /*what*/, int /*part*/) override {}
+  void Announce(Tidings what, int part) override { announced.emplace_back(what, part); }
 
   double dpi = 96;
   std::vector<Rect> repainted;
@@ -41,6 +41,8 @@ struct ScriptedHost : PaneHost {
   ScrollRange across;
   int timer = 0;
   std::string copied;
+  int focusTaken = 0;
+  std::vector<std::pair<Tidings, int>> announced;
 };
 
 /// Keeps what was painted, to be asked by place.
