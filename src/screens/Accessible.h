@@ -33,7 +33,7 @@ struct Accessible {
   std::string description{};  // what else there is to know
   std::string keys{};         // "Alt+ث"
   std::string action{};       // what Pane::Act does here; empty for nothing
-  Rect place;                 // on the pane; empty where nothing of it is in sight
+  Rect place{};               // on the pane; empty where nothing of it is in sight
   int rows = 0;               // of a table, headings included
   int columns = 0;            // of a table, those that are shown
   int row = -1;               // of a table's part

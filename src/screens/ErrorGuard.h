@@ -4,8 +4,8 @@
 #include <functional>
 #include <utility>
 
-#include "screens/ErrorTexts.h"
 #include "platform/RuntimeError.h"
+#include "screens/ErrorTexts.h"
 
 namespace screens {
 
