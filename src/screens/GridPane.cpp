@@ -38,6 +38,7 @@ void GridPane::Changed(const Change& change) {
       RepaintAll();
       break;
   }
+  AnnounceChange(change);
 }
 
 void GridPane::Resized(Size size) {
@@ -107,6 +108,8 @@ void GridPane::FocusChanged(bool focused) {
   focused_ = focused;
   if (!focused) EndLookUp();
   RepaintRows(shownBlock_);
+  announcedFocus_ = -1;
+  AnnounceFocus();
 }
 
 void GridPane::RepaintAll() {

@@ -61,6 +61,22 @@ void FormSearch::PlaceControls() {
   tools::SetTabOrder({&txtID, &sltProgram, &sltCreator, &datCreateDate, &sltBranch, &sltSupervisor,
                       &datVisit, &sltPromoter, &sltCustomer, &txtDescription, &flxSearch,
                       &cmdSearch, &cmdNewsearch, &cmdExcel, &cmdSentToText, &cmdExit});
+  tools::SetAccessKeys({{lblID, "ر"},
+                        {lblProgram, "ن"},
+                        {lblCreator, "ك"},
+                        {lblCreateDate, "ا"},
+                        {lblBranch, "ع"},
+                        {lblSupervisor, "د"},
+                        {lblVisit, "و"},
+                        {lblPromoter, "ب"},
+                        {lblCustomer, "م"},
+                        {lblDescription, "ش"},
+                        {cmdSearch, "ت"},
+                        {cmdNewsearch, "ج"},
+                        {cmdExcel, "ل"},
+                        {cmdSentToText, "ف"},
+                        {cmdExit, "خ"}});
+  flxSearch.SetAccessibleName("نتيجه جستجو");
   resizeRules_.Add(flxSearch, {.width = 1, .height = 1});
   resizeRules_.Start(kWidth, kHeight);
 }
