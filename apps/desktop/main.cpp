@@ -2,6 +2,7 @@
 // and stands in for the suite that would host its control.
 
 #include <QApplication>
+#include <QIcon>
 #include <QDesktopServices>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -213,6 +214,7 @@ int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   previousHandler = qInstallMessageHandler(HandleMessage);
   QApplication application(argc, argv);
   QApplication::setApplicationName(kApplication);
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/promoter.png")));
   adapters::qt::ApplyTheme(application);
   return Run(application, options);
 }
