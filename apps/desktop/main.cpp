@@ -2,8 +2,8 @@
 // and stands in for the suite that would host its control.
 
 #include <QApplication>
-#include <QIcon>
 #include <QDesktopServices>
+#include <QIcon>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
