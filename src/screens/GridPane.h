@@ -50,6 +50,8 @@ class GridPane : public Pane {
   Rect CellPlace(int row, int col) const;
 
  private:
+  static constexpr int kTextMargin = 4;  // at 96 dpi
+
   struct Span {  // of rows
     int first = 0;
     int last = -1;
@@ -58,6 +60,7 @@ class GridPane : public Pane {
 
   // GridPane.cpp
   void Measure();
+  int HeadingHeight(int rowHeight) const;
   void UpdateScrollBars();
   void ScrollTo(int rowsAbove, int across);
   void Reveal(int row, int col);
@@ -86,6 +89,8 @@ class GridPane : public Pane {
   // GridPainting.cpp
   void PaintColumns(Surface& surface, const Rect& dirty, bool fixed) const;
   void PaintCell(Surface& surface, int row, int col) const;
+  void PaintHeading(Surface& surface, std::string_view text, const Rect& room,
+                    const TextStyle& style) const;
   void PaintBlockFrame(Surface& surface) const;
   void PaintEmptyText(Surface& surface) const;
   void PaintLookUp(Surface& surface) const;

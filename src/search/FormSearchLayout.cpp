@@ -12,7 +12,8 @@ namespace {
 
 using controls::Twips;
 
-constexpr Twips kWidth = 15600;
+// All columns stand beside each other, with a scroll bar; on a smaller desk they scroll.
+constexpr Twips kWidth = 20600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
 // What a desk of 853 x 480 has room for.

@@ -86,6 +86,21 @@ class GridPaneTest : public testing::Test {
   std::vector<std::string> events;
 };
 
+TEST_F(GridPaneTest, Heading_OfTwoLines_MakesItsRowHigherAndMovesTheOthers) {
+  const Rect before = pane.CellPlace(2, 2);
+  grid.SetTextMatrix(0, 2, "computer number");  // 15 letters in 92 pixels fit
+  EXPECT_EQ(pane.CellPlace(2, 2), before);
+  grid.SetTextMatrix(0, 2, "the computer number");
+  EXPECT_EQ(pane.CellPlace(0, 2).Height(), kRow + 15);
+  EXPECT_EQ(pane.CellPlace(2, 2).top, before.top + 15);
+  EXPECT_TRUE(Painted().Shows("the computer"));
+  EXPECT_TRUE(Painted().Shows("number"));
+  for (const int row : {0, 1, 2, 3}) {
+    Mouse('p', Middle(row, 2));
+    EXPECT_EQ(grid.MouseRow(), row);
+  }
+}
+
 TEST_F(GridPaneTest, Painted_FromTheRight_WholeRowsMarksAndTheFocus) {
   EXPECT_EQ(pane.CellPlace(2, 0), (Rect{360, 2 * kRow, 400, 3 * kRow}));
   EXPECT_EQ(pane.CellPlace(2, 2), (Rect{260, 2 * kRow, 360, 3 * kRow}));

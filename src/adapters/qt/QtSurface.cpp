@@ -1,6 +1,7 @@
 #include "adapters/qt/QtSurface.h"
 
 #include <QPolygonF>
+#include <algorithm>
 
 #include "adapters/qt/Convert.h"
 
@@ -59,7 +60,7 @@ void QtSurface::RoundBox(const screens::Rect& area, int radius, controls::Colour
   painter_.setBrush(ToQColor(ground));
   const double inset = lineWidth / 2.0;
   painter_.drawRoundedRect(QRectF(ToQRect(area)).adjusted(inset, inset, -inset, -inset),
-                           radius - inset, radius - inset);
+                           std::max(0.0, radius - inset), std::max(0.0, radius - inset));
   painter_.restore();
 }
 

@@ -29,10 +29,6 @@ class QtSurface : public screens::Surface {
   QFont bold_;
 };
 
-inline QRect ToQRect(const screens::Rect& rect) {
-  return {rect.left, rect.top, rect.Width(), rect.Height()};
-}
-
 QFont Bold(QFont font);
 
 }  // namespace adapters::qt

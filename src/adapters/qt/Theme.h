@@ -1,17 +1,23 @@
 #pragma once
 
 #include <QColor>
+#include <optional>
 
 #include "adapters/qt/Convert.h"
 #include "screens/Palette.h"
+#include "screens/Scale.h"
 
 class QApplication;
 
 namespace adapters::qt {
 
 /// Font, palette and style of the suite's warm look, right-to-left windows and Qt's own texts in
-/// Persian. Call once, before the first window.
-void ApplyTheme(QApplication& application);
+/// Persian. Forms are designed for a font of 9 points and grow with the desktop's, which is
+/// `desktopPoints` where that is told. Call once, before the first window.
+void ApplyTheme(QApplication& application, std::optional<double> desktopPoints = {});
+
+/// Of forms on a screen of this resolution.
+screens::Scale FormScale(double dpi);
 
 namespace theme {
 inline constexpr QColor kText = ToQColor(screens::palette::kText);
