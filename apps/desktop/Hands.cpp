@@ -1,0 +1,190 @@
+#include "Hands.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTest>
+#include <QThread>
+#include <QWindow>
+
+#include "Things.h"
+#include "adapters/qt/Convert.h"
+
+namespace desktop {
+
+using adapters::qt::ToQString;
+using adapters::qt::ToUtf8;
+using screens::Key;
+using tour::Failure;
+
+namespace {
+
+/// The window in front and those that it is modal for.
+QList<QWidget*> Stack() {
+  QWidget* front = QApplication::activeModalWidget();
+  if (front == nullptr) front = QApplication::activeWindow();
+  // A list that is open over it.
+  while (front != nullptr && front->windowType() == Qt::Popup && front->parentWidget() != nullptr) {
+    front = front->parentWidget()->window();
+  }
+  QList<QWidget*> windows;
+  while (front != nullptr && !windows.contains(front)) {
+    windows.append(front);
+    QWindow* const below = front->windowHandle()->transientParent();
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const auto at = std::ranges::find_if(all, [below](const QWidget* window) {
+      return below != nullptr && window->windowHandle() == below;
+    });
+    front = at == all.end() ? nullptr : *at;
+  }
+  return windows;
+}
+
+Qt::Key QtKey(const screens::KeyEvent& stroke) {
+  switch (stroke.key) {
+    case Key::kText:
+      return static_cast<Qt::Key>(ToQString(stroke.text).toUpper().at(0).unicode());
+    case Key::kSpace:
+      return Qt::Key_Space;
+    case Key::kEnter:
+      return Qt::Key_Return;
+    case Key::kEscape:
+      return Qt::Key_Escape;
+    case Key::kBackspace:
+      return Qt::Key_Backspace;
+    case Key::kInsert:
+      return Qt::Key_Insert;
+    case Key::kUp:
+      return Qt::Key_Up;
+    case Key::kDown:
+      return Qt::Key_Down;
+    case Key::kLeft:
+      return Qt::Key_Left;
+    case Key::kRight:
+      return Qt::Key_Right;
+    case Key::kPageUp:
+      return Qt::Key_PageUp;
+    case Key::kPageDown:
+      return Qt::Key_PageDown;
+    case Key::kHome:
+      return Qt::Key_Home;
+    case Key::kEnd:
+      return Qt::Key_End;
+    case Key::kTab:
+      return Qt::Key_Tab;
+    case Key::kF3:
+      return Qt::Key_F3;
+    case Key::kF4:
+      return Qt::Key_F4;
+    case Key::kF6:
+      return Qt::Key_F6;
+    case Key::kA:
+      return Qt::Key_A;
+    case Key::kC:
+      return Qt::Key_C;
+    case Key::kD:
+      return Qt::Key_D;
+    case Key::kI:
+      return Qt::Key_I;
+  }
+  return Qt::Key_unknown;
+}
+
+}  // namespace
+
+Hands::Hands(tour::Play play, Open open) : tour::Hands(play), open_(std::move(open)) {
+  // As when a screen reader listens.
+  QAccessible::setActive(true);
+}
+
+std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
+  std::vector<std::unique_ptr<tour::Thing>> windows;
+  for (QWidget* window : Stack()) windows.push_back(MakeThing(*window));
+  return windows;
+}
+
+void Hands::MoveMouse(Mouse action, screens::Point place) {
+  const QPoint at(place.x, place.y);
+  QWidget* target = QApplication::activePopupWidget();
+  if (target == nullptr || !target->geometry().contains(at)) target = Stack().value(0);
+  if (target == nullptr || !target->geometry().contains(at)) {
+    throw Failure("the place to point at lies outside of the window in front");
+  }
+  QWindow* const window = target->windowHandle();
+  const QPoint inside = target->mapFromGlobal(at);
+  switch (action) {
+    case Mouse::kPress:
+      return QTest::mousePress(window, Qt::LeftButton, {}, inside);
+    case Mouse::kMove:
+      return QTest::mouseMove(window, inside);
+    case Mouse::kRelease:
+      return QTest::mouseRelease(window, Qt::LeftButton, {}, inside);
+    case Mouse::kDoubleClick:
+      return QTest::mouseDClick(window, Qt::LeftButton, {}, inside);
+  }
+}
+
+void Hands::Press(const screens::KeyEvent& stroke) {
+  if (QGuiApplication::focusWindow() == nullptr) throw Failure("no window has the keyboard");
+  Qt::KeyboardModifiers held;
+  held.setFlag(Qt::ShiftModifier, stroke.modifiers.shift);
+  held.setFlag(Qt::ControlModifier, stroke.modifiers.control);
+  held.setFlag(Qt::AltModifier, stroke.modifiers.alt);
+  QTest::sendKeyEvent(QTest::Click, QGuiApplication::focusWindow(), QtKey(stroke),
+                      stroke.key == Key::kSpace ? QStringLiteral(" ") : ToQString(stroke.text),
+                      held);
+}
+
+void Hands::Picture(int windows, const std::string& path) {
+  QList<QWidget*> shown = Stack().mid(0, windows);
+  std::ranges::reverse(shown);
+  const QWidget* const lowest = shown.value(0);
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    const bool over = widget->windowType() == Qt::Popup || widget->windowType() == Qt::ToolTip;
+    if (widget->isVisible() && over) shown.append(widget);
+  }
+  QRect all;
+  for (const QWidget* widget : shown) all |= widget->geometry();
+  QPixmap picture(all.size());
+  const QColor desk(120, 110, 100);
+  picture.fill(desk);
+  QPainter painter(&picture);
+  painter.setPen(desk);
+  for (QWidget* widget : shown) {
+    painter.drawPixmap(widget->geometry().topLeft() - all.topLeft(), widget->grab());
+    if (widget == lowest) continue;
+    painter.drawRect(widget->geometry().translated(-all.topLeft()).adjusted(-1, -1, 0, 0));
+  }
+  painter.end();
+  if (!picture.save(ToQString(path))) throw Failure("cannot write " + path);
+}
+
+void Hands::ResizeFront(double factor) {
+  QWidget* const front = Stack().value(0);
+  if (front == nullptr) throw Failure("expected a window");
+  front->resize(front->size() * factor);
+}
+
+void Hands::SaveAs(const std::string& path) {
+  auto* const dialog = dynamic_cast<QFileDialog*>(QApplication::activeModalWidget());
+  if (dialog == nullptr) throw Failure("expected a Save As dialog");
+  auto* const name = dialog->findChild<QLineEdit*>("fileNameEdit");
+  if (name == nullptr) throw Failure("expected a place for the file's name");
+  // Of an earlier tour: the program would ask whether to replace it.
+  QFile::remove(ToQString(path));
+  name->setText(ToQString(path));
+  QTest::keyClick(name, Qt::Key_Return);
+}
+
+std::string Hands::Clipboard() {
+  return ToUtf8(QApplication::clipboard()->text());
+}
+
+int Hands::Depth() const {
+  return QThread::currentThread()->loopLevel();
+}
+
+}  // namespace desktop

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QWidget>
+#include <functional>
+
+#include "apps/tour/Hands.h"
+
+namespace desktop {
+
+/// Reads through Qt's accessible tree, and works by events as the window system sends them.
+class Hands : public tour::Hands {
+ public:
+  using Open = std::function<void(std::int32_t program)>;
+  Hands(tour::Play play, Open open);
+
+  std::vector<std::unique_ptr<tour::Thing>> Windows() override;
+  void Press(const screens::KeyEvent& stroke) override;
+  void Picture(int windows, const std::string& path) override;
+  void ResizeFront(double factor) override;
+  void SaveAs(const std::string& path) override;
+  void OpenProgram(std::int32_t id) override { open_(id); }
+  std::string Clipboard() override;
+  bool ShowsReports() const override { return true; }
+  int Depth() const override;
+
+ private:
+  void MoveMouse(Mouse action, screens::Point place) override;
+
+  Open open_;
+};
+
+}  // namespace desktop
