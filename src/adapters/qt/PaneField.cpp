@@ -9,18 +9,16 @@
 #include <algorithm>
 
 #include "adapters/qt/PaneView.h"
-#include "adapters/qt/Theme.h"
+#include "adapters/qt/Convert.h"
 
 namespace adapters::qt {
 
 PaneField::PaneField(PaneView& view) : QLineEdit(view.viewport()), view_(view) {
+  // By which the style sheet knows it.
+  setObjectName(QStringLiteral("paneField"));
   setFrame(false);
   // Without the absolute right, a text of digits alone stands at the left.
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
-  QPalette onPane = palette();
-  onPane.setColor(QPalette::Base, Qt::transparent);
-  onPane.setColor(QPalette::Text, theme::kText);
-  setPalette(onPane);
   connect(this, &QLineEdit::textEdited, this,
           [this] { view_.Call([](screens::Pane& pane) { pane.Edited(); }); });
 }
