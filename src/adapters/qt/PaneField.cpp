@@ -10,18 +10,16 @@
 #include <utility>
 
 #include "adapters/qt/PaneView.h"
-#include "adapters/qt/Theme.h"
+#include "adapters/qt/Convert.h"
 
 namespace adapters::qt {
 
 PaneField::PaneField(PaneView& view) : QLineEdit(&view), view_(view) {
+  // By which the style sheet knows it.
+  setObjectName(QStringLiteral("paneField"));
   setFrame(false);
   // Without the absolute right, a text of digits alone stands at the left.
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
-  QPalette onPane = palette();
-  onPane.setColor(QPalette::Base, Qt::transparent);
-  onPane.setColor(QPalette::Text, theme::kText);
-  setPalette(onPane);
   // Not textEdited, which leaves out what is put in for the user by voice.
   connect(this, &QLineEdit::textChanged, this, [this] {
     if (!setting_) view_.Call([](screens::Pane& pane) { pane.Edited(); });

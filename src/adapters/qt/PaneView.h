@@ -86,7 +86,7 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
   screens::Size InDevicePixels(const QSize& size) const;
   void PassPointer(const QMouseEvent& event);
   void PassSize();
-  void ShowFocus(bool focused);
+  void PaintFrame();
   void ShowTip(const QHelpEvent& event);
 
   Surroundings surroundings_;
