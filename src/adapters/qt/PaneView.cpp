@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "adapters/qt/PaneAccessible.h"
 #include "adapters/qt/PaneEvents.h"
 #include "adapters/qt/PaneField.h"
 #include "adapters/qt/PanePopup.h"
@@ -38,14 +39,13 @@ PaneView::~PaneView() {
 void PaneView::SetFramed() {
   if (frameStyle() != QFrame::NoFrame) return;
   setFrameStyle(QFrame::Box | QFrame::Plain);
-  ShowFocus(hasFocus());
 }
 
-void PaneView::ShowFocus(bool focused) {
-  if (frameStyle() == QFrame::NoFrame) return;
-  QPalette framed = palette();
-  framed.setColor(QPalette::WindowText, focused ? theme::kAccent : theme::kLine);
-  setPalette(framed);
+void PaneView::PaintFrame() {
+  QPainter painter(this);
+  painter.fillRect(rect(), ToQColor(screens::palette::kFrame));  // the corner between the bars
+  painter.setPen(isWindow() ? theme::kBorder : hasFocus() ? theme::kAccent : theme::kLine);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 // What the pane asks.
@@ -115,6 +115,10 @@ screens::TextField& PaneView::Field() {
   return *field_;
 }
 
+void PaneView::Announce(screens::Tidings what, int part) {
+  TellScreenReader(*this, what, part);
+}
+
 std::unique_ptr<screens::Popup> PaneView::MakePopup(screens::PopupKind kind,
                                                     const screens::PaneMaker& make) {
   return std::make_unique<PanePopup>(*this, surroundings_, kind, make);
@@ -173,6 +177,7 @@ void PaneView::resizeEvent(QResizeEvent* event) {
 
 void PaneView::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
+  NameField(*this);
   PassSize();  // on a screen of another scale perhaps
 }
 
@@ -232,6 +237,10 @@ bool PaneView::PressKey(const QKeyEvent& event) {
 }
 
 bool PaneView::event(QEvent* event) {
+  if (event->type() == QEvent::Paint) {  // of the window around the viewport
+    if (frameStyle() != QFrame::NoFrame) PaintFrame();
+    return true;
+  }
   // Qt would move on at once.
   if (event->type() == QEvent::KeyPress && field_ == nullptr && hasFocus()) {
     const auto* key = static_cast<QKeyEvent*>(event);
@@ -248,7 +257,7 @@ void PaneView::keyPressEvent(QKeyEvent* event) {
 
 void PaneView::PassFocus(const QFocusEvent& event) {
   if (event.reason() == Qt::PopupFocusReason) return;
-  ShowFocus(event.gotFocus());
+  if (frameStyle() != QFrame::NoFrame) update();
   Call([&](screens::Pane& pane) { pane.FocusChanged(event.gotFocus()); });
 }
 

@@ -67,6 +67,7 @@ QToolButton:disabled { background: transparent; color: %3; }
 QFrame#messageFrame { background: %7; border: 1px solid %3; border-radius: 5px; }
 QLabel#technical { background: %4; color: %2; border: 1px solid %3; border-radius: 3px;
               padding: 6px; }
+QLineEdit#paneField { background: transparent; color: %1; border: none; }
 QToolTip { background: %10; color: %1; border: 1px solid %9; padding: 2px; }
 QProgressBar { background: %4; border: 1px solid %3; border-radius: 4px; text-align: center; }
 QProgressBar::chunk { background: %5; border-radius: 3px; }
