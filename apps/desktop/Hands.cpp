@@ -1,5 +1,6 @@
 #include "Hands.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QFile>
@@ -9,6 +10,7 @@
 #include <QTest>
 #include <QThread>
 #include <QWindow>
+#include <algorithm>
 
 #include "Things.h"
 #include "adapters/qt/Convert.h"
@@ -22,24 +24,35 @@ using tour::Failure;
 
 namespace {
 
-/// The window in front and those that it is modal for.
+QWidget* WindowBelow(const QWidget& window) {
+  QWindow* const below = window.windowHandle()->transientParent();
+  const QWidgetList all = QApplication::topLevelWidgets();
+  const auto at = std::ranges::find_if(all, [below](const QWidget* each) {
+    return below != nullptr && each->windowHandle() == below;
+  });
+  return at == all.end() ? nullptr : *at;
+}
+
+bool IsShownWindow(const QWidget& widget) {
+  const bool window = widget.windowType() == Qt::Window || widget.windowType() == Qt::Dialog;
+  return window && widget.isVisible();
+}
+
+/// The window that nothing is modal for, if there is one, else the one with the keyboard.
+QWidget* Front() {
+  if (QWidget* const modal = QApplication::activeModalWidget()) return modal;
+  QWidget* const active = QApplication::activeWindow();
+  if (active != nullptr && IsShownWindow(*active)) return active;
+  const QWidgetList all = QApplication::topLevelWidgets();
+  const auto at =
+      std::ranges::find_if(all, [](const QWidget* each) { return IsShownWindow(*each); });
+  return at == all.end() ? nullptr : *at;
+}
+
+/// The window in front and those that it lies over.
 QList<QWidget*> Stack() {
-  QWidget* front = QApplication::activeModalWidget();
-  if (front == nullptr) front = QApplication::activeWindow();
-  // A list that is open over it.
-  while (front != nullptr && front->windowType() == Qt::Popup && front->parentWidget() != nullptr) {
-    front = front->parentWidget()->window();
-  }
   QList<QWidget*> windows;
-  while (front != nullptr && !windows.contains(front)) {
-    windows.append(front);
-    QWindow* const below = front->windowHandle()->transientParent();
-    const QWidgetList all = QApplication::topLevelWidgets();
-    const auto at = std::ranges::find_if(all, [below](const QWidget* window) {
-      return below != nullptr && window->windowHandle() == below;
-    });
-    front = at == all.end() ? nullptr : *at;
-  }
+  for (QWidget* each = Front(); each != nullptr; each = WindowBelow(*each)) windows.append(each);
   return windows;
 }
 
@@ -104,6 +117,14 @@ std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
   std::vector<std::unique_ptr<tour::Thing>> windows;
   for (QWidget* window : Stack()) windows.push_back(MakeThing(*window));
   return windows;
+}
+
+bool Hands::Settled() {
+  const QWidget* const active = QApplication::activeWindow();
+  QWidget* const front = Front();
+  if (active != nullptr && (active == front || active->windowType() == Qt::Popup)) return true;
+  if (front != nullptr) front->activateWindow();
+  return false;
 }
 
 void Hands::MoveMouse(Mouse action, screens::Point place) {

@@ -13,6 +13,10 @@ class Hands : public tour::Hands {
   using Open = std::function<void(std::int32_t program)>;
   Hands(tour::Play play, Open open);
 
+  /// Whether a window has come to the front. Where none has, the one that nothing lies over is
+  /// asked to: not every platform has a window manager that does it once another was closed.
+  bool Settled();
+
   std::vector<std::unique_ptr<tour::Thing>> Windows() override;
   void Press(const screens::KeyEvent& stroke) override;
   void Picture(int windows, const std::string& path) override;

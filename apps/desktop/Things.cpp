@@ -90,7 +90,8 @@ class Thing : public tour::Thing {
     if (table == nullptr) return nullptr;
     QAccessibleInterface* const cell = table->cellAt(std::max(row, 1) - 1, column);
     if (row > 0 || cell == nullptr) return Make(cell);
-    return Make(cell->tableCellInterface()->columnHeaderCells().value(0));
+    QAccessibleTableCellInterface* const below = cell->tableCellInterface();
+    return below == nullptr ? nullptr : Make(below->columnHeaderCells().value(0));
   }
 
  private:

@@ -29,8 +29,7 @@ Tour::Tour(tour::Play play, Hands::Open open, const QDir& folder)
 void Tour::Next() {
   // Beforehand: the step may open a modal window, in whose loop the next one plays.
   timer_.start();
-  // A window manager takes its time.
-  if (QApplication::activeWindow() == nullptr && waited_++ < kMostWaiting) return;
+  if (!hands_.Settled() && waited_++ < kMostWaiting) return;
   waited_ = 0;
   if (tour_.Next()) return;
   timer_.stop();

@@ -69,6 +69,7 @@ class Player {
   void TabTo(Kind kind, const std::string& name);
   /// The cell in sight; by keys the keyboard stands on it.
   ThingPtr ReachCell(const std::string& list, int row, int column);
+  bool IsFocused(const std::string& list, int row, int column);
   void WalkTo(const std::string& list, int row, int column);
   void ClickAt(screens::Point place);
 
