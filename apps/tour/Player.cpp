@@ -136,6 +136,7 @@ std::string Player::CellText(const std::string& list, int row, int column) {
 }
 
 void Player::ClickAt(Point place) {
+  hands_.Point(Hands::Mouse::kMove, place);
   hands_.Point(Hands::Mouse::kPress, place);
   hands_.Point(Hands::Mouse::kRelease, place);
 }
@@ -238,13 +239,16 @@ void Player::ClickCell(const std::string& list, int row, int column) {
 void Player::DoubleClickCell(const std::string& list, int row, int column) {
   const ThingPtr cell = ReachCell(list, row, column);
   if (ByKeys()) return Press(Key::kEnter);
-  hands_.Point(Hands::Mouse::kDoubleClick, cell->Tell().place.Middle());
+  const Point place = cell->Tell().place.Middle();
+  hands_.Point(Hands::Mouse::kMove, place);
+  hands_.Point(Hands::Mouse::kDoubleClick, place);
 }
 
 void Player::DragRows(const std::string& list, int firstRow, int lastRow, int column) {
   const Point from = ReachCell(list, firstRow, column)->Tell().place.Middle();
   if (ByKeys()) return Press(Key::kDown, lastRow - firstRow, {.shift = true});
   const Point to = ReachCell(list, lastRow, column)->Tell().place.Middle();
+  hands_.Point(Hands::Mouse::kMove, from);
   hands_.Point(Hands::Mouse::kPress, from);
   hands_.Point(Hands::Mouse::kMove, to);
   hands_.Point(Hands::Mouse::kRelease, to);
