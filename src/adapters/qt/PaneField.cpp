@@ -8,8 +8,8 @@
 #include <QMimeData>
 #include <algorithm>
 
-#include "adapters/qt/PaneView.h"
 #include "adapters/qt/Convert.h"
+#include "adapters/qt/PaneView.h"
 
 namespace adapters::qt {
 
@@ -78,8 +78,8 @@ void PaneField::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 void PaneField::mouseReleaseEvent(QMouseEvent* event) {
-  const bool pastes = event->button() == Qt::MiddleButton &&
-                      QGuiApplication::clipboard()->supportsSelection();
+  const bool pastes =
+      event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection();
   if (!pastes) return QLineEdit::mouseReleaseEvent(event);
   deselect();
   Paste(QClipboard::Selection);

@@ -13,9 +13,9 @@ namespace adapters::qt {
 
 class PaneField;
 
-/// A window for a pane: hands events on and does what the pane asks for. One that scrolls has a thin
-/// frame, which shows the focus, and scroll bars. The pane counts device pixels, Qt does not where
-/// the desktop is scaled.
+/// A window for a pane: hands events on and does what the pane asks for. One that scrolls has a
+/// thin frame, which shows the focus, and scroll bars. The pane counts device pixels, Qt does not
+/// where the desktop is scaled.
 class PaneView : public QAbstractScrollArea, private screens::PaneHost {
  public:
   PaneView(const Surroundings& surroundings, QWidget* parent);
