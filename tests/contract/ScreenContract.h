@@ -64,6 +64,18 @@ TEST_F(ScreenTest, ShowModal_AgainAfterTheFormBelowWasUnloaded_ShowsTheModel) {
   }
 }
 
+TEST_F(ScreenTest, ShowWaiting_ReturnsAtOnce_AndBreathingCarriesOutWhatIsDoneToIt) {
+  SampleForm waiting(screen, cities);
+  waiting.cmdOK.onClick = [&] { waiting.Hide(); };
+  ShowForm();
+  waiting.Show(Modality::kWaiting);
+  EXPECT_EQ(NumberOf([&] { form.Show(Modality::kModeless); }), 401);
+  Later([&] { Click(waiting.cmdOK); });
+  for (int breath = 0; breath < 100 && waiting.Visible(); ++breath) screen.Breathe();
+  EXPECT_FALSE(waiting.Visible());
+  form.Show(Modality::kModeless);
+}
+
 TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
   int clicks = 0;
   form.cmdOK.onClick = [&] {

@@ -180,7 +180,7 @@ std::string ScreenTest::Focused() {
 bool ScreenTest::DateRefused() {
   // Notes are the window's own children, lists are windows.
   const QWidgetList children =
-      adapter->screen.WindowOf(form)->findChildren<QWidget*>({}, Qt::FindDirectChildrenOnly);
+      adapter->screen.WindowOf(form)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
   return std::ranges::any_of(children, [](const QWidget* child) {
     return dynamic_cast<const PanePopup*>(child) != nullptr && child->isVisible();
   });
