@@ -21,6 +21,11 @@ std::vector<HWND> OpenWindows() {
   return windows;
 }
 
+BOOL CALLBACK PaintNow(HWND window, LPARAM) {
+  RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  return TRUE;
+}
+
 }  // namespace
 
 ModalLoop::ModalLoop(HWND window) {
@@ -43,6 +48,20 @@ bool ModalLoop::Run(HWND window) {
     DispatchMessageW(&message);
   }
   return ended_;
+}
+
+void ModalLoop::Breathe(HWND window) {
+  MSG message;
+  for (const auto& [first, last] : {std::pair<UINT, UINT>{WM_KEYFIRST, WM_KEYLAST},
+                                    std::pair<UINT, UINT>{WM_MOUSEFIRST, WM_MOUSELAST}}) {
+    while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) {
+      if (message.hwnd != window && !IsChild(window, message.hwnd)) continue;
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+  }
+  while (PeekMessageW(&message, window, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+  EnumThreadWindows(GetCurrentThreadId(), PaintNow, 0);
 }
 
 void ModalLoop::End() {

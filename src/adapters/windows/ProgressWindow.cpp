@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/windows/ControlWindow.h"
 #include "adapters/windows/ModalLoop.h"
 #include "adapters/windows/PushButton.h"
+#include "adapters/windows/Surroundings.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {

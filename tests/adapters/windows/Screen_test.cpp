@@ -39,14 +39,6 @@ TEST_F(WinScreenTest, ShowModeless_WhileTheHostIsModal_Throws401) {
   EXPECT_FALSE(form.Visible());
 }
 
-TEST_F(WinScreenTest, ComboBox_OfAnyHeight_IsOneLineHigh) {
-  form.cmbReport.Move(0, 0, 1900, 600);
-  ShowForm();
-  RECT place{};
-  GetWindowRect(Of(form.cmbReport), &place);
-  EXPECT_EQ(place.bottom - place.top, 25);
-}
-
 TEST_F(WinScreenTest, ModalForm_ProgramQuitsOrOwnerEnds_IsHidden) {
   Later([] { PostQuitMessage(7); });
   form.Show(Modality::kModal);
@@ -114,29 +106,15 @@ TEST_F(WinScreenTest, MonthPage_FormClickedOrMoved_Closes) {
   form.datFrom.SetFocus();
   SendMessageW(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
   EXPECT_TRUE(MonthPageOpen()) << "Alt+Down";
-  const auto& box = dynamic_cast<DateBoxWindow&>(*Window::Of(GetFocus()));
-  EXPECT_EQ(NameOf(box.Popup()->Handle(), kPopupProperty), "datFrom");
   ClickAt(Of(form.cmdCancel), 5, 5);
   EXPECT_FALSE(MonthPageOpen());
   EXPECT_TRUE(events.empty()) << "the click was only for the page";
   Press({Key::kF4});
   EXPECT_TRUE(MonthPageOpen());
-  EXPECT_EQ(GetFocus(), Of(form.datFrom));
+  EXPECT_EQ(Focused(), "datFrom");
   SetWindowPos(Of(form), nullptr, 7, 7, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   Settle();
   EXPECT_FALSE(MonthPageOpen());
-}
-
-TEST_F(WinScreenTest, SelectorOf100000Rows_ScrolledToItsEnd_GivesARowOfThere) {
-  cities.count = 100000;
-  ShowForm();
-  form.sltCity.SetFocus();
-  Press({Key::kF4});
-  const SelectorList& list = *dynamic_cast<SelectorWindow&>(*Window::Of(GetFocus())).Popup();
-  SendMessageW(list.Handle(), WM_VSCROLL, SB_BOTTOM, 0);
-  EXPECT_EQ(list.Top(), 100000 - SelectorList::kShownRows);
-  ClickListRow(11);
-  EXPECT_EQ(form.sltCity.SelectedID(), 99998);
 }
 
 TEST_F(WinScreenTest, GridScrolled_EitherWay_MovesTheCellsAndTheThumb) {
