@@ -6,6 +6,7 @@
 #include "adapters/windows/HeldKey.h"
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
+#include "screens/AccessKeys.h"
 #include "screens/TabOrder.h"
 
 namespace adapters::windows {
@@ -193,6 +194,11 @@ bool FormWindow::OnKey(WPARAM key) {
   return key == VK_ESCAPE && form_->PressEscape();
 }
 
+bool FormWindow::OnAccessKey(WPARAM unit) {
+  const std::string letter = Utf8(std::wstring(1, static_cast<wchar_t>(unit)));
+  return form_ && screens::PressAccessKey(*form_, letter, Focused());
+}
+
 LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT: {
@@ -236,6 +242,11 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
       OnKey(wParam);
       return 0;
+    case kFormAccessKey:
+      return OnAccessKey(wParam) ? 1 : 0;
+    case WM_SYSCHAR:
+      if (OnAccessKey(wParam)) return 0;
+      break;
     case WM_SETCURSOR:
       if (!busy_) break;
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)));

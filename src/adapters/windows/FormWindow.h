@@ -40,6 +40,7 @@ class FormWindow : public Window {
   void ChangeResolution(int dpi, const RECT& suggested);
   void LimitSize(MINMAXINFO& limits) const;
   bool OnKey(WPARAM key);
+  bool OnAccessKey(WPARAM unit);
   SIZE WindowSize(controls::Twips width, controls::Twips height) const;
   /// The control whose window has the keyboard; null for none.
   const controls::Control* Focused() const;

@@ -209,6 +209,9 @@ std::optional<LRESULT> PaneView::OnKeyboard(UINT message, WPARAM wParam) {
       // The first is what TranslateMessage made of keys that pane and form have had already.
       if (ofForm || OnCharacter(wParam)) return 0;
       return std::nullopt;
+    case WM_SYSCHAR:
+      if (SendMessageW(GetAncestor(Handle(), GA_ROOT), kFormAccessKey, wParam, 0) != 0) return 0;
+      return std::nullopt;
     default:
       return std::nullopt;
   }
