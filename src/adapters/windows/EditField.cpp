@@ -75,7 +75,7 @@ std::optional<std::wstring> EditField::TakenInstead(const std::wstring& text) co
 
 bool EditField::Paste() {
   const screens::Pane* const pane = host_.FieldPane();
-  if (pane == nullptr) return false;
+  if (pane == nullptr || Locked()) return false;
   const std::wstring text = TextOfClipboard(Handle());
   const std::wstring taken = Wide(pane->Pasted(Utf8(text)));
   if (taken == text) return false;
@@ -117,7 +117,7 @@ LRESULT EditField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     // Before the EDIT has it, so that undo knows no other text.
     if (const auto taken = TakenInstead(std::wstring(1, static_cast<wchar_t>(wParam)))) {
       if (taken->size() != 1) {
-        Put(*taken);
+        if (!Locked()) Put(*taken);
         return 0;
       }
       wParam = taken->front();

@@ -39,6 +39,7 @@ class EditField : public Window, public screens::TextField {
 
  private:
   bool Focused() const { return GetFocus() == Handle(); }
+  bool Locked() const { return (GetWindowLongPtrW(Handle(), GWL_STYLE) & ES_READONLY) != 0; }
   /// What goes in instead of a typed text; none where it goes in as it is.
   std::optional<std::wstring> TakenInstead(const std::wstring& text) const;
   bool Paste();

@@ -22,6 +22,8 @@ class ModalLoop {
   /// Has the thread's windows painted and gives `window` its messages and input; what else was
   /// typed or clicked is dropped. Returns at once.
   static void Breathe(HWND window);
+  /// Drops what was typed or clicked, but for what is for `receiver`, which gets it; null for none.
+  static void DropInput(HWND receiver);
   /// Enables the others again. Call it before hiding the window, so that Windows can activate one
   /// of them.
   void End();

@@ -224,8 +224,9 @@ bool PaneView::OnKey(WPARAM key, bool alt) {
   if (!named || !pane_->PressKey({*named, held, {}})) return false;
   // The pane has had it: its character is not for the field any more.
   const bool writes = key == VK_BACK || (key >= 'A' && key <= 'Z');
+  const HWND target = FocusTarget();
   MSG message;
-  if (writes) PeekMessageW(&message, FocusTarget(), WM_CHAR, WM_CHAR, PM_REMOVE);
+  if (writes && target != nullptr) PeekMessageW(&message, target, WM_CHAR, WM_CHAR, PM_REMOVE);
   return true;
 }
 

@@ -133,9 +133,8 @@ void WinScreen::EndModal(const Form& form) {
   for (const ModalRun& run : modal_) {
     if (run.form == &form) run.loop->End();
   }
-  // What the others were given to do meanwhile is dropped.
-  if (!waiting_.empty() && waiting_.back().form == &form) Breathe();
-  std::erase_if(waiting_, [&form](const Waiting& each) { return each.form == &form; });
+  const auto waits = [&form](const Waiting& each) { return each.form == &form; };
+  if (std::erase_if(waiting_, waits) > 0) ModalLoop::DropInput(nullptr);
 }
 
 void WinScreen::Breathe() {
