@@ -237,7 +237,9 @@ def main():
             heard = hear(program)
         finally:
             program.terminate()
-            program.wait(timeout=30)
+            ended = program.wait(timeout=60)
+    if ended != 0:
+        raise SystemExit(f"the program ended with {ended}")
     with open("batch-form.txt", "w", encoding="utf-8") as file:
         file.writelines(line + "\n" for line in heard)
     with open(expected, encoding="utf-8") as file:

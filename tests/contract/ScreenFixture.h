@@ -151,10 +151,11 @@ class ScreenTest : public testing::Test {
   std::string WindowTitle();
   /// The name of the control that has the keyboard.
   std::string Focused();
+  /// Whether a note says why.
   bool DateRefused();
   bool MonthPageOpen();
   Place DayAt(int week, int weekday);
-  /// How many rows the selector's list has room for; -1 while it is closed.
+  /// How many rows the selector's list has; -1 while it is closed.
   int ListCount();
   /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
   Place At(int row, int col);

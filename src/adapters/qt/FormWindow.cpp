@@ -128,9 +128,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 
 const Control* FormWindow::Focused() const {
   const QWidget* const focus = focusWidget();
-  const auto found = std::ranges::find_if(widgets_, [focus](const auto& entry) {
-    return focus == &entry.second->KeyReceiver();
-  });
+  const auto found = std::ranges::find_if(
+      widgets_, [focus](const auto& entry) { return focus == &entry.second->KeyReceiver(); });
   return found == widgets_.end() ? nullptr : found->first;
 }
 

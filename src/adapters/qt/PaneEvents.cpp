@@ -35,18 +35,28 @@ PointerEvent::Action ActionOf(QEvent::Type type) {
 
 /// kText for a key that has no name.
 Key KeyOf(int key) {
-  static constexpr std::pair<Qt::Key, Key> kKeys[] = {
-      {Qt::Key_Return, Key::kEnter},     {Qt::Key_Enter, Key::kEnter},
-      {Qt::Key_Escape, Key::kEscape},    {Qt::Key_Backspace, Key::kBackspace},
-      {Qt::Key_Insert, Key::kInsert},    {Qt::Key_Up, Key::kUp},
-      {Qt::Key_Down, Key::kDown},        {Qt::Key_Left, Key::kLeft},
-      {Qt::Key_Right, Key::kRight},      {Qt::Key_PageUp, Key::kPageUp},
-      {Qt::Key_PageDown, Key::kPageDown}, {Qt::Key_Home, Key::kHome},
-      {Qt::Key_End, Key::kEnd},          {Qt::Key_Tab, Key::kTab},
-      {Qt::Key_Backtab, Key::kTab},      {Qt::Key_F3, Key::kF3},
-      {Qt::Key_F4, Key::kF4},            {Qt::Key_F6, Key::kF6},
-      {Qt::Key_A, Key::kA},              {Qt::Key_C, Key::kC},
-      {Qt::Key_D, Key::kD},              {Qt::Key_I, Key::kI}};
+  static constexpr std::pair<Qt::Key, Key> kKeys[] = {{Qt::Key_Return, Key::kEnter},
+                                                      {Qt::Key_Enter, Key::kEnter},
+                                                      {Qt::Key_Escape, Key::kEscape},
+                                                      {Qt::Key_Backspace, Key::kBackspace},
+                                                      {Qt::Key_Insert, Key::kInsert},
+                                                      {Qt::Key_Up, Key::kUp},
+                                                      {Qt::Key_Down, Key::kDown},
+                                                      {Qt::Key_Left, Key::kLeft},
+                                                      {Qt::Key_Right, Key::kRight},
+                                                      {Qt::Key_PageUp, Key::kPageUp},
+                                                      {Qt::Key_PageDown, Key::kPageDown},
+                                                      {Qt::Key_Home, Key::kHome},
+                                                      {Qt::Key_End, Key::kEnd},
+                                                      {Qt::Key_Tab, Key::kTab},
+                                                      {Qt::Key_Backtab, Key::kTab},
+                                                      {Qt::Key_F3, Key::kF3},
+                                                      {Qt::Key_F4, Key::kF4},
+                                                      {Qt::Key_F6, Key::kF6},
+                                                      {Qt::Key_A, Key::kA},
+                                                      {Qt::Key_C, Key::kC},
+                                                      {Qt::Key_D, Key::kD},
+                                                      {Qt::Key_I, Key::kI}};
   const auto* const found =
       std::ranges::find(kKeys, key, [](const auto& pair) { return int{pair.first}; });
   return found == std::end(kKeys) ? Key::kText : found->second;

@@ -9,8 +9,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/qt/PaneView.h"
 #include "adapters/qt/Convert.h"
+#include "adapters/qt/PaneView.h"
 
 namespace adapters::qt {
 

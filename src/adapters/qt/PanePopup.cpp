@@ -46,7 +46,8 @@ void PanePopup::Show(screens::Size wanted) {
   const screens::Size size{static_cast<int>(std::ceil(wanted.width / ratio)),
                            static_cast<int>(std::ceil(wanted.height / ratio))};
   const bool note = kind_ == PopupKind::kNote;
-  const QPoint corner = note ? owner_.mapTo(owner_.window(), QPoint()) : owner_.mapToGlobal(QPoint());
+  const QPoint corner =
+      note ? owner_.mapTo(owner_.window(), QPoint()) : owner_.mapToGlobal(QPoint());
   const QRect room = note ? owner_.window()->rect() : owner_.screen()->availableGeometry();
   setGeometry(ToQRect(screens::PopupPlace(ToRect(QRect(corner, owner_.size())), size,
                                           note ? kNoteGap : 0, ToRect(room))));

@@ -4,8 +4,8 @@
 
 namespace adapters::qt {
 
-/// A small window beside a pane. Qt gives an open list the keyboard and all of the mouse: keys go on
-/// to the pane that it belongs to, and a press beside it closes it and is no more.
+/// A small window beside a pane. Qt gives an open list the keyboard and all of the mouse: keys go
+/// on to the pane that it belongs to, and a press beside it closes it and is no more.
 class PanePopup : public PaneView, public screens::Popup {
  public:
   PanePopup(PaneView& owner, const Surroundings& surroundings, screens::PopupKind kind,

@@ -178,9 +178,12 @@ std::string ScreenTest::Focused() {
 }
 
 bool ScreenTest::DateRefused() {
-  return std::ranges::any_of(
-      adapter->screen.WindowOf(form)->findChildren<PanePopup*>(),
-      [](const PanePopup* popup) { return !popup->isWindow() && popup->isVisible(); });
+  // Notes are the window's own children, lists are windows.
+  const QWidgetList children =
+      adapter->screen.WindowOf(form)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  return std::ranges::any_of(children, [](const QWidget* child) {
+    return dynamic_cast<const PanePopup*>(child) != nullptr && child->isVisible();
+  });
 }
 
 bool ScreenTest::MonthPageOpen() {

@@ -79,6 +79,21 @@ TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
   EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
 }
 
+TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
+  const QFont designed = QApplication::font();
+  const controls::Twips before = screen.TextWidth("شماره رايانه اي");
+  QFont larger = designed;
+  larger.setPointSizeF(1.5 * designed.pointSizeF());
+  QApplication::setFont(larger);
+  ShowForm();
+  EXPECT_EQ(WindowSize(), (contract::Place{1050, 780}));
+  EXPECT_EQ(adapter->screen.WidgetOf(form.flx)->width(), 1020);
+  EXPECT_NEAR(screen.TextWidth("شماره رايانه اي"), before, before / 20);
+  DragWindowTo(1200, 900);
+  EXPECT_EQ(std::pair(form.Width(), form.Height()), std::pair(12000.0, 9000.0));
+  QApplication::setFont(designed);
+}
+
 TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {
   form.flx.SetRow(1);
   form.flx.SetCellBackColor(controls::palette::kMark);
