@@ -49,8 +49,8 @@ class Notice : public platform::AutomationObject {
   AutomationValue Call(std::string_view member,
                        std::span<const AutomationValue> /*arguments*/) override {
     if (member != "ClearShow") ThrowNoSuchMember(kNotice);
-    content_.kind = question_ ? MessageDialog::Kind::kQuestion
-                              : screens::KindOfMessage(ToUtf8(content_.title));
+    content_.kind =
+        question_ ? MessageDialog::Kind::kQuestion : screens::KindOfMessage(ToUtf8(content_.title));
     answer_ = MessageDialog(content_).Run();
     return {};
   }

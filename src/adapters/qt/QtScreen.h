@@ -30,10 +30,9 @@ class QtScreen : public controls::Screen {
   /// Throws RuntimeError 5 when the control's form has no window.
   void SetFocus(controls::Control& control) override;
   void SetMousePointer(controls::MousePointer pointer) override;
-  // The next three are not there yet.
-  void Breathe() override {}
-  controls::Twips TextWidth(std::string_view) const override { return 0; }
-  controls::Twips LineHeight() const override { return 225; }
+  void Breathe() override;
+  controls::Twips TextWidth(std::string_view text) const override;
+  controls::Twips LineHeight() const override;
 
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
@@ -41,7 +40,7 @@ class QtScreen : public controls::Screen {
   /// The form's window; null before it was first shown and after it was unloaded.
   QWidget* WindowOf(controls::Form& form) const;
   /// The control's widget; null where its form has no window.
-  QWidget* WidgetOf(controls::Control& control) const;
+  PaneWidget* WidgetOf(controls::Control& control) const;
 
  private:
   struct ModalRun {
