@@ -9,6 +9,7 @@
 
 #include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/QtFixture.h"
+#include "adapters/qt/Theme.h"
 #include "contract/ScreenContract.h"
 
 namespace adapters::qt {
@@ -94,14 +95,19 @@ TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
   QApplication::setFont(designed);
 }
 
-TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {
+TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnItOrOnItsDarkCounterpart) {
   form.flx.SetRow(1);
   form.flx.SetCellBackColor(controls::palette::kMark);
   form.flx.SetHighLight(controls::FlexGrid::HighLight::kNever);
   ShowForm();
-  auto& view = dynamic_cast<PaneWidget&>(*adapter->screen.WidgetOf(form.flx));
+  QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   const contract::Place at = At(1, 1);
-  EXPECT_EQ(view.viewport()->grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  const QPalette light = QApplication::palette();
+  QApplication::setPalette(QPalette(Qt::black));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y),
+            Painted(controls::palette::kMark, screens::palette::Scheme::kDark));
+  QApplication::setPalette(light);
 }
 
 }  // namespace
