@@ -122,9 +122,20 @@ std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
 bool Hands::Settled() {
   const QWidget* const active = QApplication::activeWindow();
   QWidget* const front = Front();
-  if (active != nullptr && (active == front || active->windowType() == Qt::Popup)) return true;
-  if (front != nullptr) front->activateWindow();
-  return false;
+  const bool popup = active != nullptr && active->windowType() == Qt::Popup;
+  if (active == nullptr || (active != front && !popup)) {
+    if (front != nullptr) front->activateWindow();
+    return false;
+  }
+  if (!popup) Leave(*front);
+  return true;
+}
+
+void Hands::Leave(const QWidget& window) {
+  if (pointed_ == nullptr || pointed_->window() == &window) return;
+  QEvent leave(QEvent::Leave);
+  QCoreApplication::sendEvent(pointed_, &leave);
+  pointed_ = nullptr;
 }
 
 void Hands::MoveMouse(Mouse action, screens::Point place) {
@@ -136,6 +147,8 @@ void Hands::MoveMouse(Mouse action, screens::Point place) {
   }
   QWindow* const window = target->windowHandle();
   const QPoint inside = target->mapFromGlobal(at);
+  Leave(*target);
+  pointed_ = target->childAt(inside);
   switch (action) {
     case Mouse::kPress:
       return QTest::mousePress(window, Qt::LeftButton, {}, inside);

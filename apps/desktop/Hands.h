@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 
@@ -30,7 +31,11 @@ class Hands : public tour::Hands {
  private:
   void MoveMouse(Mouse action, screens::Point place) override;
 
+  /// Tells what the pointer was over, unless it still is over that window.
+  void Leave(const QWidget& window);
+
   Open open_;
+  QPointer<QWidget> pointed_;
 };
 
 }  // namespace desktop
