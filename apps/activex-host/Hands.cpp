@@ -1,0 +1,242 @@
+#include "Hands.h"
+
+#include <algorithm>
+#include <array>
+
+#include "Things.h"
+#include "adapters/windows/Clipboard.h"
+#include "adapters/windows/Wide.h"
+
+namespace activexhost {
+
+using adapters::windows::Utf8;
+using adapters::windows::Wide;
+using screens::Key;
+using tour::Failure;
+
+namespace {
+
+constexpr DWORD kPaintingTime = 60;  // milliseconds, for the painted windows to reach the screen
+constexpr int kFileNameCombo = 0x47c;
+constexpr int kFileNameEdit = 0x480;
+constexpr BYTE kDown = 0x80;
+
+BOOL CALLBACK Gather(HWND window, LPARAM list) {
+  if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
+/// From the front to the back.
+std::vector<HWND> ShownWindows() {
+  std::vector<HWND> windows;
+  EnumThreadWindows(GetCurrentThreadId(), &Gather, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+/// Not what comes up over a window: lists, tips.
+bool HasCaption(HWND window) {
+  return (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+}
+
+HWND Front() {
+  const std::vector<HWND> windows = ShownWindows();
+  const auto front = std::ranges::find_if(windows, HasCaption);
+  if (front == windows.end()) throw Failure("expected a window");
+  return *front;
+}
+
+/// What was posted to this thread: the tour's own timer waits for the loop that runs already.
+void CarryOut() {
+  MSG message;
+  constexpr UINT kPosted = PM_REMOVE | PM_QS_POSTMESSAGE | PM_QS_INPUT;
+  while (PeekMessageW(&message, nullptr, 0, 0, kPosted)) {
+    if (message.message == WM_QUIT) return PostQuitMessage(static_cast<int>(message.wParam));
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+void Paint(const std::vector<HWND>& windows) {
+  for (const HWND window : windows) {
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  }
+  const DWORD begin = GetTickCount();
+  while (GetTickCount() - begin < kPaintingTime) {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != 0) {
+      DispatchMessageW(&message);
+    }
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, kPaintingTime / 4, QS_PAINT);
+  }
+}
+
+/// Keys that are held while this is.
+class Holding {
+ public:
+  explicit Holding(const screens::Modifiers& held) {
+    GetKeyboardState(before_.data());
+    std::array<BYTE, 256> now = before_;
+    if (held.shift) now[VK_SHIFT] = kDown;
+    if (held.control) now[VK_CONTROL] = kDown;
+    if (held.alt) now[VK_MENU] = kDown;
+    SetKeyboardState(now.data());
+  }
+  ~Holding() { SetKeyboardState(before_.data()); }
+  Holding(const Holding&) = delete;
+  Holding& operator=(const Holding&) = delete;
+
+ private:
+  std::array<BYTE, 256> before_{};
+};
+
+WPARAM VirtualKey(Key key) {
+  switch (key) {
+    case Key::kText:
+      break;
+    case Key::kSpace:
+      return VK_SPACE;
+    case Key::kEnter:
+      return VK_RETURN;
+    case Key::kEscape:
+      return VK_ESCAPE;
+    case Key::kBackspace:
+      return VK_BACK;
+    case Key::kInsert:
+      return VK_INSERT;
+    case Key::kUp:
+      return VK_UP;
+    case Key::kDown:
+      return VK_DOWN;
+    case Key::kLeft:
+      return VK_LEFT;
+    case Key::kRight:
+      return VK_RIGHT;
+    case Key::kPageUp:
+      return VK_PRIOR;
+    case Key::kPageDown:
+      return VK_NEXT;
+    case Key::kHome:
+      return VK_HOME;
+    case Key::kEnd:
+      return VK_END;
+    case Key::kTab:
+      return VK_TAB;
+    case Key::kF3:
+      return VK_F3;
+    case Key::kF4:
+      return VK_F4;
+    case Key::kF6:
+      return VK_F6;
+    case Key::kA:
+      return 'A';
+    case Key::kC:
+      return 'C';
+    case Key::kD:
+      return 'D';
+    case Key::kI:
+      return 'I';
+  }
+  return 0;
+}
+
+}  // namespace
+
+std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
+  std::vector<std::unique_ptr<tour::Thing>> things;
+  for (const HWND window : ShownWindows()) things.push_back(MakeThing(window));
+  return things;
+}
+
+void Hands::MoveMouse(Mouse action, screens::Point place) {
+  const POINT at{place.x, place.y};
+  const auto post = [&at](UINT message, WPARAM held) {
+    const HWND captor = GetCapture();
+    const HWND target = captor != nullptr ? captor : WindowFromPoint(at);
+    if (GetWindowThreadProcessId(target, nullptr) != GetCurrentThreadId()) {
+      throw Failure("there is no window to point at");
+    }
+    POINT inside = at;
+    ScreenToClient(target, &inside);
+    PostMessageW(target, message, held, MAKELPARAM(inside.x, inside.y));
+    CarryOut();
+  };
+  switch (action) {
+    case Mouse::kPress:
+      return post(WM_LBUTTONDOWN, MK_LBUTTON);
+    case Mouse::kMove:
+      return post(WM_MOUSEMOVE, GetCapture() != nullptr ? MK_LBUTTON : 0);
+    case Mouse::kRelease:
+      return post(WM_LBUTTONUP, 0);
+    case Mouse::kDoubleClick:
+      post(WM_LBUTTONDOWN, MK_LBUTTON);
+      post(WM_LBUTTONUP, 0);
+      post(WM_LBUTTONDBLCLK, MK_LBUTTON);
+      // The window may be gone.
+      if (GetCapture() != nullptr) post(WM_LBUTTONUP, 0);
+      return;
+  }
+}
+
+void Hands::Press(const screens::KeyEvent& stroke) {
+  const HWND focus = GetFocus();
+  if (focus == nullptr) throw Failure("no window has the keyboard");
+  const Holding held(stroke.modifiers);
+  if (stroke.key == Key::kText) {
+    for (const wchar_t unit : Wide(stroke.text)) {
+      PostMessageW(focus, stroke.modifiers.alt ? WM_SYSCHAR : WM_CHAR, unit, 1);
+    }
+  } else {
+    PostMessageW(focus, WM_KEYDOWN, VirtualKey(stroke.key), 1);
+    PostMessageW(focus, WM_KEYUP, VirtualKey(stroke.key), static_cast<LPARAM>(0xC0000001));
+  }
+  CarryOut();
+}
+
+void Hands::Picture(int windows, const std::string& path) {
+  std::vector<HWND> shown;
+  for (const HWND window : ShownWindows()) {
+    if (windows == 0) break;
+    shown.push_back(window);
+    if (HasCaption(window)) --windows;
+  }
+  Paint(shown);
+  RECT all{};
+  for (const HWND window : shown) {
+    RECT place;
+    GetWindowRect(window, &place);
+    UnionRect(&all, &all, &place);
+  }
+  camera_.Save(all, path);
+}
+
+void Hands::ResizeFront(double factor) {
+  const HWND window = Front();
+  RECT place;
+  GetWindowRect(window, &place);
+  SetWindowPos(window, nullptr, 10, 10, static_cast<int>((place.right - place.left) * factor),
+               static_cast<int>((place.bottom - place.top) * factor),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Hands::SaveAs(const std::string& path) {
+  const HWND dialog = Front();
+  const int field = GetDlgItem(dialog, kFileNameCombo) != nullptr ? kFileNameCombo : kFileNameEdit;
+  if (GetDlgItem(dialog, field) == nullptr) throw Failure("expected a Save As dialog");
+  std::wstring name = Wide(path);
+  std::ranges::replace(name, L'/', L'\\');
+  DeleteFileW(name.c_str());  // of an earlier tour: the program would ask
+  SetDlgItemTextW(dialog, field, name.c_str());
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+}
+
+std::string Hands::Clipboard() {
+  return Utf8(adapters::windows::TextOfClipboard(nullptr));
+}
+
+int Hands::Depth() const {
+  const std::vector<HWND> windows = ShownWindows();
+  return static_cast<int>(
+      std::ranges::count_if(windows, [](HWND window) { return !IsWindowEnabled(window); }));
+}
+
+}  // namespace activexhost

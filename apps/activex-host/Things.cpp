@@ -1,0 +1,168 @@
+#include "Things.h"
+
+#include <oleacc.h>
+
+#include <algorithm>
+
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+
+namespace activexhost {
+
+using adapters::windows::ComPtr;
+using adapters::windows::Variant;
+using screens::Role;
+using ThingPtr = std::unique_ptr<tour::Thing>;
+
+namespace {
+
+Role RoleOf(LONG role) {
+  switch (role) {
+    case ROLE_SYSTEM_GROUPING:
+      return Role::kGroup;
+    case ROLE_SYSTEM_STATICTEXT:
+      return Role::kLabel;
+    case ROLE_SYSTEM_GRAPHIC:
+      return Role::kSign;
+    case ROLE_SYSTEM_TEXT:
+      return Role::kField;
+    case ROLE_SYSTEM_PUSHBUTTON:
+      return Role::kButton;
+    case ROLE_SYSTEM_CHECKBUTTON:
+      return Role::kCheckBox;
+    case ROLE_SYSTEM_COMBOBOX:
+      return Role::kComboBox;
+    case ROLE_SYSTEM_PROGRESSBAR:
+      return Role::kProgressBar;
+    case ROLE_SYSTEM_TABLE:
+      return Role::kTable;
+    case ROLE_SYSTEM_COLUMNHEADER:
+      return Role::kColumnHeading;
+    case ROLE_SYSTEM_CELL:
+      return Role::kCell;
+    case ROLE_SYSTEM_LIST:
+      return Role::kList;
+    case ROLE_SYSTEM_LISTITEM:
+      return Role::kListItem;
+    case ROLE_SYSTEM_ALERT:
+      return Role::kNote;
+    default:
+      return Role::kNone;
+  }
+}
+
+VARIANT Number(LONG number) {
+  VARIANT value{};
+  value.vt = VT_I4;
+  value.lVal = number;
+  return value;
+}
+
+/// A window (CHILDID_SELF) or a part of it, by its number.
+class Thing : public tour::Thing {
+ public:
+  Thing(ComPtr<IAccessible> told, LONG child) : told_(std::move(told)), child_(child) {}
+
+  screens::Accessible Tell() const override {
+    const LONG state = Ask(&IAccessible::get_accState, child_);
+    const auto is = [state](LONG bit) { return (state & bit) != 0; };
+    screens::Accessible tells{.role = RoleAt(child_)};
+    tells.name = Text(&IAccessible::get_accName);
+    tells.value = Text(&IAccessible::get_accValue);
+    tells.description = Text(&IAccessible::get_accDescription);
+    tells.keys = Text(&IAccessible::get_accKeyboardShortcut);
+    if (!is(STATE_SYSTEM_INVISIBLE) && !is(STATE_SYSTEM_OFFSCREEN)) tells.place = Place();
+    tells.enabled = !is(STATE_SYSTEM_UNAVAILABLE);
+    tells.focused = is(STATE_SYSTEM_FOCUSED);
+    tells.selected = is(STATE_SYSTEM_SELECTED);
+    tells.checked = is(STATE_SYSTEM_CHECKED);
+    tells.expanded = is(STATE_SYSTEM_EXPANDED);
+    return tells;
+  }
+
+  std::vector<ThingPtr> Children() const override {
+    std::vector<ThingPtr> things;
+    const Role role = RoleAt(child_);
+    if (child_ != CHILDID_SELF || role == Role::kTable || role == Role::kList) return things;
+    std::vector<VARIANT> children(static_cast<std::size_t>(Count()));
+    LONG obtained = 0;
+    AccessibleChildren(told_.Get(), 0, Count(), children.data(), &obtained);
+    children.resize(static_cast<std::size_t>(obtained));
+    for (const VARIANT& child : children) {
+      if (child.vt != VT_DISPATCH) continue;
+      const auto object = ComPtr<IDispatch>::Adopt(child.pdispVal);
+      HWND window = nullptr;
+      WindowFromAccessibleObject(object.As<IAccessible>(IID_IAccessible).Get(), &window);
+      if (window != nullptr) things.push_back(MakeThing(window));
+    }
+    return things;
+  }
+
+  int Rows() const override {
+    const LONG columns = Columns();
+    if (columns > 0) return static_cast<int>(Count() / columns - 1);
+    return RoleAt(child_) == Role::kList ? static_cast<int>(Count()) : 0;
+  }
+
+  ThingPtr Cell(int row, int column) const override {
+    const LONG columns = Columns();
+    if (row < 0 || row > Rows() || column < 0 || column >= std::max(columns, LONG{1})) {
+      return nullptr;
+    }
+    return std::make_unique<Thing>(told_, columns == 0 ? row : row * columns + column + 1);
+  }
+
+ private:
+  using TextOf = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
+  using NumberOf = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, VARIANT*);
+
+  std::string Text(TextOf which) const {
+    BSTR text = nullptr;
+    (told_.Get()->*which)(Number(child_), &text);
+    const std::string told = text == nullptr ? "" : adapters::windows::Utf8(text);
+    SysFreeString(text);
+    return told;
+  }
+  LONG Ask(NumberOf which, LONG child) const {
+    VARIANT answer{};
+    (told_.Get()->*which)(Number(child), &answer);
+    return answer.vt == VT_I4 ? answer.lVal : 0;
+  }
+  Role RoleAt(LONG child) const { return RoleOf(Ask(&IAccessible::get_accRole, child)); }
+  LONG Count() const {
+    LONG count = 0;
+    told_->get_accChildCount(&count);
+    return count;
+  }
+  /// Of a table with headings, which come first.
+  LONG Columns() const {
+    if (RoleAt(child_) != Role::kTable) return 0;
+    LONG columns = 0;
+    while (columns < Count() && RoleAt(columns + 1) == Role::kColumnHeading) ++columns;
+    return columns;
+  }
+  screens::Rect Place() const {
+    LONG left = 0;
+    LONG top = 0;
+    LONG width = 0;
+    LONG height = 0;
+    told_->accLocation(&left, &top, &width, &height, Number(child_));
+    return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(left + width),
+            static_cast<int>(top + height)};
+  }
+
+  ComPtr<IAccessible> told_;
+  LONG child_;
+};
+
+}  // namespace
+
+ThingPtr MakeThing(HWND window) {
+  ComPtr<IAccessible> client;
+  AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                             client.OutVoid());
+  if (!client) throw tour::Failure("a window says nothing of itself");
+  return std::make_unique<Thing>(std::move(client), CHILDID_SELF);
+}
+
+}  // namespace activexhost

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "apps/tour/Hands.h"
+
+namespace activexhost {
+
+/// A window as it tells itself to screen readers (MSAA).
+std::unique_ptr<tour::Thing> MakeThing(HWND window);
+
+}  // namespace activexhost
