@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "adapters/windows/Clipboard.h"
-#include "adapters/windows/ControlWindow.h"
-#include "adapters/windows/Field.h"
+#include "adapters/windows/EditField.h"
 #include "adapters/windows/HeldKey.h"
 #include "adapters/windows/ModalLoop.h"
+#include "adapters/windows/Surroundings.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {
@@ -58,7 +58,7 @@ MessageDialog::MessageDialog(ErrorGuard& guard, Content content)
 }
 
 void MessageDialog::LayOut() {
-  const Scale& scale = theme_.GetScale();
+  const screens::Scale& scale = theme_.GetScale();
   const auto px = [&scale](int design) { return scale.Design(design); };
   const Measuring measuring(theme_.Font());
   const HDC dc = measuring.Dc();
@@ -109,7 +109,7 @@ void MessageDialog::AddTechnicalBox() {
 }
 
 void MessageDialog::AddButtons() {
-  const Scale& scale = theme_.GetScale();
+  const screens::Scale& scale = theme_.GetScale();
   const bool question = content_.kind == Kind::kQuestion;
   const Answer ofEnter = question ? screens::AnswerOfEnter(Utf8(content_.title)) : Answer::kYes;
   const auto add = [&](const wchar_t* caption, Answer answer) {
@@ -232,7 +232,7 @@ LRESULT MessageDialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void MessageDialog::Paint() const {
   const PaintSession canvas(Handle());
-  const Scale& scale = theme_.GetScale();
+  const screens::Scale& scale = theme_.GetScale();
   canvas.Fill(canvas.Area(), content_.formGround);
   canvas.RoundBox(frame_, scale.Design(5), content_.frameGround, theme::kLine);
   const controls::Colour ground = content_.kind == Kind::kError ? theme::kRefused : theme::kAccent;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/windows/ControlWindow.h"
 #include "adapters/windows/ModalLoop.h"
 #include "adapters/windows/PushButton.h"
+#include "adapters/windows/Surroundings.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {
@@ -106,20 +106,7 @@ class ProgressWindow::Bar : public Window {
                 {.font = theme_.Font(), .colour = theme::kMutedText, .leftToRight = true});
   }
 
-  bool Mine(HWND window) const { return window == Handle() || IsChild(Handle(), window) != FALSE; }
-
-  void Pump() const {
-    MSG message;
-    for (const auto& [first, last] : {std::pair<UINT, UINT>{WM_KEYFIRST, WM_KEYLAST},
-                                      std::pair<UINT, UINT>{WM_MOUSEFIRST, WM_MOUSELAST}}) {
-      while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) {
-        if (!Mine(message.hwnd)) continue;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-      }
-    }
-    while (PeekMessageW(&message, Handle(), 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-  }
+  void Pump() const { ModalLoop::Breathe(Handle()); }
 
   const Theme& theme_;
   std::wstring what_;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "adapters/windows/ControlWindow.h"
+#include "adapters/windows/Surroundings.h"
 
 namespace adapters::windows {
 
@@ -35,7 +35,7 @@ void ButtonFace::Paint(HWND window) const {
   const bool enabled = IsWindowEnabled(window) != FALSE;
   const bool pressed = (SendMessageW(window, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0;
   const bool focused = GetFocus() == window;
-  const Scale& scale = theme_.GetScale();
+  const screens::Scale& scale = theme_.GetScale();
   controls::Colour face = face_;
   controls::Colour line = theme::kBorder;
   controls::Colour ink = theme::kText;
