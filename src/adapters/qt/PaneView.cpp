@@ -43,8 +43,9 @@ void PaneView::SetFramed() {
 
 void PaneView::PaintFrame() {
   QPainter painter(this);
-  painter.fillRect(rect(), ToQColor(screens::palette::kFrame));  // the corner between the bars
-  painter.setPen(isWindow() ? theme::kBorder : hasFocus() ? theme::kAccent : theme::kLine);
+  painter.fillRect(rect(), Painted(screens::palette::kFrame));  // the corner between the bars
+  const controls::Colour ofChild = hasFocus() ? screens::palette::kAccent : screens::palette::kLine;
+  painter.setPen(Painted(isWindow() ? screens::palette::kBorder : ofChild));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
@@ -162,7 +163,7 @@ void PaneView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   const qreal ratio = devicePixelRatioF();
   if (ratio != 1.0) painter.scale(1 / ratio, 1 / ratio);
-  QtSurface surface(painter, PaneFont());
+  QtSurface surface(painter, PaneFont(), CurrentScheme());
   const screens::Point from = ToPane(event->rect().topLeft());
   const QRect& dirty = event->rect();
   const screens::Point to{static_cast<int>(std::ceil((dirty.right() + 1) * ratio)),

@@ -9,9 +9,9 @@
 #include <QStyleFactory>
 #include <QTranslator>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/Convert.h"
-#include "controls/Control.h"
 
 namespace adapters::qt {
 
@@ -21,23 +21,19 @@ namespace {
 constexpr double kDesignPoints = 9;
 
 QPalette WarmPalette() {
-  const QColor ground = ToQColor(controls::palette::kFormGround);
-  const QColor button = ToQColor(controls::palette::kButton);
-  QPalette palette(button, ground);
-  palette.setColor(QPalette::WindowText, theme::kText);
-  palette.setColor(QPalette::Text, theme::kText);
-  palette.setColor(QPalette::ButtonText, theme::kText);
-  palette.setColor(QPalette::Base, theme::kField);
-  palette.setColor(QPalette::AlternateBase, ToQColor(controls::palette::kGridRow));
-  palette.setColor(QPalette::Highlight, theme::kAccent);
-  palette.setColor(QPalette::HighlightedText, theme::kOnAccent);
-  palette.setColor(QPalette::ToolTipBase, ToQColor(controls::palette::kGridRow));
-  palette.setColor(QPalette::ToolTipText, theme::kText);
-  palette.setColor(QPalette::PlaceholderText, theme::kMutedText);
+  namespace ours = screens::palette;
+  QPalette palette(Painted(ours::kButton), Painted(ours::kFormGround));
+  const std::pair<QPalette::ColorRole, controls::Colour> colours[] = {
+      {QPalette::WindowText, ours::kText},          {QPalette::Text, ours::kText},
+      {QPalette::ButtonText, ours::kText},          {QPalette::Base, ours::kField},
+      {QPalette::AlternateBase, ours::kGridRow},    {QPalette::Highlight, ours::kAccent},
+      {QPalette::HighlightedText, ours::kOnAccent}, {QPalette::ToolTipBase, ours::kGridRow},
+      {QPalette::ToolTipText, ours::kText},         {QPalette::PlaceholderText, ours::kMutedText}};
+  for (const auto& [role, colour] : colours) palette.setColor(role, Painted(colour));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    palette.setColor(QPalette::Disabled, role, theme::kMutedText);
+    palette.setColor(QPalette::Disabled, role, Painted(ours::kMutedText));
   }
-  palette.setColor(QPalette::Disabled, QPalette::Base, ToQColor(controls::palette::kFrame));
+  palette.setColor(QPalette::Disabled, QPalette::Base, Painted(ours::kFrame));
   return palette;
 }
 
@@ -74,14 +70,27 @@ QProgressBar::chunk { background: %5; border-radius: 3px; }
 )";
 
 QString Sheet() {
-  return QString::fromUtf8(kSheet).arg(
-      theme::kText.name(), theme::kMutedText.name(), theme::kLine.name(), theme::kField.name(),
-      theme::kAccent.name(), ToQColor(controls::palette::kButton).name(),
-      ToQColor(controls::palette::kFrame).name(), theme::kAccentGround.name(),
-      theme::kBorder.name(), ToQColor(controls::palette::kGridRow).name());
+  namespace ours = screens::palette;
+  QString sheet = QString::fromUtf8(kSheet);
+  for (const controls::Colour colour :
+       {ours::kText, ours::kMutedText, ours::kLine, ours::kField, ours::kAccent, ours::kButton,
+        ours::kFrame, ours::kAccentGround, ours::kBorder, ours::kGridRow}) {
+    sheet = sheet.arg(Painted(colour).name());
+  }
+  return sheet;
 }
 
 }  // namespace
+
+screens::palette::Scheme CurrentScheme() {
+  constexpr int kMiddle = 128;
+  const bool dark = QApplication::palette().color(QPalette::Window).lightness() < kMiddle;
+  return dark ? screens::palette::Scheme::kDark : screens::palette::Scheme::kLight;
+}
+
+QColor Painted(controls::Colour colour, screens::palette::Scheme scheme) {
+  return ToQColor(screens::palette::InScheme(colour, scheme));
+}
 
 screens::Scale FormScale(double dpi) {
   return screens::Scale(dpi * QApplication::font().pointSizeF() / kDesignPoints);

@@ -1,14 +1,19 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
 
 #include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/QtFixture.h"
+#include "adapters/qt/Theme.h"
 #include "contract/ScreenContract.h"
 
 namespace adapters::qt {
@@ -64,7 +69,7 @@ TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
+TEST_F(QtTest, TextBoxOfLatinDigits_FilledByInputMethodMenuOrDrop_ShowsThem) {
   form.txtName.SetLatinDigits(true);
   ShowForm();
   form.txtName.SetFocus();
@@ -73,10 +78,24 @@ TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
   QApplication::sendEvent(QApplication::focusWidget(), &committed);
   EXPECT_EQ(form.txtName.Text(), "5");
   auto& line = dynamic_cast<QLineEdit&>(*QApplication::focusWidget());
-  line.selectAll();
-  QGuiApplication::clipboard()->setText("۵");
-  line.paste();
-  EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
+  QGuiApplication::clipboard()->setText("۶");
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&line, &asked);
+  auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+  for (QAction* action : menu.actions()) {
+    if (action->text().startsWith(QLineEdit::tr("&Paste"))) action->trigger();
+  }
+  menu.close();
+  QMimeData dragged;
+  dragged.setText("۷\n");
+  QDragEnterEvent entered(line.rect().center(), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &entered);
+  QDropEvent dropped(line.rect().center(), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &dropped);
+  EXPECT_THAT(form.txtName.Text(), testing::AnyOf("567 ", "7 56", "57 6"));
+  EXPECT_EQ(Shown(form.txtName), form.txtName.Text());
+  Undo();
+  EXPECT_EQ(Shown(form.txtName).find("۷"), std::string::npos) << "not even for a moment";
 }
 
 TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
@@ -94,14 +113,19 @@ TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
   QApplication::setFont(designed);
 }
 
-TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {
+TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnItOrOnItsDarkCounterpart) {
   form.flx.SetRow(1);
   form.flx.SetCellBackColor(controls::palette::kMark);
   form.flx.SetHighLight(controls::FlexGrid::HighLight::kNever);
   ShowForm();
-  auto& view = dynamic_cast<PaneWidget&>(*adapter->screen.WidgetOf(form.flx));
+  QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   const contract::Place at = At(1, 1);
-  EXPECT_EQ(view.viewport()->grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  const QPalette light = QApplication::palette();
+  QApplication::setPalette(QPalette(Qt::black));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y),
+            Painted(controls::palette::kMark, screens::palette::Scheme::kDark));
+  QApplication::setPalette(light);
 }
 
 }  // namespace
