@@ -151,7 +151,7 @@ void ScreenTest::AcceptMessage(std::string& words) {
 }
 
 void ScreenTest::Later(std::function<void()> action) {
-  adapter->desk.Later(std::move(action));
+  adapter->errands.push_back(std::make_unique<Errand>(adapter->guard, std::move(action)));
 }
 
 void ScreenTest::Settle() {
