@@ -16,6 +16,9 @@ using ThingPtr = std::unique_ptr<tour::Thing>;
 
 namespace {
 
+// What a library of that name exports is no identifier.
+const IID kAccessible = __uuidof(IAccessible);
+
 Role RoleOf(LONG role) {
   switch (role) {
     case ROLE_SYSTEM_GROUPING:
@@ -92,7 +95,7 @@ class Thing : public tour::Thing {
       if (child.vt != VT_DISPATCH) continue;
       const auto object = ComPtr<IDispatch>::Adopt(child.pdispVal);
       HWND window = nullptr;
-      WindowFromAccessibleObject(object.As<IAccessible>(IID_IAccessible).Get(), &window);
+      WindowFromAccessibleObject(object.As<IAccessible>(kAccessible).Get(), &window);
       if (window != nullptr) things.push_back(MakeThing(window));
     }
     return things;
@@ -159,7 +162,7 @@ class Thing : public tour::Thing {
 
 ThingPtr MakeThing(HWND window) {
   ComPtr<IAccessible> client;
-  AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+  AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), kAccessible,
                              client.OutVoid());
   if (!client) throw tour::Failure("a window says nothing of itself");
   return std::make_unique<Thing>(std::move(client), CHILDID_SELF);

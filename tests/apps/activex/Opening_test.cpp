@@ -7,19 +7,19 @@
 
 #include "ByRefLong.h"
 #include "Container.h"
+#include "FoundWindows.h"
 #include "LoadedLibrary.h"
-#include "apps/activex-host/Windows.h"
 #include "demo/SampleOffice.h"
 
 namespace {
 
-using activexhost::FindControl;
-using activexhost::FindForm;
 using adapters::windows::ComPtr;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
 using test::Container;
+using test::FindControl;
+using test::FindForm;
 
 class Opening : public test::LoadedLibrary {
  protected:
@@ -127,7 +127,7 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnless
     auto control = NewFor(1, container);
     const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("View", {std::int32_t{1}});
-    const HWND search = FindControl("FormMain.cmdSearch");
+    const HWND search = FindControl("FormMain", "cmdSearch");
     ASSERT_NE(search, nullptr);
     PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
@@ -183,7 +183,7 @@ TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
   auto one = NewFor(1, first);
   Late(one).Call("ClearShow");
   const HWND editor = FindForm("FormMain");
-  const std::string user = activexhost::TextOf(FindControl("FormMain.sltCreator"));
+  const std::wstring user = adapters::windows::TextOf(FindControl("FormMain", "sltCreator"));
   EXPECT_EQ(OwnerOfEditor(), first.Window());
   {
     Container second;
@@ -191,7 +191,7 @@ TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
     Late(two).Call("ClearShow");
     EXPECT_EQ(FindForm("FormMain"), editor);
     EXPECT_EQ(Forms() - 1, 1) << "beside the other container";
-    EXPECT_NE(activexhost::TextOf(FindControl("FormMain.sltCreator")), user);
+    EXPECT_NE(adapters::windows::TextOf(FindControl("FormMain", "sltCreator")), user);
     EXPECT_EQ(OwnerOfEditor(), second.Window());
     As<IOleObject>(two)->SetClientSite(nullptr);
     EXPECT_EQ(OwnerOfEditor(), first.Window());
@@ -244,7 +244,7 @@ TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
                            {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
     const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("ClearShow");
-    const HWND button = FindControl("FormMain.cmdNew");
+    const HWND button = FindControl("FormMain", "cmdNew");
     SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
     if (c.windowGone) DestroyWindow(FindForm("FormMain"));

@@ -11,13 +11,13 @@
 #include <functional>
 
 #include "Container.h"
+#include "FoundWindows.h"
 #include "LoadedLibrary.h"
-#include "apps/activex-host/Windows.h"
 #include "demo/SampleOffice.h"
 
 namespace {
 
-using activexhost::FindForm;
+using test::FindForm;
 using adapters::windows::ComPtr;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
