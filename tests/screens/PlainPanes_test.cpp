@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
+
 #include "screens/ButtonPanes.h"
 #include "screens/Palette.h"
 #include "screens/PaneTrial.h"
@@ -92,6 +94,20 @@ TEST_F(PlainPanes, FrameAndProgress_FillFromTheRightUnderTheCaption) {
   EXPECT_EQ(trial.pane.Describe().value, "25%");
   bar.SetShare(-1);
   EXPECT_EQ(trial.pane.Describe().value, "");
+}
+
+// Roles are told apart by their light colour, tinted or not.
+TEST(Palette, Dark_EachColourHasItsOwn) {
+  std::set<controls::Colour> light;
+  for (const controls::Colour colour :
+       {palette::kFormGround, palette::kButton, palette::kFrame, palette::kGridRow,
+        palette::kGridBand, palette::kMark, palette::kText, palette::kField, palette::kAccent}) {
+    for (const controls::Colour shade : {colour, palette::Tinted(colour)}) {
+      EXPECT_TRUE(light.insert(shade).second) << shade;
+      EXPECT_NE(palette::InScheme(shade, palette::Scheme::kDark), shade);
+      EXPECT_EQ(palette::InScheme(shade, palette::Scheme::kLight), shade);
+    }
+  }
 }
 
 }  // namespace
