@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <memory>
 #include <random>
 #include <stdexcept>
 #include <string>
@@ -229,7 +231,8 @@ struct NoSurface : screens::Surface {
   void Text(std::string_view text, const screens::Rect&, const screens::TextStyle&) override {
     painted += text.size();
   }
-  void Stroke(std::initializer_list<screens::Point>, double, controls::Colour) override {}
+  void Stroke(std::initializer_list<screens::Dot>, double, controls::Colour) override {}
+  void RoundBox(const screens::Rect&, int, controls::Colour, controls::Colour, int) override {}
   void PushClip(const screens::Rect&) override {}
   void PopClip() override {}
   std::size_t painted = 0;
@@ -247,6 +250,15 @@ struct NoHost : screens::PaneHost {
   void SetScrollBar(screens::Axis, const screens::ScrollRange&) override {}
   void SetTimer(int) override {}
   void CopyToClipboard(const std::string&) override {}
+  screens::TextField& Field() override { throw std::logic_error("a grid has no field"); }
+  std::unique_ptr<screens::Popup> MakePopup(screens::PopupKind,
+                                            const screens::PaneMaker&) override {
+    return nullptr;
+  }
+  screens::Size PopupRoom(screens::PopupKind) const override { return {}; }
+  void TakeFocus() override {}
+  std::chrono::sys_days Today() const override { return {}; }
+  void Announce(screens::Tidings, int) override {}
 };
 
 // What the pane itself costs of showing another page: the toolkit's painting is not in it.

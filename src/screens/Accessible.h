@@ -28,13 +28,13 @@ enum class Role {
 /// What a screen reader is told of a pane or of a part of it. Made anew whenever it is asked for.
 struct Accessible {
   Role role = Role::kNone;
-  std::string name;         // what it is called: a caption, a label, a cell's column
-  std::string value;        // what it holds
-  std::string description;  // what else there is to know
-  std::string keys;         // "Alt+ث"
-  std::string action;       // what Pane::Act does here; empty for nothing
-  Rect place;               // on the pane; empty where nothing of it is in sight
-  int row = -1;             // of a table's part, headings included
+  std::string name{};         // what it is called: a caption, a label, a cell's column
+  std::string value{};        // what it holds
+  std::string description{};  // what else there is to know
+  std::string keys{};         // "Alt+ث"
+  std::string action{};       // what Pane::Act does here; empty for nothing
+  Rect place{};               // on the pane; empty where nothing of it is in sight
+  int row = -1;               // of a table's part, headings included
   int column = -1;
   bool enabled = true;
   bool focusable = false;

@@ -31,17 +31,6 @@ Side SideOf(FlexGrid::Alignment alignment) {
   return Side::kRight;
 }
 
-/// A ground that shows the block and lets a mark shine through: three tenths of the accent.
-Colour Tinted(Colour ground) {
-  Colour tinted = 0;
-  for (const unsigned shift : {0U, 8U, 16U}) {
-    const Colour from = ground >> shift & 0xFFU;
-    const Colour to = palette::kAccent >> shift & 0xFFU;
-    tinted |= (from * 7 + to * 3) / 10 << shift;
-  }
-  return tinted;
-}
-
 std::string OnOneLine(std::string_view text) {
   std::string line(text);
   std::erase(line, '\r');
@@ -100,7 +89,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
     const FlexGrid::HighLight highLight = grid_->GetHighLight();
     const bool shown = highLight == FlexGrid::HighLight::kAlways ||
                        (highLight == FlexGrid::HighLight::kWithFocus && focused_);
-    if (shown && grid_->InBlock(row, col)) ground = Tinted(ground);
+    if (shown && grid_->InBlock(row, col)) ground = palette::Tinted(ground);
   }
   surface.Fill(cell, ground);
   const Colour line = heading ? palette::kLine : palette::kFaintLine;

@@ -3,7 +3,8 @@
 #include "controls/Control.h"
 
 /// The colours of everything on a screen by their role, the same on every toolkit: those that forms
-/// name, and those of texts, fields, lines, and of what is focused, chosen or refused.
+/// name, and those of texts, fields, lines, and of what is focused, chosen or refused. Models and
+/// panes know the light ones alone; a toolkit paints what InScheme makes of them.
 namespace screens::palette {
 
 using namespace controls::palette;
@@ -22,5 +23,13 @@ inline constexpr controls::Colour kDeepAccent = controls::Rgb(128, 80, 45);
 inline constexpr controls::Colour kAccentGround = controls::Rgb(244, 214, 182);
 inline constexpr controls::Colour kRefused = controls::Rgb(184, 56, 44);
 inline constexpr controls::Colour kNoteGround = controls::Rgb(255, 243, 196);
+
+enum class Scheme { kLight, kDark };
+
+/// What stands in a scheme for a colour of this palette, tinted or not; another colour stays.
+controls::Colour InScheme(controls::Colour colour, Scheme scheme);
+
+/// A ground that shows a block of cells and lets a mark shine through: three tenths of the accent.
+controls::Colour Tinted(controls::Colour ground);
 
 }  // namespace screens::palette

@@ -8,6 +8,13 @@ using controls::Control;
 using controls::Frame;
 using controls::Twips;
 
+namespace {
+
+/// That of the forms' other fields: a combo box has no height of its own.
+constexpr Twips kComboHeight = 375;
+
+}  // namespace
+
 PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twips)>& pixels) {
   Twips originX = 0;
   Twips originY = 0;
@@ -20,9 +27,10 @@ PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twip
   const auto edge = [&pixels](Twips origin, Twips place) {
     return pixels(origin + place) - pixels(origin);
   };
+  const bool combo = dynamic_cast<const controls::ComboBox*>(&control) != nullptr;
+  const Twips height = combo ? kComboHeight : control.Height();
   return {edge(originX, control.Left()), edge(originY, control.Top()),
-          edge(originX, control.Left() + control.Width()),
-          edge(originY, control.Top() + control.Height())};
+          edge(originX, control.Left() + control.Width()), edge(originY, control.Top() + height)};
 }
 
 }  // namespace screens

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,7 +19,7 @@ struct ScriptedHost : PaneHost {
     for (const char byte : text) letters += (byte & 0xC0) != 0x80 ? 1 : 0;
     return 6 * letters;
   }
-  bool Enabled() const override { return true; }
+  bool Enabled() const override { return enabled; }
   void Repaint(const Rect& area) override { repainted.push_back(area); }
   void ScrollPart(const Rect& /*area*/, int rows) override { scrolled += rows; }
   void SetScrollBar(Axis axis, const ScrollRange& range) override {
@@ -25,15 +27,33 @@ struct ScriptedHost : PaneHost {
   }
   void SetTimer(int milliseconds) override { timer = milliseconds; }
   void CopyToClipboard(const std::string& text) override { copied = text; }
-  TextField& Field() override { std::abort(); }
-  std::unique_ptr<Popup> MakePopup(PopupKind /*kind*/, const PaneMaker& /*make*/) override {
-    std::abort();
-  }
+  TextField& Field() override { return field; }
+  std::unique_ptr<Popup> MakePopup(PopupKind kind, const PaneMaker& make) override;
   Size PopupRoom(PopupKind /*kind*/) const override { return {1366, 768}; }
-  void TakeFocus() override {}
-  std::chrono::sys_days Today() const override { return {}; }
-  void Announce(Tidings /*what*/, int /*part*/) override {}
+  void TakeFocus() override { ++focusTaken; }
+  std::chrono::sys_days Today() const override { return today; }
+  void Announce(Tidings what, int part) override { announced.emplace_back(what, part); }
 
+  struct ScriptedField : TextField {
+    void Move(const Rect& to) override { place = to; }
+    std::string Text() const override { return text; }
+    void SetText(const std::string& to) override { text = to; }
+    void SelectAll() override { ++selected; }
+    void SetLocked(bool to) override { locked = to; }
+    Rect place;
+    std::string text;
+    int selected = 0;
+    bool locked = false;
+  };
+  struct ScriptedPopup;
+
+  ScriptedField field;
+  ScriptedPopup* popup = nullptr;  // the drop-down made last
+  ScriptedPopup* note = nullptr;
+  int focusTaken = 0;
+  bool enabled = true;
+  std::chrono::sys_days today{};
+  std::vector<std::pair<Tidings, int>> announced;
   double dpi = 96;
   std::vector<Rect> repainted;
   int scrolled = 0;
@@ -42,6 +62,31 @@ struct ScriptedHost : PaneHost {
   int timer = 0;
   std::string copied;
 };
+
+struct ScriptedHost::ScriptedPopup : Popup {
+  ~ScriptedPopup() override { *owner = nullptr; }
+  void Show(Size to) override {
+    size = to;
+    visible = true;
+    pane->Resized(to);
+  }
+  void Hide() override { visible = false; }
+  bool Visible() const override { return visible; }
+
+  ScriptedHost host;
+  std::unique_ptr<Pane> pane;
+  ScriptedPopup** owner = nullptr;
+  Size size;
+  bool visible = false;
+};
+
+inline std::unique_ptr<Popup> ScriptedHost::MakePopup(PopupKind kind, const PaneMaker& make) {
+  auto made = std::make_unique<ScriptedPopup>();
+  made->owner = kind == PopupKind::kNote ? &note : &popup;
+  *made->owner = made.get();
+  made->pane = make(made->host);
+  return made;
+}
 
 /// Keeps what was painted, to be asked by place.
 struct RecordingSurface : Surface {

@@ -1,0 +1,115 @@
+#include "screens/FieldPane.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "screens/NotePane.h"
+#include "screens/Palette.h"
+
+namespace screens {
+
+namespace {
+
+// Lengths at 96 dpi.
+constexpr int kButtonWidth = 20;
+constexpr int kEdge = 2;
+constexpr int kMargin = 5;
+
+}  // namespace
+
+void FieldPane::Changed(const controls::Change& change) {
+  ControlPane::Changed(change);
+  if (change.aspect == controls::Aspect::kEnabled && !Host().Enabled()) ShowNote({});
+}
+
+void FieldPane::Resized(Size size) {
+  ControlPane::Resized(size);
+  ShowNote({});
+}
+
+Rect FieldPane::ButtonPlace() const {
+  if (sign_ == Sign::kNone) return {};
+  const int edge = Design(kEdge);
+  return {edge, edge, edge + Design(kButtonWidth), Area().bottom - edge};
+}
+
+Rect FieldPane::Inside() const {
+  const int height = std::min(Host().LineHeight() + 2, std::max(0, Area().Height() - 2));
+  const int top = (Area().Height() - height) / 2;
+  const int left = sign_ == Sign::kNone ? Design(kMargin) : ButtonPlace().right + Design(kEdge);
+  return {left, top, std::max(left, Area().right - Design(kMargin)), top + height};
+}
+
+void FieldPane::Paint(Surface& surface, const Rect& dirty) const {
+  const bool enabled = Host().Enabled();
+  surface.Fill(dirty, Ground());
+  controls::Colour line = enabled ? palette::kBorder : palette::kLine;
+  if (Focused()) line = palette::kAccent;
+  if (refused_) line = palette::kRefused;
+  surface.RoundBox(Area(), Design(3), enabled ? palette::kField : palette::kFrame, line,
+                   refused_ || Focused() ? std::max(1, Design(1.5)) : 1);
+  PaintInside(surface, Inside());
+  if (sign_ != Sign::kNone) PaintSign(surface);
+}
+
+void FieldPane::PaintSign(Surface& surface) const {
+  const bool enabled = Host().Enabled();
+  const Rect button = ButtonPlace();
+  if (enabled) {
+    const controls::Colour ground = hovered_ ? palette::kAccentGround : palette::kButton;
+    surface.RoundBox(button, Design(2), ground, ground);
+  }
+  const controls::Colour ink = enabled ? palette::kText : palette::kLine;
+  const double unit = Host().GetScale().Unit();
+  const Dot middle{(button.left + button.right) / 2.0, (button.top + button.bottom) / 2.0};
+  const auto at = [&](double x, double y) -> Dot {
+    return {middle.x + x * unit, middle.y + y * unit};
+  };
+  if (sign_ == Sign::kArrow) {
+    surface.Stroke({at(-4, -2), at(0, 2), at(4, -2)}, 1.5 * unit, ink);
+    return;
+  }
+  const double width = 1.2 * unit;
+  surface.Stroke({at(-5.5, -4.5), at(5.5, -4.5), at(5.5, 5.5), at(-5.5, 5.5), at(-5.5, -4.5)},
+                 width, ink);
+  surface.Stroke({at(-5.5, -1.5), at(5.5, -1.5)}, width, ink);
+  surface.Stroke({at(-2.5, -6), at(-2.5, -3.5)}, width, ink);
+  surface.Stroke({at(2.5, -6), at(2.5, -3.5)}, width, ink);
+}
+
+void FieldPane::Pointer(const PointerEvent& event) {
+  const bool onButton =
+      event.action != PointerEvent::Action::kLeave && ButtonPlace().Contains(event.place);
+  if (std::exchange(hovered_, onButton) != onButton) Host().Repaint(ButtonPlace());
+  const bool left = event.button == MouseButton::kLeft;
+  if (event.action != PointerEvent::Action::kPress || !left || !Host().Enabled()) return;
+  if (!onButton) return PressInside();
+  Host().TakeFocus();
+  Toggle();
+}
+
+bool FieldPane::PressKey(const KeyEvent& event) {
+  if (sign_ == Sign::kNone) return false;
+  const bool vertical = event.key == Key::kDown || event.key == Key::kUp;
+  if (event.key != Key::kF4 && !(vertical && event.modifiers.alt)) return false;
+  Toggle();
+  return true;
+}
+
+void FieldPane::ShowNote(const std::string& sentence) {
+  note_.reset();
+  if (sentence.empty()) return;
+  NotePane* note = nullptr;
+  note_ = Host().MakePopup(PopupKind::kNote, [&](PaneHost& host) {
+    auto made = std::make_unique<NotePane>(host, sentence, [this] { note_->Hide(); });
+    note = made.get();
+    return made;
+  });
+  note_->Show(note->Wanted(Host().PopupRoom(PopupKind::kNote)));
+}
+
+void FieldPane::SetRefused(bool refused) {
+  if (std::exchange(refused_, refused) != refused) RepaintAll();
+}
+
+}  // namespace screens
