@@ -24,10 +24,9 @@ constexpr Twips kLeastText = 300 * kPixel;
 constexpr Twips kMostText = 460 * kPixel;
 constexpr Twips kButtonWidth = 88 * kPixel;
 constexpr Twips kButtonHeight = 28 * kPixel;
-// A little more than a text needs, so that no screen wraps it anew.
+// A little more than a text needs, so that no rounding to pixels wraps it anew.
 constexpr Twips kToSpare = 4 * kPixel;
-constexpr Twips kTechnicalAcross = 10 * kPixel;
-constexpr Twips kTechnicalDown = 7 * kPixel;
+constexpr Twips kTechnicalMargin = 6 * kPixel;
 /// The whole of a longer one can be copied.
 constexpr std::size_t kMostTechnicalLines = 12;
 
@@ -45,7 +44,7 @@ std::string Joined(const std::vector<std::string>& lines) {
 }
 
 Twips HeightOf(const controls::Screen& screen, const std::vector<std::string>& lines) {
-  return static_cast<double>(lines.size()) * screen.LineHeight();
+  return static_cast<double>(lines.size()) * screen.LineHeight() + kToSpare;
 }
 
 std::vector<std::string> TechnicalLines(const controls::Screen& screen, std::string_view text,
@@ -125,10 +124,10 @@ Twips MessageForm::PlaceTexts() {
   lblTechnical.SetVisible(!message_.technical.empty());
   if (lblTechnical.Visible()) {
     const std::vector<std::string> technical =
-        TechnicalLines(screen, message_.technical, inside - 2 * kTechnicalAcross - kToSpare);
+        TechnicalLines(screen, message_.technical, inside - 2 * kTechnicalMargin - kToSpare);
     lblTechnical.SetCaption(Joined(technical));
     lblTechnical.Move(kFrameAcross, bottom + kGap, inside,
-                      HeightOf(screen, technical) + 2 * kTechnicalDown);
+                      HeightOf(screen, technical) + 2 * kTechnicalMargin);
     bottom = lblTechnical.Top() + lblTechnical.Height();
   }
   frame.Move(kMargin, kMargin, inside + 2 * kFrameAcross, bottom + kFrameDown);

@@ -4,12 +4,14 @@
 #include "adapters/windows/ProgressWindow.h"
 #include "adapters/windows/WinFixture.h"
 #include "contract/ScreenContract.h"
+#include "support/ErrorNumber.h"
 
 namespace adapters::windows {
 namespace {
 
 using contract::Key;
 using controls::Modality;
+using support::NumberOf;
 
 TEST_F(WinScreenTest, ShowModal_Form_TakesTheInputOfTheOthersAndGivesItBack) {
   const HWND host = Of(adapter->host);
