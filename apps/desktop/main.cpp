@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QIcon>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -220,6 +221,7 @@ int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   previousHandler = qInstallMessageHandler(HandleMessage);
   QApplication application(argc, argv);
   QApplication::setApplicationName(kApplication);
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/promoter.png")));
   adapters::qt::ApplyTheme(application);
   return Run(application, options);
 }

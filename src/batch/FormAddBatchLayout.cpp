@@ -57,6 +57,24 @@ void FormAddBatch::PlaceControls() {
                       &txtCodeFrom, &txtCodeTo, &txtName, &cmdSearch, &sltCustomer, &sltBranch,
                       &sltWorkActivity, &cmdNewsearch, &flxCustomer, &txtNotes, &cmdAdd,
                       &cmdCancel});
+  tools::SetAccessKeys({{lblPromoter, "ب"},
+                        {lblDateFrom, "ز"},
+                        {lblDateTo, "ا"},
+                        {lblCodeFrom, "ك"},
+                        {lblCodeTo, "د"},
+                        {lblName, "ن"},
+                        {lblCustomer, "م"},
+                        {lblBranch, "ع"},
+                        {lblWorkActivity, "و"},
+                        {cmdSearch, "ت"},
+                        {cmdNewsearch, "ج"},
+                        {lblNotes, "ش"},
+                        {cmdAdd, "ث"},
+                        {cmdCancel, "ف"}});
+  flxRegion.SetAccessibleName("مناطق");
+  flxPath.SetAccessibleName("مسيرها");
+  flxDate.SetAccessibleName("روزها");
+  flxCustomer.SetAccessibleName("مشتريان");
   SetResizeRules();
 }
 

@@ -145,6 +145,10 @@ class Control {
   const std::string& ToolTip() const { return toolTip_; }
   void SetToolTip(std::string toolTip) { toolTip_ = std::move(toolTip); }
 
+  /// What who hears the form read is told of it, where no caption and no label says it; empty for
+  /// nothing.
+  const std::string& AccessibleName() const { return accessibleName_; }
+  void SetAccessibleName(std::string name) { accessibleName_ = std::move(name); }
   /// The letter that, with Alt, clicks a button or check box or goes to the field that a label
   /// names; empty for none. A Persian letter stands for the Latin one on its key too.
   const std::string& AccessKey() const { return accessKey_; }
@@ -170,6 +174,7 @@ class Control {
   std::string tag_;
   std::string toolTip_;
   std::string accessKey_;
+  std::string accessibleName_;
   Observers observers_;
   Twips left_ = 0;
   Twips top_ = 0;

@@ -103,6 +103,25 @@ void FormMain::SetTabOrder() {
                       &cmdSelectAll, &cmdSelectInverse, &cmdSelectNone, &cmdDeleteSelected, &cmdNew,
                       &cmdEdit, &cmdDelete, &cmdTempSave, &cmdFinalSave, &cmdPreview,
                       &cmdViewAccountDoc, &cmdBackToTemp, &cmdCancel, &cmdSearch});
+  tools::SetAccessKeys({{cmdNew, "ج"},
+                        {cmdEdit, "ص"},
+                        {cmdDelete, "ح"},
+                        {cmdTempSave, "م"},
+                        {cmdFinalSave, "ن"},
+                        {cmdPreview, "پ"},
+                        {cmdViewAccountDoc, "س"},
+                        {cmdBackToTemp, "ب"},
+                        {cmdCancel, "ف"},
+                        {cmdSearch, "ت"},
+                        {lblSupervisor, "د"},
+                        {lblBranch, "ع"},
+                        {lblDescription, "ش"},
+                        {cmdAddBatch, "و"},
+                        {cmdSelectAll, "ه"},
+                        {cmdSelectInverse, "ك"},
+                        {cmdSelectNone, "غ"},
+                        {cmdDeleteSelected, "ل"}});
+  flxDetail.SetAccessibleName("ويزيت ها");
 }
 
 void FormMain::SetResizeRules() {

@@ -34,7 +34,9 @@ struct Accessible {
   std::string keys{};         // "Alt+ث"
   std::string action{};       // what Pane::Act does here; empty for nothing
   Rect place{};               // on the pane; empty where nothing of it is in sight
-  int row = -1;               // of a table's part, headings included
+  int rows = 0;               // of a table, headings included
+  int columns = 0;            // of a table, those that are shown
+  int row = -1;               // of a table's part
   int column = -1;
   bool enabled = true;
   bool focusable = false;

@@ -1,6 +1,7 @@
 #include "screens/ControlPane.h"
 
 #include "screens/AccessKeys.h"
+#include "screens/AccessibleNames.h"
 #include "screens/Palette.h"
 
 namespace screens {
@@ -52,7 +53,9 @@ void ControlPane::PaintCaption(Surface& surface, std::string_view caption, const
 Accessible ControlPane::Described(Role role) const {
   Accessible described{.role = role, .place = Area()};
   if (control_ == nullptr) return described;
-  described.description = control_->ToolTip();
+  described.name = AccessibleName(*control_);
+  described.description = AccessibleDescription(*control_);
+  described.keys = AccessKeyText(*control_);
   described.enabled = host_.Enabled();
   described.focused = focused_;
   return described;

@@ -5,9 +5,10 @@
 
 namespace screens {
 
-void GridGeometry::Measure(Size view, const Scale& scale, int rowHeight) {
+void GridGeometry::Measure(Size view, const Scale& scale, int rowHeight, int headingHeight) {
   view_ = view;
   rowHeight_ = rowHeight;
+  headingHeight_ = headingHeight;
   columns_.clear();
   controls::Twips spare = scale.Twips(view.width);
   for (int col = 0; col < grid_.Cols(); ++col) spare -= grid_.ColWidth(col);
@@ -36,7 +37,8 @@ int GridGeometry::FixedWidth() const {
 }
 
 int GridGeometry::FixedHeight() const {
-  return grid_.FixedRows() * rowHeight_;
+  const int fixed = grid_.FixedRows();
+  return fixed == 0 ? 0 : headingHeight_ + (fixed - 1) * rowHeight_;
 }
 
 int GridGeometry::PageRows() const {
@@ -75,7 +77,9 @@ bool GridGeometry::Reveal(int row, int col) {
 }
 
 int GridGeometry::RowTop(int row) const {
-  return (row < grid_.FixedRows() ? row : row - above_) * rowHeight_;
+  const int fixed = grid_.FixedRows();
+  if (row >= fixed) return FixedHeight() + (row - fixed - above_) * rowHeight_;
+  return row <= 0 ? 0 : headingHeight_ + (row - 1) * rowHeight_;
 }
 
 int GridGeometry::LastRowInSight() const {
@@ -111,13 +115,15 @@ Rect GridGeometry::CellPlace(int row, int col) const {
   const Rect room = Room(col < grid_.FixedCols(), row < grid_.FixedRows());
   Rect place = ColumnPlace(col);
   place.top = RowTop(row);
-  place.bottom = place.top + rowHeight_;
+  place.bottom = place.top + RowHeight(row);
   return place.Common(room);
 }
 
 GridGeometry::Cell GridGeometry::CellAt(Point place) const {
-  int row = std::max(0, place.y) / rowHeight_;
-  if (row >= grid_.FixedRows()) row += above_;
+  const int fixedRows = grid_.FixedRows();
+  const int below = std::max(0, place.y) - FixedHeight();
+  int row = below >= 0 ? fixedRows + above_ + below / rowHeight_
+                       : std::max(0, fixedRows - 1 - (-below - 1) / rowHeight_);
   row = place.y >= RowsBottom() ? grid_.Rows() : std::min(row, grid_.Rows());
   for (const bool fixed : {true, false}) {
     for (const int col : ColumnsInSight(fixed)) {
@@ -143,7 +149,8 @@ Rect GridGeometry::RowsPlace(int firstRow, int lastRow) const {
   Rect place{0, 0, Width(), 0};
   if (firstRow < fixed) {
     place.top = RowTop(firstRow);
-    place.bottom = RowTop(std::min(lastRow, fixed - 1)) + rowHeight_;
+    const int last = std::min(lastRow, fixed - 1);
+    place.bottom = RowTop(last) + RowHeight(last);
   }
   const int first = std::max(firstRow, fixed + above_);
   const int last = std::min(lastRow, LastRowInSight());

@@ -11,7 +11,8 @@ namespace screens {
 
 /// Where the cells of a grid lie in its pane: from right to left, column 0 at the right edge, fixed
 /// rows and columns in place, the others scrolled by whole rows and, across, by pixels. Only rows
-/// that the pane has room for as a whole are in sight, but at least one.
+/// that the pane has room for as a whole are in sight, but at least one. The first row, where it is
+/// fixed, may be higher: its headings have as many lines as they need.
 ///
 /// The widths of the columns are taken by Measure; rows and counts are asked of the grid each time,
 /// so that nothing of a grid is asked for that it has not got any more.
@@ -27,11 +28,14 @@ class GridGeometry {
 
   /// Takes the pane's size and the columns' widths; the stretched column takes the room that is
   /// left. Scrolls back as far as there is nothing to show.
-  void Measure(Size view, const Scale& scale, int rowHeight);
+  void Measure(Size view, const Scale& scale, int rowHeight, int headingHeight);
   /// Scrolls back where the rows became fewer.
   void KeepInside();
 
   int RowHeight() const { return rowHeight_; }
+  int RowHeight(int row) const {
+    return row == 0 && grid_.FixedRows() > 0 ? headingHeight_ : rowHeight_;
+  }
   int Width() const { return view_.width; }
   int Height() const { return view_.height; }
   int FixedWidth() const;
@@ -85,6 +89,7 @@ class GridGeometry {
   std::vector<Edges> columns_;
   Size view_;
   int rowHeight_ = 19;
+  int headingHeight_ = 19;
   int above_ = 0;
   int across_ = 0;
 };

@@ -4,6 +4,7 @@
 
 #include "screens/GridPane.h"
 #include "screens/Palette.h"
+#include "screens/WrapText.h"
 
 namespace screens {
 
@@ -13,7 +14,6 @@ using controls::FlexGrid;
 namespace {
 
 // At 96 dpi.
-constexpr int kTextMargin = 4;
 constexpr int kTickRoom = 14;
 constexpr int kFrameThickness = 2;
 constexpr int kLookUpMargin = 6;
@@ -68,7 +68,7 @@ void GridPane::PaintColumns(Surface& surface, const Rect& dirty, bool fixed) con
     const auto paintRows = [&](int first, int last) {
       for (int row = first; row <= last; ++row) {
         const int top = geometry_.RowTop(row);
-        if (top < dirty.bottom && top + geometry_.RowHeight() > dirty.top) {
+        if (top < dirty.bottom && top + geometry_.RowHeight(row) > dirty.top) {
           PaintCell(surface, row, col);
         }
       }
@@ -81,7 +81,7 @@ void GridPane::PaintColumns(Surface& surface, const Rect& dirty, bool fixed) con
 void GridPane::PaintCell(Surface& surface, int row, int col) const {
   Rect cell = geometry_.ColumnPlace(col);
   cell.top = geometry_.RowTop(row);
-  cell.bottom = cell.top + geometry_.RowHeight();
+  cell.bottom = cell.top + geometry_.RowHeight(row);
   const bool heading = row < grid_->FixedRows() || col < grid_->FixedCols();
   Colour ground = palette::kButton;
   if (!heading) {
@@ -105,10 +105,28 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   TextStyle style;
   style.colour = host_.Enabled() ? palette::kText : palette::kMutedText;
   style.side = SideOf(grid_->ColAlignment(col));
-  if (text.find_first_of("\r\n") == std::string_view::npos) {
+  if (heading && room.Height() >= 2 * host_.LineHeight()) {
+    PaintHeading(surface, text, room, style);
+  } else if (text.find_first_of("\r\n") == std::string_view::npos) {
     surface.Text(text, room, style);
   } else {
     surface.Text(OnOneLine(text), room, style);
+  }
+}
+
+/// In one line or two, in the middle of its higher cell.
+void GridPane::PaintHeading(Surface& surface, std::string_view text, const Rect& room,
+                            const TextStyle& style) const {
+  const auto width = [this](std::string_view part) {
+    return host_.TextWidth(part, Weight::kNormal);
+  };
+  std::vector<std::string> lines = WrapText(text, room.Width(), width);
+  if (lines.size() > 2) lines = {lines[0], std::string(text.substr(text.find(lines[1])))};
+  const int height = host_.LineHeight();
+  int top = room.Middle().y - static_cast<int>(lines.size()) * height / 2;
+  for (const std::string& line : lines) {
+    surface.Text(line, {room.left, top, room.right, top + height}, style);
+    top += height;
   }
 }
 

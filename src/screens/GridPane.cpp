@@ -21,14 +21,11 @@ void GridPane::Changed(const Change& change) {
   switch (change.aspect) {
     case Aspect::kColumns:
     case Aspect::kBounds:
+    case Aspect::kRows:
       Measure();
       break;
-    case Aspect::kRows:
-      geometry_.KeepInside();
-      UpdateScrollBars();
-      RepaintAll();
-      break;
     case Aspect::kCells:
+      if (HeadingHeight(geometry_.RowHeight()) != geometry_.RowHeight(0)) Measure();
       RepaintRows({change.firstRow, change.lastRow});
       break;
     case Aspect::kSelection:
@@ -38,6 +35,7 @@ void GridPane::Changed(const Change& change) {
       RepaintAll();
       break;
   }
+  AnnounceChange(change);
 }
 
 void GridPane::Resized(Size size) {
@@ -49,9 +47,24 @@ void GridPane::Measure() {
   if (grid_ == nullptr) return;
   const Scale scale = host_.GetScale();
   const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), host_.LineHeight() + 2);
-  geometry_.Measure(size_, scale, rowHeight);
+  geometry_.Measure(size_, scale, rowHeight, HeadingHeight(rowHeight));
   UpdateScrollBars();
   RepaintAll();
+}
+
+/// Two lines where the words of a heading do not fit beside each other.
+int GridPane::HeadingHeight(int rowHeight) const {
+  if (grid_->FixedRows() == 0 || grid_->Rows() == 0) return rowHeight;
+  const Scale scale = host_.GetScale();
+  for (int col = 0; col < grid_->Cols(); ++col) {
+    const std::string_view text = grid_->TextMatrix(0, col);
+    if (text.find(' ') == std::string_view::npos) continue;
+    const int room = scale.Pixels(grid_->ColWidth(col)) - 2 * scale.Design(kTextMargin);
+    if (room > 0 && host_.TextWidth(text, Weight::kNormal) > room) {
+      return rowHeight + host_.LineHeight();
+    }
+  }
+  return rowHeight;
 }
 
 void GridPane::UpdateScrollBars() {
@@ -107,6 +120,8 @@ void GridPane::FocusChanged(bool focused) {
   focused_ = focused;
   if (!focused) EndLookUp();
   RepaintRows(shownBlock_);
+  announcedFocus_ = -1;
+  AnnounceFocus();
 }
 
 void GridPane::RepaintAll() {

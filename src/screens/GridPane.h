@@ -37,6 +37,12 @@ class GridPane : public Pane {
   void Scrolled(Axis axis, int place) override;
   Cursor CursorAt(Point place) const override;
   Tip TipAt(Point place) const override;
+  Accessible Describe() const override;
+  int PartCount() const override;
+  Accessible DescribePart(int part) const override;
+  int PartAt(Point place) const override;
+  int FocusedPart() const override;
+  void Act(int part) override;
 
   /// Null once detached.
   const controls::FlexGrid* Grid() const { return grid_; }
@@ -44,6 +50,8 @@ class GridPane : public Pane {
   Rect CellPlace(int row, int col) const;
 
  private:
+  static constexpr int kTextMargin = 4;  // at 96 dpi
+
   struct Span {  // of rows
     int first = 0;
     int last = -1;
@@ -52,6 +60,7 @@ class GridPane : public Pane {
 
   // GridPane.cpp
   void Measure();
+  int HeadingHeight(int rowHeight) const;
   void UpdateScrollBars();
   void ScrollTo(int rowsAbove, int across);
   void Reveal(int row, int col);
@@ -80,6 +89,8 @@ class GridPane : public Pane {
   // GridPainting.cpp
   void PaintColumns(Surface& surface, const Rect& dirty, bool fixed) const;
   void PaintCell(Surface& surface, int row, int col) const;
+  void PaintHeading(Surface& surface, std::string_view text, const Rect& room,
+                    const TextStyle& style) const;
   void PaintBlockFrame(Surface& surface) const;
   void PaintEmptyText(Surface& surface) const;
   void PaintLookUp(Surface& surface) const;
@@ -91,12 +102,22 @@ class GridPane : public Pane {
   Rect LookUpPlace() const;
   std::string LookUpText() const;
 
+  // GridAccessible.cpp
+  std::vector<int> ShownCols() const;
+  int PartOf(GridGeometry::Cell cell) const;
+  std::optional<GridGeometry::Cell> CellOf(int part) const;
+  GridGeometry::Cell FocusedCell() const;
+  std::string ActionOn(int row) const;
+  void AnnounceFocus();
+  void AnnounceChange(const controls::Change& change);
+
   controls::FlexGrid* grid_;
   PaneHost& host_;
   GridGeometry geometry_;
   Size size_;
   Span shownBlock_;
   bool focused_ = false;
+  int announcedFocus_ = -1;  // part of the current cell that was announced last
 
   Pressing pressing_ = Pressing::kNothing;
   bool dragging_ = false;  // the mouse has left the place of the press

@@ -213,7 +213,9 @@ bool MonthPane::PressKey(const KeyEvent& event) {
 Accessible MonthPane::Describe() const {
   return {.role = Role::kTable,
           .name = browser_.Page().Title(),
-          .place = {0, 0, size_.width, size_.height}};
+          .place = {0, 0, size_.width, size_.height},
+          .rows = MonthPage::kWeeks,
+          .columns = MonthPage::kDays};
 }
 
 Accessible MonthPane::DescribePart(int part) const {

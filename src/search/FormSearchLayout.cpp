@@ -12,7 +12,8 @@ namespace {
 
 using controls::Twips;
 
-constexpr Twips kWidth = 15600;
+// All columns stand beside each other, with a scroll bar; on a smaller desk they scroll.
+constexpr Twips kWidth = 20600;
 constexpr Twips kHeight = 9600;
 constexpr Twips kMargin = 150;
 // What a desk of 853 x 480 has room for.
@@ -61,6 +62,22 @@ void FormSearch::PlaceControls() {
   tools::SetTabOrder({&txtID, &sltProgram, &sltCreator, &datCreateDate, &sltBranch, &sltSupervisor,
                       &datVisit, &sltPromoter, &sltCustomer, &txtDescription, &flxSearch,
                       &cmdSearch, &cmdNewsearch, &cmdExcel, &cmdSentToText, &cmdExit});
+  tools::SetAccessKeys({{lblID, "ر"},
+                        {lblProgram, "ن"},
+                        {lblCreator, "ك"},
+                        {lblCreateDate, "ا"},
+                        {lblBranch, "ع"},
+                        {lblSupervisor, "د"},
+                        {lblVisit, "و"},
+                        {lblPromoter, "ب"},
+                        {lblCustomer, "م"},
+                        {lblDescription, "ش"},
+                        {cmdSearch, "ت"},
+                        {cmdNewsearch, "ج"},
+                        {cmdExcel, "ل"},
+                        {cmdSentToText, "ف"},
+                        {cmdExit, "خ"}});
+  flxSearch.SetAccessibleName("نتيجه جستجو");
   resizeRules_.Add(flxSearch, {.width = 1, .height = 1});
   resizeRules_.Start(kWidth, kHeight);
 }

@@ -1,6 +1,7 @@
 #include "tools/FormPrint.h"
 
 #include "platform/ResumeNext.h"
+#include "tools/Placing.h"
 
 namespace tools {
 
@@ -15,9 +16,9 @@ FormPrint::FormPrint(host::modMain& module)
   SetDefaultButton(&cmdOk);
   SetEscapeCloses();
   SetFirstFocus(&cmbReport_);
-  cmbReport_.SetTabIndex(0);
-  cmdPrint.SetTabIndex(1);
-  cmdOk.SetTabIndex(2);
+  SetTabOrder({&cmbReport_, &cmdPrint, &cmdOk});
+  lblReport.SetNamed(&cmbReport_);
+  SetAccessKeys({{lblReport, "ق"}, {cmdPrint, "چ"}, {cmdOk, "ت"}});
   cmdPrint.onClick = [this] { PrintClick(); };
   cmdOk.onClick = [this] { PrintClick(); };
 }

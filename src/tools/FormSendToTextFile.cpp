@@ -3,6 +3,7 @@
 #include "platform/ResumeNext.h"
 #include "text/Fold.h"
 #include "text/Text.h"
+#include "tools/Placing.h"
 
 namespace tools {
 
@@ -49,11 +50,17 @@ void FormSendToTextFile::PlaceControls() {
   cmdCancel.Move(150, 3300, 1320, 420);
   SetDefaultButton(&cmdOk);
   SetCancelButton(&cmdCancel);
-  int tab = 0;
-  for (controls::Control* control : std::initializer_list<controls::Control*>{
-           &txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &cmdOk, &cmdCancel}) {
-    control->SetTabIndex(tab++);
-  }
+  SetTabOrder(
+      {&txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &cmdOk, &cmdCancel});
+  lblExcell_2.SetNamed(&txtDelimiter);
+  txtSaveFileName.SetAccessibleName("نام فايل");
+  SetAccessKeys({{lblExcell_2, "ج"},
+                 {chkNewLine, "خ"},
+                 {chkHeader, "س"},
+                 {chkRemoveMoney, "م"},
+                 {cmdSave, "ذ"},
+                 {cmdOk, "ت"},
+                 {cmdCancel, "ف"}});
 }
 
 void FormSendToTextFile::FormLoad() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <string>
 
 #include "controls/Controls.h"
 
@@ -17,9 +18,11 @@ struct FieldPlace {
   controls::Twips fieldWidth;
 };
 
-/// Places a label and, at its left, its field. Returns where the next pair of the row may begin.
-inline controls::Twips PlaceField(controls::Control& label, controls::Control& field,
+/// Places a label and, at its left, the field that it names. Returns where the next pair of the row
+/// may begin.
+inline controls::Twips PlaceField(controls::Label& label, controls::Control& field,
                                   const FieldPlace& place) {
+  label.SetNamed(&field);
   const controls::Twips gap = 90;
   label.Move(place.right - place.labelWidth, place.top, place.labelWidth, kFieldHeight);
   field.Move(label.Left() - gap - place.fieldWidth, place.top, place.fieldWidth, kFieldHeight);
@@ -29,6 +32,16 @@ inline controls::Twips PlaceField(controls::Control& label, controls::Control& f
 inline void SetTabOrder(std::initializer_list<controls::Control*> controls) {
   int index = 0;
   for (controls::Control* control : controls) control->SetTabIndex(index++);
+}
+
+struct KeyedControl {
+  controls::Control& control;
+  std::string letter;
+};
+
+/// The letters that reach buttons, and the fields of labels, with Alt.
+inline void SetAccessKeys(std::initializer_list<KeyedControl> keyed) {
+  for (const auto& [control, letter] : keyed) control.SetAccessKey(letter);
 }
 
 }  // namespace tools

@@ -86,6 +86,21 @@ class GridPaneTest : public testing::Test {
   std::vector<std::string> events;
 };
 
+TEST_F(GridPaneTest, Heading_OfTwoLines_MakesItsRowHigherAndMovesTheOthers) {
+  const Rect before = pane.CellPlace(2, 2);
+  grid.SetTextMatrix(0, 2, "computer number");  // 15 letters in 92 pixels fit
+  EXPECT_EQ(pane.CellPlace(2, 2), before);
+  grid.SetTextMatrix(0, 2, "the computer number");
+  EXPECT_EQ(pane.CellPlace(0, 2).Height(), kRow + 15);
+  EXPECT_EQ(pane.CellPlace(2, 2).top, before.top + 15);
+  EXPECT_TRUE(Painted().Shows("the computer"));
+  EXPECT_TRUE(Painted().Shows("number"));
+  for (const int row : {0, 1, 2, 3}) {
+    Mouse('p', Middle(row, 2));
+    EXPECT_EQ(grid.MouseRow(), row);
+  }
+}
+
 TEST_F(GridPaneTest, Painted_FromTheRight_WholeRowsMarksAndTheFocus) {
   EXPECT_EQ(pane.CellPlace(2, 0), (Rect{360, 2 * kRow, 400, 3 * kRow}));
   EXPECT_EQ(pane.CellPlace(2, 2), (Rect{260, 2 * kRow, 360, 3 * kRow}));
@@ -368,6 +383,73 @@ TEST_F(GridPaneTest, EmptyText_WithoutDataRows_IsShown) {
   EXPECT_FALSE(Painted().Shows("nothing"));
   grid.SetRows(1);
   EXPECT_TRUE(Painted().Shows("nothing"));
+}
+
+TEST_F(GridPaneTest, Described_AsATableOfWhatIsShown_ByPartsThatAreMadeOnDemand) {
+  grid.SetAccessibleName("list");
+  grid.marking = {&all, &inverse, &none};
+  grid.onDblClick = nullptr;
+  grid.SetTextMatrix(0, 2, "code");
+  grid.SetTextMatrix(7, 2, "seven");
+  At(7, 2);
+  const Accessible table = pane.Describe();
+  EXPECT_EQ(table.role, Role::kTable);
+  EXPECT_EQ(table.name, "list");
+  EXPECT_EQ(table.value, "7 از 1000 سطر");
+  EXPECT_EQ(std::pair(table.rows, table.columns), std::pair(1001, 3)) << "one is hidden";
+  EXPECT_EQ(pane.PartCount(), 3003);
+
+  const int part = 7 * 3 + 1;
+  Accessible cell = pane.DescribePart(part);
+  EXPECT_EQ(cell.role, Role::kCell);
+  EXPECT_EQ(cell.name, "code");
+  EXPECT_EQ(cell.value, "seven");
+  EXPECT_EQ(std::pair(cell.row, cell.column), std::pair(7, 1));
+  EXPECT_EQ(cell.place, pane.CellPlace(7, 2));
+  EXPECT_EQ(cell.action, "علامت زدن");
+  EXPECT_TRUE(cell.selectable && !cell.selected);
+  EXPECT_EQ(pane.PartAt(Middle(7, 2)), part);
+  EXPECT_EQ(pane.PartAt({5, 195}), -1) << "below the rows";
+  EXPECT_EQ(pane.DescribePart(1).role, Role::kColumnHeading);
+  EXPECT_EQ(pane.DescribePart(1).name, "code");
+  EXPECT_EQ(pane.DescribePart(3003).role, Role::kNone);
+  EXPECT_TRUE(pane.DescribePart(500 * 3).place.Empty()) << "out of sight";
+}
+
+TEST_F(GridPaneTest, Announced_AreTheCurrentCellAndMarks_EachOnce) {
+  using testing::Pair;
+  grid.marking = {&all, &inverse, &none};
+  grid.onMouseDown = [this](int, int) {
+    grid.SetCol(1);
+    grid.SetCellBackColor(palette::kMark);
+  };
+  grid.onDblClick = nullptr;
+  host.announced.clear();
+  Strike(Key::kDown);
+  EXPECT_THAT(host.announced, IsEmpty()) << "without the keyboard";
+  pane.FocusChanged(true);
+  Strike(Key::kDown);
+  Strike(Key::kLeft);
+  EXPECT_THAT(host.announced, ElementsAre(Pair(Tidings::kFocus, 7), Pair(Tidings::kFocus, 10),
+                                          Pair(Tidings::kFocus, 11)));
+  EXPECT_EQ(pane.FocusedPart(), 11);
+  EXPECT_TRUE(pane.DescribePart(11).focused);
+
+  host.announced.clear();
+  pane.Act(5 * 3 + 2);
+  EXPECT_EQ(grid.Row(), 5);
+  EXPECT_TRUE(pane.DescribePart(5 * 3 + 2).selected);
+  EXPECT_THAT(host.announced, testing::Contains(Pair(Tidings::kSelection, 5 * 3)));
+  EXPECT_EQ(host.focusTaken, 1);
+  events.clear();
+  pane.Act(2);
+  EXPECT_THAT(events, ElementsAre("click 0,3")) << "a heading sorts";
+  grid.onDblClick = [this] { Note("double"); };
+  pane.Act(6 * 3 + 2);
+  EXPECT_THAT(events.back(), "double 6,3");
+  host.announced.clear();
+  grid.SetRows(20);
+  EXPECT_THAT(host.announced, testing::Contains(Pair(Tidings::kContent, -1)));
 }
 
 }  // namespace

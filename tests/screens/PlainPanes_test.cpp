@@ -101,7 +101,7 @@ TEST(Palette, Dark_EachColourHasItsOwn) {
   std::set<controls::Colour> light;
   for (const controls::Colour colour :
        {palette::kFormGround, palette::kButton, palette::kFrame, palette::kGridRow,
-        palette::kGridBand, palette::kMark, palette::kText, palette::kField, palette::kAccent}) {
+        palette::kGridBand, palette::kMark, palette::kText, palette::kField}) {
     for (const controls::Colour shade : {colour, palette::Tinted(colour)}) {
       EXPECT_TRUE(light.insert(shade).second) << shade;
       EXPECT_NE(palette::InScheme(shade, palette::Scheme::kDark), shade);
