@@ -267,6 +267,8 @@ std::optional<LRESULT> PaneView::OnFieldMessage(UINT message, WPARAM wParam, LPA
       ShowTip({static_cast<int>(place.x), static_cast<int>(place.y)});
       return std::nullopt;
     }
+    case WM_GETOBJECT:
+      return reader_.Answer(Handle(), wParam, lParam);
     default:
       return OnKeyboard(message, wParam);
   }
@@ -328,6 +330,12 @@ LRESULT PaneView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS:
       OnFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
       break;
+    case WM_GETOBJECT:
+      if (const auto answer = reader_.Answer(Handle(), wParam, lParam)) return *answer;
+      break;
+    case kAct:
+      if (Enabled()) pane_->Act(static_cast<int>(wParam) - 1);
+      return 0;
     case WM_GETDLGCODE:
       return kAllKeys;
     case WM_GETFONT:
