@@ -70,24 +70,14 @@ void Paint(const std::vector<HWND>& windows) {
   }
 }
 
-/// Keys that are held while this is.
-class Holding {
- public:
-  explicit Holding(const screens::Modifiers& held) {
-    GetKeyboardState(before_.data());
-    std::array<BYTE, 256> now = before_;
-    if (held.shift) now[VK_SHIFT] = kDown;
-    if (held.control) now[VK_CONTROL] = kDown;
-    if (held.alt) now[VK_MENU] = kDown;
-    SetKeyboardState(now.data());
-  }
-  ~Holding() { SetKeyboardState(before_.data()); }
-  Holding(const Holding&) = delete;
-  Holding& operator=(const Holding&) = delete;
-
- private:
-  std::array<BYTE, 256> before_{};
-};
+/// For this thread. A stroke may open a modal window: then these keys are let go by the next one.
+void Hold(const screens::Modifiers& held) {
+  std::array<BYTE, 256> keys{};
+  if (held.shift) keys[VK_SHIFT] = kDown;
+  if (held.control) keys[VK_CONTROL] = kDown;
+  if (held.alt) keys[VK_MENU] = kDown;
+  SetKeyboardState(keys.data());
+}
 
 WPARAM VirtualKey(Key key) {
   switch (key) {
@@ -143,13 +133,16 @@ WPARAM VirtualKey(Key key) {
 
 std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
   std::vector<std::unique_ptr<tour::Thing>> things;
-  for (const HWND window : ShownWindows()) things.push_back(MakeThing(window));
+  for (const HWND window : ShownWindows()) {
+    if (auto thing = MakeThing(window)) things.push_back(std::move(thing));
+  }
   return things;
 }
 
 void Hands::MoveMouse(Mouse action, screens::Point place) {
   const POINT at{place.x, place.y};
-  const auto post = [&at](UINT message, WPARAM held) {
+  // Sent, because what else is in the queue must not come between a press and its release.
+  const auto send = [&at](UINT message, WPARAM held) {
     const HWND captor = GetCapture();
     const HWND target = captor != nullptr ? captor : WindowFromPoint(at);
     if (GetWindowThreadProcessId(target, nullptr) != GetCurrentThreadId()) {
@@ -157,30 +150,32 @@ void Hands::MoveMouse(Mouse action, screens::Point place) {
     }
     POINT inside = at;
     ScreenToClient(target, &inside);
-    PostMessageW(target, message, held, MAKELPARAM(inside.x, inside.y));
-    CarryOut();
+    SendMessageW(target, message, held, MAKELPARAM(inside.x, inside.y));
   };
   switch (action) {
     case Mouse::kPress:
-      return post(WM_LBUTTONDOWN, MK_LBUTTON);
+      return send(WM_LBUTTONDOWN, MK_LBUTTON);
     case Mouse::kMove:
-      return post(WM_MOUSEMOVE, GetCapture() != nullptr ? MK_LBUTTON : 0);
+      return send(WM_MOUSEMOVE, GetCapture() != nullptr ? MK_LBUTTON : 0);
     case Mouse::kRelease:
-      return post(WM_LBUTTONUP, 0);
+      send(WM_LBUTTONUP, 0);
+      return CarryOut();
     case Mouse::kDoubleClick:
-      post(WM_LBUTTONDOWN, MK_LBUTTON);
-      post(WM_LBUTTONUP, 0);
-      post(WM_LBUTTONDBLCLK, MK_LBUTTON);
+      send(WM_LBUTTONDOWN, MK_LBUTTON);
+      send(WM_LBUTTONUP, 0);
+      send(WM_LBUTTONDBLCLK, MK_LBUTTON);
       // The window may be gone.
-      if (GetCapture() != nullptr) post(WM_LBUTTONUP, 0);
-      return;
+      if (GetCapture() != nullptr) send(WM_LBUTTONUP, 0);
+      return CarryOut();
   }
 }
 
 void Hands::Press(const screens::KeyEvent& stroke) {
+  // Without a window manager nobody gives it back.
+  if (GetFocus() == nullptr) SetForegroundWindow(Front());
   const HWND focus = GetFocus();
   if (focus == nullptr) throw Failure("no window has the keyboard");
-  const Holding held(stroke.modifiers);
+  Hold(stroke.modifiers);
   if (stroke.key == Key::kText) {
     for (const wchar_t unit : Wide(stroke.text)) {
       PostMessageW(focus, stroke.modifiers.alt ? WM_SYSCHAR : WM_CHAR, unit, 1);
@@ -190,6 +185,7 @@ void Hands::Press(const screens::KeyEvent& stroke) {
     PostMessageW(focus, WM_KEYUP, VirtualKey(stroke.key), static_cast<LPARAM>(0xC0000001));
   }
   CarryOut();
+  Hold({});
 }
 
 void Hands::Picture(int windows, const std::string& path) {

@@ -24,7 +24,7 @@ class Hands : public tour::Hands {
   void SaveAs(const std::string& path) override;
   void OpenProgram(std::int32_t id) override { open_(id); }
   std::string Clipboard() override;
-  bool ShowsReports() const override { return false; }
+  bool UsesOtherPrograms() const override { return true; }
   int Depth() const override;
 
  private:

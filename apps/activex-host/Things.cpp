@@ -96,7 +96,8 @@ class Thing : public tour::Thing {
       const auto object = ComPtr<IDispatch>::Adopt(child.pdispVal);
       HWND window = nullptr;
       WindowFromAccessibleObject(object.As<IAccessible>(kAccessible).Get(), &window);
-      if (window != nullptr) things.push_back(MakeThing(window));
+      ThingPtr thing = MakeThing(window);
+      if (thing) things.push_back(std::move(thing));
     }
     return things;
   }
@@ -164,7 +165,7 @@ ThingPtr MakeThing(HWND window) {
   ComPtr<IAccessible> client;
   AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), kAccessible,
                              client.OutVoid());
-  if (!client) throw tour::Failure("a window says nothing of itself");
+  if (!client) return nullptr;
   return std::make_unique<Thing>(std::move(client), CHILDID_SELF);
 }
 

@@ -8,7 +8,8 @@
 
 namespace activexhost {
 
-/// A window as it tells itself to screen readers (MSAA).
+/// A window as it tells itself to screen readers (MSAA); null for one that says nothing, as
+/// some tips do.
 std::unique_ptr<tour::Thing> MakeThing(HWND window);
 
 }  // namespace activexhost

@@ -25,7 +25,7 @@ class Hands : public tour::Hands {
   void SaveAs(const std::string& path) override;
   void OpenProgram(std::int32_t id) override { open_(id); }
   std::string Clipboard() override;
-  bool ShowsReports() const override { return true; }
+  bool UsesOtherPrograms() const override { return false; }
   int Depth() const override;
 
  private:

@@ -71,8 +71,9 @@ class Hands {
   /// Opens a program as the suite does, through the control.
   virtual void OpenProgram(std::int32_t id) = 0;
   virtual std::string Clipboard() = 0;
-  /// Whether reports come up in a window of the program.
-  virtual bool ShowsReports() const = 0;
+  /// Whether reports and workbooks are shown by other programs, which may not be there: then a
+  /// message says so.
+  virtual bool UsesOtherPrograms() const = 0;
   /// How many windows wait for one that is in front of them: grows while a modal one is up.
   virtual int Depth() const = 0;
 
