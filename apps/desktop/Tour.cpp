@@ -1,7 +1,6 @@
 #include "Tour.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,7 +11,6 @@
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/PaneWidget.h"
-#include "controls/FlexGrid.h"
 #include "screens/GridPane.h"
 
 namespace desktop {
@@ -78,9 +76,9 @@ QRect CellPlace(const PaneWidget& grid, int row, int col) {
 }
 
 /// Where keys go: to an open list or month page first, as on a real screen.
-QWidget& KeyReceiver(QWidget& widget) {
+QWidget& KeyReceiver(PaneWidget& widget) {
   QWidget* popup = QApplication::activePopupWidget();
-  return popup != nullptr ? *popup : widget;
+  return popup != nullptr ? *popup : widget.KeyReceiver();
 }
 
 }  // namespace
@@ -166,8 +164,8 @@ controls::FlexGrid& Tour::GridOf(const std::string& path) const {
   return dynamic_cast<controls::FlexGrid&>(ControlOf(path));
 }
 
-QWidget& Tour::Reach(const std::string& path) {
-  QWidget* widget = screen_.WidgetOf(ControlOf(path));
+PaneWidget& Tour::Reach(const std::string& path) {
+  PaneWidget* widget = screen_.WidgetOf(ControlOf(path));
   if (widget == nullptr || !widget->isVisible()) throw Failure(path + " is not shown");
   if (!widget->isEnabled()) throw Failure(path + " is disabled");
   const QWidget* modal = QApplication::activeModalWidget();
@@ -178,12 +176,12 @@ QWidget& Tour::Reach(const std::string& path) {
 }
 
 void Tour::Click(const std::string& button) {
-  QWidget& widget = Reach(button);
-  ClickAt(widget, widget.rect().center());
+  QWidget& viewport = *Reach(button).viewport();
+  ClickAt(viewport, viewport.rect().center());
 }
 
 void Tour::Type(const std::string& control, const std::string& text) {
-  QWidget& widget = Reach(control);
+  PaneWidget& widget = Reach(control);
   widget.setFocus(Qt::TabFocusReason);
   for (const QChar& c : ToQString(text)) SendKey(KeyReceiver(widget), Qt::Key_unknown, c);
 }
@@ -193,7 +191,7 @@ void Tour::PressKey(const std::string& control, tour::Key key) {
 }
 
 void Tour::ClickCell(const std::string& grid, int row, int col) {
-  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
+  PaneWidget& view = Reach(grid);
   const QRect place = CellPlace(view, row, col);
   Expect(!place.isEmpty(), "a visible cell in " + grid);
   ClickAt(*view.viewport(), place.center());
@@ -201,13 +199,13 @@ void Tour::ClickCell(const std::string& grid, int row, int col) {
 
 void Tour::DoubleClickCell(const std::string& grid, int row, int col) {
   ClickCell(grid, row, col);
-  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
+  PaneWidget& view = Reach(grid);
   QTest::mouseDClick(view.viewport(), Qt::LeftButton, Qt::NoModifier,
                      CellPlace(view, row, col).center());
 }
 
 void Tour::DragRows(const std::string& grid, int firstRow, int lastRow, int col) {
-  auto& view = dynamic_cast<PaneWidget&>(Reach(grid));
+  PaneWidget& view = Reach(grid);
   // The block's frame is painted where the keyboard is.
   view.window()->activateWindow();
   [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(view.window(), 500);
@@ -254,13 +252,9 @@ bool Tour::IsEnabled(const std::string& control) {
 }
 
 std::string Tour::Text(const std::string& control) {
-  QWidget* widget = screen_.WidgetOf(ControlOf(control));
+  const PaneWidget* widget = screen_.WidgetOf(ControlOf(control));
   Expect(widget != nullptr, "a window with " + control);
-  if (const auto* combo = dynamic_cast<QComboBox*>(widget)) return ToUtf8(combo->currentText());
-  const auto* edit = dynamic_cast<QLineEdit*>(widget);
-  if (edit == nullptr) edit = widget->findChild<QLineEdit*>();
-  Expect(edit != nullptr, "a text in " + control);
-  return ToUtf8(edit->text());
+  return widget->Content().Describe().value;
 }
 
 int Tour::Rows(const std::string& grid) {

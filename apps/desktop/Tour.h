@@ -8,6 +8,7 @@
 
 #include "adapters/qt/QtScreen.h"
 #include "apps/tour/Script.h"
+#include "controls/FlexGrid.h"
 #include "controls/Form.h"
 
 namespace desktop {
@@ -57,7 +58,7 @@ class Tour : public tour::Player {
   controls::Control& ControlOf(const std::string& path) const;
   controls::FlexGrid& GridOf(const std::string& path) const;
   /// The control's widget, if a user can reach it.
-  QWidget& Reach(const std::string& path);
+  adapters::qt::PaneWidget& Reach(const std::string& path);
   QWidget& Dialog() const;
   void Save(const QPixmap& picture, const std::string& name);
 

@@ -11,6 +11,7 @@ using controls::Control;
 using controls::Form;
 using controls::Frame;
 using controls::Label;
+using controls::ProgressBar;
 
 namespace {
 
@@ -53,10 +54,14 @@ std::vector<Control*> TabSequence(const Form& form) {
   return order;
 }
 
+bool IsKeyboardKind(const Control& control) {
+  return dynamic_cast<const Label*>(&control) == nullptr &&
+         dynamic_cast<const Frame*>(&control) == nullptr &&
+         dynamic_cast<const ProgressBar*>(&control) == nullptr;
+}
+
 bool TakesKeyboard(const Control& control) {
-  if (dynamic_cast<const Label*>(&control) != nullptr) return false;
-  if (dynamic_cast<const Frame*>(&control) != nullptr) return false;
-  return control.Reachable();
+  return IsKeyboardKind(control) && control.Reachable();
 }
 
 Control* NextStop(const Form& form, const Control* from, int step) {

@@ -13,7 +13,10 @@ namespace screens {
 /// place.
 std::vector<controls::Control*> TabSequence(const controls::Form& form);
 
-/// Whether it is of a kind that takes keys, and enabled and visible with all frames around it.
+/// Whether controls of its kind take keys.
+bool IsKeyboardKind(const controls::Control& control);
+
+/// The same of one that is enabled and visible with all frames around it.
 bool TakesKeyboard(const controls::Control& control);
 
 /// Where tab (`step` 1) or shift and tab (-1) lead from a control, which may be one that is not in

@@ -65,6 +65,18 @@ TEST_F(ScreenTest, ShowModal_AgainAfterTheFormBelowWasUnloaded_ShowsTheModel) {
   }
 }
 
+TEST_F(ScreenTest, ShowWaiting_ReturnsAtOnce_AndBreathingCarriesOutWhatIsDoneToIt) {
+  SampleForm waiting(screen, cities);
+  waiting.cmdOK.onClick = [&] { waiting.Hide(); };
+  ShowForm();
+  waiting.Show(Modality::kWaiting);
+  EXPECT_EQ(NumberOf([&] { form.Show(Modality::kModeless); }), 401);
+  Later([&] { Click(waiting.cmdOK); });
+  for (int breath = 0; breath < 100 && waiting.Visible(); ++breath) screen.Breathe();
+  EXPECT_FALSE(waiting.Visible());
+  form.Show(Modality::kModeless);
+}
+
 TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
   int clicks = 0;
   form.cmdOK.onClick = [&] {
@@ -139,8 +151,6 @@ TEST_F(ScreenTest, Keys_InAModelessForm_TypeTabAndPressDefaultAndCancel) {
   form.txtName.SetFocus();
   Type("شي");
   Press({Key::kEnter, Key::kEscape});
-  form.txtNotes.SetFocus();
-  Press({Key::kEnter});  // begins a line
   form.cmdCancel.SetFocus();
   Press({Key::kEnter});  // presses the button that has the focus
   EXPECT_THAT(events, ElementsAre("ش", "شي", "OK", "Cancel", "Cancel"));
@@ -203,12 +213,6 @@ TEST_F(ScreenTest, TextBox_ChangedByItsHandler_ShowsTheModelAndKeepsTheCursor) {
   Type("xx");
   EXPECT_EQ(form.txtName.Text(), "yyab");
   EXPECT_EQ(Shown(form.txtName), "yyab");
-  form.txtNotes.SetFocus();
-  Type("شرح تازه");
-  EXPECT_EQ(form.txtNotes.Text(), "شرح تازه");
-  form.txtNotes.SetText("a\r\nb");
-  EXPECT_EQ(Shown(form.txtNotes), "a\nb");
-  EXPECT_EQ(form.txtNotes.Text(), "a\r\nb") << "showing a text does not write it back";
 }
 
 TEST_F(ScreenTest, TextBox_OfLatinDigits_TakesAllDigitsSoAndOneLineWhereTheCursorIs) {
@@ -240,82 +244,52 @@ class FieldTest : public ScreenTest {
   }
 };
 
-TEST_F(FieldTest, DateTypedOrStepped_IsUnderstoodOrRefused) {
+// What fields make of their events is told in tests/screens: here each kind comes in once.
+TEST_F(FieldTest, DateBox_TypedInOrPickedFromItsPage_ChangesTheModel) {
   form.datFrom.SetFocus();
-  for (const char* typed : {"۱۴۰۳/۱/۵", "١٤٠٣/١/٥", "14030105"}) {
-    form.datFrom.SetText("1404/02/15");
-    Retype(typed);
-    Press({Key::kEnter});
-    EXPECT_EQ(form.datFrom.Text(), "1403/01/05") << typed;
-  }
-  EXPECT_TRUE(events.empty()) << "this Enter was for the date";
+  Retype("۱۴۰۳/۱/۵");
   Press({Key::kEnter});
-  EXPECT_THAT(events, ElementsAre("OK"));
-  form.datFrom.onChange = [&] { events.emplace_back("date"); };
-  Press({Key::kEnter});
-  EXPECT_THAT(events, ElementsAre("OK", "date")) << "the same day, for whom it matters";
-  Press({Key::kUp, Key::kPageUp, Key::kPageUp, Key::kDown, Key::kPageDown});
-  EXPECT_EQ(Shown(form.datFrom), "1403/02/05");
+  EXPECT_EQ(form.datFrom.Text(), "1403/01/05");
+  EXPECT_FALSE(DateRefused());
   Retype("1403/13/40");
   Press({Key::kEnter});
-  EXPECT_EQ(Shown(form.datFrom), "1403/13/40");
   EXPECT_TRUE(DateRefused());
+  EXPECT_TRUE(events.empty()) << "Enter was for the date";
   form.txtName.SetFocus();
-  EXPECT_EQ(Shown(form.datFrom), "1403/02/05") << "the old date comes back on leaving";
-  EXPECT_FALSE(DateRefused());
-  EXPECT_EQ(form.datFrom.Text(), "1403/02/05");
-}
-
-TEST_F(FieldTest, MonthPage_ClickedOrMovedByKeys_GivesTheDay) {
+  EXPECT_EQ(Shown(form.datFrom), "1403/01/05") << "the old date comes back on leaving";
   form.datFrom.SetFocus();
   Press({Key::kF4});
   EXPECT_GT(DayAt(0, 0).x, DayAt(0, 6).x) << "Saturday at the right";
-  ClickMonthPage(DayAt(1, 0));  // the first Saturday is of the month before
-  EXPECT_EQ(form.datFrom.Text(), "1404/02/06");
+  ClickMonthPage(DayAt(1, 0));
+  EXPECT_EQ(form.datFrom.Text(), "1403/01/04");
   EXPECT_FALSE(MonthPageOpen());
-  Press({Key::kF4, Key::kPageDown, Key::kLeft, Key::kDown, Key::kEnter});
-  EXPECT_EQ(form.datFrom.Text(), "1404/03/14");
-  Press({Key::kF4});
-  Press({Key::kPageUp}, Held::kControl);
-  Press({Key::kEnter, Key::kF4, Key::kEscape});
-  EXPECT_EQ(form.datFrom.Text(), "1403/03/14");
+  Press({Key::kF4, Key::kPageDown, Key::kLeft, Key::kEnter});
+  EXPECT_EQ(form.datFrom.Text(), "1403/02/05");
+  Press({Key::kF4, Key::kEscape});
   EXPECT_FALSE(MonthPageOpen());
   EXPECT_TRUE(events.empty()) << "Enter and Esc were for the page";
 }
 
-TEST_F(FieldTest, SelectorTyped_Narrows_AndKeysChooseRestoreOrEmpty) {
+TEST_F(FieldTest, Selector_TypedInOrPickedFromItsList_ChangesTheModel) {
   form.sltCity.SetFocus();
   Retype("شهر ری");
   EXPECT_EQ(ListCount(), 1) << "either yeh";
-  const int lookups = cities.lookups;
-  for (int i = 0; i < 6; ++i) Press({Key::kBackspace});
-  EXPECT_EQ(ListCount(), 6);
-  Type("ري");
-  EXPECT_EQ(cities.lookups, lookups) << "the list is read when it opens, not by each key";
   Press({Key::kEnter});
   EXPECT_EQ(ListCount(), -1);
   EXPECT_EQ(form.sltCity.SelectedID(), 6);
   EXPECT_EQ(Shown(form.sltCity), "شهر ري");
   Press({Key::kF4});
+  EXPECT_EQ(ListCount(), 6);
   ClickListRow(1);
   EXPECT_EQ(form.sltCity.SelectedID(), 3) << "the second by name";
-
-  const struct {
-    const char* typed;
-    Key leaving;
-    int selected;
-    const char* shown;
-  } kCases[] = {
-      {"ته", Key::kEscape, 3, "سبزوار"}, {"zzz", Key::kTab, 3, "سبزوار"}, {"", Key::kTab, -1, ""}};
-  for (const auto& each : kCases) {
-    form.sltCity.SetFocus();
-    Retype(each.typed);
-    EXPECT_EQ(form.sltCity.SelectedID(), 3) << "not before the box is left";
-    Press({each.leaving});
-    EXPECT_EQ(form.sltCity.SelectedID(), each.selected) << each.typed;
-    EXPECT_EQ(Shown(form.sltCity), each.shown);
-  }
+  Retype("ته");
+  Press({Key::kEscape});
+  EXPECT_EQ(Shown(form.sltCity), "سبزوار");
   EXPECT_TRUE(events.empty()) << "Enter and Esc were for the list";
+  Retype("");
+  Press({Key::kTab});
+  EXPECT_EQ(form.sltCity.SelectedID(), -1);
+  EXPECT_EQ(Focused(), "sltBranch") << "in an open list, too";
 }
 
 TEST_F(FieldTest, SelectorOpened_WhileTheServerIsSilent_ShowsTheErrorAndStaysClosed) {

@@ -68,7 +68,6 @@ class SampleForm : public controls::Form {
       control->SetTabIndex(place++);
     }
     frame.Move(150, 660, 10200, 1750);
-    txtNotes.Move(150, 2550, 8750, 1050);
     flx.Move(150, 3750, 10200, 3300);
     for (const char* title : {"قالب ساده", "قالب ماهانه"}) cmbReport.AddItem(title);
     SetDefaultButton(&cmdOK);
@@ -83,7 +82,6 @@ class SampleForm : public controls::Form {
   controls::DateBox datFrom{frame, "datFrom"};
   controls::ComboBox cmbReport{frame, "cmbReport"};
   controls::CheckBox chkActive{*this, "chkActive", "فعال"};
-  controls::TextBox txtNotes{*this, "txtNotes", controls::TextBox::Lines::kSeveral};
   controls::FlexGrid flx{*this, "flx"};
   controls::Button cmdOK{*this, "cmdOK", "تاييد"};
   controls::Button cmdCancel{*this, "cmdCancel", "انصراف"};
@@ -172,10 +170,11 @@ class ScreenTest : public testing::Test {
   std::string WindowTitle();
   /// The name of the control that has the keyboard.
   std::string Focused();
+  /// Whether a note says why.
   bool DateRefused();
   bool MonthPageOpen();
   Place DayAt(int week, int weekday);
-  /// How many rows the selector's list has room for; -1 while it is closed.
+  /// How many rows the selector's list has; -1 while it is closed.
   int ListCount();
   /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
   Place At(int row, int col);

@@ -3,11 +3,11 @@
 #include <QColor>
 #include <QRect>
 #include <QString>
-#include <QWidget>
 #include <string>
 #include <string_view>
 
-#include "screens/PixelPlace.h"
+#include "controls/Control.h"
+#include "screens/Rect.h"
 
 namespace adapters::qt {
 
@@ -25,19 +25,12 @@ constexpr QColor ToQColor(controls::Colour colour) {
                 static_cast<int>(colour >> 16U & 0xFFU));
 }
 
-/// Twips to pixels of the screen that `widget` is on, and back: 15 twips at 96 dpi.
-inline int ToPixels(const QWidget& widget, controls::Twips twips) {
-  return qRound(twips * widget.logicalDpiX() / 1440.0);
-}
-inline controls::Twips ToTwips(const QWidget& widget, int pixels) {
-  return pixels * 1440.0 / widget.logicalDpiX();
+inline QRect ToQRect(const screens::Rect& rect) {
+  return {rect.left, rect.top, rect.Width(), rect.Height()};
 }
 
-/// A control's place in its container, on the screen that `widget` is on.
-inline QRect PixelBounds(const QWidget& widget, const controls::Control& control) {
-  const auto [left, top, right, bottom] = screens::PlaceInContainer(
-      control, [&widget](controls::Twips twips) { return ToPixels(widget, twips); });
-  return {left, top, right - left, bottom - top};
+inline screens::Rect ToRect(const QRect& rect) {
+  return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
 }
 
 }  // namespace adapters::qt

@@ -6,6 +6,9 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "adapters/qt/Convert.h"
+#include "adapters/qt/Theme.h"
+#include "controls/Controls.h"
 #include "screens/TabOrder.h"
 
 namespace adapters::qt {
@@ -28,7 +31,7 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
       Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   if (form.BorderStyle() == Form::Border::kSizable) flags |= Qt::WindowMinMaxButtonsHint;
   setWindowFlags(flags);
-  WidgetFactory(surroundings_, views_).MakeAll(form, *this);
+  MakeWidgets(form, *this);
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   subscription_ = form.Subscribe([this](const Change& change) { Refresh(change); });
@@ -42,13 +45,22 @@ void FormWindow::Detach() {
   if (!form_) return;
   form_ = nullptr;
   subscription_.Reset();
-  for (const auto& [control, view] : views_) view->Detach();
-  views_.clear();
+  for (const auto& [control, widget] : widgets_) widget->Detach();
+  widgets_.clear();
 }
 
-QWidget* FormWindow::WidgetOf(const Control& control) const {
-  const auto found = views_.find(&control);
-  return found == views_.end() ? nullptr : &found->second->Widget();
+void FormWindow::MakeWidgets(const controls::Container& container, QWidget& parent) {
+  for (Control* control : container.Controls()) {
+    auto* const widget = new PaneWidget(*control, surroundings_, &parent);
+    widgets_[control] = widget;
+    const auto* frame = dynamic_cast<const controls::Frame*>(control);
+    if (frame != nullptr) MakeWidgets(*frame, *widget->viewport());
+  }
+}
+
+PaneWidget* FormWindow::WidgetOf(const Control& control) const {
+  const auto found = widgets_.find(&control);
+  return found == widgets_.end() ? nullptr : found->second;
 }
 
 void FormWindow::Refresh(const Change& change) {
@@ -57,12 +69,13 @@ void FormWindow::Refresh(const Change& change) {
 }
 
 void FormWindow::FitToForm() {
-  const QSize wanted(ToPixels(*this, form_->Width()), ToPixels(*this, form_->Height()));
+  const screens::Scale scale = FormScale(logicalDpiX());
+  const QSize wanted(scale.Pixels(form_->Width()), scale.Pixels(form_->Height()));
   fitting_ = true;
   if (form_->BorderStyle() == Form::Border::kFixed) {
     setFixedSize(wanted);
   } else {
-    setMinimumSize(ToPixels(*this, form_->MinWidth()), ToPixels(*this, form_->MinHeight()));
+    setMinimumSize(scale.Pixels(form_->MinWidth()), scale.Pixels(form_->MinHeight()));
     if (size() != wanted) resize(wanted);
   }
   fitting_ = false;
@@ -80,10 +93,11 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   if (fitting_ || !form_) return;
   // A size that is the form's already, to the pixel, must not lose the fraction of its twips.
-  controls::Twips newWidth = ToTwips(*this, width());
-  controls::Twips newHeight = ToTwips(*this, height());
-  if (ToPixels(*this, form_->Width()) == width()) newWidth = form_->Width();
-  if (ToPixels(*this, form_->Height()) == height()) newHeight = form_->Height();
+  const screens::Scale scale = FormScale(logicalDpiX());
+  controls::Twips newWidth = scale.Twips(width());
+  controls::Twips newHeight = scale.Twips(height());
+  if (scale.Pixels(form_->Width()) == width()) newWidth = form_->Width();
+  if (scale.Pixels(form_->Height()) == height()) newHeight = form_->Height();
   surroundings_.guard.Run([&] { form_->Resize(newWidth, newHeight); });
 }
 
@@ -104,13 +118,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
 
 const Control* FormWindow::Focused() const {
   const QWidget* const focus = focusWidget();
-  const auto found = std::ranges::find_if(views_, [focus](const auto& entry) {
-    const QWidget& widget = entry.second->Widget();
-    // A frame's widget is around those of its controls.
-    const bool frame = dynamic_cast<const controls::Frame*>(entry.first) != nullptr;
-    return &widget == focus || (!frame && focus && widget.isAncestorOf(focus));
-  });
-  return found == views_.end() ? nullptr : found->first;
+  const auto found = std::ranges::find_if(
+      widgets_, [focus](const auto& entry) { return focus == &entry.second->KeyReceiver(); });
+  return found == widgets_.end() ? nullptr : found->first;
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QWidget>
+#include <unordered_map>
 
-#include "adapters/qt/WidgetFactory.h"
+#include "adapters/qt/PaneWidget.h"
 #include "controls/Form.h"
 
 namespace adapters::qt {
 
-/// The window of a form. Like the widgets in it, it survives the form once detached.
+/// The window of a form, with a pane's for each control. Like those it survives the form once
+/// detached.
 class FormWindow : public QWidget {
  public:
   FormWindow(controls::Form& form, const Surroundings& surroundings);
@@ -17,7 +19,7 @@ class FormWindow : public QWidget {
   /// Smaller where the desk has less room than the form was designed for; its layout follows.
   void FitToDesk();
   /// Null for a control of another form.
-  QWidget* WidgetOf(const controls::Control& control) const;
+  PaneWidget* WidgetOf(const controls::Control& control) const;
   /// The form comes up: the keyboard to where it wants it.
   void TakeFirstFocus();
 
@@ -30,6 +32,7 @@ class FormWindow : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
  private:
+  void MakeWidgets(const controls::Container& container, QWidget& parent);
   void Refresh(const controls::Change& change);
   void FitToForm();
   /// The control whose widget has the keyboard; null for none.
@@ -37,7 +40,7 @@ class FormWindow : public QWidget {
 
   controls::Form* form_;
   Surroundings surroundings_;
-  WidgetFactory::Views views_;
+  std::unordered_map<const controls::Control*, PaneWidget*> widgets_;
   controls::Subscription subscription_;
   bool fitting_ = false;
 };

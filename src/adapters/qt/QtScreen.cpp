@@ -3,12 +3,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QEventLoop>
+#include <QFontMetricsF>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <cmath>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/Places.h"
+#include "adapters/qt/Theme.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::qt {
@@ -28,6 +31,10 @@ void MoveOver(const QWidget& below, QWidget& window) {
   window.move(
       std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - window.width())),
       std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));
+}
+
+screens::Scale DeskScale() {
+  return FormScale(QGuiApplication::primaryScreen()->logicalDotsPerInchX());
 }
 
 /// Forms, previews and messages; not the tips and lists that come up over them.
@@ -71,8 +78,10 @@ void QtScreen::Show(Form& form, Modality modality) {
   FormWindow& window = WindowFor(form);
   const bool comesUp = !window.isVisible();
   if (comesUp) {
-    const bool modal = modality == Modality::kModal;
-    QWidget* const before = QApplication::activeWindow();
+    const bool modal = modality != Modality::kModeless;
+    // Not a window of this form that was hidden just now.
+    QWidget* const active = QApplication::activeWindow();
+    QWidget* const before = active == &window ? nullptr : active;
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     window.winId();  // creates the native window, which can then be tied to the one before it
     window.windowHandle()->setTransientParent(modal && before ? before->windowHandle() : nullptr);
@@ -138,6 +147,20 @@ void QtScreen::DropRetired() {
   if (QApplication::quitOnLastWindowClosed() && !AnyWindowIsUp()) QCoreApplication::exit();
 }
 
+void QtScreen::Breathe() {
+  // A modal window is up, so Qt itself drops what is meant for another.
+  QApplication::processEvents();
+}
+
+controls::Twips QtScreen::TextWidth(std::string_view text) const {
+  const QFontMetricsF metrics{QApplication::font()};
+  return DeskScale().Twips(static_cast<int>(std::ceil(metrics.horizontalAdvance(ToQString(text)))));
+}
+
+controls::Twips QtScreen::LineHeight() const {
+  return DeskScale().Twips(QFontMetrics(QApplication::font()).height());
+}
+
 void QtScreen::SetFocus(Control& control) {
   QWidget* widget = WidgetOf(control);
   if (!widget) {
@@ -176,7 +199,7 @@ QWidget* QtScreen::WindowOf(Form& form) const {
   return found == windows_.end() ? nullptr : found->second.get();
 }
 
-QWidget* QtScreen::WidgetOf(Control& control) const {
+PaneWidget* QtScreen::WidgetOf(Control& control) const {
   const auto found = windows_.find(&control.ParentForm());
   return found == windows_.end() ? nullptr : found->second->WidgetOf(control);
 }

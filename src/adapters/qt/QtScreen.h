@@ -35,10 +35,9 @@ class QtScreen : public controls::Screen {
   void SetMousePointer(controls::MousePointer pointer) override;
   void Beep() override;
   void CopyToClipboard(const std::string& text) override;
-  // The next three are not there yet.
-  void Breathe() override {}
-  controls::Twips TextWidth(std::string_view) const override { return 0; }
-  controls::Twips LineHeight() const override { return 225; }
+  void Breathe() override;
+  controls::Twips TextWidth(std::string_view text) const override;
+  controls::Twips LineHeight() const override;
 
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
@@ -48,7 +47,7 @@ class QtScreen : public controls::Screen {
   /// The form that a window is of; null for any other window.
   const controls::Form* FormOf(const QWidget* window) const;
   /// The control's widget; null where its form has no window.
-  QWidget* WidgetOf(controls::Control& control) const;
+  PaneWidget* WidgetOf(controls::Control& control) const;
 
  private:
   struct ModalRun {

@@ -1,8 +1,10 @@
 #include "adapters/qt/QtSurface.h"
 
 #include <QPolygonF>
+#include <algorithm>
 
 #include "adapters/qt/Convert.h"
+#include "adapters/qt/Theme.h"
 
 namespace adapters::qt {
 
@@ -22,11 +24,11 @@ QFont Bold(QFont font) {
   return font;
 }
 
-QtSurface::QtSurface(QPainter& painter, const QFont& font)
-    : painter_(painter), normal_(font), bold_(Bold(font)) {}
+QtSurface::QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme)
+    : painter_(painter), normal_(font), bold_(Bold(font)), scheme_(scheme) {}
 
 void QtSurface::Fill(const screens::Rect& area, controls::Colour colour) {
-  painter_.fillRect(ToQRect(area), ToQColor(colour));
+  painter_.fillRect(ToQRect(area), Painted(colour, scheme_));
 }
 
 void QtSurface::Text(std::string_view text, const screens::Rect& box,
@@ -34,7 +36,7 @@ void QtSurface::Text(std::string_view text, const screens::Rect& box,
   const bool rightToLeft = style.direction == screens::Direction::kRightToLeft;
   painter_.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   painter_.setFont(style.weight == screens::Weight::kBold ? bold_ : normal_);
-  painter_.setPen(ToQColor(style.colour));
+  painter_.setPen(Painted(style.colour, scheme_));
   const QString shown =
       painter_.fontMetrics().elidedText(ToQString(text), Qt::ElideRight, box.Width());
   painter_.drawText(ToQRect(box), FlagsOf(style.side), shown);
@@ -46,7 +48,8 @@ void QtSurface::Stroke(std::initializer_list<screens::Dot> points, double width,
   for (const screens::Dot& point : points) line.append(QPointF(point.x, point.y));
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.setPen(QPen(ToQColor(colour), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter_.setPen(
+      QPen(Painted(colour, scheme_), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter_.drawPolyline(line);
   painter_.restore();
 }
@@ -55,11 +58,11 @@ void QtSurface::RoundBox(const screens::Rect& area, int radius, controls::Colour
                          controls::Colour line, int lineWidth) {
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.setPen(QPen(ToQColor(line), lineWidth));
-  painter_.setBrush(ToQColor(ground));
+  painter_.setPen(QPen(Painted(line, scheme_), lineWidth));
+  painter_.setBrush(Painted(ground, scheme_));
   const double inset = lineWidth / 2.0;
   painter_.drawRoundedRect(QRectF(ToQRect(area)).adjusted(inset, inset, -inset, -inset),
-                           radius - inset, radius - inset);
+                           std::max(0.0, radius - inset), std::max(0.0, radius - inset));
   painter_.restore();
 }
 

@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include "screens/Palette.h"
 #include "screens/Surface.h"
 
 namespace adapters::qt {
@@ -11,7 +12,7 @@ namespace adapters::qt {
 /// A painter as panes see it. The painter's unit must be a device pixel, the font as large in it.
 class QtSurface : public screens::Surface {
  public:
-  QtSurface(QPainter& painter, const QFont& font);
+  QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme);
 
   void Fill(const screens::Rect& area, controls::Colour colour) override;
   void Text(std::string_view text, const screens::Rect& box,
@@ -27,11 +28,8 @@ class QtSurface : public screens::Surface {
   QPainter& painter_;
   QFont normal_;
   QFont bold_;
+  screens::palette::Scheme scheme_;
 };
-
-inline QRect ToQRect(const screens::Rect& rect) {
-  return {rect.left, rect.top, rect.Width(), rect.Height()};
-}
 
 QFont Bold(QFont font);
 

@@ -117,13 +117,13 @@ void PagesView::resizeEvent(QResizeEvent*) {
 void PagesView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-  painter.fillRect(event->rect(), theme::kFaintLine);
+  painter.fillRect(event->rect(), Painted(screens::palette::kFaintLine));
   const qreal scale = zoom_ * logicalDpiX() / kPointsPerInch;
   for (int page = 0; page < pages_.Count(); ++page) {
     const QRectF place = PagePlace(page);
     if (place.bottom() < event->rect().top()) continue;
     if (place.top() > event->rect().bottom()) break;
-    painter.setPen(theme::kLine);
+    painter.setPen(Painted(screens::palette::kLine));
     painter.setBrush(Qt::white);
     painter.drawRect(place);
     painter.save();

@@ -1,15 +1,12 @@
 #include "adapters/windows/FormWindow.h"
 
-#include <windows.h>
-
-#include <commctrl.h>
-
 #include <algorithm>
 #include <utility>
 
 #include "adapters/windows/HeldKey.h"
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
+#include "screens/AccessKeys.h"
 #include "screens/TabOrder.h"
 
 namespace adapters::windows {
@@ -47,16 +44,27 @@ void SelectText(HWND field) {
 }  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
-    : Window(surroundings.guard), form_(&form), surroundings_(surroundings) {
+    : Window(surroundings.guard),
+      form_(&form),
+      look_(surroundings.theme.GetScale()),
+      surroundings_{surroundings.guard, surroundings.clock, look_} {
   Create({.style = form.BorderStyle() == Form::Border::kSizable ? kSizableStyle : kFixedStyle,
           .extendedStyle = kExtendedStyle,
           .parent = owner});
   SetName(kFormProperty, form.Name());
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
-  WindowFactory(surroundings_, windows_).MakeAll(form, Handle());
-  AddToolTips();
+  MakeWindows(form, Handle());
   subscription_ = form.Subscribe([this](const Change& change) { Refresh(change); });
+}
+
+void FormWindow::MakeWindows(const controls::Container& container, HWND parent) {
+  for (Control* const control : container.Controls()) {
+    auto window = std::make_unique<PaneWindow>(*control, surroundings_, parent);
+    const auto* const frame = dynamic_cast<const controls::Frame*>(control);
+    if (frame != nullptr) MakeWindows(*frame, window->Handle());
+    windows_[control] = std::move(window);
+  }
 }
 
 FormWindow::~FormWindow() {
@@ -70,7 +78,7 @@ void FormWindow::Detach() {
   for (const auto& [control, window] : windows_) window->Detach();
 }
 
-ControlWindow* FormWindow::WindowOf(const Control& control) const {
+PaneWindow* FormWindow::WindowOf(const Control& control) const {
   const auto found = form_ ? windows_.find(&control) : windows_.end();
   return found == windows_.end() ? nullptr : found->second.get();
 }
@@ -82,7 +90,7 @@ void FormWindow::Refresh(const Change& change) {
 }
 
 SIZE FormWindow::WindowSize(controls::Twips width, controls::Twips height) const {
-  const Scale& scale = surroundings_.theme.GetScale();
+  const screens::Scale& scale = look_.GetScale();
   RECT place{0, 0, scale.Pixels(width), scale.Pixels(height)};
   AdjustWindowRectEx(&place, static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_STYLE)), FALSE,
                      static_cast<DWORD>(GetWindowLongPtrW(Handle(), GWL_EXSTYLE)));
@@ -115,12 +123,20 @@ void FormWindow::Resized() {
   if (fitting_ || !form_ || IsIconic(Handle())) return;
   RECT inside{};
   GetClientRect(Handle(), &inside);
-  const Scale& scale = surroundings_.theme.GetScale();
+  const screens::Scale& scale = look_.GetScale();
   // A size that is the form's already, to the pixel, must not lose the fraction of its twips.
   const auto twips = [&scale](LONG pixels, controls::Twips now) {
     return scale.Pixels(now) == pixels ? now : scale.Twips(static_cast<int>(pixels));
   };
   form_->Resize(twips(inside.right, form_->Width()), twips(inside.bottom, form_->Height()));
+  Invalidate();
+}
+
+void FormWindow::ChangeResolution(int dpi, const RECT& suggested) {
+  look_ = Theme(ScaleFor(dpi));
+  SetWindowPos(Handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  for (const auto& [control, window] : windows_) window->Rescale();
   Invalidate();
 }
 
@@ -131,42 +147,16 @@ void FormWindow::LimitSize(MINMAXINFO& limits) const {
   limits.ptMinTrackSize.y = std::max(limits.ptMinTrackSize.y, least.cy);
 }
 
-void FormWindow::AddToolTips() {
-  HWND tips = nullptr;
-  for (const auto& [control, window] : windows_) {
-    if (control->ToolTip().empty()) continue;
-    if (tips == nullptr) {
-      const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_BAR_CLASSES};
-      InitCommonControlsEx(&wanted);
-      tips = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_NOPREFIX, 0, 0,
-                             0, 0, Handle(), nullptr, Instance(), nullptr);
-      SendMessageW(tips, TTM_SETTIPBKCOLOR, controls::palette::kGridRow, 0);
-      SendMessageW(tips, TTM_SETTIPTEXTCOLOR, theme::kText, 0);
-    }
-    std::wstring text = Wide(control->ToolTip());
-    TTTOOLINFOW tool{};
-    tool.cbSize = TTTOOLINFOW_V2_SIZE;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS | TTF_RTLREADING;
-    tool.hwnd = Handle();
-    tool.uId = reinterpret_cast<UINT_PTR>(window->Handle());
-    tool.lpszText = text.data();
-    SendMessageW(tips, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
-  }
-}
-
 const Control* FormWindow::Focused() const {
   const HWND focus = GetFocus();
   const auto found = std::ranges::find_if(windows_, [focus](const auto& entry) {
-    const HWND window = entry.second->Handle();
-    // A frame's window is around those of its controls.
-    const bool frame = dynamic_cast<const controls::Frame*>(entry.first) != nullptr;
-    return focus != nullptr && (window == focus || (!frame && IsChild(window, focus)));
+    return focus != nullptr && entry.second->FocusTarget() == focus;
   });
   return found == windows_.end() ? nullptr : found->first;
 }
 
 HWND FormWindow::TargetOf(const Control* control) const {
-  const ControlWindow* const window = control == nullptr ? nullptr : WindowOf(*control);
+  const PaneWindow* const window = control == nullptr ? nullptr : WindowOf(*control);
   return window == nullptr ? nullptr : window->FocusTarget();
 }
 
@@ -182,7 +172,7 @@ void FormWindow::TakeFirstFocus() {
   SelectText(lastFocus_);
 }
 
-void FormWindow::FocusOn(const ControlWindow& window) {
+void FormWindow::FocusOn(const PaneWindow& window) {
   lastFocus_ = window.FocusTarget();
   if (GetActiveWindow() == Handle() && lastFocus_ != nullptr) SetFocus(lastFocus_);
 }
@@ -204,6 +194,11 @@ bool FormWindow::OnKey(WPARAM key) {
   return key == VK_ESCAPE && form_->PressEscape();
 }
 
+bool FormWindow::OnAccessKey(WPARAM unit) {
+  const std::string letter = Utf8(std::wstring(1, static_cast<wchar_t>(unit)));
+  return form_ && screens::PressAccessKey(*form_, letter, Focused());
+}
+
 LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT: {
@@ -215,6 +210,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 1;
     case WM_SIZE:
       Resized();
+      return 0;
+    case WM_DPICHANGED:
+      ChangeResolution(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_GETMINMAXINFO:
       LimitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
@@ -244,6 +242,11 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
       OnKey(wParam);
       return 0;
+    case kFormAccessKey:
+      return OnAccessKey(wParam) ? 1 : 0;
+    case WM_SYSCHAR:
+      if (OnAccessKey(wParam)) return 0;
+      break;
     case WM_SETCURSOR:
       if (!busy_) break;
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)));

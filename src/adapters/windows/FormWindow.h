@@ -1,6 +1,10 @@
 #pragma once
 
-#include "adapters/windows/WindowFactory.h"
+#include <memory>
+#include <unordered_map>
+
+#include "adapters/windows/PaneWindow.h"
+#include "controls/Controls.h"
 #include "controls/Form.h"
 
 namespace adapters::windows {
@@ -16,9 +20,9 @@ class FormWindow : public Window {
   /// Smaller where the work area has less room than the form was designed for; its layout follows.
   void FitToDesk();
   /// Null for a control of another form.
-  ControlWindow* WindowOf(const controls::Control& control) const;
+  PaneWindow* WindowOf(const controls::Control& control) const;
   /// Moves the keyboard to a control; in a form that is not the active one, once it becomes so.
-  void FocusOn(const ControlWindow& window);
+  void FocusOn(const PaneWindow& window);
   /// The form comes up: the keyboard to where it wants it.
   void TakeFirstFocus();
   /// Shows the hourglass over the window, or the usual pointers again.
@@ -30,10 +34,13 @@ class FormWindow : public Window {
  private:
   void Refresh(const controls::Change& change);
   void FitToForm();
-  void AddToolTips();
+  /// Of all controls, frames with what stands in them.
+  void MakeWindows(const controls::Container& container, HWND parent);
   void Resized();
+  void ChangeResolution(int dpi, const RECT& suggested);
   void LimitSize(MINMAXINFO& limits) const;
   bool OnKey(WPARAM key);
+  bool OnAccessKey(WPARAM unit);
   SIZE WindowSize(controls::Twips width, controls::Twips height) const;
   /// The control whose window has the keyboard; null for none.
   const controls::Control* Focused() const;
@@ -43,8 +50,9 @@ class FormWindow : public Window {
   void TakeFocus();
 
   controls::Form* form_;
+  Theme look_;  // at the resolution of the monitor that the window is on
   Surroundings surroundings_;
-  WindowFactory::Windows windows_;
+  std::unordered_map<const controls::Control*, std::unique_ptr<PaneWindow>> windows_;
   controls::Subscription subscription_;
   HWND lastFocus_ = nullptr;  // to come back to when the form is activated again
   bool fitting_ = true;       // the window takes the form's size; at first it has none

@@ -21,6 +21,19 @@ std::vector<HWND> OpenWindows() {
   return windows;
 }
 
+/// The next message of these; the word to quit, which always comes, stays for who runs the thread.
+bool Take(MSG& message, HWND window, UINT first, UINT last) {
+  if (!PeekMessageW(&message, window, first, last, PM_REMOVE)) return false;
+  if (message.message != WM_QUIT) return true;
+  PostQuitMessage(static_cast<int>(message.wParam));
+  return false;
+}
+
+BOOL CALLBACK PaintNow(HWND window, LPARAM) {
+  RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  return TRUE;
+}
+
 }  // namespace
 
 ModalLoop::ModalLoop(HWND window) {
@@ -43,6 +56,26 @@ bool ModalLoop::Run(HWND window) {
     DispatchMessageW(&message);
   }
   return ended_;
+}
+
+void ModalLoop::DropInput(HWND receiver) {
+  MSG message;
+  for (const auto& [first, last] : {std::pair<UINT, UINT>{WM_KEYFIRST, WM_KEYLAST},
+                                    std::pair<UINT, UINT>{WM_MOUSEFIRST, WM_MOUSELAST}}) {
+    while (Take(message, nullptr, first, last)) {
+      if (receiver == nullptr) continue;
+      if (message.hwnd != receiver && !IsChild(receiver, message.hwnd)) continue;
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+  }
+}
+
+void ModalLoop::Breathe(HWND window) {
+  DropInput(window);
+  MSG message;
+  while (Take(message, window, 0, 0)) DispatchMessageW(&message);
+  EnumThreadWindows(GetCurrentThreadId(), PaintNow, 0);
 }
 
 void ModalLoop::End() {

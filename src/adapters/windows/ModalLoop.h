@@ -19,6 +19,11 @@ class ModalLoop {
   /// Returns once End() was called (true), or when the program was told to quit or `window` is no
   /// more (false). The word to quit is passed on.
   bool Run(HWND window);
+  /// Has the thread's windows painted and gives `window` its messages and input; what else was
+  /// typed or clicked is dropped. Returns at once.
+  static void Breathe(HWND window);
+  /// Drops what was typed or clicked, but for what is for `receiver`, which gets it; null for none.
+  static void DropInput(HWND receiver);
   /// Enables the others again. Call it before hiding the window, so that Windows can activate one
   /// of them.
   void End();

@@ -110,14 +110,6 @@ void Canvas::Stroke(const std::vector<Point>& points, double width, Colour colou
   }
 }
 
-void Canvas::DropArrow(POINT centre, const Scale& scale, Colour colour) const {
-  const double unit = scale.Unit();
-  const double x = centre.x;
-  const double y = centre.y;
-  Stroke({{x - 4 * unit, y - 2 * unit}, {x, y + 2 * unit}, {x + 4 * unit, y - 2 * unit}},
-         1.6 * unit, colour);
-}
-
 Buffer::Buffer(HDC target, const RECT& area)
     : Canvas(CreateCompatibleDC(target)),
       target_(target),

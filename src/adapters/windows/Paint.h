@@ -71,8 +71,6 @@ class Canvas {
     double y;
   };
   void Stroke(const std::vector<Point>& points, double width, controls::Colour colour) const;
-  /// A small downward arrow around `centre`, as in a drop-down box.
-  void DropArrow(POINT centre, const Scale& scale, controls::Colour colour) const;
   void Text(std::wstring_view text, const RECT& area, const TextLook& look) const;
   /// Keeps everything that follows within `area`, until this canvas' user calls Unclip.
   void Clip(const RECT& area) const {

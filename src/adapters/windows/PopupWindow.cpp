@@ -1,12 +1,17 @@
 #include "adapters/windows/PopupWindow.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "adapters/windows/WinSurface.h"
+#include "screens/PopupPlace.h"
 
 namespace adapters::windows {
 
+using screens::PopupKind;
+
 namespace {
 
+constexpr int kNoteGap = 2;  // at 96 dpi
 constexpr UINT kLeave = WM_APP + 20;
 
 /// The popup that is open in this thread; Windows passes a hook nothing of its owner.
@@ -32,42 +37,59 @@ bool IsPress(UINT message) {
   }
 }
 
+WindowPlan PlanOf(PopupKind kind, HWND form) {
+  const bool note = kind == PopupKind::kNote;
+  return {.style = note ? WS_CHILD | WS_CLIPSIBLINGS : WS_POPUP,
+          .extendedStyle = note ? 0UL : WS_EX_NOACTIVATE | WS_EX_TOOLWINDOW | WS_EX_LEFTSCROLLBAR,
+          .parent = form};
+}
+
 }  // namespace
 
-PopupWindow::PopupWindow(const Surroundings& surroundings, HWND field)
-    : Window(surroundings.guard),
-      look_(surroundings.theme),
-      field_(field),
-      form_(GetAncestor(field, GA_ROOT)) {}
+screens::Rect RoomOf(PopupKind kind, HWND window) {
+  if (kind == PopupKind::kNote) {
+    RECT inside{};
+    GetClientRect(GetAncestor(window, GA_ROOT), &inside);
+    return FromRECT(inside);
+  }
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return FromRECT(monitor.rcWork);
+}
+
+PopupWindow::PopupWindow(PaneView& owner, PopupKind kind, const screens::PaneMaker& make)
+    : PaneView(owner.surroundings_),
+      owner_(owner),
+      kind_(kind),
+      form_(GetAncestor(owner.Handle(), GA_ROOT)) {
+  Create(PlanOf(kind, form_));
+  if (kind == PopupKind::kDropDown) {
+    AddFrame();
+    SetName(kPopupProperty, NameOf(owner.Handle(), kControlProperty));
+  }
+  Fill(make(Host()));
+}
 
 PopupWindow::~PopupWindow() {
   EndWatching();
 }
 
-RECT PopupWindow::Room() const {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(field_, MONITOR_DEFAULTTONEAREST), &monitor);
-  return monitor.rcWork;
+controls::Colour PopupWindow::FrameColour(bool /*focused*/) const {
+  return theme::kBorder;
 }
 
-RECT PopupWindow::PlaceFor(SIZE size) const {
-  RECT field{};
-  GetWindowRect(field_, &field);
-  const RECT room = Room();
-  LONG left = field.right - size.cx;
-  LONG top = field.bottom;
-  if (top + size.cy > room.bottom) top = field.top - size.cy;
-  left = std::clamp(left, room.left, std::max(room.left, room.right - size.cx));
-  top = std::max(top, room.top);
-  return {left, top, left + size.cx, top + size.cy};
-}
-
-void PopupWindow::ShowBelow(SIZE size) {
-  const RECT place = PlaceFor(size);
-  SetWindowPos(Handle(), HWND_TOP, place.left, place.top, size.cx, size.cy,
+void PopupWindow::Show(screens::Size size) {
+  const bool note = kind_ == PopupKind::kNote;
+  RECT control{};
+  GetWindowRect(owner_.Handle(), &control);
+  if (note) MapWindowPoints(nullptr, form_, reinterpret_cast<POINT*>(&control), 2);
+  const int gap = note ? Look().GetScale().Design(kNoteGap) : 0;
+  const screens::Rect place =
+      screens::PopupPlace(FromRECT(control), size, gap, RoomOf(kind_, owner_.Handle()));
+  SetWindowPos(Handle(), HWND_TOP, place.left, place.top, place.Width(), place.Height(),
                SWP_NOACTIVATE | SWP_SHOWWINDOW);
-  BeginWatching();
+  if (!note) BeginWatching();
 }
 
 void PopupWindow::Hide() {
@@ -117,19 +139,20 @@ LRESULT CALLBACK PopupWindow::WatchMoves(int code, WPARAM wParam, LPARAM lParam)
 LRESULT PopupWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case kLeave:
-      if (Visible() && onLeft) onLeft();
+      if (Visible() && owner_.Shown() != nullptr) owner_.Shown()->PopupLeft();
       return 0;
     case WM_MOUSEACTIVATE:
       return MA_NOACTIVATE;
-    case WM_ERASEBKGND:
-      return 1;
+    case WM_NCHITTEST:
+      if (kind_ == PopupKind::kNote) return HTTRANSPARENT;
+      break;
     case WM_DESTROY:
       EndWatching();
       break;
     default:
       break;
   }
-  return Default(message, wParam, lParam);
+  return PaneView::OnMessage(message, wParam, lParam);
 }
 
 }  // namespace adapters::windows

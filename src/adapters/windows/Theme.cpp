@@ -1,5 +1,9 @@
 #include "adapters/windows/Theme.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
 namespace adapters::windows {
 
 namespace {
@@ -10,9 +14,33 @@ GdiObject<HFONT> MakeFont(int pixels, int weight) {
                                       CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
 }
 
+double ScreenDpi() {
+  const HDC screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+  ReleaseDC(nullptr, screen);
+  return dpi > 0 ? dpi : USER_DEFAULT_SCREEN_DPI;
+}
+
+/// The user's size of texts, of which the accessible one is a part, beside the usual one.
+double TextFactor() {
+  constexpr double kUsualPoints = 9;
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (!SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) return 1;
+  // Pixels were rounded: to half a point it is what the user chose.
+  const double points = std::abs(metrics.lfMessageFont.lfHeight) * 72.0 / ScreenDpi();
+  return std::max(1.0, std::round(points * 2) / 2 / kUsualPoints);
+}
+
 }  // namespace
 
-Theme::Theme(Scale scale)
+screens::Scale ScaleFor(double dpi) {
+  return screens::Scale(dpi * TextFactor());
+}
+
+Theme::Theme() : Theme(ScaleFor(ScreenDpi())) {}
+
+Theme::Theme(screens::Scale scale)
     : scale_(scale),
       // At 9 points Tahoma draws joined Persian that fits the forms' rows of 285 twips.
       font_(MakeFont(scale.Design(12), FW_NORMAL)),

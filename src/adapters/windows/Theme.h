@@ -4,8 +4,8 @@
 
 #include <utility>
 
-#include "adapters/windows/Scale.h"
 #include "screens/Palette.h"
+#include "screens/Scale.h"
 
 namespace adapters::windows {
 
@@ -45,12 +45,18 @@ class GdiObject {
   Handle handle_ = nullptr;
 };
 
+/// The scale of forms at this resolution: larger where the user has the system's texts larger than
+/// they come.
+screens::Scale ScaleFor(double dpi);
+
 /// The suite's warm look at one scale: the fonts that the windows share. Outlives them.
 class Theme {
  public:
-  explicit Theme(Scale scale = Scale());
-  const Scale& GetScale() const { return scale_; }
-  /// Tahoma, 9 points.
+  /// At the resolution of the screen as this process sees it: 96 where Windows scales it.
+  Theme();
+  explicit Theme(screens::Scale scale);
+  const screens::Scale& GetScale() const { return scale_; }
+  /// Tahoma, 9 points at this scale.
   HFONT Font() const { return font_.Get(); }
   HFONT BoldFont() const { return bold_.Get(); }
   /// For the badges of messages.
@@ -59,7 +65,7 @@ class Theme {
   int LineHeight() const { return lineHeight_; }
 
  private:
-  Scale scale_;
+  screens::Scale scale_;
   GdiObject<HFONT> font_;
   GdiObject<HFONT> bold_;
   GdiObject<HFONT> large_;

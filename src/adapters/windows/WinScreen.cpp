@@ -5,6 +5,7 @@
 
 #include "adapters/windows/Clipboard.h"
 #include "adapters/windows/ModalLoop.h"
+#include "adapters/windows/Paint.h"
 #include "adapters/windows/Places.h"
 #include "adapters/windows/Wide.h"
 #include "platform/RuntimeError.h"
@@ -90,7 +91,7 @@ bool WinScreen::ModalUp() const {
 }
 
 void WinScreen::Show(Form& form, Modality modality) {
-  const bool modal = modality == Modality::kModal;
+  const bool modal = modality != Modality::kModeless;
   if (!modal && ModalUp()) {
     throw RuntimeError(platform::kNonModalWhileModal,
                        "Can't show non-modal form when modal form is displayed");
@@ -107,9 +108,9 @@ void WinScreen::Show(Form& form, Modality modality) {
     if (!taken && modal) CentreOver(owner, window);
     if (taken && taken->maximised) show = SW_SHOWMAXIMIZED;
   }
-  if (modal) {
-    RunModal(form, window, show);
-    return;
+  if (modality == Modality::kModal) return RunModal(form, window, show);
+  if (modality == Modality::kWaiting) {
+    waiting_.push_back({&form, std::make_unique<ModalLoop>(window)});
   }
   ShowWindow(window, show);
   SetForegroundWindow(window);
@@ -133,6 +134,22 @@ void WinScreen::EndModal(const Form& form) {
   for (const ModalRun& run : modal_) {
     if (run.form == &form) run.loop->End();
   }
+  const auto waits = [&form](const Waiting& each) { return each.form == &form; };
+  if (std::erase_if(waiting_, waits) > 0) ModalLoop::DropInput(nullptr);
+}
+
+void WinScreen::Breathe() {
+  if (waiting_.empty()) return;
+  if (const HWND window = WindowOf(*waiting_.back().form)) ModalLoop::Breathe(window);
+}
+
+controls::Twips WinScreen::TextWidth(std::string_view text) const {
+  const Theme& look = surroundings_.theme;
+  return look.GetScale().Twips(windows::TextWidth(Measuring(look.Font()).Dc(), Wide(text)));
+}
+
+controls::Twips WinScreen::LineHeight() const {
+  return surroundings_.theme.GetScale().Twips(surroundings_.theme.LineHeight());
 }
 
 void WinScreen::Hide(Form& form) {
@@ -168,7 +185,7 @@ void WinScreen::DropRetired() {
 }
 
 void WinScreen::SetFocus(Control& control) {
-  const ControlWindow* view = ViewOf(control);
+  const PaneWindow* view = ViewOf(control);
   if (view == nullptr) {
     throw RuntimeError(platform::kInvalidProcedureCall, "Invalid procedure call or argument");
   }
@@ -203,13 +220,13 @@ HWND WinScreen::WindowOf(const Form& form) const {
   return found == windows_.end() ? nullptr : found->second->Handle();
 }
 
-ControlWindow* WinScreen::ViewOf(const Control& control) const {
+PaneWindow* WinScreen::ViewOf(const Control& control) const {
   const auto found = windows_.find(&control.ParentForm());
   return found == windows_.end() ? nullptr : found->second->WindowOf(control);
 }
 
 HWND WinScreen::WindowOf(const Control& control) const {
-  const ControlWindow* view = ViewOf(control);
+  const PaneWindow* view = ViewOf(control);
   return view == nullptr ? nullptr : view->Handle();
 }
 

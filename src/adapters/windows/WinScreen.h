@@ -39,10 +39,9 @@ class WinScreen : public controls::Screen {
   void SetMousePointer(controls::MousePointer pointer) override;
   void Beep() override;
   void CopyToClipboard(const std::string& text) override;
-  // The next three are not there yet.
-  void Breathe() override {}
-  controls::Twips TextWidth(std::string_view) const override { return 0; }
-  controls::Twips LineHeight() const override { return 225; }
+  void Breathe() override;
+  controls::Twips TextWidth(std::string_view text) const override;
+  controls::Twips LineHeight() const override;
 
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
@@ -59,11 +58,15 @@ class WinScreen : public controls::Screen {
     const controls::Form* form;
     ModalLoop* loop;
   };
+  struct Waiting {
+    const controls::Form* form;
+    std::unique_ptr<ModalLoop> others;
+  };
   /// Asks, once messages run again, to drop the windows of unloaded forms.
   class Dropper;
 
   FormWindow& WindowFor(controls::Form& form, HWND owner);
-  ControlWindow* ViewOf(const controls::Control& control) const;
+  PaneWindow* ViewOf(const controls::Control& control) const;
   bool ModalUp() const;
   void RunModal(controls::Form& form, HWND window, int show);
   void EndModal(const controls::Form& form);
@@ -79,6 +82,7 @@ class WinScreen : public controls::Screen {
   // Windows of unloaded forms that a call from one of their own windows may still return to.
   std::vector<std::unique_ptr<FormWindow>> retired_;
   std::vector<ModalRun> modal_;
+  std::vector<Waiting> waiting_;
   std::unique_ptr<Dropper> dropper_;
 };
 

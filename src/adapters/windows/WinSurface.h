@@ -5,6 +5,14 @@
 
 namespace adapters::windows {
 
+inline RECT ToRECT(const screens::Rect& rect) {
+  return {rect.left, rect.top, rect.right, rect.bottom};
+}
+inline screens::Rect FromRECT(const RECT& rect) {
+  return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
+          static_cast<int>(rect.bottom)};
+}
+
 /// A canvas as panes see it.
 class WinSurface : public screens::Surface {
  public:
@@ -26,13 +34,5 @@ class WinSurface : public screens::Surface {
   const Canvas& canvas_;
   const Theme& look_;
 };
-
-inline RECT ToRECT(const screens::Rect& rect) {
-  return {rect.left, rect.top, rect.right, rect.bottom};
-}
-inline screens::Rect FromRECT(const RECT& rect) {
-  return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
-          static_cast<int>(rect.bottom)};
-}
 
 }  // namespace adapters::windows

@@ -2,16 +2,13 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QComboBox>
-#include <QPlainTextEdit>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/DateBoxWidget.h"
-#include "adapters/qt/MonthPopup.h"
-#include "adapters/qt/PaneWidget.h"
-#include "adapters/qt/SelectorWidget.h"
+#include "adapters/qt/PanePopup.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "screens/GridPane.h"
@@ -23,9 +20,14 @@ using namespace adapters::qt;
 
 namespace {
 
-template <typename Widget>
-Widget& WidgetOf(const QtScreen& screen, controls::Control& control) {
-  return dynamic_cast<Widget&>(*screen.WidgetOf(control));
+/// The open list or month page.
+PaneView& OpenPopup() {
+  return dynamic_cast<PaneView&>(*QApplication::activePopupWidget());
+}
+
+/// On the viewport.
+QRect PartPlace(const PaneView& view, int part) {
+  return view.OnViewport(view.Content().DescribePart(part).place);
 }
 
 QWidget& KeyReceiver() {
@@ -91,18 +93,16 @@ void ScreenTest::Undo() {
 }
 
 void ScreenTest::Click(controls::Control& control) {
-  WidgetOf<QAbstractButton>(adapter->screen, control).click();
+  QTest::mouseClick(adapter->screen.WidgetOf(control)->viewport(), Qt::LeftButton);
 }
 
 void ScreenTest::ClickMonthPage(Place at) {
-  MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
-  QTest::mouseClick(&page, Qt::LeftButton, {}, QPoint(at.x, at.y));
+  QTest::mouseClick(OpenPopup().viewport(), Qt::LeftButton, {}, QPoint(at.x, at.y));
 }
 
 void ScreenTest::ClickListRow(int row) {
-  QListView& list = WidgetOf<SelectorWidget>(adapter->screen, form.sltCity).Popup();
-  const QRect place = list.visualRect(list.model()->index(row, 0));
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place.center());
+  PaneView& list = OpenPopup();
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, PartPlace(list, row).center());
 }
 
 void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
@@ -110,7 +110,7 @@ void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
                                      QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
   const Qt::MouseButton used = button == 1 ? Qt::LeftButton : Qt::RightButton;
   const QPoint place(at.x, at.y);
-  QWidget& view = *WidgetOf<PaneWidget>(adapter->screen, form.flx).viewport();
+  QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   QMouseEvent event(kTypes[static_cast<int>(what)], place, view.mapToGlobal(place),
                     what == Mouse::kMove ? Qt::NoButton : used,
                     what == Mouse::kRelease ? Qt::NoButton : used, Modifiers(held));
@@ -118,7 +118,7 @@ void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
 }
 
 void ScreenTest::TurnWheelOnGrid(int delta) {
-  QWidget& view = *WidgetOf<PaneWidget>(adapter->screen, form.flx).viewport();
+  QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   const QPoint place = view.rect().center();
   QWheelEvent event(place, view.mapToGlobal(place), {}, {0, delta}, {}, {}, Qt::NoScrollPhase,
                     false);
@@ -142,7 +142,8 @@ const controls::Form& ScreenTest::ActiveForm() {
   QWidget* const window = QApplication::activeModalWidget();
   const controls::Form* const shown = adapter->screen.FormOf(window);
   if (!shown) throw std::logic_error("no form takes input");
-  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  // Qt takes a window over the active one for active, too.
+  EXPECT_TRUE(QTest::qWaitFor([window] { return QApplication::activeWindow() == window; }));
   return *shown;
 }
 
@@ -155,10 +156,9 @@ void ScreenTest::Settle() {
 }
 
 std::string ScreenTest::Shown(controls::Control& control) {
-  QWidget* const widget = adapter->screen.WidgetOf(control);
-  if (const auto* memo = dynamic_cast<QPlainTextEdit*>(widget)) return ToUtf8(memo->toPlainText());
-  if (const auto* combo = dynamic_cast<QComboBox*>(widget)) return ToUtf8(combo->currentText());
-  return ToUtf8(dynamic_cast<QLineEdit&>(*widget).text());
+  const PaneWidget& widget = *adapter->screen.WidgetOf(control);
+  const auto* const field = widget.findChild<QLineEdit*>();
+  return field != nullptr ? ToUtf8(field->text()) : widget.Content().Describe().value;
 }
 
 Place ScreenTest::WindowSize() {
@@ -172,30 +172,33 @@ std::string ScreenTest::WindowTitle() {
 
 std::string ScreenTest::Focused() {
   const QWidget* focus = QApplication::focusWidget();
+  while (focus && !dynamic_cast<const PaneWidget*>(focus)) focus = focus->parentWidget();
   return focus ? ToUtf8(focus->objectName()) : "nothing";
 }
 
 bool ScreenTest::DateRefused() {
-  return adapter->screen.WidgetOf(form.datFrom)->property("refused").toBool();
+  // Notes are the window's own children, lists are windows.
+  const QWidgetList children =
+      adapter->screen.WindowOf(form)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+  return std::ranges::any_of(children, [](const QWidget* child) {
+    return dynamic_cast<const PanePopup*>(child) != nullptr && child->isVisible();
+  });
 }
 
 bool ScreenTest::MonthPageOpen() {
-  return WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup().isVisible();
+  return QApplication::activePopupWidget() != nullptr;
 }
 
 int ScreenTest::ListCount() {
-  const QListView& list = WidgetOf<SelectorWidget>(adapter->screen, form.sltCity).Popup();
-  if (!list.isVisible()) return -1;
-  return list.viewport()->height() / list.visualRect(list.model()->index(0, 0)).height();
+  return QApplication::activePopupWidget() != nullptr ? OpenPopup().Content().PartCount() : -1;
 }
 
 Place ScreenTest::DayAt(int week, int weekday) {
-  MonthPopup& page = WidgetOf<DateBoxWidget>(adapter->screen, form.datFrom).Popup();
-  return CentreOf(page.DayPlace(week, weekday));
+  return CentreOf(PartPlace(OpenPopup(), 7 * week + weekday));
 }
 
 Place ScreenTest::At(int row, int col) {
-  const auto& view = WidgetOf<PaneWidget>(adapter->screen, form.flx);
+  const PaneWidget& view = *adapter->screen.WidgetOf(form.flx);
   const auto& pane = dynamic_cast<const screens::GridPane&>(view.Content());
   const QRect place = view.OnViewport(pane.CellPlace(row, col));
   return place.isEmpty() ? Place() : CentreOf(place);

@@ -9,6 +9,7 @@
 
 #include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/QtFixture.h"
+#include "adapters/qt/Theme.h"
 #include "contract/ScreenContract.h"
 
 namespace adapters::qt {
@@ -79,14 +80,34 @@ TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
   EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
 }
 
-TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnIt) {
+TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
+  const QFont designed = QApplication::font();
+  const controls::Twips before = screen.TextWidth("شماره رايانه اي");
+  QFont larger = designed;
+  larger.setPointSizeF(1.5 * designed.pointSizeF());
+  QApplication::setFont(larger);
+  ShowForm();
+  EXPECT_EQ(WindowSize(), (contract::Place{1050, 780}));
+  EXPECT_EQ(adapter->screen.WidgetOf(form.flx)->width(), 1020);
+  EXPECT_NEAR(screen.TextWidth("شماره رايانه اي"), before, before / 20);
+  DragWindowTo(1200, 900);
+  EXPECT_EQ(std::pair(form.Width(), form.Height()), std::pair(12000.0, 9000.0));
+  QApplication::setFont(designed);
+}
+
+TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnItOrOnItsDarkCounterpart) {
   form.flx.SetRow(1);
   form.flx.SetCellBackColor(controls::palette::kMark);
   form.flx.SetHighLight(controls::FlexGrid::HighLight::kNever);
   ShowForm();
-  auto& view = dynamic_cast<PaneWidget&>(*adapter->screen.WidgetOf(form.flx));
+  QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   const contract::Place at = At(1, 1);
-  EXPECT_EQ(view.viewport()->grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  const QPalette light = QApplication::palette();
+  QApplication::setPalette(QPalette(Qt::black));
+  EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y),
+            Painted(controls::palette::kMark, screens::palette::Scheme::kDark));
+  QApplication::setPalette(light);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace adapters::windows {
 namespace {
 
 using contract::Key;
+using contract::SampleForm;
 using controls::Modality;
 using support::NumberOf;
 
@@ -40,14 +41,6 @@ TEST_F(WinScreenTest, ShowModeless_WhileTheHostIsModal_Throws401) {
   adapter->screen.SetHostModal(true);
   EXPECT_EQ(NumberOf([&] { form.Show(Modality::kModeless); }), 401);
   EXPECT_FALSE(form.Visible());
-}
-
-TEST_F(WinScreenTest, ComboBox_OfAnyHeight_IsOneLineHigh) {
-  form.cmbReport.Move(0, 0, 1900, 600);
-  ShowForm();
-  RECT place{};
-  GetWindowRect(Of(form.cmbReport), &place);
-  EXPECT_EQ(place.bottom - place.top, 25);
 }
 
 TEST_F(WinScreenTest, ModalForm_ProgramQuitsOrOwnerEnds_IsHidden) {
@@ -104,35 +97,70 @@ TEST_F(WinScreenTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
   EXPECT_EQ(form.txtName.Text(), "") << "what was typed meanwhile is dropped";
 }
 
+TEST_F(WinScreenTest, WaitingForm_WhileWorkGoesOn_AloneTakesInput) {
+  ShowForm();
+  form.txtName.SetFocus();
+  const HWND box = GetFocus();
+  SampleForm waiting(screen, cities);
+  waiting.cmdOK.onClick = [this] { events.emplace_back("stop"); };
+  waiting.Show(Modality::kWaiting);
+  EXPECT_FALSE(IsWindowEnabled(Of(form)));
+  PostMessageW(box, WM_CHAR, L'x', 0);
+  form.txtName.SetText("یک");
+  PostMessageW(Of(waiting.cmdOK), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+  PostMessageW(Of(waiting.cmdOK), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+  screen.Breathe();
+  EXPECT_THAT(events, testing::ElementsAre("stop"));
+  EXPECT_FALSE(GetUpdateRect(Of(form.txtName), nullptr, FALSE)) << "the others are painted";
+  PostMessageW(box, WM_CHAR, L'x', 0);
+  waiting.Hide();
+  Settle();
+  EXPECT_EQ(form.txtName.Text(), "یک") << "what was typed meanwhile is dropped";
+  EXPECT_TRUE(IsWindowEnabled(Of(form)));
+  EXPECT_EQ(GetFocus(), box);
+}
+
+TEST_F(WinScreenTest, Window_OnAMonitorOfTwiceTheResolution_GrowsWithItsControls) {
+  ShowForm();
+  const auto widthOf = [](HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place.right - place.left;
+  };
+  const LONG box = widthOf(Of(form.txtName));
+  const LONG field = widthOf(GetWindow(Of(form.txtName), GW_CHILD));
+  const RECT suggested{0, 0, 2 * widthOf(Of(form)), 1000};
+  SendMessageW(Of(form), WM_DPICHANGED, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_NEAR(widthOf(Of(form.txtName)), 2 * box, 1);
+  EXPECT_NEAR(widthOf(GetWindow(Of(form.txtName), GW_CHILD)), 2 * field, 2);
+  EXPECT_NEAR(form.Width(), 10500, 150);
+}
+
+TEST_F(WinScreenTest, AltAndALetter_InAField_GoToTheControlOfThatKey) {
+  form.cmdOK.SetAccessKey("ت");
+  form.cmdOK.onClick = [this] { events.emplace_back("OK"); };
+  ShowForm();
+  form.txtName.SetFocus();
+  SendMessageW(GetFocus(), WM_SYSCHAR, L'ت', 1 << 29);
+  EXPECT_EQ(Focused(), "cmdOK");
+  EXPECT_THAT(events, testing::ElementsAre("OK"));
+}
+
 TEST_F(WinScreenTest, MonthPage_FormClickedOrMoved_Closes) {
   form.cmdCancel.onClick = [this] { events.emplace_back("cancel"); };
   ShowForm();
   form.datFrom.SetFocus();
   SendMessageW(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
   EXPECT_TRUE(MonthPageOpen()) << "Alt+Down";
-  const auto& box = dynamic_cast<DateBoxWindow&>(*Window::Of(GetFocus()));
-  EXPECT_EQ(NameOf(box.Popup()->Handle(), kPopupProperty), "datFrom");
   ClickAt(Of(form.cmdCancel), 5, 5);
   EXPECT_FALSE(MonthPageOpen());
   EXPECT_TRUE(events.empty()) << "the click was only for the page";
   Press({Key::kF4});
   EXPECT_TRUE(MonthPageOpen());
-  EXPECT_EQ(GetFocus(), Of(form.datFrom));
+  EXPECT_EQ(Focused(), "datFrom");
   SetWindowPos(Of(form), nullptr, 7, 7, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   Settle();
   EXPECT_FALSE(MonthPageOpen());
-}
-
-TEST_F(WinScreenTest, SelectorOf100000Rows_ScrolledToItsEnd_GivesARowOfThere) {
-  cities.count = 100000;
-  ShowForm();
-  form.sltCity.SetFocus();
-  Press({Key::kF4});
-  const SelectorList& list = *dynamic_cast<SelectorWindow&>(*Window::Of(GetFocus())).Popup();
-  SendMessageW(list.Handle(), WM_VSCROLL, SB_BOTTOM, 0);
-  EXPECT_EQ(list.Top(), 100000 - SelectorList::kShownRows);
-  ClickListRow(11);
-  EXPECT_EQ(form.sltCity.SelectedID(), 99998);
 }
 
 TEST_F(WinScreenTest, GridScrolled_EitherWay_MovesTheCellsAndTheThumb) {

@@ -2,6 +2,7 @@
 
 #include "adapters/windows/Clipboard.h"
 #include "adapters/windows/GridAutomation.h"
+#include "adapters/windows/PopupWindow.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {
@@ -17,23 +18,33 @@ void ClickAt(HWND window, int x, int y) {
   Pump();
 }
 
+namespace {
+
+struct Search {
+  std::string name;
+  HWND found;
+};
+
+BOOL CALLBACK LookForDropDown(HWND window, LPARAM sought) {
+  auto& search = *reinterpret_cast<Search*>(sought);
+  const bool its = IsWindowVisible(window) && NameOf(window, kPopupProperty) == search.name;
+  if (its) search.found = window;
+  return its ? FALSE : TRUE;
+}
+
+}  // namespace
+
+HWND DropDownOf(const controls::Control& control) {
+  Search search{control.Name(), nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), &LookForDropDown, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
 }  // namespace adapters::windows
 
 namespace contract {
 
 using namespace adapters::windows;
-
-namespace {
-
-DateBoxWindow& DateOf(const WinScreen& screen, const SampleForm& form) {
-  return dynamic_cast<DateBoxWindow&>(*Window::Of(screen.WindowOf(form.datFrom)));
-}
-
-SelectorWindow& CityOf(const WinScreen& screen, const SampleForm& form) {
-  return dynamic_cast<SelectorWindow&>(*Window::Of(screen.WindowOf(form.sltCity)));
-}
-
-}  // namespace
 
 ScreenTest::ScreenTest()
     : adapter(std::make_unique<Adapter>(clock, cities)), screen(adapter->screen) {}
@@ -81,16 +92,22 @@ void ScreenTest::Undo() {
 }
 
 void ScreenTest::Click(controls::Control& control) {
-  SendMessageW(adapter->screen.WindowOf(control), BM_CLICK, 0, 0);
+  const HWND window = adapter->screen.WindowOf(control);
+  RECT area{};
+  GetClientRect(window, &area);
+  const LPARAM middle = MAKELPARAM(area.right / 2, area.bottom / 2);
+  SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  SendMessageW(window, WM_LBUTTONUP, 0, middle);
 }
 
 void ScreenTest::ClickMonthPage(Place at) {
-  ClickAt(DateOf(adapter->screen, form).Popup()->Handle(), at.x, at.y);
+  ClickAt(DropDownOf(form.datFrom), at.x, at.y);
 }
 
 void ScreenTest::ClickListRow(int row) {
-  const SelectorList& list = *CityOf(adapter->screen, form).Popup();
-  ClickAt(list.Handle(), 100, row * list.RowHeight() + 5);
+  const HWND list = DropDownOf(form.sltCity);
+  const screens::Point place = PaneIn<screens::ListPane>(list).RowPlace(row).Middle();
+  ClickAt(list, place.x, place.y);
 }
 
 void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
@@ -156,29 +173,38 @@ std::string ScreenTest::WindowTitle() {
 }
 
 std::string ScreenTest::Focused() {
-  return NameOf(GetFocus(), kControlProperty);
+  // The keyboard may be at the field in the control's window.
+  const std::string name = NameOf(GetFocus(), kControlProperty);
+  return name.empty() ? NameOf(GetParent(GetFocus()), kControlProperty) : name;
 }
 
 bool ScreenTest::DateRefused() {
-  return DateOf(adapter->screen, form).Field().Refused();
+  // Of a refused date a note says why.
+  HWND note = nullptr;
+  while ((note = FindWindowExW(adapter->screen.WindowOf(form), note, nullptr, nullptr)) !=
+         nullptr) {
+    if (NameOf(note, kControlProperty).empty() && IsWindowVisible(note)) return true;
+  }
+  return false;
 }
 
 bool ScreenTest::MonthPageOpen() {
-  const MonthPopupWindow* const page = DateOf(adapter->screen, form).Popup();
-  return page != nullptr && page->Visible();
+  return DropDownOf(form.datFrom) != nullptr;
 }
 
 int ScreenTest::ListCount() {
-  const SelectorList* const list = CityOf(adapter->screen, form).Popup();
-  if (list == nullptr || !list->Visible()) return -1;
+  const HWND list = DropDownOf(form.sltCity);
+  if (list == nullptr) return -1;
   RECT inside{};
-  GetClientRect(list->Handle(), &inside);
-  return static_cast<int>(inside.bottom) / list->RowHeight();
+  GetClientRect(list, &inside);
+  return static_cast<int>(inside.bottom) / PaneIn<screens::ListPane>(list).RowPlace(0).Height();
 }
 
 Place ScreenTest::DayAt(int week, int weekday) {
-  const RECT place = DateOf(adapter->screen, form).Popup()->DayPlace(week, weekday);
-  return {static_cast<int>(place.left) + 5, static_cast<int>(place.top) + 5};
+  const int part = week * 7 + weekday;
+  const screens::Rect place =
+      PaneIn<screens::MonthPane>(DropDownOf(form.datFrom)).DescribePart(part).place;
+  return {place.left + 5, place.top + 5};
 }
 
 Place ScreenTest::At(int row, int col) {

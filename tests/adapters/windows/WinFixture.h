@@ -1,10 +1,9 @@
 #pragma once
 
-#include "adapters/windows/DateBoxWindow.h"
-#include "adapters/windows/MonthPopupWindow.h"
-#include "adapters/windows/SelectorWindow.h"
 #include "adapters/windows/WinScreen.h"
 #include "contract/ScreenFixture.h"
+#include "screens/DatePane.h"
+#include "screens/SelectorPane.h"
 
 namespace adapters::windows {
 
@@ -12,6 +11,13 @@ namespace adapters::windows {
 void Pump();
 /// A click of the mouse, through the message loop.
 void ClickAt(HWND window, int x, int y);
+/// The open drop-down of a control; null for none.
+HWND DropDownOf(const controls::Control& control);
+/// The pane of a control's window.
+template <typename PaneType>
+PaneType& PaneIn(HWND window) {
+  return dynamic_cast<PaneType&>(*dynamic_cast<PaneView&>(*Window::Of(window)).Shown());
+}
 
 /// Runs actions from the message loop, whichever runs.
 class Desk : public Window {
@@ -45,7 +51,7 @@ struct contract::ScreenTest::Adapter {
     screen.SetHostWindow(screen.WindowOf(host));
   }
   adapters::windows::ErrorGuard guard;
-  adapters::windows::Theme theme{adapters::windows::Scale(96)};
+  adapters::windows::Theme theme{screens::Scale(96)};
   adapters::windows::WinScreen screen;
   adapters::windows::Desk desk{guard};
   SampleForm host;

@@ -1,8 +1,10 @@
-#include "adapters/windows/CellTip.h"
+#include "adapters/windows/PaneTip.h"
 
 #include <commctrl.h>
 
 #include <utility>
+
+#include "adapters/windows/Window.h"
 
 namespace adapters::windows {
 
@@ -21,7 +23,7 @@ TTTOOLINFOW ToolOf(HWND window) {
 
 }  // namespace
 
-CellTip::CellTip(HWND window, const Theme& look, std::function<std::wstring()> text)
+PaneTip::PaneTip(HWND window, const Theme& look, std::function<std::wstring()> text)
     : window_(window), ask_(std::move(text)) {
   const INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_BAR_CLASSES};
   InitCommonControlsEx(&wanted);
@@ -33,19 +35,26 @@ CellTip::CellTip(HWND window, const Theme& look, std::function<std::wstring()> t
   SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-CellTip::~CellTip() {
+PaneTip::~PaneTip() {
   // It may have gone with the form that owned it.
   if (IsWindow(tip_)) DestroyWindow(tip_);
 }
 
-void CellTip::MoveTo(const RECT& place) {
+void PaneTip::Cover(HWND child) {
+  TTTOOLINFOW tool = ToolOf(window_);
+  tool.uFlags |= TTF_IDISHWND;
+  tool.uId = reinterpret_cast<UINT_PTR>(child);
+  SendMessageW(tip_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+void PaneTip::MoveTo(const RECT& place) {
   SendMessageW(tip_, TTM_POP, 0, 0);
   TTTOOLINFOW tool = ToolOf(window_);
   tool.rect = place;
   SendMessageW(tip_, TTM_NEWTOOLRECTW, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-bool CellTip::OnNotify(LPARAM lParam) {
+bool PaneTip::OnNotify(LPARAM lParam) {
   auto& asked = *reinterpret_cast<NMTTDISPINFOW*>(lParam);
   if (asked.hdr.hwndFrom != tip_ || asked.hdr.code != static_cast<UINT>(TTN_GETDISPINFOW)) {
     return false;

@@ -1,0 +1,148 @@
+#include "adapters/windows/EditField.h"
+
+#include <algorithm>
+
+#include "adapters/windows/Clipboard.h"
+#include "adapters/windows/Paint.h"
+#include "adapters/windows/Surroundings.h"
+#include "adapters/windows/Wide.h"
+
+namespace adapters::windows {
+
+namespace {
+
+constexpr wchar_t kControlA = 1;
+constexpr wchar_t kDelete = 0x7F;  // of Ctrl+Backspace, which an EDIT would write
+
+controls::Colour GroundOf(bool enabled) {
+  return enabled ? theme::kField : controls::palette::kFrame;
+}
+
+}  // namespace
+
+LRESULT FieldColours(HDC dc, bool enabled) {
+  SetTextColor(dc, theme::kText);
+  SetBkColor(dc, GroundOf(enabled));
+  SetDCBrushColor(dc, GroundOf(enabled));
+  return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
+}
+
+EditField::EditField(ErrorGuard& guard, const Theme& look, FieldHost& host, HWND parent)
+    : Window(guard), look_(look), host_(host) {
+  CreateStandard(L"EDIT", {.style = WS_CHILD | WS_CLIPSIBLINGS | ES_RIGHT | ES_AUTOHSCROLL,
+                           .extendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT,
+                           .parent = parent});
+  SendMessageW(Handle(), EM_SETLIMITTEXT, 0, 0);  // no limit, where an EDIT of its own has one
+  TakeFont();
+}
+
+void EditField::TakeFont() {
+  SendMessageW(Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(look_.Font()), FALSE);
+  SendMessageW(Handle(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+}
+
+void EditField::Move(const screens::Rect& place) {
+  // It writes at its top.
+  const int height = std::min(look_.LineHeight(), place.Height());
+  const int top = place.top + (place.Height() - height) / 2;
+  SetWindowPos(Handle(), nullptr, place.left, top, place.Width(), height,
+               SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+std::string EditField::Text() const {
+  return Utf8(TextOf(Handle()));
+}
+
+void EditField::SetText(const std::string& text) {
+  const std::wstring wanted = Wide(text);
+  if (wanted == TextOf(Handle())) return;
+  DWORD caret = 0;
+  if (Focused()) SendMessageW(Handle(), EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+  showing_ = true;
+  SetWindowTextW(Handle(), wanted.c_str());
+  showing_ = false;
+  caret = std::min(caret, static_cast<DWORD>(wanted.size()));
+  SendMessageW(Handle(), EM_SETSEL, caret, static_cast<LPARAM>(caret));
+}
+
+std::optional<std::wstring> EditField::TakenInstead(const std::wstring& text) const {
+  const screens::Pane* const pane = host_.FieldPane();
+  if (pane == nullptr || text.front() < L' ') return std::nullopt;
+  const std::string typed = Utf8(text);
+  const std::string taken = pane->Taken(typed);
+  return taken == typed ? std::nullopt : std::optional(Wide(taken));
+}
+
+bool EditField::Paste() {
+  const screens::Pane* const pane = host_.FieldPane();
+  if (pane == nullptr || Locked()) return false;
+  const std::wstring text = TextOfClipboard(Handle());
+  const std::wstring taken = Wide(pane->Pasted(Utf8(text)));
+  if (taken == text) return false;
+  Put(taken);
+  return true;
+}
+
+/// To be undone in one.
+void EditField::Put(const std::wstring& text) {
+  SendMessageW(Handle(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+LRESULT EditField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS: {
+      const LRESULT result = Default(message, wParam, lParam);
+      Invalidate();
+      host_.OnFieldMessage(message, wParam, lParam);
+      return result;
+    }
+    case WM_PAINT:
+      if (host_.FieldEnabled() && Focused()) break;
+      PaintText();
+      return 0;
+    case WM_GETDLGCODE:
+      return Default(message, wParam, lParam) | kAllKeys;
+    default:
+      break;
+  }
+  if (const auto answer = host_.OnFieldMessage(message, wParam, lParam)) return *answer;
+  if (message == WM_PASTE && Paste()) return 0;
+  if (message == WM_CHAR) {
+    if (wParam == kDelete) return 0;
+    if (wParam == kControlA) {
+      SelectAll();
+      return 0;
+    }
+    // Before the EDIT has it, so that undo knows no other text.
+    if (const auto taken = TakenInstead(std::wstring(1, static_cast<wchar_t>(wParam)))) {
+      if (taken->size() != 1) {
+        if (!Locked()) Put(*taken);
+        return 0;
+      }
+      wParam = taken->front();
+    }
+  }
+  return Default(message, wParam, lParam);
+}
+
+bool EditField::OnParentMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& result) {
+  if (message == WM_CTLCOLOREDIT || message == WM_CTLCOLORSTATIC) {
+    result = FieldColours(reinterpret_cast<HDC>(wParam), host_.FieldEnabled());
+    return true;
+  }
+  if (message != WM_COMMAND || HIWORD(wParam) != EN_CHANGE) return false;
+  screens::Pane* const pane = host_.FieldPane();
+  if (!showing_ && pane != nullptr) pane->Edited();
+  return true;
+}
+
+/// An EDIT would show a disabled text in the system's grey, which is hard to read on this ground,
+/// and not every Windows puts its Persian and Latin words in the right order.
+void EditField::PaintText() const {
+  const PaintSession canvas(Handle());
+  canvas.Fill(canvas.Area(), GroundOf(host_.FieldEnabled()));
+  canvas.Text(TextOf(Handle()), canvas.Area(), {.font = look_.Font()});
+}
+
+}  // namespace adapters::windows

@@ -1,0 +1,128 @@
+#include "adapters/windows/PaneView.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "adapters/windows/Clipboard.h"
+#include "adapters/windows/PopupWindow.h"
+#include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
+
+namespace adapters::windows {
+
+using screens::Axis;
+
+int PaneView::BarOf(Axis axis) {
+  return axis == Axis::kDown ? SB_VERT : SB_HORZ;
+}
+
+int PaneView::ThumbOf(Axis axis, const screens::ScrollRange& range) {
+  return axis == Axis::kDown ? range.place : std::max(0, range.count - range.page) - range.place;
+}
+
+void PaneView::Fill(std::unique_ptr<screens::Pane> pane) {
+  pane_ = std::move(pane);
+}
+
+void PaneView::AddFrame() {
+  if (std::exchange(framed_, true)) return;
+  SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
+               SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void PaneView::Remeasure() {
+  if (field_) field_->TakeFont();
+  tip_.reset();
+  PassSize();
+  Invalidate();
+}
+
+controls::Colour PaneView::FrameColour(bool focused) const {
+  return focused ? theme::kAccent : theme::kLine;
+}
+
+int PaneView::TextWidth(std::string_view text, screens::Weight weight) const {
+  const Measuring measuring(weight == screens::Weight::kBold ? Look().BoldFont() : Look().Font());
+  return windows::TextWidth(measuring.Dc(), Wide(text));
+}
+
+void PaneView::Repaint(const screens::Rect& area) {
+  const RECT place = ToRECT(area);
+  if (!area.Empty()) InvalidateRect(Handle(), &place, FALSE);
+}
+
+void PaneView::ScrollPart(const screens::Rect& area, int down) {
+  const RECT place = ToRECT(area);
+  ScrollWindowEx(Handle(), 0, down, &place, &place, nullptr, nullptr, SW_INVALIDATE);
+}
+
+void PaneView::SetScrollBar(Axis axis, const screens::ScrollRange& range) {
+  screens::ScrollRange& shown = axis == Axis::kDown ? down_ : across_;
+  if (shown == range) return;
+  shown = range;
+  AddFrame();
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  info.nMax = std::max(0, range.count - 1);
+  info.nPage = static_cast<UINT>(std::max(1, range.page));
+  info.nPos = ThumbOf(axis, range);
+  SetScrollInfo(Handle(), BarOf(axis), &info, TRUE);
+}
+
+void PaneView::SetTimer(int milliseconds) {
+  if (milliseconds == 0) {
+    KillTimer(Handle(), kTimer);
+  } else {
+    ::SetTimer(Handle(), kTimer, static_cast<UINT>(milliseconds), nullptr);
+  }
+}
+
+void PaneView::CopyToClipboard(const std::string& text) {
+  windows::CopyToClipboard(Handle(), Wide(text));
+}
+
+screens::TextField& PaneView::Field() {
+  FieldHost& host = *this;
+  if (!field_) field_ = std::make_unique<EditField>(Guard(), Look(), host, Handle());
+  return *field_;
+}
+
+std::unique_ptr<screens::Popup> PaneView::MakePopup(screens::PopupKind kind,
+                                                    const screens::PaneMaker& make) {
+  return std::make_unique<PopupWindow>(*this, kind, make);
+}
+
+screens::Size PaneView::PopupRoom(screens::PopupKind kind) const {
+  const screens::Rect room = RoomOf(kind, Handle());
+  return {room.Width(), room.Height()};
+}
+
+void PaneView::PassSize() {
+  RECT area{};
+  GetClientRect(Handle(), &area);
+  if (pane_) pane_->Resized({static_cast<int>(area.right), static_cast<int>(area.bottom)});
+}
+
+void PaneView::Paint() const {
+  const PaintSession session(Handle());
+  WinSurface surface(session, Look());
+  pane_->Paint(surface, FromRECT(session.Dirty()));
+}
+
+void PaneView::PaintFrame() const {
+  if (!framed_) return;
+  const FramePainting frame(Handle());
+  const Canvas canvas(frame.Dc());
+  // Nobody paints the corner between the two scroll bars.
+  RECT client{};
+  GetClientRect(Handle(), &client);
+  RECT window{};
+  GetWindowRect(Handle(), &window);
+  MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
+  OffsetRect(&client, -window.left, -window.top);
+  canvas.Fill({0, client.bottom, client.left, frame.Area().bottom}, controls::palette::kFrame);
+  canvas.Frame(frame.Area(), FrameColour(focused_));
+}
+
+}  // namespace adapters::windows
