@@ -9,7 +9,7 @@ run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev unixodbc-
   libkainjow-mustache-dev libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
 # Needed besides by the tests and the benchmark programs.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format unzip
-  poppler-utils libsqliteodbc python3 sqlfluff)
+  poppler-utils libsqliteodbc python3 sqlfluff xvfb at-spi2-core dbus-daemon python3-pyatspi)
 
 # Needed to build the Windows control, and besides to run it under Wine.
 windows_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix

@@ -44,7 +44,9 @@ target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRe
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
-target_compile_definitions(apps_activex_test PRIVATE PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>")
+target_compile_definitions(apps_activex_test PRIVATE
+  PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>"
+  PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt")
 add_dependencies(apps_activex_test promoter-activex)
 
 add_test(NAME late_bound COMMAND ${control_tests}/late-bound.sh ${PROJECT_SOURCE_DIR}

@@ -30,8 +30,10 @@ LPARAM Middle(HWND window) {
   return MAKELPARAM(place.right / 2, place.bottom / 2);
 }
 
+/// The pointer is nowhere before and after.
 void ClickAt(HWND window, LPARAM place) {
   SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+  PostMessageW(window, WM_MOUSELEAVE, 0, 0);
   SendMessageW(window, WM_LBUTTONUP, 0, place);
 }
 

@@ -35,6 +35,7 @@ struct Accessible {
   std::string action{};       // what Pane::Act does here; empty for nothing
   Rect place{};               // on the pane; empty where nothing of it is in sight
   int rows = 0;               // of a table, headings included
+  int headingRows = 0;        // of a table: so many of the first rows are headings
   int columns = 0;            // of a table, those that are shown
   int row = -1;               // of a table's part
   int column = -1;

@@ -56,6 +56,7 @@ Accessible GridPane::Describe() const {
   told.name = AccessibleName(*grid_);
   told.description = AccessibleDescription(*grid_);
   told.rows = grid_->Rows();
+  told.headingRows = std::min(grid_->FixedRows(), grid_->Rows());
   told.columns = static_cast<int>(ShownCols().size());
   told.enabled = host_.Enabled();
   told.focusable = true;

@@ -43,6 +43,8 @@ void ListPane::Reset(int current, bool centred) {
   current_ = current;
   hovered_ = -1;
   ScrollTo(centred && current > 0 ? current - kShownRows / 2 : 0);
+  host_.Announce(Tidings::kContent, -1);
+  if (current_ >= 0) host_.Announce(Tidings::kFocus, current_);
 }
 
 void ListPane::Resized(Size size) {

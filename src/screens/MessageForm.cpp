@@ -71,10 +71,8 @@ MessageForm::MessageForm(controls::Screen& screen, Message message)
       message_(std::move(message)) {
   SetCaption(message_.title);
   const bool error = message_.kind == MessageKind::kError;
-  lblSign.SetTextAlignment(controls::Label::Alignment::kCentre);
   lblSign.SetLook(error ? controls::Label::Look::kErrorSign : controls::Label::Look::kSign);
   lblTechnical.SetLook(controls::Label::Look::kTechnical);
-  lblTechnical.SetTextAlignment(controls::Label::Alignment::kLeft);
   SetUpButtons();
   PlaceButtons(kMargin + PlaceTexts() + kGap);
 }

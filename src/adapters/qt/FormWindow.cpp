@@ -9,6 +9,7 @@
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/Theme.h"
 #include "controls/Controls.h"
+#include "screens/AccessKeys.h"
 #include "screens/TabOrder.h"
 
 namespace adapters::qt {
@@ -21,6 +22,12 @@ using controls::Form;
 namespace {
 
 constexpr QSize kFrameRoom(8, 32);
+
+/// By which a key is known, where Alt takes its letter away too.
+QString LetterOf(const QKeyEvent& event) {
+  if (!event.text().isEmpty()) return event.text();
+  return event.key() < Qt::Key_Escape ? QString(QChar(event.key())) : QString();
+}
 
 }  // namespace
 
@@ -112,6 +119,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   surroundings_.guard.Run([&] {
     if (form_ && enter) used = form_->PressEnter(Focused());
     if (form_ && event->key() == Qt::Key_Escape) used = form_->PressEscape();
+    if (form_ && event->modifiers() == Qt::AltModifier) {
+      used = screens::PressAccessKey(*form_, ToUtf8(LetterOf(*event)), Focused());
+    }
   });
   if (!used) QWidget::keyPressEvent(event);
 }

@@ -7,20 +7,23 @@
 #include <QMenu>
 #include <QMimeData>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/PaneView.h"
 
 namespace adapters::qt {
 
-PaneField::PaneField(PaneView& view) : QLineEdit(view.viewport()), view_(view) {
+PaneField::PaneField(PaneView& view) : QLineEdit(&view), view_(view) {
   // By which the style sheet knows it.
   setObjectName(QStringLiteral("paneField"));
   setFrame(false);
   // Without the absolute right, a text of digits alone stands at the left.
   setAlignment(Qt::AlignRight | Qt::AlignVCenter | Qt::AlignAbsolute);
-  connect(this, &QLineEdit::textEdited, this,
-          [this] { view_.Call([](screens::Pane& pane) { pane.Edited(); }); });
+  // Not textEdited, which leaves out what is put in for the user by voice.
+  connect(this, &QLineEdit::textChanged, this, [this] {
+    if (!setting_) view_.Call([](screens::Pane& pane) { pane.Edited(); });
+  });
 }
 
 void PaneField::Move(const screens::Rect& place) {
@@ -35,7 +38,9 @@ void PaneField::SetText(const std::string& text) {
   const QString wanted = ToQString(text);
   if (wanted == this->text()) return;
   const qsizetype cursor = hasFocus() ? cursorPosition() : 0;
+  const bool outer = std::exchange(setting_, true);
   setText(wanted);
+  setting_ = outer;
   setCursorPosition(static_cast<int>(std::min(cursor, wanted.size())));
 }
 
@@ -61,6 +66,10 @@ bool PaneField::event(QEvent* event) {
 
 void PaneField::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Paste)) return Paste(QClipboard::Clipboard);
+  // A letter with Alt is an access key of the form's.
+  if (event->modifiers() == Qt::AltModifier && event->key() < Qt::Key_Escape) {
+    return event->ignore();
+  }
   const QString taken = Taken(event->text());
   if (taken == event->text()) return QLineEdit::keyPressEvent(event);
   QKeyEvent changed(event->type(), event->key(), event->modifiers(), taken, event->isAutoRepeat());

@@ -38,6 +38,7 @@ class PaneField : public QLineEdit, public screens::TextField {
   void Paste(QClipboard::Mode from);
 
   PaneView& view_;
+  bool setting_ = false;
 };
 
 }  // namespace adapters::qt

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <utility>
 
+#include "adapters/qt/PaneAccessible.h"
 #include "adapters/qt/PaneEvents.h"
 #include "adapters/qt/PaneField.h"
 #include "adapters/qt/PanePopup.h"
@@ -115,6 +116,10 @@ screens::TextField& PaneView::Field() {
   return *field_;
 }
 
+void PaneView::Announce(screens::Tidings what, int part) {
+  TellScreenReader(*this, what, part);
+}
+
 std::unique_ptr<screens::Popup> PaneView::MakePopup(screens::PopupKind kind,
                                                     const screens::PaneMaker& make) {
   return std::make_unique<PanePopup>(*this, surroundings_, kind, make);
@@ -173,6 +178,7 @@ void PaneView::resizeEvent(QResizeEvent* event) {
 
 void PaneView::showEvent(QShowEvent* event) {
   QAbstractScrollArea::showEvent(event);
+  NameField(*this);
   PassSize();  // on a screen of another scale perhaps
 }
 

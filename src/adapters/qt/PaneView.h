@@ -22,8 +22,11 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
   ~PaneView() override;
 
   const screens::Pane& Content() const { return *pane_; }
-  /// A place on the pane in the viewport's coordinates.
+  /// Null while the window is made or ends.
+  const screens::Pane* ContentOrNull() const { return pane_.get(); }
+  /// A place on the pane in the viewport's coordinates, and the way back.
   QRect OnViewport(const screens::Rect& place) const;
+  screens::Point ToPane(const QPointF& place) const;
   /// What has the keyboard while the pane has it.
   QWidget& KeyReceiver();
 
@@ -76,11 +79,10 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
   screens::Size PopupRoom(screens::PopupKind kind) const override;
   void TakeFocus() override { setFocus(Qt::OtherFocusReason); }
   std::chrono::sys_days Today() const override { return surroundings_.clock.Today(); }
-  void Announce(screens::Tidings /*what*/, int /*part*/) override {}
+  void Announce(screens::Tidings what, int part) override;
 
   /// As large in device pixels as the window's is in Qt's.
   QFont PaneFont() const;
-  screens::Point ToPane(const QPointF& place) const;
   screens::Size InDevicePixels(const QSize& size) const;
   void PassPointer(const QMouseEvent& event);
   void PassSize();

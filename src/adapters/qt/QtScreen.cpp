@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "adapters/qt/Convert.h"
+#include "adapters/qt/PaneAccessible.h"
 #include "adapters/qt/Places.h"
 #include "adapters/qt/Theme.h"
 #include "platform/RuntimeError.h"
@@ -51,6 +52,7 @@ bool AnyWindowIsUp() {
 QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
 
 QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
+  ServeScreenReaders();
   dropTimer_.setSingleShot(true);
   QObject::connect(&dropTimer_, &QTimer::timeout, &dropTimer_, [this] { DropRetired(); });
   guard_.SetScreen(this);

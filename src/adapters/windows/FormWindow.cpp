@@ -247,6 +247,9 @@ LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SYSCHAR:
       if (OnAccessKey(wParam)) return 0;
       break;
+    case WM_GETOBJECT:
+      if (const auto answer = reader_.Answer(Handle(), wParam, lParam)) return *answer;
+      break;
     case WM_SETCURSOR:
       if (!busy_) break;
       SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_WAIT)));

@@ -56,6 +56,7 @@ class FormWindow : public Window {
   controls::Subscription subscription_;
   HWND lastFocus_ = nullptr;  // to come back to when the form is activated again
   bool fitting_ = true;       // the window takes the form's size; at first it has none
+  ScreenReaderLink reader_;
   bool busy_ = false;
 };
 

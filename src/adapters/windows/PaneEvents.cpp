@@ -267,6 +267,8 @@ std::optional<LRESULT> PaneView::OnFieldMessage(UINT message, WPARAM wParam, LPA
       ShowTip({static_cast<int>(place.x), static_cast<int>(place.y)});
       return std::nullopt;
     }
+    case WM_GETOBJECT:
+      return reader_.Answer(Handle(), wParam, lParam);
     default:
       return OnKeyboard(message, wParam);
   }
@@ -328,6 +330,12 @@ LRESULT PaneView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS:
       OnFocus(message == WM_SETFOCUS, reinterpret_cast<HWND>(wParam));
       break;
+    case WM_GETOBJECT:
+      if (const auto answer = reader_.Answer(Handle(), wParam, lParam)) return *answer;
+      break;
+    case kAct:
+      if (Enabled()) pane_->Act(static_cast<int>(wParam) - 1);
+      return 0;
     case WM_GETDLGCODE:
       return kAllKeys;
     case WM_GETFONT:
@@ -335,8 +343,11 @@ LRESULT PaneView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETTEXTLENGTH:
       return static_cast<LRESULT>(ShownText().size());
     case WM_GETTEXT: {
-      const auto room = static_cast<int>(wParam);
-      return lstrlenW(lstrcpynW(reinterpret_cast<wchar_t*>(lParam), ShownText().c_str(), room));
+      if (wParam == 0) return 0;
+      auto* const text = reinterpret_cast<wchar_t*>(lParam);
+      const std::size_t size = ShownText().copy(text, wParam - 1);
+      text[size] = 0;
+      return static_cast<LRESULT>(size);
     }
     default:
       break;

@@ -6,6 +6,7 @@
 
 #include "adapters/windows/EditField.h"
 #include "adapters/windows/Paint.h"
+#include "adapters/windows/PaneAccessible.h"
 #include "adapters/windows/PaneTip.h"
 #include "adapters/windows/Surroundings.h"
 #include "screens/Pane.h"
@@ -62,7 +63,7 @@ class PaneView : public Window, private screens::PaneHost, private FieldHost {
   screens::Size PopupRoom(screens::PopupKind kind) const override;
   void TakeFocus() override { SetFocus(FocusTarget()); }
   std::chrono::sys_days Today() const override { return surroundings_.clock.Today(); }
-  void Announce(screens::Tidings, int) override {}
+  void Announce(screens::Tidings what, int part) override { TellScreenReader(*this, what, part); }
 
   // PaneEvents.cpp: what the pane is told
   std::optional<LRESULT> OnMouse(UINT message, WPARAM wParam, LPARAM lParam);
@@ -95,6 +96,7 @@ class PaneView : public Window, private screens::PaneHost, private FieldHost {
   screens::ScrollRange across_{.count = -1};
   screens::Rect tipPlace_;
   std::unique_ptr<PaneTip> tip_;
+  ScreenReaderLink reader_;
   bool framed_ = false;
   bool focused_ = false;
   bool hovered_ = false;

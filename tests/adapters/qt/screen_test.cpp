@@ -1,8 +1,12 @@
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
@@ -65,7 +69,7 @@ TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
+TEST_F(QtTest, TextBoxOfLatinDigits_FilledByInputMethodMenuOrDrop_ShowsThem) {
   form.txtName.SetLatinDigits(true);
   ShowForm();
   form.txtName.SetFocus();
@@ -74,10 +78,24 @@ TEST_F(QtTest, TextBoxOfLatinDigits_FilledByAnInputMethodOrTheMenu_ShowsThem) {
   QApplication::sendEvent(QApplication::focusWidget(), &committed);
   EXPECT_EQ(form.txtName.Text(), "5");
   auto& line = dynamic_cast<QLineEdit&>(*QApplication::focusWidget());
-  line.selectAll();
-  QGuiApplication::clipboard()->setText("۵");
-  line.paste();
-  EXPECT_EQ(Shown(form.txtName), "5") << "also where the model's text stays";
+  QGuiApplication::clipboard()->setText("۶");
+  QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+  QApplication::sendEvent(&line, &asked);
+  auto& menu = dynamic_cast<QMenu&>(*QApplication::activePopupWidget());
+  for (QAction* action : menu.actions()) {
+    if (action->text().startsWith(QLineEdit::tr("&Paste"))) action->trigger();
+  }
+  menu.close();
+  QMimeData dragged;
+  dragged.setText("۷\n");
+  QDragEnterEvent entered(line.rect().center(), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &entered);
+  QDropEvent dropped(line.rect().center(), Qt::CopyAction, &dragged, Qt::LeftButton, {});
+  QApplication::sendEvent(&line, &dropped);
+  EXPECT_THAT(form.txtName.Text(), testing::AnyOf("567 ", "7 56", "57 6"));
+  EXPECT_EQ(Shown(form.txtName), form.txtName.Text());
+  Undo();
+  EXPECT_EQ(Shown(form.txtName).find("۷"), std::string::npos) << "not even for a moment";
 }
 
 TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {

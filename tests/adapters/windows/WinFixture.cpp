@@ -148,7 +148,7 @@ const controls::Form& ScreenTest::ActiveForm() {
 }
 
 void ScreenTest::Later(std::function<void()> action) {
-  adapter->desk.Later(std::move(action));
+  adapter->errands.push_back(std::make_unique<Errand>(adapter->guard, std::move(action)));
 }
 
 void ScreenTest::Settle() {

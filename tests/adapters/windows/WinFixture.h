@@ -19,26 +19,27 @@ PaneType& PaneIn(HWND window) {
   return dynamic_cast<PaneType&>(*dynamic_cast<PaneView&>(*Window::Of(window)).Shown());
 }
 
-/// Runs actions from the message loop, whichever runs.
-class Desk : public Window {
+/// Runs an action once from the message loop, whichever runs, also one that has messages for the
+/// active window alone.
+class Errand : public Window {
  public:
-  explicit Desk(ErrorGuard& guard) : Window(guard) { Create({.parent = HWND_MESSAGE}); }
-  void Later(std::function<void()> action) {
-    actions_.push_back(std::move(action));
+  Errand(ErrorGuard& guard, std::function<void()> action)
+      : Window(guard), action_(std::move(action)) {
+    const HWND active = GetActiveWindow();
+    Create({.style = active == nullptr ? 0UL : WS_CHILD,
+            .parent = active == nullptr ? HWND_MESSAGE : active});
     PostMessageW(Handle(), WM_APP, 0, 0);
   }
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
     if (message != WM_APP) return Default(message, wParam, lParam);
-    const auto action = std::move(actions_.front());
-    actions_.erase(actions_.begin());
-    action();
+    action_();
     return 0;
   }
 
  private:
-  std::vector<std::function<void()>> actions_;
+  std::function<void()> action_;
 };
 
 }  // namespace adapters::windows
@@ -53,7 +54,7 @@ struct contract::ScreenTest::Adapter {
   adapters::windows::ErrorGuard guard;
   adapters::windows::Theme theme{screens::Scale(96)};
   adapters::windows::WinScreen screen;
-  adapters::windows::Desk desk{guard};
+  std::vector<std::unique_ptr<adapters::windows::Errand>> errands;
   SampleForm host;
 };
 

@@ -1,0 +1,104 @@
+// What a screen reader is told on Windows beyond what it hears of a whole form.
+
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include <oleacc.h>
+
+#include "adapters/windows/Com.h"
+#include "adapters/windows/Wide.h"
+#include "adapters/windows/WinFixture.h"
+
+namespace adapters::windows {
+namespace {
+
+using contract::Key;
+
+/// A hook is given nothing of its owner.
+std::vector<std::string> told;
+HWND grid = nullptr;
+
+void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
+  if (object != OBJID_CLIENT) return;
+  const std::string where = window == grid ? "grid" : NameOf(window, kControlProperty);
+  std::string what;
+  if (event == EVENT_OBJECT_FOCUS) what = "focus ";
+  if (event == EVENT_OBJECT_STATECHANGE) what = "state ";
+  if (!what.empty()) told.push_back(what + where + " " + std::to_string(child));
+}
+
+class ScreenReaderTest : public WinScreenTest {
+ protected:
+  ScreenReaderTest() {
+    form.flx.SetRows(4);
+    form.flx.SetCols(2);
+    form.flx.SetFixedCols(0);
+    form.flx.SetTextMatrix(2, 1, "here");
+    ShowForm();
+    grid = Of(form.flx);
+    told.clear();
+    hook_ = SetWinEventHook(EVENT_MIN, EVENT_MAX, nullptr, Hear, GetCurrentProcessId(),
+                            GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
+  }
+  ~ScreenReaderTest() override { UnhookWinEvent(hook_); }
+
+  static ComPtr<IAccessible> ClientOf(HWND window) {
+    ComPtr<IAccessible> client;
+    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                               client.OutVoid());
+    return client;
+  }
+  static VARIANT Child(LONG number) { return {{{VT_I4, 0, 0, 0, {.lVal = number}}}}; }
+
+ private:
+  HWINEVENTHOOK hook_ = nullptr;
+};
+
+TEST_F(ScreenReaderTest, CellsAndTicks_ThatChange_AreTold) {
+  using testing::Contains;
+  form.flx.SetFocus();
+  Settle();
+  EXPECT_THAT(told, Contains("focus grid 4"));
+  Press({Key::kDown});
+  Settle();
+  EXPECT_THAT(told, Contains("focus grid 6"));
+  Click(form.chkActive);
+  Settle();
+  EXPECT_THAT(told, Contains("state chkActive 0"));
+}
+
+TEST_F(ScreenReaderTest, Cell_AskedForByPlace_IsFoundWhereItStands) {
+  form.flx.SetFocus();
+  Press({Key::kDown, Key::kLeft});
+  const auto client = ClientOf(grid);
+  Variant focus;
+  EXPECT_EQ(client->get_accFocus(focus.Out()), S_OK);
+  EXPECT_EQ(focus.Number(), 6);
+  LONG left = 0, top = 0, width = 0, height = 0;
+  EXPECT_EQ(client->accLocation(&left, &top, &width, &height, Child(6)), S_OK);
+  Variant hit;
+  EXPECT_EQ(client->accHitTest(left + width / 2, top + height / 2, hit.Out()), S_OK);
+  EXPECT_EQ(hit.Number(), 6);
+  BSTR text = nullptr;
+  EXPECT_EQ(client->get_accValue(Child(6), &text), S_OK);
+  EXPECT_EQ(Utf8(text), "here");
+  SysFreeString(text);
+  EXPECT_EQ(client->get_accValue(Child(9), &text), E_INVALIDARG);
+  EXPECT_EQ(ClientOf(Of(form))->accHitTest(left + 1, top + 1, hit.Out()), S_OK);
+  EXPECT_EQ(hit.Type(), VT_DISPATCH) << "the window of the grid";
+}
+
+TEST_F(ScreenReaderTest, Object_HeldBeyondItsWindow_AnswersNothing) {
+  const auto client = ClientOf(grid);
+  form.Unload();
+  Settle();
+  BSTR text = nullptr;
+  LONG count = -1;
+  EXPECT_EQ(client->get_accName(Child(0), &text), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(client->accDoDefaultAction(Child(3)), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(client->get_accChildCount(&count), S_OK);
+  EXPECT_EQ(count, 0);
+}
+
+}  // namespace
+}  // namespace adapters::windows
