@@ -226,9 +226,9 @@ void Tour::ResizeWindow(const std::string& form, double factor) {
 void Tour::AnswerMessage(int button) {
   const QWidget* message = QApplication::activeModalWidget();
   Expect(IsMessage(message), "a message");
-  auto* answer = message->findChild<QWidget*>(button == 0 ? "cmdYes" : "cmdNo");
+  auto* answer = message->findChild<PaneWidget*>(button == 0 ? "cmdYes" : "cmdNo");
   Expect(answer != nullptr && answer->isVisible(), "a message with more buttons");
-  ClickAt(*answer, answer->rect().center());
+  ClickAt(*answer->viewport(), answer->viewport()->rect().center());
 }
 
 void Tour::SaveAs(const std::string& fileName) {
