@@ -28,7 +28,7 @@ class Player {
   /// Rows begin at 1 below the headings, columns at 0, the first that is shown.
   std::string CellText(const std::string& list, int row, int column);
   std::string Clipboard() { return hands_.Clipboard(); }
-  bool UsesOtherPrograms() const { return hands_.HasPreview(); }
+  bool UsesOtherPrograms() const { return hands_.UsesOtherPrograms(); }
 
   // What is done. By keys: the access key, or Tab and Enter; arrows and a blank in lists.
   void Click(const std::string& button);

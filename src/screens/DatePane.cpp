@@ -73,8 +73,9 @@ void DatePane::Toggle() {
   if (PageOpen()) return ClosePage();
   if (box_ == nullptr || !Host().Enabled() || !Commit(Typing::kLeft) || box_ == nullptr) return;
   if (!popup_) MakePage();
-  page_->Open(box_->Date(), SolarHijriDate::FromDays(Host().Today()));
   popup_->Show(page_->Wanted());
+  // Once it is there, so that its day is told.
+  page_->Open(box_->Date(), SolarHijriDate::FromDays(Host().Today()));
   Host().Announce(Tidings::kOpened, -1);
 }
 

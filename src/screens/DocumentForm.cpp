@@ -133,6 +133,8 @@ void DocumentForm::FillLines(const std::vector<AccountingDocument::Line>& lines)
     }
     flxLines.SetColWidth(col, NeededWidth(col));
   }
+  flxLines.SetCol(Column::kRow);
+  flxLines.SetHighLight(FlexGrid::HighLight::kWithFocus);
   flxLines.SetStretchCol(Column::kDescription);
   flxLines.SetRedraw(true);
 }

@@ -38,7 +38,7 @@ ProgressForm::ProgressForm(controls::Screen& screen, Now now)
   lblPercent.Move(kWidth / 2, top, kWidth / 2 - kMargin, kButtonHeight);
   cmdStop.Move(kMargin, top, kButtonWidth, kButtonHeight);
   cmdStop.SetTabIndex(0);
-  cmdStop.SetAccessKey("ا");
+  cmdStop.SetAccessKey("ف");
   cmdStop.onClick = [this] { stopped_ = true; };
   SetCancelButton(&cmdStop);
 }

@@ -38,13 +38,16 @@ ROWS_TOLD = 3  # of a table
 DOWN, F4, ESCAPE = 0xFF54, 0xFFC1, 0xFF1B
 ALT = 1 << pyatspi.MODIFIER_ALT
 # From the first row of the regions on: a key, with Alt or not, and where the keyboard is told to be.
-# The letters are those of the same keys as ش and ب.
+# The letters are those of the same keys as ش, ب and ز.
 KEYS = [
     (DOWN, False, "table cell", "قصردشت"),
     (ord("a"), True, "text", "شرح"),
     (ord("f"), True, "text", "بازارياب"),
     (F4, False, "list item", "كيوان حيدري"),
     (ESCAPE, False, "text", "بازارياب"),
+    (ord("c"), True, "text", "از تاريخ"),
+    (F4, False, "table cell", "1404/09/01"),
+    (ESCAPE, False, "text", "از تاريخ"),
 ]
 
 

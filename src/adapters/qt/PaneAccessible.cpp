@@ -34,7 +34,7 @@ void SendState(QAccessibleInterface* about, const QAccessible::State& changed) {
   QAccessible::updateAccessibility(&sent);
 }
 
-/// Who is called by what was changed hears of another name.
+/// What is called by what has changed has another name. A field tells of its text by itself.
 void SendValue(PaneInterface& pane) {
   const Accessible told = pane.Told();
   QAccessible::State changed;
@@ -47,7 +47,7 @@ void SendValue(PaneInterface& pane) {
   } else if (told.role == Role::kComboBox && pane.textInterface() != nullptr) {
     QAccessibleTextUpdateEvent sent(&pane, 0, QString(), pane.text(QAccessible::Value));
     QAccessible::updateAccessibility(&sent);
-  } else {
+  } else if (told.role != Role::kField && told.role != Role::kComboBox) {
     Send(&pane, QAccessible::NameChanged);
   }
 }
@@ -80,7 +80,7 @@ void ServeScreenReaders() {
 
 void TellScreenReader(PaneView& view, Tidings what, int part) {
   NameField(view);
-  if (!QAccessible::isActive() || view.ContentOrNull() == nullptr) return;
+  if (!QAccessible::isActive() || !view.isVisible() || view.ContentOrNull() == nullptr) return;
   auto* const pane = dynamic_cast<PaneInterface*>(QAccessible::queryAccessibleInterface(&view));
   if (pane == nullptr) return;
   switch (what) {
@@ -116,8 +116,11 @@ void NameField(PaneView& view) {
   QWidget& field = view.KeyReceiver();
   if (&field == &view || view.ContentOrNull() == nullptr) return;
   const Accessible told = view.Content().Describe();
-  field.setAccessibleName(ToQString(told.name));
-  field.setAccessibleDescription(ToQString(told.description));
+  const QString name = ToQString(told.name);
+  const QString description = ToQString(told.description);
+  // Each of the two is told to readers, whether it is another one or not.
+  if (field.accessibleName() != name) field.setAccessibleName(name);
+  if (field.accessibleDescription() != description) field.setAccessibleDescription(description);
 }
 
 }  // namespace adapters::qt

@@ -395,7 +395,7 @@ std::optional<LRESULT> ScreenReaderLink::Answer(HWND window, WPARAM wParam, LPAR
 
 void TellScreenReader(const PaneView& view, Tidings what, int part) {
   const screens::Pane* const pane = view.Shown();
-  if (pane == nullptr || view.Handle() == nullptr) return;
+  if (pane == nullptr || !IsWindowVisible(view.Handle())) return;
   const HWND target = view.FocusTarget();
   // That a window has the keyboard Windows tells by itself.
   if (what == Tidings::kFocus && part < 0) return;

@@ -46,15 +46,16 @@ TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
 TEST_F(ServicesTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
   ShowForm();
   form.txtName.SetFocus();
-  QWidget* const field = QApplication::focusWidget();
   std::chrono::milliseconds now{0};
   screens::ProgressForm progress(screen, [&now] { return now; });
   progress.Begin("انتقال", 10);
   now += std::chrono::seconds(1);
   ASSERT_TRUE(progress.Advance(1));
   EXPECT_EQ(&ActiveForm(), &progress);
-  QApplication::postEvent(field, new QKeyEvent(QEvent::KeyPress, 0, {}, "x"));
-  Later([&] { Click(progress.cmdStop); });
+  Later([&] {
+    QTest::keyClick(adapter->screen.WindowOf(form)->windowHandle(), 'x');
+    Click(progress.cmdStop);
+  });
   now += std::chrono::seconds(1);
   EXPECT_FALSE(progress.Advance(2));
   progress.End();
