@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "Things.h"
 #include "adapters/windows/Clipboard.h"
@@ -139,15 +140,22 @@ std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
   return things;
 }
 
+// Windows does so for the pointer on its desk, which a tour leaves alone.
+void Hands::Leave(HWND window) {
+  const HWND before = std::exchange(pointed_, window);
+  if (before != window && IsWindow(before)) SendMessageW(before, WM_MOUSELEAVE, 0, 0);
+}
+
 void Hands::MoveMouse(Mouse action, screens::Point place) {
   const POINT at{place.x, place.y};
   // Sent, because what else is in the queue must not come between a press and its release.
-  const auto send = [&at](UINT message, WPARAM held) {
+  const auto send = [this, &at](UINT message, WPARAM held) {
     const HWND captor = GetCapture();
     const HWND target = captor != nullptr ? captor : WindowFromPoint(at);
     if (GetWindowThreadProcessId(target, nullptr) != GetCurrentThreadId()) {
       throw Failure("there is no window to point at");
     }
+    Leave(target);
     POINT inside = at;
     ScreenToClient(target, &inside);
     SendMessageW(target, message, held, MAKELPARAM(inside.x, inside.y));
@@ -189,6 +197,7 @@ void Hands::Press(const screens::KeyEvent& stroke) {
 }
 
 void Hands::Picture(int windows, const std::string& path) {
+  if (GetAncestor(pointed_, GA_ROOT) != Front()) Leave(nullptr);
   std::vector<HWND> shown;
   for (const HWND window : ShownWindows()) {
     if (windows == 0) break;

@@ -30,7 +30,11 @@ class Hands : public tour::Hands {
  private:
   void MoveMouse(Mouse action, screens::Point place) override;
 
+  /// Tells the window that the pointer was over, unless it still is over that one.
+  void Leave(HWND window);
+
   Open open_;
+  HWND pointed_ = nullptr;
   Camera camera_;
 };
 

@@ -51,7 +51,6 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
   Create({.style = form.BorderStyle() == Form::Border::kSizable ? kSizableStyle : kFixedStyle,
           .extendedStyle = kExtendedStyle,
           .parent = owner});
-  SetName(kFormProperty, form.Name());
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   MakeWindows(form, Handle());
