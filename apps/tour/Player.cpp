@@ -145,11 +145,13 @@ void Player::Press(Key key, int times, screens::Modifiers held) {
   for (int i = 0; i < times; ++i) hands_.Press({key, held});
 }
 
-void Player::TabTo(Kind kind, const std::string& name) {
-  for (int tabs = 0; !HasKeyboard(*Reach(kind, name)); ++tabs) {
+ThingPtr Player::TabTo(Kind kind, const std::string& name) {
+  ThingPtr thing = Reach(kind, name);
+  for (int tabs = 0; !HasKeyboard(*thing); ++tabs) {
     if (tabs == kMostTabs) throw Failure("Tab does not lead to " + Quoted(name));
     Press(Key::kTab);
   }
+  return thing;
 }
 
 void Player::Click(const std::string& button) {
@@ -165,7 +167,10 @@ void Player::Click(const std::string& button) {
 }
 
 void Player::Go(const std::string& name) {
-  if (ByKeys()) return TabTo(Kind::kField, name);
+  if (ByKeys()) {
+    TabTo(Kind::kField, name);
+    return;
+  }
   ClickAt(Reach(Kind::kField, name)->Tell().place.Middle());
 }
 
@@ -202,20 +207,17 @@ void Player::PickItem(int item) {
   Press(Key::kEnter);
 }
 
-bool Player::IsFocused(const std::string& list, int row, int column) {
-  const ThingPtr cell = Find(Kind::kList, list)->Cell(row, column);
-  return cell && cell->Tell().focused;
-}
-
 void Player::WalkTo(const std::string& list, int row, int column) {
-  TabTo(Kind::kList, list);
+  const ThingPtr table = TabTo(Kind::kList, list);
   Press(Key::kHome, 1, {.control = true});
   Press(Key::kHome);
   Press(Key::kDown, row - 1);
+  const ThingPtr cell = table->Cell(row, column);
   // The first columns of some lists are passed over.
-  for (int lefts = 0; lefts < column && !IsFocused(list, row, column); ++lefts) Press(Key::kLeft);
-  if (IsFocused(list, row, column)) return;
-  throw Failure("arrows do not lead to row " + std::to_string(row) + " of " + Quoted(list));
+  for (int lefts = 0; cell && !cell->Tell().focused; ++lefts) {
+    if (lefts == column) throw Failure("arrows do not lead to that cell of " + Quoted(list));
+    Press(Key::kLeft);
+  }
 }
 
 ThingPtr Player::ReachCell(const std::string& list, int row, int column) {

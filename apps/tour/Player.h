@@ -32,7 +32,7 @@ class Player {
 
   // What is done. By keys: the access key, or Tab and Enter; arrows and a blank in lists.
   void Click(const std::string& button);
-  /// Takes the keyboard to a field or list.
+  /// Takes the keyboard to a field.
   void Go(const std::string& name);
   /// Writes over what the field holds.
   void Type(const std::string& field, const std::string& text);
@@ -66,10 +66,10 @@ class Player {
   ThingPtr Find(Kind kind, const std::string& name);
   /// Found, in sight and enabled.
   ThingPtr Reach(Kind kind, const std::string& name);
-  void TabTo(Kind kind, const std::string& name);
+  /// It has the keyboard then.
+  ThingPtr TabTo(Kind kind, const std::string& name);
   /// The cell in sight; by keys the keyboard stands on it.
   ThingPtr ReachCell(const std::string& list, int row, int column);
-  bool IsFocused(const std::string& list, int row, int column);
   void WalkTo(const std::string& list, int row, int column);
   void ClickAt(screens::Point place);
 
