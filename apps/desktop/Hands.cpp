@@ -24,6 +24,8 @@ using tour::Failure;
 
 namespace {
 
+constexpr int kAnswer = 50;  // milliseconds
+
 QWidget* WindowBelow(const QWidget& window) {
   QWindow* const below = window.windowHandle()->transientParent();
   const QWidgetList all = QApplication::topLevelWidgets();
@@ -54,6 +56,10 @@ QList<QWidget*> Stack() {
   QList<QWidget*> windows;
   for (QWidget* each = Front(); each != nullptr; each = WindowBelow(*each)) windows.append(each);
   return windows;
+}
+
+bool Covers(const QWidget& window, const QPoint& place) {
+  return window.rect().contains(window.mapFromGlobal(place));
 }
 
 Qt::Key QtKey(const screens::KeyEvent& stroke) {
@@ -141,8 +147,8 @@ void Hands::Leave(const QWidget& window) {
 void Hands::MoveMouse(Mouse action, screens::Point place) {
   const QPoint at(place.x, place.y);
   QWidget* target = QApplication::activePopupWidget();
-  if (target == nullptr || !target->geometry().contains(at)) target = Stack().value(0);
-  if (target == nullptr || !target->geometry().contains(at)) {
+  if (target == nullptr || !Covers(*target, at)) target = Stack().value(0);
+  if (target == nullptr || !Covers(*target, at)) {
     throw Failure("the place to point at lies outside of the window in front");
   }
   QWindow* const window = target->windowHandle();
@@ -200,6 +206,8 @@ void Hands::ResizeFront(double factor) {
   QWidget* const front = Stack().value(0);
   if (front == nullptr) throw Failure("expected a window");
   front->resize(front->size() * factor);
+  // A window manager answers.
+  QTest::qWait(kAnswer);
 }
 
 void Hands::SaveAs(const std::string& path) {
