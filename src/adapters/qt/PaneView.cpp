@@ -34,6 +34,8 @@ PaneView::PaneView(const Surroundings& surroundings, QWidget* parent)
 PaneView::~PaneView() {
   // Its popups and timers are this one's.
   pane_.reset();
+  // While this is still what the field tells that it loses the keyboard.
+  delete field_;
 }
 
 void PaneView::SetFramed() {
