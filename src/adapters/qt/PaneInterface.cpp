@@ -1,5 +1,7 @@
 #include "adapters/qt/PaneInterface.h"
 
+#include <QTimer>
+
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/PaneField.h"
 #include "adapters/qt/PartInterface.h"
@@ -60,9 +62,8 @@ QRect PaneInterface::OnScreen(const screens::Rect& place) const {
 void PaneInterface::Act(int part) {
   PaneView* const view = View();
   if (view == nullptr) return;
-  QMetaObject::invokeMethod(
-      view, [view, part] { view->Call([part](screens::Pane& pane) { pane.Act(part); }); },
-      Qt::QueuedConnection);
+  QTimer::singleShot(0, view,
+                     [view, part] { view->Call([part](screens::Pane& pane) { pane.Act(part); }); });
 }
 
 QList<QWidget*> PaneInterface::Widgets() const {
