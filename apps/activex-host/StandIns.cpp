@@ -2,11 +2,12 @@
 
 #include <objbase.h>
 
-#include <string>
-
+#include "adapters/windows/AutomationDispatch.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/ComObject.h"
-#include "adapters/windows/MessageComponent.h"
+#include "adapters/windows/Wide.h"
+#include "screens/DocumentComponent.h"
+#include "screens/MessageComponent.h"
 
 namespace activexhost {
 
@@ -14,41 +15,46 @@ namespace {
 
 using adapters::windows::Check;
 using adapters::windows::ComPtr;
-using adapters::windows::ErrorGuard;
+using adapters::windows::Wide;
 
-constexpr wchar_t kNotice[] = L"comNotice.comNTC";
-constexpr wchar_t kNoticeKey[] = L"Software\\Classes\\comNotice.comNTC";
-constexpr wchar_t kNoticeClassText[] = L"{5F0E3A5D-66B4-4F3A-9E0D-2C8B1C6D7A41}";
-constexpr CLSID kNoticeClass = {
+constexpr CLSID kMessageClass = {
     0x5f0e3a5d, 0x66b4, 0x4f3a, {0x9e, 0x0d, 0x2c, 0x8b, 0x1c, 0x6d, 0x7a, 0x41}};
+constexpr CLSID kDocumentClass = {
+    0x5f0e3a5e, 0x66b4, 0x4f3a, {0x9e, 0x0d, 0x2c, 0x8b, 0x1c, 0x6d, 0x7a, 0x41}};
 
 class Factory final : public adapters::windows::ComObject<IClassFactory> {
  public:
-  explicit Factory(ErrorGuard& guard) : guard_(guard) {}
+  Factory(screens::Components& components, std::string_view progId,
+          std::span<const std::string_view> members)
+      : components_(components), progId_(progId), members_(members) {}
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override {
     *object = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    return adapters::windows::MakeMessageComponent(guard_)->QueryInterface(id, object);
+    return adapters::windows::MakeDispatch(components_.Create(progId_), members_, progId_)
+        ->QueryInterface(id, object);
   }
   STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
  private:
-  ErrorGuard& guard_;
+  screens::Components& components_;
+  std::string_view progId_;
+  std::span<const std::string_view> members_;
 };
 
-bool Installed() {
+bool Installed(std::string_view progId) {
   CLSID ignored;
-  return SUCCEEDED(CLSIDFromProgID(kNotice, &ignored));
+  return SUCCEEDED(CLSIDFromProgID(Wide(progId).c_str(), &ignored));
 }
 
-void Register(HKEY root) {
+void Register(HKEY root, const std::wstring& name, const CLSID& id) {
+  wchar_t text[39];
+  StringFromGUID2(id, text, 39);
   HKEY key = nullptr;
-  const std::wstring path = std::wstring(kNoticeKey) + L"\\CLSID";
-  Check(HRESULT_FROM_WIN32(RegCreateKeyExW(root, path.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
-                                           KEY_SET_VALUE, nullptr, &key, nullptr)));
+  Check(HRESULT_FROM_WIN32(RegCreateKeyExW(root, (name + L"\\CLSID").c_str(), 0, nullptr,
+                                           REG_OPTION_VOLATILE, KEY_SET_VALUE, nullptr, &key,
+                                           nullptr)));
   const LONG set =
-      RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(kNoticeClassText),
-                     sizeof kNoticeClassText);
+      RegSetValueExW(key, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text), sizeof text);
   RegCloseKey(key);
   Check(HRESULT_FROM_WIN32(set));
 }
@@ -56,24 +62,32 @@ void Register(HKEY root) {
 }  // namespace
 
 StandIns::StandIns() {
-  if (Installed()) return;
-  root_ = HKEY_CURRENT_USER;
-  Register(root_);
-  if (!Installed()) {
+  Add(screens::MessageComponent::kProgId, screens::MessageComponent::kMembers, kMessageClass);
+  Add(screens::DocumentComponent::kProgId, screens::DocumentComponent::kMembers, kDocumentClass);
+}
+
+void StandIns::Add(std::string_view progId, std::span<const std::string_view> members,
+                   const CLSID& id) {
+  if (Installed(progId)) return;
+  Registration& added = registrations_.emplace_back(
+      Registration{HKEY_CURRENT_USER, L"Software\\Classes\\" + Wide(progId), 0});
+  Register(added.root, added.key, id);
+  if (!Installed(progId)) {
     // Wine looks up classes in the machine's part of the registry only.
-    RegDeleteTreeW(root_, kNoticeKey);
-    root_ = HKEY_LOCAL_MACHINE;
-    Register(root_);
+    RegDeleteTreeW(added.root, added.key.c_str());
+    added.root = HKEY_LOCAL_MACHINE;
+    Register(added.root, added.key, id);
   }
-  const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(guard_));
-  Check(CoRegisterClassObject(kNoticeClass, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                              &cookie_));
+  const auto factory = ComPtr<IClassFactory>::Adopt(new Factory(components_, progId, members));
+  Check(CoRegisterClassObject(id, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                              &added.cookie));
 }
 
 StandIns::~StandIns() {
-  if (root_ == nullptr) return;
-  CoRevokeClassObject(cookie_);
-  RegDeleteTreeW(root_, kNoticeKey);
+  for (const Registration& each : registrations_) {
+    CoRevokeClassObject(each.cookie);
+    RegDeleteTreeW(each.root, each.key.c_str());
+  }
 }
 
 }  // namespace activexhost

@@ -2,13 +2,23 @@
 
 #include <windows.h>
 
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "adapters/windows/ErrorGuard.h"
+#include "adapters/windows/Services.h"
+#include "adapters/windows/Theme.h"
+#include "adapters/windows/WinScreen.h"
+#include "apps/activex/Databases.h"
+#include "screens/Components.h"
 
 namespace activexhost {
 
-/// Puts the project's own message dialog in the place of the suite's message component where that
-/// is not installed, for this program alone: the module says nothing without it. The registration
-/// is volatile and goes with this object, the user's registry is left as it was.
+/// Puts the project's own components in the place of those of the suite that are not installed, for
+/// this program alone: without them the module says nothing and shows no document. Their
+/// registration is volatile and goes with this object, the user's registry is left as it was.
 class StandIns {
  public:
   /// Throws RuntimeError.
@@ -18,9 +28,20 @@ class StandIns {
   StandIns& operator=(const StandIns&) = delete;
 
  private:
+  struct Registration {
+    HKEY root;
+    std::wstring key;
+    DWORD cookie;
+  };
+  void Add(std::string_view progId, std::span<const std::string_view> members, const CLSID& id);
+
   adapters::windows::ErrorGuard guard_;
-  HKEY root_ = nullptr;  // where the component is registered; null when the suite's own is there
-  DWORD cookie_ = 0;
+  adapters::windows::WinClock clock_;
+  adapters::windows::Theme theme_;
+  adapters::windows::WinScreen screen_{guard_, clock_, theme_};
+  activex::Databases databases_;
+  screens::Components components_{guard_, screen_, databases_};
+  std::vector<Registration> registrations_;
 };
 
 }  // namespace activexhost

@@ -30,8 +30,10 @@ LPARAM Middle(HWND window) {
   return MAKELPARAM(place.right / 2, place.bottom / 2);
 }
 
+/// The pointer is nowhere before and after.
 void ClickAt(HWND window, LPARAM place) {
   SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+  PostMessageW(window, WM_MOUSELEAVE, 0, 0);
   SendMessageW(window, WM_LBUTTONUP, 0, place);
 }
 
@@ -202,11 +204,8 @@ void Tour::ResizeWindow(const std::string& form, double factor) {
 }
 
 void Tour::AnswerMessage(int button) {
-  const HWND message = FindMessage();
-  Expect(message != nullptr, "a message");
-  const std::vector<HWND> buttons = ButtonsOf(message);
-  Expect(button < static_cast<int>(buttons.size()), "a message with more buttons");
-  const HWND window = buttons[static_cast<std::size_t>(button)];
+  Expect(FindMessage() != nullptr, "a message");
+  const HWND window = ReachControl(button == 0 ? "MessageForm.cmdYes" : "MessageForm.cmdNo");
   ClickAt(window, Middle(window));
 }
 
@@ -268,11 +267,15 @@ void Tour::Picture(const std::string& form, const std::string& name) {
   Save(all, name);
 }
 
-/// Reports go to the system's viewer, documents to the suite's: here only what is said of that.
+/// Reports go to the system's viewer: here only what is said of that.
 void Tour::PictureAndCloseDialog(const std::string& name) {
-  if (FindMessage() == nullptr) return;
-  Picture("MessageDialog", name);
-  AnswerMessage(0);
+  if (FindForm("DocumentForm") != nullptr) {
+    Picture("DocumentForm", name);
+    Click("DocumentForm.cmdClose");
+  } else if (FindMessage() != nullptr) {
+    Picture("MessageForm", name);
+    AnswerMessage(0);
+  }
 }
 
 void Tour::Save(const RECT& place, const std::string& name) {

@@ -1,7 +1,6 @@
 #include "Windows.h"
 
 #include <algorithm>
-#include <functional>
 
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/Window.h"
@@ -79,7 +78,7 @@ HWND ReachControl(const std::string& path) {
 }
 
 HWND FindMessage() {
-  return FindForm("MessageDialog");
+  return FindForm("MessageForm");
 }
 
 HWND FindSaveDialog() {
@@ -101,18 +100,6 @@ std::string TextOf(HWND window) {
   text.resize(static_cast<std::size_t>(
       SendMessageW(from, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   return adapters::windows::Utf8(text);
-}
-
-std::vector<HWND> ButtonsOf(HWND dialog) {
-  std::vector<HWND> buttons = Descendants(dialog);
-  std::erase_if(buttons, [](HWND each) { return !IsA(each, L"BUTTON"); });
-  const auto rightEdge = [](HWND each) {
-    RECT place;
-    GetWindowRect(each, &place);
-    return place.right;
-  };
-  std::ranges::sort(buttons, std::greater(), rightEdge);
-  return buttons;
 }
 
 }  // namespace activexhost

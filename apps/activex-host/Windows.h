@@ -25,7 +25,5 @@ HWND FindSaveDialog();
 std::vector<HWND> FormAndAbove(HWND form);
 /// Text of a window, UTF-8; of a composite control that of its edit field.
 std::string TextOf(HWND window);
-/// As they are read, from the right.
-std::vector<HWND> ButtonsOf(HWND dialog);
 
 }  // namespace activexhost

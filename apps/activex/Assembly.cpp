@@ -1,6 +1,7 @@
 #include "Assembly.h"
 
 #include <algorithm>
+#include <chrono>
 #include <deque>
 
 #include "Databases.h"
@@ -8,11 +9,11 @@
 #include "adapters/windows/ComExcel.h"
 #include "adapters/windows/ErrorGuard.h"
 #include "adapters/windows/Places.h"
-#include "adapters/windows/ProgressWindow.h"
 #include "adapters/windows/ScriptingFileSystem.h"
 #include "adapters/windows/Services.h"
 #include "adapters/windows/WinReports.h"
 #include "adapters/windows/WinScreen.h"
+#include "screens/ProgressForm.h"
 
 namespace activex {
 
@@ -20,6 +21,10 @@ namespace {
 
 /// From the control that entered longest ago to the one that entered last.
 using Users = std::deque<const ContainerSite*>;
+
+std::chrono::milliseconds Uptime() {
+  return std::chrono::milliseconds(GetTickCount64());
+}
 
 /// The screen within the containers of the thread's controls.
 class HostedScreen : public adapters::windows::WinScreen {
@@ -64,7 +69,7 @@ struct Assembly::Parts {
   adapters::windows::WinKeyboard keyboard;
   adapters::windows::SaveDialog fileDialog;
   adapters::windows::ComExcel excel;
-  adapters::windows::ProgressWindow progress{guard, theme};
+  screens::ProgressForm progress{screen, Uptime};
   adapters::windows::ScriptingFileSystem fileSystem;
   adapters::windows::ShellLauncher launcher;
   adapters::windows::WinReports reports{

@@ -5,14 +5,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
-#include <QProgressDialog>
-#include <QPushButton>
 #include <QTest>
 #include <algorithm>
 #include <cstdio>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/MessageDialog.h"
 #include "adapters/qt/PaneWidget.h"
 #include "screens/GridPane.h"
 
@@ -60,11 +57,15 @@ Qt::Key QtKey(tour::Key key) {
   return Qt::Key_unknown;
 }
 
+bool IsMessage(const QWidget* window) {
+  return window != nullptr && window->objectName() == QStringLiteral("MessageForm");
+}
+
 /// A step's long work shows its progress.
 bool IsWorking() {
   const QWidgetList windows = QApplication::topLevelWidgets();
   return std::ranges::any_of(windows, [](const QWidget* window) {
-    return qobject_cast<const QProgressDialog*>(window) != nullptr;
+    return window->isVisible() && window->objectName() == QStringLiteral("ProgressForm");
   });
 }
 
@@ -223,11 +224,11 @@ void Tour::ResizeWindow(const std::string& form, double factor) {
 }
 
 void Tour::AnswerMessage(int button) {
-  auto* dialog = dynamic_cast<adapters::qt::MessageDialog*>(QApplication::activeModalWidget());
-  Expect(dialog != nullptr, "a message");
-  const auto buttons = dialog->findChildren<QPushButton*>();
-  Expect(button < buttons.size(), "a message with more buttons");
-  ClickAt(*buttons[button], buttons[button]->rect().center());
+  const QWidget* message = QApplication::activeModalWidget();
+  Expect(IsMessage(message), "a message");
+  auto* answer = message->findChild<PaneWidget*>(button == 0 ? "cmdYes" : "cmdNo");
+  Expect(answer != nullptr && answer->isVisible(), "a message with more buttons");
+  ClickAt(*answer->viewport(), answer->viewport()->rect().center());
 }
 
 void Tour::SaveAs(const std::string& fileName) {
@@ -274,7 +275,7 @@ void Tour::Picture(const std::string& form, const std::string& name) {
   std::vector<QWidget*> shown{base};
   for (QWidget* widget : QApplication::topLevelWidgets()) {
     const bool over = widget->windowType() == Qt::Popup || widget->windowType() == Qt::ToolTip ||
-                      dynamic_cast<adapters::qt::MessageDialog*>(widget) != nullptr;
+                      IsMessage(widget);
     if (widget->isVisible() && over) shown.push_back(widget);
   }
   QRect all;
@@ -295,7 +296,7 @@ void Tour::Picture(const std::string& form, const std::string& name) {
 
 void Tour::PictureAndCloseDialog(const std::string& name) {
   QWidget& dialog = Dialog();
-  Expect(dynamic_cast<adapters::qt::MessageDialog*>(&dialog) == nullptr, "no message");
+  Expect(!IsMessage(&dialog), "no message");
   Save(dialog.grab(), name);
   dialog.close();
 }

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QUrl>
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
@@ -17,7 +18,6 @@
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
-#include "adapters/qt/Components.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/Places.h"
 #include "adapters/qt/QtScreen.h"
@@ -27,6 +27,8 @@
 #include "adapters/xlsx/XlsxExcel.h"
 #include "apps/connection/ConnectionOption.h"
 #include "module/Module.h"
+#include "screens/Components.h"
+#include "screens/ProgressForm.h"
 #include "text/Secrets.h"
 
 namespace {
@@ -83,6 +85,11 @@ void OpenWorkbook(const std::string& path) {
       53, "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
 }
 
+std::chrono::milliseconds Uptime() {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::steady_clock::now().time_since_epoch());
+}
+
 /// Everything that the module stands on, for as long as the program runs.
 class Desktop {
  public:
@@ -103,12 +110,12 @@ class Desktop {
   adapters::qt::SettingsPlaces places_{kApplication};
   adapters::qt::QtScreen screen_{guard_};
   desktop::Connections connections_;
-  adapters::qt::Components components_{connections_};
+  screens::Components components_{guard_, screen_, connections_};
   adapters::qt::QtClock clock_;
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
   adapters::xlsx::XlsxExcel excel_;
-  adapters::qt::QtProgress progress_;
+  screens::ProgressForm progress_{screen_, Uptime};
   adapters::qt::QtFileSystem fileSystem_;
   adapters::qt::QtLauncher launcher_;
   adapters::qt::Reports reports_{connections_, clock_, guard_};

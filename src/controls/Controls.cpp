@@ -18,20 +18,11 @@ void Label::SetCaption(std::string caption) {
   Notify(Aspect::kText);
 }
 
-void Label::SetTextAlignment(Alignment alignment) {
-  if (alignment_ == alignment) return;
-  alignment_ = alignment;
-  Notify(Aspect::kText);
-}
-
 void Label::SetLook(Look look) {
   if (look_ == look) return;
   look_ = look;
   Notify(Aspect::kText);
 }
-
-TextBox::TextBox(Container& parent, std::string name, Lines lines)
-    : Control(parent, std::move(name)), lines_(lines) {}
 
 void TextBox::Accept(ControlVisitor& visitor) {
   visitor.Visit(*this);
@@ -42,7 +33,6 @@ std::string TextBox::Taken(std::string text) const {
 }
 
 std::string TextBox::Pasted(std::string text) const {
-  if (lines_ == Lines::kSeveral) return Taken(std::move(text));
   std::string line;
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (text[i] == '\r' && text[i + 1] == '\n') continue;

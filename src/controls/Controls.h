@@ -10,19 +10,16 @@
 
 namespace controls {
 
-/// A text beside or above another control; right-aligned unless told.
+/// A text beside or above another control.
 class Label : public Control {
  public:
   /// kSign and kErrorSign are round with a letter in it; kTechnical is a box of text of several
   /// lines that is read from the left.
   enum class Look { kPlain, kStrong, kSign, kErrorSign, kTechnical };
-  enum class Alignment { kRight, kCentre, kLeft };
   Label(Container& parent, std::string name, std::string caption = {});
   void Accept(ControlVisitor& visitor) override;
   const std::string& Caption() const { return caption_; }
   void SetCaption(std::string caption);
-  Alignment TextAlignment() const { return alignment_; }
-  void SetTextAlignment(Alignment alignment);
   Look GetLook() const { return look_; }
   void SetLook(Look look);
   /// The field that it names, for its access key and for who hears the form read; null for none.
@@ -31,30 +28,25 @@ class Label : public Control {
 
  private:
   std::string caption_;
-  Alignment alignment_ = Alignment::kRight;
   Look look_ = Look::kPlain;
   Control* named_ = nullptr;
 };
 
-/// One or several lines of text.
+/// One line of text.
 class TextBox : public Control {
  public:
-  enum class Lines { kOne, kSeveral };
-  TextBox(Container& parent, std::string name, Lines lines = Lines::kOne);
+  TextBox(Container& parent, std::string name) : Control(parent, std::move(name)) {}
   void Accept(ControlVisitor& visitor) override;
   const std::string& Text() const { return text_; }
   /// Raises onChange when the text is another one; so does typing, which calls this too.
   void SetText(std::string text);
-  /// For a box of one line: Persian and Arabic digits become Latin ones, whoever sets, types or
-  /// pastes them.
+  /// Persian and Arabic digits become Latin ones, whoever sets, types or pastes them.
   void SetLatinDigits(bool latin) { latinDigits_ = latin; }
   /// The form in which the box takes a text, of as many UTF-16 units: what a screen puts into its
   /// field instead of what was typed.
   std::string Taken(std::string text) const;
-  /// The same of what came from the clipboard or was dropped: a line break becomes a blank in a box
-  /// of one line.
+  /// The same of what came from the clipboard or was dropped: a line break becomes a blank.
   std::string Pasted(std::string text) const;
-  Lines LineMode() const { return lines_; }
   /// Set by forms whose boxes select their whole text when the focus arrives.
   bool SelectAllOnFocus() const { return selectAllOnFocus_; }
   void SetSelectAllOnFocus(bool select) { selectAllOnFocus_ = select; }
@@ -66,7 +58,6 @@ class TextBox : public Control {
 
  private:
   std::string text_;
-  Lines lines_;
   bool selectAllOnFocus_ = false;
   bool latinDigits_ = false;
   bool locked_ = false;

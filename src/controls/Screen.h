@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace controls {
@@ -29,7 +30,12 @@ class Screen {
   /// what else was typed or clicked meanwhile is dropped.
   virtual void Breathe() = 0;
   virtual void SetFocus(Control& control) = 0;
+  virtual MousePointer GetMousePointer() const = 0;
   virtual void SetMousePointer(MousePointer pointer) = 0;
+  /// The system's sound of a message; none where it is switched off.
+  virtual void Beep() = 0;
+  /// UTF-8, lines ended by LF.
+  virtual void CopyToClipboard(const std::string& text) = 0;
   /// Of a text on one line, and of lines of text, in the font of the forms: for forms that are as
   /// large as their text.
   virtual Twips TextWidth(std::string_view text) const = 0;

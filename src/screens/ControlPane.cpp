@@ -1,10 +1,19 @@
 #include "screens/ControlPane.h"
 
+#include <algorithm>
+#include <string>
+
 #include "screens/AccessKeys.h"
 #include "screens/AccessibleNames.h"
 #include "screens/Palette.h"
 
 namespace screens {
+
+namespace {
+
+constexpr const char* kZeroWidthJoiner = "\u200D";
+
+}  // namespace
 
 controls::Colour GroundOf(const controls::Control& control) {
   const controls::Container* container = &control.Parent();
@@ -42,12 +51,19 @@ void ControlPane::PaintCaption(Surface& surface, std::string_view caption, const
   const auto letter = AccessKeySpan(caption, control_->AccessKey());
   const int width = host_.TextWidth(caption, style.weight);
   if (!letter || width > box.Width()) return;
-  const int before = host_.TextWidth(caption.substr(0, letter->first), style.weight);
-  const int after =
-      host_.TextWidth(caption.substr(0, letter->first + letter->second), style.weight);
+  // As wide as the letters are where they are joined to the next one.
+  const auto widthTo = [&](std::size_t end) {
+    std::string part(caption.substr(0, end));
+    if (end < caption.size()) part += kZeroWidthJoiner;
+    return host_.TextWidth(part, style.weight);
+  };
+  const int before = letter->first == 0 ? 0 : widthTo(letter->first);
+  const int after = widthTo(letter->first + letter->second);
   const int right = style.side == Side::kCentre ? (box.left + box.right + width) / 2 : box.right;
-  const int below = box.Middle().y + host_.LineHeight() / 2 - Design(1);
-  surface.Fill({right - after, below, right - before, below + Design(1)}, style.colour);
+  // Below the dots of letters.
+  const int below = box.Middle().y + host_.LineHeight() / 2;
+  surface.Fill({right - after, below, right - before, below + std::max(1, Design(1))},
+               style.colour);
 }
 
 Accessible ControlPane::Described(Role role) const {

@@ -2,8 +2,10 @@
 
 #include <exception>
 #include <functional>
+#include <string>
 #include <utility>
 
+#include "controls/Screen.h"
 #include "platform/RuntimeError.h"
 #include "screens/ErrorTexts.h"
 
@@ -14,8 +16,14 @@ namespace screens {
 /// description, and the program goes on.
 class ErrorGuard {
  public:
-  ErrorGuard() = default;
-  virtual ~ErrorGuard() = default;
+  /// What a toolkit brings; neither throws.
+  struct Outlets {
+    /// Notes each error's technical text where its developer looks.
+    std::function<void(const std::string& technical)> note;
+    /// Shows an error for which no message form could be shown.
+    std::function<void(const ErrorTexts& texts)> lastResort;
+  };
+  explicit ErrorGuard(Outlets outlets) : outlets_(std::move(outlets)) {}
   ErrorGuard(const ErrorGuard&) = delete;
   ErrorGuard& operator=(const ErrorGuard&) = delete;
 
@@ -25,11 +33,15 @@ class ErrorGuard {
     try {
       std::forward<Action>(action)();
     } catch (const platform::RuntimeError& error) {
-      Show(error);
+      Tell(TextsOf(error, after_));
     } catch (const std::exception& error) {
-      Show(error);
+      Tell(TextsOf(error, after_));
     }
   }
+
+  /// The screen on which errors are shown; null before there is one and once it has ended. An
+  /// hourglass of the work that failed is taken away.
+  void SetScreen(controls::Screen* screen) { screen_ = screen; }
 
   /// What is said of the program after an error: that it goes on, which holds once a form is up, or
   /// that it ends.
@@ -37,14 +49,6 @@ class ErrorGuard {
 
   /// How many calls into models are under way. While there is one, the view that made it must live.
   int Depth() const { return depth_; }
-
-  /// Called before an error is shown (the screen takes the hourglass away); empty to drop it.
-  /// Throws nothing.
-  void SetBeforeShow(std::function<void()> beforeShow) { beforeShow_ = std::move(beforeShow); }
-
- protected:
-  /// Shows the user an error, until it was read.
-  virtual void Tell(const ErrorTexts& texts) noexcept = 0;
 
  private:
   class Nesting {
@@ -57,10 +61,11 @@ class ErrorGuard {
    private:
     int& depth_;
   };
-  void Show(const platform::RuntimeError& error) noexcept;
-  void Show(const std::exception& error) noexcept;
+  /// Shows the user an error, until it was read.
+  void Tell(const ErrorTexts& texts) noexcept;
 
-  std::function<void()> beforeShow_;
+  Outlets outlets_;
+  controls::Screen* screen_ = nullptr;
   AfterError after_ = AfterError::kGoesOn;
   int depth_ = 0;
 };

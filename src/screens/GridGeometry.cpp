@@ -5,10 +5,8 @@
 
 namespace screens {
 
-void GridGeometry::Measure(Size view, const Scale& scale, int rowHeight, int headingHeight) {
+void GridGeometry::MeasureColumns(Size view, const Scale& scale) {
   view_ = view;
-  rowHeight_ = rowHeight;
-  headingHeight_ = headingHeight;
   columns_.clear();
   controls::Twips spare = scale.Twips(view.width);
   for (int col = 0; col < grid_.Cols(); ++col) spare -= grid_.ColWidth(col);
@@ -20,6 +18,11 @@ void GridGeometry::Measure(Size view, const Scale& scale, int rowHeight, int hea
     columns_.push_back({scale.Pixels(sum), scale.Pixels(sum + width)});
     sum += width;
   }
+}
+
+void GridGeometry::MeasureRows(int rowHeight, int headingHeight) {
+  rowHeight_ = rowHeight;
+  headingHeight_ = headingHeight;
   KeepInside();
 }
 
@@ -29,6 +32,12 @@ void GridGeometry::KeepInside() {
 
 int GridGeometry::Columns() const {
   return std::min(grid_.Cols(), static_cast<int>(columns_.size()));
+}
+
+int GridGeometry::ColumnWidth(int col) const {
+  if (col < 0 || col >= Columns()) return 0;
+  const Edges& edges = columns_[static_cast<std::size_t>(col)];
+  return edges.end - edges.begin;
 }
 
 int GridGeometry::FixedWidth() const {

@@ -27,8 +27,10 @@ class GridGeometry {
   explicit GridGeometry(const controls::FlexGrid& grid) : grid_(grid) {}
 
   /// Takes the pane's size and the columns' widths; the stretched column takes the room that is
-  /// left. Scrolls back as far as there is nothing to show.
-  void Measure(Size view, const Scale& scale, int rowHeight, int headingHeight);
+  /// left. MeasureRows follows.
+  void MeasureColumns(Size view, const Scale& scale);
+  /// Scrolls back as far as there is nothing to show.
+  void MeasureRows(int rowHeight, int headingHeight);
   /// Scrolls back where the rows became fewer.
   void KeepInside();
 
@@ -40,6 +42,7 @@ class GridGeometry {
   int Height() const { return view_.height; }
   int FixedWidth() const;
   int FixedHeight() const;
+  int ColumnWidth(int col) const;
   /// Width of all columns together.
   int ColumnsWidth() const { return columns_.empty() ? 0 : columns_.back().end; }
   /// Rows that one page shows whole, without the fixed ones; at least 1.

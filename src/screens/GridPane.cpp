@@ -47,7 +47,8 @@ void GridPane::Measure() {
   if (grid_ == nullptr) return;
   const Scale scale = host_.GetScale();
   const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), host_.LineHeight() + 2);
-  geometry_.Measure(size_, scale, rowHeight, HeadingHeight(rowHeight));
+  geometry_.MeasureColumns(size_, scale);
+  geometry_.MeasureRows(rowHeight, HeadingHeight(rowHeight));
   UpdateScrollBars();
   RepaintAll();
 }
@@ -55,11 +56,11 @@ void GridPane::Measure() {
 /// Two lines where the words of a heading do not fit beside each other.
 int GridPane::HeadingHeight(int rowHeight) const {
   if (grid_->FixedRows() == 0 || grid_->Rows() == 0) return rowHeight;
-  const Scale scale = host_.GetScale();
+  const int margins = 2 * host_.GetScale().Design(kTextMargin);
   for (int col = 0; col < grid_->Cols(); ++col) {
     const std::string_view text = grid_->TextMatrix(0, col);
     if (text.find(' ') == std::string_view::npos) continue;
-    const int room = scale.Pixels(grid_->ColWidth(col)) - 2 * scale.Design(kTextMargin);
+    const int room = geometry_.ColumnWidth(col) - margins;
     if (room > 0 && host_.TextWidth(text, Weight::kNormal) > room) {
       return rowHeight + host_.LineHeight();
     }

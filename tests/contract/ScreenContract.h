@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "contract/ScreenFixture.h"
+#include "screens/MessageForm.h"
 
 namespace contract {
 
@@ -93,6 +94,36 @@ TEST_F(ScreenTest, UntrappedError_InAClick_IsShownAndTheProgramGoesOn) {
     EXPECT_EQ(words, expected);
   }
   EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(ScreenTest, Message_AnsweredByKeysOrMouse_TellsTheAnswerAndKeepsTheHourglass) {
+  const struct {
+    const char* title;
+    std::vector<Key> keys;  // none: the button that says yes is clicked
+    screens::Answer answer;
+  } kCases[] = {{"پرسش", {Key::kEnter}, screens::Answer::kYes},
+                {"پرسش", {Key::kEscape}, screens::Answer::kNo},
+                {"حذف", {Key::kEnter}, screens::Answer::kNo},
+                {"حذف", {Key::kTab, Key::kEnter}, screens::Answer::kYes},
+                {"هشدار", {}, screens::Answer::kYes}};
+  ShowForm();
+  screen.SetMousePointer(controls::MousePointer::kHourglass);
+  for (const auto& each : kCases) {
+    OnMessage([&](const controls::Form& message) {
+      EXPECT_EQ(screen.GetMousePointer(), controls::MousePointer::kDefault);
+      for (const Key key : each.keys) Press({key});
+      if (each.keys.empty()) Click(*message.FindControl("cmdYes"));
+    });
+    screens::MessageForm message(screen, {each.title, "آيا؟", "", screens::MessageKind::kQuestion});
+    EXPECT_EQ(message.Ask(), each.answer) << each.title;
+  }
+  EXPECT_EQ(screen.GetMousePointer(), controls::MousePointer::kHourglass);
+  OnMessage([&](const controls::Form& message) {
+    Click(*message.FindControl("cmdCopy"));
+    Press({Key::kEscape});
+  });
+  screens::MessageForm(screen, {"خطا", "نشد.", "Bad", screens::MessageKind::kError}).Ask();
+  EXPECT_EQ(Copied(), "خطا\r\nنشد.\r\nBad");
 }
 
 TEST_F(ScreenTest, Window_OfAForm_FollowsSizeBothWaysAndAsksBeforeClosing) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -16,8 +17,11 @@
 #include "controls/Form.h"
 #include "controls/Selector.h"
 #include "platform/RuntimeError.h"
+#include "support/ErrorNumber.h"
 
 namespace contract {
+
+using support::NumberOf;
 
 /// 1404/02/15, a Monday.
 struct SpringClock : platform::Clock {
@@ -139,8 +143,23 @@ class ScreenTest : public testing::Test {
   void AwaitAutoScroll();
   void DragWindowTo(int width, int height);
   void CloseWindow();
-  /// Accepts the message that comes up next; `words` gets its technical text.
-  void AcceptMessage(std::string& words);
+  /// The form that takes input; fails where none does.
+  const controls::Form& ActiveForm();
+  /// Runs `action` on the message that comes up next.
+  void OnMessage(std::function<void(const controls::Form&)> action) {
+    Later([this, action = std::move(action)] {
+      ASSERT_EQ(ActiveForm().Name(), "MessageForm");
+      action(ActiveForm());
+    });
+  }
+  /// Accepts the message that comes up next; `words` gets its technical text in one line.
+  void AcceptMessage(std::string& words) {
+    OnMessage([this, &words](const controls::Form& message) {
+      words = dynamic_cast<controls::Label&>(*message.FindControl("lblTechnical")).Caption();
+      std::ranges::replace(words, '\n', ' ');
+      Click(*message.FindControl("cmdYes"));
+    });
+  }
   /// Runs `action` from the message loop, whichever runs.
   void Later(std::function<void()> action);
   /// What the message loop does until nothing is left.
@@ -160,15 +179,6 @@ class ScreenTest : public testing::Test {
   /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
   Place At(int row, int col);
   std::string Copied();
-
-  static std::int32_t NumberOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const platform::RuntimeError& error) {
-      return error.Number();
-    }
-    return 0;
-  }
 
   struct Adapter;
   SpringClock clock;

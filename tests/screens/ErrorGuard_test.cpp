@@ -3,48 +3,76 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "screens/MessageForm.h"
+#include "support/FakeScreen.h"
+
+namespace screens {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-class RecordingGuard : public screens::ErrorGuard {
- public:
-  std::vector<std::string> told;
-
+/// Each error as it was noted and, where a form could not show it, as the last resort did.
+class ErrorGuardTest : public testing::Test {
  protected:
-  void Tell(const screens::ErrorTexts& texts) noexcept override {
-    told.push_back(texts.sentence + "|" + texts.technical + "|" + std::to_string(Depth()));
-  }
+  support::Events events;
+  support::FakeScreen screen{events};
+  std::vector<std::string> noted;
+  std::vector<std::string> lastResort;
+  ErrorGuard guard{{.note = [this](const std::string& technical) { noted.push_back(technical); },
+                    .lastResort =
+                        [this](const ErrorTexts& texts) {
+                          lastResort.push_back(texts.sentence + "|" + texts.technical);
+                        }}};
 };
 
-TEST(ErrorGuard, ErrorsOfNestedCalls_AreToldEachAndTheCallersGoOn) {
-  RecordingGuard guard;
-  guard.SetBeforeShow([&] { guard.told.emplace_back("before"); });
+TEST_F(ErrorGuardTest, ErrorsOfNestedCalls_AreToldEachAndTheCallersGoOn) {
+  guard.SetScreen(&screen);
+  screen.pointer = controls::MousePointer::kHourglass;
+  screen.OnModalForm<MessageForm>([&](MessageForm& form) {
+    EXPECT_EQ(guard.Depth(), 2);
+    EXPECT_EQ(form.Caption() + form.lblSign.Caption(), "خطا!");
+    EXPECT_THAT(form.lblMessage.Caption(),
+                AllOf(HasSubstr("380"), HasSubstr("\nجدول قفل است.\n"), HasSubstr("ادامه")));
+    EXPECT_EQ(form.lblTechnical.Caption(), "Run-time error '380': Locked (box)");
+  });
+  screen.OnModalForm<MessageForm>([&](MessageForm& form) {
+    EXPECT_EQ(guard.Depth(), 1);
+    EXPECT_THAT(form.lblMessage.Caption(), HasSubstr("بسته"));
+  });
   guard.Run([&] {
     guard.Run([] { throw platform::RuntimeError(380, "جدول قفل است. Locked", "box"); });
     guard.SetProgramGoesOn(false);
     throw std::logic_error("a gap");
   });
-  EXPECT_THAT(guard.told, ElementsAre("before",
-                                      AllOf(HasSubstr("380"), HasSubstr("\nجدول قفل است.\n"),
-                                            HasSubstr("ادامه"),
-                                            HasSubstr("|Run-time error '380': Locked (box)|2")),
-                                      "before", AllOf(HasSubstr("بسته"), HasSubstr("a gap|1"))));
+  EXPECT_THAT(noted, ElementsAre("Run-time error '380': Locked (box)", HasSubstr("a gap")));
+  EXPECT_THAT(lastResort, testing::IsEmpty());
   EXPECT_EQ(guard.Depth(), 0);
-  guard.SetBeforeShow({});
+  EXPECT_EQ(screen.pointer, controls::MousePointer::kDefault);
+}
+
+TEST_F(ErrorGuardTest, NoFormCanBeShown_TheLastResortTellsIt) {
+  const auto fail = [&](const char* description) {
+    guard.Run([&] { throw platform::RuntimeError(1, description); });
+    return lastResort.back();
+  };
   // A letter's presentation form is Persian too; nothing technical is left over.
-  guard.Run([] { throw platform::RuntimeError(1, "\uFE8D"); });
-  EXPECT_THAT(guard.told.back(),
-              AllOf(HasSubstr("\n\uFE8D\n"), testing::EndsWith("|Run-time error '1'|1")));
+  EXPECT_THAT(fail("\uFE8D"),
+              AllOf(HasSubstr("\n\uFE8D\n"), testing::EndsWith("|Run-time error '1'")));
   // What a server says is technical, also where it names something in Persian.
-  guard.Run([] { throw platform::RuntimeError(208, "نيست.\n\u202ANo table 'ويزيت'.\u202C"); });
-  EXPECT_THAT(guard.told.back(),
-              AllOf(HasSubstr("\nنيست.\n"), HasSubstr("'208': \u202ANo table 'ويزيت'.\u202C|")));
+  EXPECT_THAT(fail("نيست.\n\u202ANo table 'ويزيت'.\u202C"),
+              AllOf(HasSubstr("\nنيست.\n"), HasSubstr("'1': \u202ANo table 'ويزيت'.\u202C")));
+  guard.SetScreen(&screen);
+  screen.OnModal([](controls::Form&) { throw std::bad_alloc(); });
+  EXPECT_THAT(fail("first"), HasSubstr("first"));
+  EXPECT_EQ(lastResort.size(), 3U);
 }
 
 }  // namespace
+}  // namespace screens

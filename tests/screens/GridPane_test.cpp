@@ -95,6 +95,11 @@ TEST_F(GridPaneTest, Heading_OfTwoLines_MakesItsRowHigherAndMovesTheOthers) {
   EXPECT_EQ(pane.CellPlace(2, 2).top, before.top + 15);
   EXPECT_TRUE(Painted().Shows("the computer"));
   EXPECT_TRUE(Painted().Shows("number"));
+  grid.SetColWidth(3, 1500);
+  grid.SetStretchCol(2);
+  EXPECT_EQ(pane.CellPlace(0, 2).Height(), kRow) << "with the room that is left it fits";
+  grid.SetStretchCol(-1);
+  grid.SetColWidth(3, 6000);
   for (const int row : {0, 1, 2, 3}) {
     Mouse('p', Middle(row, 2));
     EXPECT_EQ(grid.MouseRow(), row);

@@ -44,7 +44,7 @@ TEST_F(PlainPanes, Button_ByMouseAndKeys_ClicksOnlyWhereItIsReleased) {
   const RecordingSurface surface = trial.Painted();
   EXPECT_EQ(surface.ColourAt({20, 12}), palette::kButton);
   // The first of three letters of 6 pixels in the middle of 200 is underlined.
-  EXPECT_EQ(surface.fills.back().first, (Rect{103, 18, 109, 19}));
+  EXPECT_EQ(surface.fills.back().first, (Rect{103, 19, 109, 20}));
   button.SetEnabled(false);
   trial.Click({100, 12});
   EXPECT_TRUE(trial.Strike(Key::kEnter));

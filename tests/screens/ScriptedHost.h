@@ -17,7 +17,7 @@ struct ScriptedHost : PaneHost {
   int TextWidth(std::string_view text, Weight /*weight*/) const override {
     int letters = 0;
     for (const char byte : text) letters += (byte & 0xC0) != 0x80 ? 1 : 0;
-    return 6 * letters;
+    return 6 * (letters - (text.ends_with("\u200D") ? 1 : 0));
   }
   bool Enabled() const override { return enabled; }
   void Repaint(const Rect& area) override { repainted.push_back(area); }

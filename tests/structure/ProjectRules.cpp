@@ -44,7 +44,7 @@ const std::vector<LayerRule>& ProjectRules() {
       // What a host's command line may say of a connection.
       Rule("apps/connection", "", true),
       // Composition roots: the only ones that see both the module and the adapters.
-      Rule("apps/activex", plain + "module adapters/*", true),
+      Rule("apps/activex", plain + "screens module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
       Rule("apps/*",
            forms + "screens module adapters/* demo apps/connection apps/tour apps/activex", true),

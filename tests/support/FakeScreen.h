@@ -37,19 +37,27 @@ class FakeScreen : public controls::Screen {
   /// The host is showing a modal form: showing modeless throws 401, as it does while one of the
   /// module's own is up.
   bool hostIsModal = false;
+  /// What the user does on a form that waits.
+  std::function<void()> onBreathe;
 
   /// "show FormMain modeless", "show FormAddBatch modal",
   /// "show ProgressForm waiting", "hide FormMain", "unload FormMain",
   /// "focus txtNotes", "pointer 11", in order.
   std::vector<std::string> log;
   controls::MousePointer pointer = controls::MousePointer::kDefault;
+  std::string clipboard;
 
   void Show(controls::Form& form, controls::Modality modality) override;
   void Hide(controls::Form& form) override { Note("hide " + form.Name()); }
   void Unload(controls::Form& form) override { Note("unload " + form.Name()); }
-  void Breathe() override {}
+  void Breathe() override {
+    if (onBreathe) onBreathe();
+  }
   void SetFocus(controls::Control& control) override { Note("focus " + control.Name()); }
+  controls::MousePointer GetMousePointer() const override { return pointer; }
   void SetMousePointer(controls::MousePointer newPointer) override;
+  void Beep() override { Note("beep"); }
+  void CopyToClipboard(const std::string& text) override { clipboard = text; }
   /// Letters are 6 pixels wide, lines 15 high.
   controls::Twips TextWidth(std::string_view text) const override;
   controls::Twips LineHeight() const override { return 225; }

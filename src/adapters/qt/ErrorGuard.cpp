@@ -1,20 +1,20 @@
 #include "adapters/qt/ErrorGuard.h"
 
 #include <QDebug>
+#include <QMessageBox>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/MessageDialog.h"
 
 namespace adapters::qt {
 
-void ErrorGuard::Tell(const screens::ErrorTexts& texts) noexcept {
-  MessageDialog::Content content;
-  content.title = ToQString(texts.title);
-  content.message = ToQString(texts.sentence);
-  content.technical = ToQString(texts.technical);
-  content.kind = MessageDialog::Kind::kError;
-  qWarning().noquote() << content.technical;
-  MessageDialog(content).Run();
-}
+ErrorGuard::ErrorGuard()
+    : screens::ErrorGuard(
+          {.note =
+               [](const std::string& technical) { qWarning().noquote() << ToQString(technical); },
+           .lastResort =
+               [](const screens::ErrorTexts& texts) {
+                 QMessageBox::critical(nullptr, ToQString(texts.title),
+                                       ToQString(texts.sentence + "\n\n" + texts.technical));
+               }}) {}
 
 }  // namespace adapters::qt

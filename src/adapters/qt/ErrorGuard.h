@@ -4,10 +4,10 @@
 
 namespace adapters::qt {
 
-/// Shows errors in the suite's message dialog, and writes them to the standard error output.
+/// Notes errors on the standard error output.
 class ErrorGuard : public screens::ErrorGuard {
- protected:
-  void Tell(const screens::ErrorTexts& texts) noexcept override;
+ public:
+  ErrorGuard();
 };
 
 }  // namespace adapters::qt

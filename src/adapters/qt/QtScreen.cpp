@@ -1,6 +1,7 @@
 #include "adapters/qt/QtScreen.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QEventLoop>
 #include <QFontMetricsF>
 #include <QScreen>
@@ -54,12 +55,11 @@ QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(gua
   ServeScreenReaders();
   dropTimer_.setSingleShot(true);
   QObject::connect(&dropTimer_, &QTimer::timeout, &dropTimer_, [this] { DropRetired(); });
-  // A routine that failed under the hourglass will not take it away any more.
-  guard_.SetBeforeShow([this] { SetMousePointer(MousePointer::kDefault); });
+  guard_.SetScreen(this);
 }
 
 QtScreen::~QtScreen() {
-  guard_.SetBeforeShow(nullptr);
+  guard_.SetScreen(nullptr);
   QtScreen::SetMousePointer(MousePointer::kDefault);
 }
 
@@ -180,6 +180,20 @@ void QtScreen::SetMousePointer(MousePointer pointer) {
   } else {
     QGuiApplication::restoreOverrideCursor();
   }
+}
+
+void QtScreen::Beep() {
+  QApplication::beep();
+}
+
+void QtScreen::CopyToClipboard(const std::string& text) {
+  QGuiApplication::clipboard()->setText(ToQString(text));
+}
+
+const Form* QtScreen::FormOf(const QWidget* window) const {
+  const auto found = std::ranges::find_if(
+      windows_, [window](const auto& entry) { return entry.second.get() == window; });
+  return found == windows_.end() ? nullptr : found->first;
 }
 
 QWidget* QtScreen::WindowOf(Form& form) const {

@@ -29,7 +29,12 @@ class QtScreen : public controls::Screen {
   void Unload(controls::Form& form) override;
   /// Throws RuntimeError 5 when the control's form has no window.
   void SetFocus(controls::Control& control) override;
+  controls::MousePointer GetMousePointer() const override {
+    return hourglass_ ? controls::MousePointer::kHourglass : controls::MousePointer::kDefault;
+  }
   void SetMousePointer(controls::MousePointer pointer) override;
+  void Beep() override;
+  void CopyToClipboard(const std::string& text) override;
   void Breathe() override;
   controls::Twips TextWidth(std::string_view text) const override;
   controls::Twips LineHeight() const override;
@@ -39,6 +44,8 @@ class QtScreen : public controls::Screen {
 
   /// The form's window; null before it was first shown and after it was unloaded.
   QWidget* WindowOf(controls::Form& form) const;
+  /// The form that a window is of; null for any other window.
+  const controls::Form* FormOf(const QWidget* window) const;
   /// The control's widget; null where its form has no window.
   PaneWidget* WidgetOf(controls::Control& control) const;
 

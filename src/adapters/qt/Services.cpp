@@ -4,7 +4,6 @@
 #include <QDateTime>
 #include <QFileDialog>
 #include <QStringList>
-#include <algorithm>
 
 #include "adapters/qt/Convert.h"
 #include "platform/RuntimeError.h"
@@ -14,9 +13,6 @@ namespace adapters::qt {
 namespace {
 
 constexpr qint64 kUnixEpochJulianDay = 2440588;
-constexpr int kPatienceMilliseconds = 700;
-constexpr int kPaintMilliseconds = 50;
-constexpr int kBarSteps = 1000;
 
 }  // namespace
 
@@ -59,47 +55,6 @@ std::string QtFileDialog::ShowSave(const std::string& begin, std::string_view fi
     throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   }
   return ToUtf8(chosen);
-}
-
-QtProgress::~QtProgress() {
-  delete bar_;
-}
-
-void QtProgress::Begin(std::string_view what, std::size_t total) {
-  End();
-  what_ = ToQString(what);
-  total_ = total;
-  sinceBegin_.start();
-  sincePaint_.start();
-}
-
-bool QtProgress::Advance(std::size_t done) {
-  if (!bar_) {
-    if (!sinceBegin_.isValid() || sinceBegin_.elapsed() < kPatienceMilliseconds) return true;
-    bar_ = new QProgressDialog(what_, QStringLiteral("انصراف"), 0, kBarSteps,
-                               QApplication::activeWindow());
-    bar_->setWindowTitle(QStringLiteral("لطفاً صبر كنيد"));
-    bar_->setWindowModality(Qt::ApplicationModal);
-    bar_->setMinimumWidth(340);
-    bar_->setMinimumDuration(0);
-    bar_->setAutoClose(false);
-    bar_->setAutoReset(false);
-    // At once, since only what is shown is modal: a click that waits must not reach a form.
-    bar_->show();
-  } else if (sincePaint_.elapsed() < kPaintMilliseconds) {
-    return !bar_->wasCanceled();
-  }
-  sincePaint_.restart();
-  const double share =
-      total_ == 0 ? 0.0 : static_cast<double>(std::min(done, total_)) / static_cast<double>(total_);
-  bar_->setValue(static_cast<int>(share * kBarSteps));
-  QCoreApplication::processEvents();
-  return bar_ && !bar_->wasCanceled();
-}
-
-void QtProgress::End() {
-  delete bar_;
-  sinceBegin_.invalidate();
 }
 
 }  // namespace adapters::qt

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QPointer>
-#include <QProgressDialog>
+#include <QString>
 #include <string>
 
 #include "platform/Clock.h"
 #include "platform/FileDialog.h"
 #include "platform/Keyboard.h"
-#include "platform/Progress.h"
 
 namespace adapters::qt {
 
@@ -31,22 +28,6 @@ class QtKeyboard : public platform::Keyboard {
 class QtFileDialog : public platform::FileDialog {
  public:
   std::string ShowSave(const std::string& begin, std::string_view filter) override;
-};
-
-/// A bar with a cancel button that appears once work has taken long enough to make one wait.
-class QtProgress : public platform::Progress {
- public:
-  ~QtProgress() override;
-  void Begin(std::string_view what, std::size_t total) override;
-  bool Advance(std::size_t done) override;
-  void End() override;
-
- private:
-  QPointer<QProgressDialog> bar_;
-  QString what_;
-  std::size_t total_ = 0;
-  QElapsedTimer sinceBegin_;
-  QElapsedTimer sincePaint_;
 };
 
 /// Qt's pattern list ("Text (*.txt);;All (*)") for a filter as FileDialog takes it.

@@ -37,44 +37,39 @@ QPalette WarmPalette() {
   return palette;
 }
 
-/// %1 text, %2 muted, %3 line, %4 field, %5 accent, %6 button, %7 frame, %8 accent ground,
-/// %9 border, %10 row of a grid. A disabled button is no more than its caption and a faint line on
+/// %1 text, %2 muted, %3 line, %4 accent, %5 button, %6 frame, %7 accent ground,
+/// %8 border, %9 row of a grid. A disabled button is no more than its caption and a faint line on
 /// the form.
 constexpr auto kSheet = R"(
-QPushButton { background: %6; color: %1; border: 1px solid %9; border-radius: 4px;
+QPushButton { background: %5; color: %1; border: 1px solid %8; border-radius: 4px;
               padding: 0px 2px; }
 QDialog QPushButton { padding: 4px 14px; min-width: 56px; }
-QPushButton:hover { background: %8; border-color: %5; }
+QPushButton:hover { background: %7; border-color: %4; }
 QPushButton:pressed { background: %3; }
-QPushButton:focus { border: 2px solid %5; }
+QPushButton:focus { border: 2px solid %4; }
 QPushButton:disabled { background: transparent; color: %2; border-color: %3; }
-QScrollBar { background: %7; border: none; }
+QScrollBar { background: %6; border: none; }
 QScrollBar:vertical { width: 13px; }
 QScrollBar:horizontal { height: 13px; }
-QScrollBar::handle { background: %9; border-radius: 4px; margin: 2px; }
-QScrollBar::handle:hover { background: %5; }
+QScrollBar::handle { background: %8; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:hover { background: %4; }
 QScrollBar::handle:vertical { min-height: 28px; }
 QScrollBar::handle:horizontal { min-width: 28px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0px; height: 0px; }
 QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
-QToolButton { background: %6; color: %1; border: none; border-radius: 2px; }
-QToolButton:hover { background: %8; }
+QToolButton { background: %5; color: %1; border: none; border-radius: 2px; }
+QToolButton:hover { background: %7; }
 QToolButton:disabled { background: transparent; color: %3; }
-QFrame#messageFrame { background: %7; border: 1px solid %3; border-radius: 5px; }
-QLabel#technical { background: %4; color: %2; border: 1px solid %3; border-radius: 3px;
-              padding: 6px; }
 QLineEdit#paneField { background: transparent; color: %1; border: none; }
-QToolTip { background: %10; color: %1; border: 1px solid %9; padding: 2px; }
-QProgressBar { background: %4; border: 1px solid %3; border-radius: 4px; text-align: center; }
-QProgressBar::chunk { background: %5; border-radius: 3px; }
+QToolTip { background: %9; color: %1; border: 1px solid %8; padding: 2px; }
 )";
 
 QString Sheet() {
   namespace ours = screens::palette;
   QString sheet = QString::fromUtf8(kSheet);
   for (const controls::Colour colour :
-       {ours::kText, ours::kMutedText, ours::kLine, ours::kField, ours::kAccent, ours::kButton,
-        ours::kFrame, ours::kAccentGround, ours::kBorder, ours::kGridRow}) {
+       {ours::kText, ours::kMutedText, ours::kLine, ours::kAccent, ours::kButton, ours::kFrame,
+        ours::kAccentGround, ours::kBorder, ours::kGridRow}) {
     sheet = sheet.arg(Painted(colour).name());
   }
   return sheet;

@@ -4,11 +4,10 @@
 
 namespace adapters::windows {
 
-/// Every message of a window runs in here too. Shows errors in the suite's message dialog, and
-/// writes them to the debugger's output.
+/// Every message of a window runs in here too. Notes errors in the debugger's output.
 class ErrorGuard : public screens::ErrorGuard {
- protected:
-  void Tell(const screens::ErrorTexts& texts) noexcept override;
+ public:
+  ErrorGuard();
 };
 
 }  // namespace adapters::windows

@@ -42,12 +42,11 @@ class Measuring {
 
 enum class Across { kRight, kCentre, kLeft };
 
-/// How a text is put into its place. A line too long for it ends in "...".
+/// How a line of text is put into its place. One too long for it ends in "...".
 struct TextLook {
   HFONT font = nullptr;
   controls::Colour colour = theme::kText;
   Across across = Across::kRight;
-  bool wrapped = false;      // on several lines, centred up and down together
   bool leftToRight = false;  // reading order of the whole text
 };
 
@@ -79,15 +78,12 @@ class Canvas {
   void Unclip() const { SelectClipRgn(dc_, nullptr); }
 
  private:
-  void TextLine(std::wstring_view line, const RECT& area, int top, const TextLook& look) const;
   void Blend(int x, int y, controls::Colour colour, double share) const;
   HDC dc_;
 };
 
 /// Width of one line of text with the font that is in `dc`.
 int TextWidth(HDC dc, std::wstring_view text);
-/// The text's lines at a width: broken at line ends and, where too long, at blanks.
-std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width);
 /// The text, shortened to end in "..." if it is too wide.
 std::wstring Shortened(HDC dc, std::wstring_view text, int width);
 

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <utility>
 
 #include "adapters/windows/Paint.h"
 
@@ -19,23 +18,8 @@ void Canvas::Text(std::wstring_view text, const RECT& area, const TextLook& look
   SetTextColor(dc_, look.colour);
   TEXTMETRICW metrics{};
   GetTextMetricsW(dc_, &metrics);
-  const int height = area.bottom - area.top;
-  if (!look.wrapped) {
-    TextLine(text, area, area.top + (height - metrics.tmHeight) / 2, look);
-    return;
-  }
-  const std::vector<std::wstring> lines = WrapText(dc_, text, area.right - area.left);
-  const int whole = static_cast<int>(lines.size()) * metrics.tmHeight;
-  int top = area.top + std::max(0, (height - whole) / 2);
-  for (const std::wstring& line : lines) {
-    TextLine(line, area, top, look);
-    top += metrics.tmHeight;
-  }
-}
-
-void Canvas::TextLine(std::wstring_view line, const RECT& area, int top,
-                      const TextLook& look) const {
-  const std::wstring shown = Shortened(dc_, line, area.right - area.left);
+  const int top = area.top + (area.bottom - area.top - metrics.tmHeight) / 2;
+  const std::wstring shown = Shortened(dc_, text, area.right - area.left);
   UINT align = TA_TOP | TA_RIGHT;
   int x = area.right;
   if (look.across == Across::kCentre) {
@@ -93,29 +77,6 @@ std::wstring Shortened(HDC dc, std::wstring_view text, int width) {
   shown.assign(text.substr(0, fits));
   while (!shown.empty() && shown.back() == L' ') shown.pop_back();
   return shown.append(L"…");
-}
-
-std::vector<std::wstring> WrapText(HDC dc, std::wstring_view text, int width) {
-  std::vector<std::wstring> lines(1);
-  bool fresh = true;  // no word stands in the line yet
-  std::size_t at = 0;
-  while (at < text.size()) {
-    const std::size_t end = std::min(text.find_first_of(L" \n", at), text.size());
-    std::wstring_view word = text.substr(at, end - at);
-    if (word.ends_with(L'\r')) word.remove_suffix(1);
-    std::wstring longer = lines.back();
-    if (!fresh) longer += L' ';
-    longer += word;
-    if (!fresh && !word.empty() && TextWidth(dc, longer) > width) {
-      lines.emplace_back(word);
-    } else {
-      lines.back() = std::move(longer);
-    }
-    fresh = end < text.size() && text[end] == L'\n';
-    if (fresh) lines.emplace_back();
-    at = end + 1;
-  }
-  return lines;
 }
 
 }  // namespace adapters::windows

@@ -343,8 +343,11 @@ LRESULT PaneView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETTEXTLENGTH:
       return static_cast<LRESULT>(ShownText().size());
     case WM_GETTEXT: {
-      const auto room = static_cast<int>(wParam);
-      return lstrlenW(lstrcpynW(reinterpret_cast<wchar_t*>(lParam), ShownText().c_str(), room));
+      if (wParam == 0) return 0;
+      auto* const text = reinterpret_cast<wchar_t*>(lParam);
+      const std::size_t size = ShownText().copy(text, wParam - 1);
+      text[size] = 0;
+      return static_cast<LRESULT>(size);
     }
     default:
       break;

@@ -83,8 +83,10 @@ void PaneView::CopyToClipboard(const std::string& text) {
 }
 
 screens::TextField& PaneView::Field() {
-  FieldHost& host = *this;
-  if (!field_) field_ = std::make_unique<EditField>(Guard(), Look(), host, Handle());
+  if (!field_) {
+    FieldHost& host = *this;
+    field_ = std::make_unique<EditField>(Guard(), Look(), host, Handle());
+  }
   return *field_;
 }
 

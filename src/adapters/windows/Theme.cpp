@@ -44,8 +44,7 @@ Theme::Theme(screens::Scale scale)
     : scale_(scale),
       // At 9 points Tahoma draws joined Persian that fits the forms' rows of 285 twips.
       font_(MakeFont(scale.Design(12), FW_NORMAL)),
-      bold_(MakeFont(scale.Design(12), FW_BOLD)),
-      large_(MakeFont(scale.Design(24), FW_BOLD)) {
+      bold_(MakeFont(scale.Design(12), FW_BOLD)) {
   const HDC screen = GetDC(nullptr);
   const HGDIOBJ before = SelectObject(screen, font_.Get());
   TEXTMETRICW metrics{};

@@ -59,8 +59,6 @@ class Theme {
   /// Tahoma, 9 points at this scale.
   HFONT Font() const { return font_.Get(); }
   HFONT BoldFont() const { return bold_.Get(); }
-  /// For the badges of messages.
-  HFONT LargeFont() const { return large_.Get(); }
   /// Height of a line of Font() in pixels.
   int LineHeight() const { return lineHeight_; }
 
@@ -68,7 +66,6 @@ class Theme {
   screens::Scale scale_;
   GdiObject<HFONT> font_;
   GdiObject<HFONT> bold_;
-  GdiObject<HFONT> large_;
   int lineHeight_ = 0;
 };
 

@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "adapters/windows/Clipboard.h"
 #include "adapters/windows/ModalLoop.h"
 #include "adapters/windows/Paint.h"
 #include "adapters/windows/Places.h"
 #include "adapters/windows/Wide.h"
 #include "platform/RuntimeError.h"
+#include "text/Text.h"
 
 namespace adapters::windows {
 
@@ -46,12 +48,11 @@ class WinScreen::Dropper : public Window {
 
 WinScreen::WinScreen(ErrorGuard& guard, const platform::Clock& clock, const Theme& theme)
     : surroundings_{guard, clock, theme}, dropper_(std::make_unique<Dropper>(guard, *this)) {
-  // A routine that failed under the hourglass will not take it away any more.
-  guard.SetBeforeShow([this] { SetMousePointer(MousePointer::kDefault); });
+  guard.SetScreen(this);
 }
 
 WinScreen::~WinScreen() {
-  surroundings_.guard.SetBeforeShow(nullptr);
+  surroundings_.guard.SetScreen(nullptr);
   WinScreen::SetMousePointer(MousePointer::kDefault);
 }
 
@@ -198,6 +199,20 @@ void WinScreen::SetMousePointer(MousePointer pointer) {
   for (const auto& [form, window] : windows_) window->SetBusy(hourglass);
   // At once: while a routine works, no message asks for the pointer.
   SetCursor(LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(hourglass ? IDC_WAIT : IDC_ARROW)));
+}
+
+void WinScreen::Beep() {
+  MessageBeep(MB_OK);
+}
+
+void WinScreen::CopyToClipboard(const std::string& text) {
+  windows::CopyToClipboard(dropper_->Handle(), Wide(text::Replace(text, "\n", "\r\n")));
+}
+
+const Form* WinScreen::FormOf(HWND window) const {
+  const auto found = std::ranges::find_if(
+      windows_, [window](const auto& entry) { return entry.second->Handle() == window; });
+  return found == windows_.end() ? nullptr : found->first;
 }
 
 HWND WinScreen::WindowOf(const Form& form) const {

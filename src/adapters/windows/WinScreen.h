@@ -33,7 +33,12 @@ class WinScreen : public controls::Screen {
   void Unload(controls::Form& form) override;
   /// Throws RuntimeError 5 when the control's form has no window.
   void SetFocus(controls::Control& control) override;
+  controls::MousePointer GetMousePointer() const override {
+    return hourglass_ ? controls::MousePointer::kHourglass : controls::MousePointer::kDefault;
+  }
   void SetMousePointer(controls::MousePointer pointer) override;
+  void Beep() override;
+  void CopyToClipboard(const std::string& text) override;
   void Breathe() override;
   controls::Twips TextWidth(std::string_view text) const override;
   controls::Twips LineHeight() const override;
@@ -41,6 +46,8 @@ class WinScreen : public controls::Screen {
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
 
+  /// The form that a window is of; null for any other window.
+  const controls::Form* FormOf(HWND window) const;
   /// The form's window; null before it was first shown and after it was unloaded.
   HWND WindowOf(const controls::Form& form) const;
   /// The control's window; null where its form has no window.

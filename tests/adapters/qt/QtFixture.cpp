@@ -2,9 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <algorithm>
@@ -14,6 +12,7 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "screens/GridPane.h"
+#include "support/AllControls.h"
 
 namespace contract {
 
@@ -139,13 +138,13 @@ void ScreenTest::CloseWindow() {
   adapter->screen.WindowOf(form)->close();
 }
 
-void ScreenTest::AcceptMessage(std::string& words) {
-  Later([&words] {
-    QWidget* dialog = QApplication::activeModalWidget();
-    ASSERT_NE(dialog, nullptr);
-    words = ToUtf8(dialog->findChild<QLabel*>("technical")->text());
-    dialog->findChild<QPushButton*>()->click();
-  });
+const controls::Form& ScreenTest::ActiveForm() {
+  QWidget* const window = QApplication::activeModalWidget();
+  const controls::Form* const shown = adapter->screen.FormOf(window);
+  if (!shown) throw std::logic_error("no form takes input");
+  // Qt takes a window over the active one for active, too.
+  EXPECT_TRUE(QTest::qWaitFor([window] { return QApplication::activeWindow() == window; }));
+  return *shown;
 }
 
 void ScreenTest::Later(std::function<void()> action) {
@@ -222,17 +221,15 @@ void QtTest::OnModalWindow(std::function<void(QWidget&)> action) {
   });
 }
 
-std::shared_ptr<const std::string> QtTest::AnswerDialog(const QString& caption) {
+std::shared_ptr<const std::string> QtTest::AnswerDialog() {
   auto texts = std::make_shared<std::string>();
-  OnModalWindow([=](QWidget& window) {
-    *texts = ToUtf8(window.windowTitle()) + "\n";
-    for (const QLabel* label : window.findChildren<QLabel*>()) {
-      *texts += ToUtf8(label->text()) + "\n";
+  OnMessage([this, texts](const controls::Form& message) {
+    *texts = message.Caption() + "\n";
+    for (controls::Control* control : support::AllControls(message)) {
+      const auto* label = dynamic_cast<const controls::Label*>(control);
+      if (label) *texts += label->Caption() + "\n";
     }
-    for (QPushButton* button : window.findChildren<QPushButton*>()) {
-      if (button->text() == caption) return button->click();
-    }
-    window.close();
+    Click(*message.FindControl("cmdYes"));
   });
   return texts;
 }

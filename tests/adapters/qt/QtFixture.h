@@ -18,10 +18,9 @@ class QtTest : public contract::ScreenTest {
  protected:
   /// Runs `action` on the modal window that comes up next.
   void OnModalWindow(std::function<void(QWidget&)> action);
-  /// Presses the button with this caption in the modal window that comes up next, or closes it
-  /// where there is no such button. Returns the window's title and all its texts, a line each, once
+  /// Accepts the message that comes up next. Returns its title and all its texts, a line each, once
   /// it came.
-  std::shared_ptr<const std::string> AnswerDialog(const QString& caption = "تأييد");
+  std::shared_ptr<const std::string> AnswerDialog();
 };
 
 /// With the embedded database of a small sample office.

@@ -13,11 +13,13 @@
 #include "adapters/qt/ReportPreview.h"
 #include "adapters/qt/RtlTables.h"
 #include "platform/RuntimeError.h"
+#include "support/ErrorNumber.h"
 
 namespace adapters::qt {
 namespace {
 
 using platform::ReportOutput;
+using support::NumberOf;
 using testing::HasSubstr;
 
 /// Ten tables of 200 rows, numbered from C1C, for the program 1.

@@ -5,74 +5,19 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
-#include "adapters/qt/Components.h"
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/QtFixture.h"
+#include "screens/ProgressForm.h"
+#include "support/ErrorNumber.h"
 
 namespace adapters::qt {
 namespace {
 
-using platform::AutomationValue;
-
-class ServicesTest : public QtTest, platform::ConnectionFactory {
- protected:
-  /// Messages need no database.
-  std::unique_ptr<platform::Connection> Create(const std::string& /*text*/) override {
-    return nullptr;
-  }
-  platform::ConnectionFactory& connections = *this;
-};
-
-TEST_F(ServicesTest, Notice_Answered_TellsTheResult) {
-  const struct {
-    std::int32_t type;
-    QString button;  // none of this caption: the window is closed
-    std::int32_t result;
-  } kCases[] = {{1, "بله", 1}, {1, "خير", 0}, {1, "", 0}, {0, "تأييد", 1}};
-  for (const auto& each : kCases) {
-    auto notice = Components(connections).Create("comNotice.comNTC");
-    notice->Put("FormTitle", std::string("خطا"));
-    notice->Put("FormMessage", std::string("آیا مطمئن هستید؟"));
-    notice->Put("FormType", each.type);
-    notice->Put("FormBackColor", std::int32_t{14411760});
-    OnModalWindow([&](QWidget& window) {
-      EXPECT_EQ(window.grab().toImage().pixelColor(3, 3), QColor(240, 231, 219));
-    });
-    const auto shown = AnswerDialog(each.button);
-    notice->Call("ClearShow");
-    EXPECT_THAT(*shown, testing::StartsWith("خطا\n"));
-    EXPECT_THAT(*shown, testing::HasSubstr("آیا مطمئن هستید؟\n"));
-    EXPECT_EQ(notice->Get("Resualt"), AutomationValue(each.result));
-  }
-}
-
-TEST_F(ServicesTest, Question_AnsweredByKeys_SaysNoWhereSomethingWouldBeLost) {
-  const struct {
-    const char* title;
-    std::vector<Qt::Key> keys;
-    std::int32_t result;
-  } kCases[] = {{"پرسش", {Qt::Key_Return}, 1},
-                {"حذف", {Qt::Key_Return}, 0},
-                {"هشدار", {Qt::Key_Enter}, 0},
-                {"هشدار", {Qt::Key_Tab, Qt::Key_Return}, 1},
-                {"پرسش", {Qt::Key_Tab, Qt::Key_Space}, 0},
-                {"پرسش", {Qt::Key_Escape}, 0}};
-  for (const auto& each : kCases) {
-    auto notice = Components(connections).Create("comNotice.comNTC");
-    notice->Put("FormTitle", std::string(each.title));
-    notice->Put("FormType", std::int32_t{1});
-    OnModalWindow([&](QWidget& window) {
-      ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-      for (const Qt::Key key : each.keys) QTest::keyClick(QApplication::focusWidget(), key);
-    });
-    notice->Call("ClearShow");
-    EXPECT_EQ(notice->Get("Resualt"), AutomationValue(each.result)) << each.title;
-  }
-}
+using ServicesTest = QtTest;
+using support::NumberOf;
 
 TEST_F(ServicesTest, SaveDialog_OfAnExistingFile_BeginsThereAndAsksNothing) {
   QTemporaryDir folder;
@@ -90,16 +35,6 @@ TEST_F(ServicesTest, SaveDialog_OfAnExistingFile_BeginsThereAndAsksNothing) {
   }
 }
 
-TEST_F(ServicesTest, Components_UnknownNames_ThrowTheAutomationErrors) {
-  Components components(connections);
-  EXPECT_EQ(NumberOf([&] { components.Create("Excel.Application"); }), 429);
-  auto notice = components.Create("comNotice.comNTC");
-  EXPECT_EQ(NumberOf([&] { notice->Put("FormColour", std::int32_t{1}); }), 438);
-  EXPECT_EQ(NumberOf([&] { notice->Get("Result"); }), 438);
-  EXPECT_EQ(NumberOf([&] { notice->Call("Show"); }), 438);
-  EXPECT_EQ(NumberOf([&] { notice->Put("FormType", std::string("one")); }), 13);
-}
-
 TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(QtFilter("Text (*.txt)|*.txt|All|*.*"), "Text (*.txt);;All (*.*)");
   EXPECT_EQ(QtFilter("Tables|*.csv;*.tsv"), "Tables (*.csv *.tsv)");
@@ -108,23 +43,25 @@ TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(NumberOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }), 53);
 }
 
-TEST_F(ServicesTest, Progress_LongWorkCancelled_SaysStop) {
-  QtProgress progress;
-  progress.Begin("انتقال به اكسل", 100'000);
-  EXPECT_TRUE(progress.Advance(10));
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "short work shows nothing";
-  QTest::qSleep(750);
-  const QWidget* modal = nullptr;
-  QMetaObject::invokeMethod(
-      qApp, [&] { modal = QApplication::activeModalWidget(); }, Qt::QueuedConnection);
-  ASSERT_TRUE(progress.Advance(40));
-  EXPECT_NE(modal, nullptr) << "a click that waited would reach the form";
-  QWidget* bar = QApplication::activeModalWidget();
-  ASSERT_NE(bar, nullptr);
-  bar->findChild<QPushButton*>()->click();
-  EXPECT_FALSE(progress.Advance(41));
+TEST_F(ServicesTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
+  ShowForm();
+  form.txtName.SetFocus();
+  std::chrono::milliseconds now{0};
+  screens::ProgressForm progress(screen, [&now] { return now; });
+  progress.Begin("انتقال", 10);
+  now += std::chrono::seconds(1);
+  ASSERT_TRUE(progress.Advance(1));
+  EXPECT_EQ(&ActiveForm(), &progress);
+  Later([&] {
+    QTest::keyClick(adapter->screen.WindowOf(form)->windowHandle(), 'x');
+    Click(progress.cmdStop);
+  });
+  now += std::chrono::seconds(1);
+  EXPECT_FALSE(progress.Advance(2));
   progress.End();
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  Settle();
+  EXPECT_EQ(form.txtName.Text(), "") << "what was typed meanwhile is dropped";
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 // What forms on Windows do beyond what every screen does.
 
-#include "adapters/windows/MessageComponent.h"
-#include "adapters/windows/ProgressWindow.h"
+#include "adapters/windows/AutomationDispatch.h"
 #include "adapters/windows/WinFixture.h"
 #include "contract/ScreenContract.h"
+#include "screens/MessageComponent.h"
+#include "screens/ProgressForm.h"
+#include "support/ErrorNumber.h"
 
 namespace adapters::windows {
 namespace {
@@ -11,6 +13,7 @@ namespace {
 using contract::Key;
 using contract::SampleForm;
 using controls::Modality;
+using support::NumberOf;
 
 TEST_F(WinScreenTest, ShowModal_Form_TakesTheInputOfTheOthersAndGivesItBack) {
   const HWND host = Of(adapter->host);
@@ -53,30 +56,22 @@ TEST_F(WinScreenTest, ModalForm_ProgramQuitsOrOwnerEnds_IsHidden) {
   EXPECT_FALSE(adapter->host.Visible());
 }
 
-TEST_F(WinScreenTest, MessageComponent_AskedByName_TellsTheAnswer) {
-  const Dispatch notice(MakeMessageComponent(adapter->guard));
-  notice.Put("FormMessage", "آيا ادامه ميدهيد؟");
-  notice.Put("FormType", 1);
-  const struct {
-    const char* title;
-    std::vector<WPARAM> keys;
-    std::int32_t answer;
-  } kCases[] = {{"پرسش", {VK_RETURN}, 1},         {"پرسش", {'N'}, 0},
-                {"پرسش", {VK_ESCAPE}, 0},         {"پرسش", {VK_TAB, VK_RETURN}, 0},
-                {"حذف", {VK_RETURN}, 0},          {"هشدار", {VK_RETURN}, 0},
-                {"هشدار", {VK_TAB, VK_RETURN}, 1}};
-  for (const auto& each : kCases) {
-    notice.Put("FormTitle", each.title);
-    OnMessageDialog([&](HWND) {
-      for (const WPARAM key : each.keys) SendMessageW(GetFocus(), WM_KEYDOWN, key, 0);
-    });
-    notice.Call("ClearShow");
-    EXPECT_EQ(notice.Property("Resualt").Number(), each.answer) << each.title;
-  }
-  OnMessageDialog([](HWND dialog) { SendMessageW(dialog, WM_CLOSE, 0, 0); });
+TEST_F(WinScreenTest, Component_AsAnObjectOfCom_IsReachedByNamesOfAnyCase) {
+  using screens::MessageComponent;
+  const Dispatch notice(MakeDispatch(std::make_unique<MessageComponent>(screen),
+                                     MessageComponent::kMembers, MessageComponent::kProgId));
+  notice.Put("formmessage", "آيا ادامه ميدهيد؟");
+  notice.Put("FORMTYPE", 1);
+  OnMessage([&](const controls::Form& message) {
+    EXPECT_EQ(dynamic_cast<controls::Label&>(*message.FindControl("lblMessage")).Caption(),
+              "آيا ادامه ميدهيد؟");
+    Press({Key::kEnter});
+  });
   notice.Call("ClearShow");
-  EXPECT_EQ(notice.Property("Resualt").Number(), 0);
+  EXPECT_EQ(notice.Property("Resualt").Number(), 1);
+  EXPECT_EQ(NumberOf([&] { notice.Call("Resualt"); }), 438);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormTpye", 1); }), 438);
+  EXPECT_EQ(NumberOf([&] { notice.Put("Resualt", 1); }), 438);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormType", "x"); }), 13);
 }
 
@@ -84,16 +79,17 @@ TEST_F(WinScreenTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
   ShowForm();
   form.txtName.SetFocus();
   const HWND box = GetFocus();
-  ProgressWindow progress(adapter->guard, adapter->theme);
+  std::chrono::milliseconds now{0};
+  screens::ProgressForm progress(screen, [&now] { return now; });
   progress.Begin("انتقال", 10);
-  EXPECT_TRUE(progress.Advance(1)) << "nothing to see yet";
-  EXPECT_TRUE(IsWindowEnabled(Of(form)));
-  while (IsWindowEnabled(Of(form))) ASSERT_TRUE(progress.Advance(2));
-  EXPECT_EQ(NameOf(GetActiveWindow(), kFormProperty), "ProgressWindow");
+  now += std::chrono::seconds(1);
+  ASSERT_TRUE(progress.Advance(2));
+  EXPECT_FALSE(IsWindowEnabled(Of(form)));
+  EXPECT_EQ(&ActiveForm(), &progress);
   PostMessageW(box, WM_CHAR, L'x', 0);
   PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
-  while (progress.Advance(3)) {
-  }
+  now += std::chrono::seconds(1);
+  EXPECT_FALSE(progress.Advance(3));
   progress.End();
   EXPECT_TRUE(IsWindowEnabled(Of(form)));
   EXPECT_EQ(GetFocus(), box);

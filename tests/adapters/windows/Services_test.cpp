@@ -18,6 +18,7 @@
 #include "adapters/windows/WinReports.h"
 #include "contract/FileContract.h"
 #include "demo/SampleOffice.h"
+#include "support/ErrorNumber.h"
 
 std::unique_ptr<platform::FileSystem> contract::MakeFileSystem() {
   return std::make_unique<adapters::windows::ScriptingFileSystem>();
@@ -28,18 +29,9 @@ namespace {
 
 namespace fs = std::filesystem;
 using platform::AutomationValue;
+using support::NumberOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-template <typename Action>
-std::int32_t NumberOf(Action action) {
-  try {
-    action();
-  } catch (const platform::RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 std::string Bytes(const fs::path& path) {
   std::ostringstream bytes;

@@ -141,13 +141,10 @@ void ScreenTest::CloseWindow() {
   SendMessageW(adapter->screen.WindowOf(form), WM_CLOSE, 0, 0);
 }
 
-void ScreenTest::AcceptMessage(std::string& words) {
-  Later([&words] {
-    const HWND dialog = GetActiveWindow();
-    ASSERT_EQ(NameOf(dialog, kFormProperty), "MessageDialog");
-    words = Utf8(TextOf(FindWindowExW(dialog, nullptr, L"EDIT", nullptr)));
-    SendMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
-  });
+const controls::Form& ScreenTest::ActiveForm() {
+  const controls::Form* const shown = adapter->screen.FormOf(GetActiveWindow());
+  if (shown == nullptr) throw std::logic_error("no form takes input");
+  return *shown;
 }
 
 void ScreenTest::Later(std::function<void()> action) {

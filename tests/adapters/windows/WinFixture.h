@@ -64,13 +64,6 @@ class WinScreenTest : public contract::ScreenTest {
  protected:
   HWND Of(const controls::Control& control) const { return adapter->screen.WindowOf(control); }
   HWND Of(const controls::Form& shown) const { return adapter->screen.WindowOf(shown); }
-  /// Runs `action` on the message that comes up next.
-  void OnMessageDialog(std::function<void(HWND)> action) {
-    Later([action = std::move(action)] {
-      ASSERT_EQ(NameOf(GetActiveWindow(), kFormProperty), "MessageDialog");
-      action(GetActiveWindow());
-    });
-  }
 };
 
 }  // namespace adapters::windows

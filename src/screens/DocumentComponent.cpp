@@ -1,21 +1,18 @@
-#include "adapters/qt/DocumentViewer.h"
+#include "screens/DocumentComponent.h"
 
 #include <optional>
 
-#include "adapters/qt/Automation.h"
-#include "adapters/qt/Convert.h"
-#include "adapters/qt/DocumentWindow.h"
-#include "adapters/qt/ErrorGuard.h"
-#include "adapters/qt/MessageDialog.h"
 #include "platform/RuntimeError.h"
+#include "screens/AutomationValues.h"
+#include "screens/DocumentForm.h"
+#include "screens/MessageForm.h"
 
-namespace adapters::qt {
-
-namespace {
+namespace screens {
 
 using platform::AutomationValue;
 
-constexpr const char* kName = "comVoucherView.comVoucherView1";
+namespace {
+
 constexpr std::int32_t kWrongNumberOfArguments = 450;
 
 /// Nothing when there is no such document.
@@ -25,9 +22,9 @@ std::optional<AccountingDocument> Read(platform::Connection& connection, std::in
       "Select Code, FarsiDocumentDate, Description from tblAccountDocument Where ID=" + id);
   if (head.RowCount() == 0) return std::nullopt;
   AccountingDocument document;
-  document.code = ToQString(head.Text(0, 0));
-  document.date = ToQString(head.Text(0, 1));
-  document.description = ToQString(head.Text(0, 2));
+  document.code = head.Text(0, 0);
+  document.date = head.Text(0, 1);
+  document.description = head.Text(0, 2);
 
   const platform::RowSet lines = connection.Execute(
       "Select d.RowNumber, a.Code, a.Name, b.Name as Branch, d.Description, d.Debit, d.Credit"
@@ -39,7 +36,7 @@ std::optional<AccountingDocument> Read(platform::Connection& connection, std::in
   for (std::size_t row = 0; row < lines.RowCount(); ++row) {
     AccountingDocument::Line line;
     for (std::size_t column = 0; column < line.size(); ++column) {
-      line[column] = ToQString(lines.Text(row, column));
+      line[column] = lines.Text(row, column);
     }
     document.lines.push_back(std::move(line));
   }
@@ -50,55 +47,53 @@ std::optional<AccountingDocument> Read(platform::Connection& connection, std::in
       " Where DocumentID=" +
       id);
   if (sums.RowCount() > 0) {
-    document.debit = ToQString(sums.Text(0, 0));
-    document.credit = ToQString(sums.Text(0, 1));
+    document.debit = sums.Text(0, 0);
+    document.credit = sums.Text(0, 1);
   }
   return document;
 }
 
-void ShowNone() {
-  MessageDialog::Content content;
-  content.title = QStringLiteral("سند حسابداري");
-  content.message = QStringLiteral("هنوز سند حسابداري براي اين فرم ثبت نشده است.");
-  MessageDialog(content).Run();
-}
-
 }  // namespace
 
-void DocumentViewer::Put(std::string_view member, const AutomationValue& value) {
+void DocumentComponent::Put(std::string_view member, const AutomationValue& value) {
   if (member == "OLEConnectionString") {
-    connectionString_ = ToUtf8(AsText(value));
+    connectionString_ = AsText(value);
   } else if (member == "UserID" || member == "PositionID") {
     // Who may look was settled by the caller, and everybody sees the same.
-    static_cast<void>(AsNumber(value, kName));
+    static_cast<void>(AsNumber(value, kProgId));
   } else {
-    ThrowNoSuchMember(kName);
+    ThrowNoSuchMember(kProgId);
   }
 }
 
-AutomationValue DocumentViewer::Get(std::string_view /*member*/) {
-  ThrowNoSuchMember(kName);
+AutomationValue DocumentComponent::Get(std::string_view /*member*/) {
+  ThrowNoSuchMember(kProgId);
 }
 
-AutomationValue DocumentViewer::Call(std::string_view member,
-                                     std::span<const AutomationValue> arguments) {
-  if (member != "View") ThrowNoSuchMember(kName);
+AutomationValue DocumentComponent::Call(std::string_view member,
+                                        std::span<const AutomationValue> arguments) {
+  if (member != "View") ThrowNoSuchMember(kProgId);
   if (arguments.size() != 1) {
-    throw platform::RuntimeError(kWrongNumberOfArguments, "Wrong number of arguments", kName);
+    throw platform::RuntimeError(kWrongNumberOfArguments, "Wrong number of arguments",
+                                 std::string(kProgId));
   }
-  const std::int32_t documentId = AsNumber(arguments.front(), kName);
-  ErrorGuard().Run([&] { View(documentId); });
+  const std::int32_t documentId = AsNumber(arguments.front(), kProgId);
+  guard_.Run([&] { View(documentId); });
   return {};
 }
 
-void DocumentViewer::View(std::int32_t documentId) {
+void DocumentComponent::View(std::int32_t documentId) {
   std::optional<AccountingDocument> document;
   if (documentId > 0) document = Read(*connections_.Create(connectionString_), documentId);
   if (document) {
-    DocumentWindow(*document).Run();
-  } else {
-    ShowNone();
+    DocumentForm(screen_, *document).Run();
+    return;
   }
+  MessageForm(screen_, {.title = "سند حسابداري",
+                        .text = "هنوز سند حسابداري براي اين فرم ثبت نشده است.",
+                        .technical = {},
+                        .kind = MessageKind::kInformation})
+      .Ask();
 }
 
-}  // namespace adapters::qt
+}  // namespace screens
