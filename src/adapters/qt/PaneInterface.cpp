@@ -102,6 +102,7 @@ QAccessibleInterface* PaneInterface::child(int index) const {
 }
 
 int PaneInterface::indexOfChild(const QAccessibleInterface* child) const {
+  if (child == nullptr) return -1;
   const QList<QWidget*> widgets = Widgets();
   if (const auto* part = dynamic_cast<const PartInterface*>(child)) {
     return part->parent() == this ? static_cast<int>(widgets.size()) + part->Part() : -1;
