@@ -89,6 +89,7 @@ void Container::MakeWindow() {
   WNDCLASSW windowClass{};
   windowClass.lpfnWndProc = &Container::Procedure;
   windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.hIcon = LoadIconW(windowClass.hInstance, MAKEINTRESOURCEW(1));
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
   windowClass.lpszClassName = L"PromoterContainer";

@@ -32,10 +32,10 @@ void FormMain::PlaceControls() {
 
   // The two long captions fit at the least width too.
   const auto longer = [this](const controls::Button* button) -> Twips {
-    if (button == &cmdBackToTemp) return 285;
-    return button == &cmdViewAccountDoc ? 135 : 0;
+    if (button == &cmdBackToTemp) return 525;
+    return button == &cmdViewAccountDoc ? 255 : 0;
   };
-  const Twips share = (kWidth - 2 * kMargin + kGap - 285 - 135) / 10;
+  const Twips share = (kWidth - 2 * kMargin + kGap - 525 - 255) / 10;
   Twips edge = kWidth - kMargin + kGap;
   int place = 0;
   for (controls::Button* button :

@@ -80,12 +80,18 @@ void FieldPane::PaintSign(Surface& surface) const {
 void FieldPane::Pointer(const PointerEvent& event) {
   const bool onButton =
       event.action != PointerEvent::Action::kLeave && ButtonPlace().Contains(event.place);
-  if (std::exchange(hovered_, onButton) != onButton) Host().Repaint(ButtonPlace());
   const bool left = event.button == MouseButton::kLeft;
-  if (event.action != PointerEvent::Action::kPress || !left || !Host().Enabled()) return;
+  const bool pressed = event.action == PointerEvent::Action::kPress && left && Host().Enabled();
+  // What opens takes the mouse, and nobody tells when the pointer leaves.
+  Hover(onButton && !pressed);
+  if (!pressed) return;
   if (!onButton) return PressInside();
   Host().TakeFocus();
   Toggle();
+}
+
+void FieldPane::Hover(bool hovered) {
+  if (std::exchange(hovered_, hovered) != hovered) Host().Repaint(ButtonPlace());
 }
 
 bool FieldPane::PressKey(const KeyEvent& event) {

@@ -16,6 +16,7 @@ class FieldPane : public ControlPane {
   void Resized(Size size) override;
   void Paint(Surface& surface, const Rect& dirty) const override;
   void Pointer(const PointerEvent& event) override;
+  void PointerLost() override { Hover(false); }
   bool PressKey(const KeyEvent& event) override;
 
  protected:
@@ -38,6 +39,7 @@ class FieldPane : public ControlPane {
 
  private:
   Rect ButtonPlace() const;
+  void Hover(bool hovered);
   void PaintSign(Surface& surface) const;
 
   Sign sign_;

@@ -34,9 +34,10 @@ QString LetterOf(const QKeyEvent& event) {
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
     : form_(&form), surroundings_(surroundings) {
   setObjectName(ToQString(form.Name()));
+  const bool sizable = form.BorderStyle() == Form::Border::kSizable;
   Qt::WindowFlags flags =
-      Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
-  if (form.BorderStyle() == Form::Border::kSizable) flags |= Qt::WindowMinMaxButtonsHint;
+      Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  flags |= sizable ? Qt::Window | Qt::WindowMinMaxButtonsHint : Qt::Dialog;
   setWindowFlags(flags);
   MakeWidgets(form, *this);
   Refresh({Aspect::kText});

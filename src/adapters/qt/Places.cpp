@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 
 #include "adapters/qt/Convert.h"
 
@@ -39,14 +40,16 @@ void KeepPlace(const QWidget& window, screens::PlaceStore& store) {
 bool TakePlace(QWidget& window, const screens::PlaceStore& store) {
   if (!CanBeSized(window)) return false;
   std::vector<screens::Rect> areas;
+  // The frame's size is known only once the window is up: its title, above the place, is to be
+  // within reach.
+  const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
   for (const QScreen* screen : QGuiApplication::screens()) {
-    const QRect area = screen->availableGeometry();
+    const QRect area = screen->availableGeometry().adjusted(0, title, 0, 0);
     areas.push_back(ToRect(area.topLeft(), area.size()));
   }
   const auto taken = screens::PlaceOnDesk(store.Read(ToUtf8(window.objectName())), areas);
   if (!taken) return false;
   const screens::Rect& place = taken->place;
-  // Without the frame, whose size nobody knows before the window is up.
   window.setGeometry(place.left, place.top, place.Width(), place.Height());
   if (taken->maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
   return true;

@@ -19,8 +19,7 @@ using controls::Form;
 namespace {
 
 // Not mirrored (WS_EX_LAYOUTRTL): the forms place their controls from the left themselves.
-constexpr DWORD kExtendedStyle =
-    WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME;
+constexpr DWORD kExtendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT;
 constexpr DWORD kFixedStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
 constexpr DWORD kSizableStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME |
                                 WS_MINIMIZEBOX | WS_MAXIMIZEBOX | WS_CLIPCHILDREN;
@@ -48,8 +47,9 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
       form_(&form),
       look_(surroundings.theme.GetScale()),
       surroundings_{surroundings.guard, surroundings.clock, look_} {
-  Create({.style = form.BorderStyle() == Form::Border::kSizable ? kSizableStyle : kFixedStyle,
-          .extendedStyle = kExtendedStyle,
+  const bool sizable = form.BorderStyle() == Form::Border::kSizable;
+  Create({.style = sizable ? kSizableStyle : kFixedStyle,
+          .extendedStyle = kExtendedStyle | (sizable ? 0U : WS_EX_DLGMODALFRAME),
           .parent = owner});
   SetName(kFormProperty, form.Name());
   Refresh({Aspect::kText});

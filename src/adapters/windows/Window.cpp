@@ -13,6 +13,7 @@ namespace adapters::windows {
 
 namespace {
 
+constexpr int kIcon = 1;
 constexpr wchar_t kClassName[] = L"PromoterWindow";
 constexpr wchar_t kObjectProperty[] = L"PromoterObject";
 
@@ -27,6 +28,8 @@ class WindowClass {
     description.lpfnWndProc = procedure;
     description.hInstance = Window::Instance();
     description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+    // Of the library or program that this is linked into; the system's where it has none.
+    description.hIcon = LoadIconW(Window::Instance(), MAKEINTRESOURCEW(kIcon));
     description.lpszClassName = kClassName;
     RegisterClassExW(&description);
   }
