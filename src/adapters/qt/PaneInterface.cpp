@@ -1,6 +1,6 @@
 #include "adapters/qt/PaneInterface.h"
 
-#include <QTimer>
+#include <QCoreApplication>
 
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/PaneField.h"
@@ -60,10 +60,7 @@ QRect PaneInterface::OnScreen(const screens::Rect& place) const {
 }
 
 void PaneInterface::Act(int part) {
-  PaneView* const view = View();
-  if (view == nullptr) return;
-  QTimer::singleShot(0, view,
-                     [view, part] { view->Call([part](screens::Pane& pane) { pane.Act(part); }); });
+  if (View() != nullptr) QCoreApplication::postEvent(View(), new ActEvent(part));
 }
 
 QList<QWidget*> PaneInterface::Widgets() const {
