@@ -97,7 +97,7 @@ std::vector<Node> ChildrenOf(const Node& node) {
 
 std::string WordFor(LONG role) {
   switch (role) {
-    case ROLE_SYSTEM_CLIENT:
+    case ROLE_SYSTEM_DIALOG:
       return "window";
     case ROLE_SYSTEM_GROUPING:
       return "group";
