@@ -50,9 +50,10 @@ Control* Target(Control& control) {
 void CollectTargets(const Container& container, std::string_view typed,
                     std::vector<Control*>& targets) {
   for (Control* control : container.Controls()) {
+    if (!control->Reachable()) continue;
     if (const auto* inner = dynamic_cast<const Container*>(control)) {
       CollectTargets(*inner, typed, targets);
-    } else if (control->Reachable() && Matches(*control, typed)) {
+    } else if (Matches(*control, typed)) {
       Control* const target = Target(*control);
       if (target != nullptr && TakesKeyboard(*target)) targets.push_back(target);
     }

@@ -183,18 +183,21 @@ def strike(key, alt):
         pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_UNLOCKMODIFIERS)
 
 
-def check_keys():
-    told = []
+class Listener:
+    """Where the keyboard was told to be."""
 
-    def hear_focus(event):
+    def __init__(self):
+        self.told = []
+        pyatspi.Registry.registerEventListener(self.hear, "object:state-changed:focused")
+
+    def hear(self, event):
         if event.detail1:
-            told.append((event.source.getRoleName(), event.source.name))
+            self.told.append((event.source.getRoleName(), event.source.name))
 
-    pyatspi.Registry.registerEventListener(hear_focus, "object:state-changed:focused")
-    for key, alt, role, name in KEYS:
-        told.clear()
-        strike(key, alt)
-        wait_for(lambda: f"{role} «{name}» but {told}", lambda: told[-1:] == [(role, name)])
+    def expect(self, role, name):
+        wait_for(lambda: f"{role} «{name}» but {self.told}",
+                 lambda: self.told[-1:] == [(role, name)])
+        self.told.clear()
 
 
 def window_of(program, title):
@@ -207,20 +210,25 @@ def window_of(program, title):
 
 
 def hear(program):
+    listener = Listener()
     editor = wait_for("editor", lambda: window_of(program, "برنامه بازارياب"))
     visits = wait_for("visits", lambda: named(editor, pyatspi.ROLE_TABLE, "ويزيت ها"))
     wait_for("rows of visits", lambda: visits.queryTable().nRows > 0)
     press(visits.queryTable().getAccessibleAt(0, 1))
     form = wait_for("batch form", lambda: window_of(program, "افزودن ويزيت"))
     promoter = field_of(form, "بازارياب")
+    listener.expect("text", "بازارياب")
     enter_date(form, "از تاريخ", "1404/09/01", promoter)
     enter_date(form, "تا تاريخ", "1404/09/05", promoter)
     regions = named(form, pyatspi.ROLE_TABLE, "مناطق").queryTable()
     press(regions.getAccessibleAt(0, 0))
     paths = named(form, pyatspi.ROLE_TABLE, "مسيرها").queryTable()
     wait_for("paths of the marked region", lambda: paths.nRows > 0)
+    listener.expect("table cell", "معالي آباد")
     heard = list(lines_of(form))
-    check_keys()
+    for key, alt, role, name in KEYS:
+        strike(key, alt)
+        listener.expect(role, name)
     return heard
 
 

@@ -63,6 +63,7 @@ TEST_F(KeysTest, EveryCaptionedControlThatTakesKeys_HasALetterOfItsCaptionToItse
   for (const controls::Form* form : Forms()) {
     std::set<std::string> letters;
     for (const controls::Control* control : support::AllControls(*form)) {
+      const std::string& letter = control->AccessKey();
       std::string caption;
       if (const auto* label = dynamic_cast<const controls::Label*>(control)) {
         const bool reached = label->Named() != nullptr && label->Named()->TabIndex() >= 0;
@@ -74,7 +75,6 @@ TEST_F(KeysTest, EveryCaptionedControlThatTakesKeys_HasALetterOfItsCaptionToItse
           caption = button->Caption();
         }
       }
-      const std::string& letter = control->AccessKey();
       EXPECT_EQ(caption.empty(), letter.empty()) << form->Name() << "." << control->Name();
       if (letter.empty()) continue;
       EXPECT_TRUE(screens::AccessKeySpan(caption, letter)) << caption << " without " << letter;

@@ -1,5 +1,7 @@
 #include "adapters/qt/PaneInterface.h"
 
+#include <QCoreApplication>
+
 #include "adapters/qt/Convert.h"
 #include "adapters/qt/PaneField.h"
 #include "adapters/qt/PartInterface.h"
@@ -58,11 +60,7 @@ QRect PaneInterface::OnScreen(const screens::Rect& place) const {
 }
 
 void PaneInterface::Act(int part) {
-  PaneView* const view = View();
-  if (view == nullptr) return;
-  QMetaObject::invokeMethod(
-      view, [view, part] { view->Call([part](screens::Pane& pane) { pane.Act(part); }); },
-      Qt::QueuedConnection);
+  if (View() != nullptr) QCoreApplication::postEvent(View(), new ActEvent(part));
 }
 
 QList<QWidget*> PaneInterface::Widgets() const {
@@ -101,6 +99,7 @@ QAccessibleInterface* PaneInterface::child(int index) const {
 }
 
 int PaneInterface::indexOfChild(const QAccessibleInterface* child) const {
+  if (child == nullptr) return -1;
   const QList<QWidget*> widgets = Widgets();
   if (const auto* part = dynamic_cast<const PartInterface*>(child)) {
     return part->parent() == this ? static_cast<int>(widgets.size()) + part->Part() : -1;

@@ -12,6 +12,7 @@ namespace adapters::qt {
 class PaneInterface : public QAccessibleWidget {
  public:
   explicit PaneInterface(PaneView& view);
+  ~PaneInterface() override;
 
   /// Null while the widget ends.
   PaneView* View() const;
@@ -40,9 +41,6 @@ class PaneInterface : public QAccessibleWidget {
   QString localizedActionDescription(const QString& name) const override;
   void doAction(const QString& name) override;
   QStringList keyBindingsForAction(const QString& name) const override;
-
- protected:
-  ~PaneInterface() override;
 
  private:
   class Table : public QAccessibleTableInterface {

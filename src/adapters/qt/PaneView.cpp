@@ -34,6 +34,8 @@ PaneView::PaneView(const Surroundings& surroundings, QWidget* parent)
 PaneView::~PaneView() {
   // Its popups and timers are this one's.
   pane_.reset();
+  // While this is still what the field tells that it loses the keyboard.
+  delete field_;
 }
 
 void PaneView::SetFramed() {
@@ -238,6 +240,11 @@ bool PaneView::PressKey(const QKeyEvent& event) {
 }
 
 bool PaneView::event(QEvent* event) {
+  if (event->type() == ActEvent::kType) {
+    const int part = static_cast<ActEvent*>(event)->Part();
+    Call([part](screens::Pane& pane) { pane.Act(part); });
+    return true;
+  }
   if (event->type() == QEvent::Paint) {  // of the window around the viewport
     if (frameStyle() != QFrame::NoFrame) PaintFrame();
     return true;

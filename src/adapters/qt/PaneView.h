@@ -2,6 +2,7 @@
 
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
+#include <QEvent>
 #include <memory>
 
 #include "adapters/qt/Surroundings.h"
@@ -12,6 +13,17 @@ class QHelpEvent;
 namespace adapters::qt {
 
 class PaneField;
+
+/// A screen reader did what a part (-1: the pane) is for.
+class ActEvent : public QEvent {
+ public:
+  static constexpr auto kType = static_cast<Type>(User + 1);
+  explicit ActEvent(int part) : QEvent(kType), part_(part) {}
+  int Part() const { return part_; }
+
+ private:
+  int part_;
+};
 
 /// A window for a pane: hands events on and does what the pane asks for. One that scrolls has a
 /// thin frame, which shows the focus, and scroll bars. The pane counts device pixels, Qt does not

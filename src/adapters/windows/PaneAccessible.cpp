@@ -89,6 +89,12 @@ std::vector<HWND> PanesOn(HWND window) {
   return panes;
 }
 
+/// A form that others wait for: readers read all of it out.
+bool IsDialog(HWND form) {
+  const HWND owner = GetWindow(form, GW_OWNER);
+  return owner != nullptr && !IsWindowEnabled(owner);
+}
+
 VARIANT Number(LONG number) {
   VARIANT value{};
   value.vt = VT_I4;
@@ -174,7 +180,8 @@ class WindowAccessible final : public ComObject<IAccessible> {
   }
   HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* role) override {
     return On(child, [&](const Accessible& told) {
-      *role = Number(RoleOf(told));
+      *role = Number(PaneOf(window_) == nullptr && IsDialog(window_) ? ROLE_SYSTEM_DIALOG
+                                                                     : RoleOf(told));
       return S_OK;
     });
   }

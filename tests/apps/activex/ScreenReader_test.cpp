@@ -23,7 +23,7 @@ constexpr LONG kRowsTold = 3;  // of a table
 
 std::string WordFor(LONG role) {
   switch (role) {
-    case ROLE_SYSTEM_CLIENT:
+    case ROLE_SYSTEM_DIALOG:
       return "window";
     case ROLE_SYSTEM_GROUPING:
       return "group";
