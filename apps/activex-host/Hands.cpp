@@ -80,54 +80,17 @@ void Hold(const screens::Modifiers& held) {
   SetKeyboardState(keys.data());
 }
 
+/// Those that the day has a use for.
+constexpr std::pair<Key, WPARAM> kKeys[] = {
+    {Key::kSpace, VK_SPACE}, {Key::kEnter, VK_RETURN}, {Key::kEscape, VK_ESCAPE},
+    {Key::kUp, VK_UP},       {Key::kDown, VK_DOWN},    {Key::kLeft, VK_LEFT},
+    {Key::kHome, VK_HOME},   {Key::kEnd, VK_END},      {Key::kTab, VK_TAB},
+    {Key::kF4, VK_F4},       {Key::kF6, VK_F6},        {Key::kC, 'C'}};
+
 WPARAM VirtualKey(Key key) {
-  switch (key) {
-    case Key::kText:
-      break;
-    case Key::kSpace:
-      return VK_SPACE;
-    case Key::kEnter:
-      return VK_RETURN;
-    case Key::kEscape:
-      return VK_ESCAPE;
-    case Key::kBackspace:
-      return VK_BACK;
-    case Key::kInsert:
-      return VK_INSERT;
-    case Key::kUp:
-      return VK_UP;
-    case Key::kDown:
-      return VK_DOWN;
-    case Key::kLeft:
-      return VK_LEFT;
-    case Key::kRight:
-      return VK_RIGHT;
-    case Key::kPageUp:
-      return VK_PRIOR;
-    case Key::kPageDown:
-      return VK_NEXT;
-    case Key::kHome:
-      return VK_HOME;
-    case Key::kEnd:
-      return VK_END;
-    case Key::kTab:
-      return VK_TAB;
-    case Key::kF3:
-      return VK_F3;
-    case Key::kF4:
-      return VK_F4;
-    case Key::kF6:
-      return VK_F6;
-    case Key::kA:
-      return 'A';
-    case Key::kC:
-      return 'C';
-    case Key::kD:
-      return 'D';
-    case Key::kI:
-      return 'I';
-  }
-  return 0;
+  const auto* const found = std::ranges::find(kKeys, key, &std::pair<Key, WPARAM>::first);
+  if (found == std::end(kKeys)) throw Failure("this key is not at hand");
+  return found->second;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <oleacc.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
@@ -19,39 +20,18 @@ namespace {
 // What a library of that name exports is no identifier.
 const IID kAccessible = __uuidof(IAccessible);
 
+constexpr std::pair<LONG, Role> kRoles[] = {
+    {ROLE_SYSTEM_GROUPING, Role::kGroup},    {ROLE_SYSTEM_STATICTEXT, Role::kLabel},
+    {ROLE_SYSTEM_GRAPHIC, Role::kSign},      {ROLE_SYSTEM_TEXT, Role::kField},
+    {ROLE_SYSTEM_PUSHBUTTON, Role::kButton}, {ROLE_SYSTEM_CHECKBUTTON, Role::kCheckBox},
+    {ROLE_SYSTEM_COMBOBOX, Role::kComboBox}, {ROLE_SYSTEM_PROGRESSBAR, Role::kProgressBar},
+    {ROLE_SYSTEM_TABLE, Role::kTable},       {ROLE_SYSTEM_COLUMNHEADER, Role::kColumnHeading},
+    {ROLE_SYSTEM_CELL, Role::kCell},         {ROLE_SYSTEM_LIST, Role::kList},
+    {ROLE_SYSTEM_LISTITEM, Role::kListItem}, {ROLE_SYSTEM_ALERT, Role::kNote}};
+
 Role RoleOf(LONG role) {
-  switch (role) {
-    case ROLE_SYSTEM_GROUPING:
-      return Role::kGroup;
-    case ROLE_SYSTEM_STATICTEXT:
-      return Role::kLabel;
-    case ROLE_SYSTEM_GRAPHIC:
-      return Role::kSign;
-    case ROLE_SYSTEM_TEXT:
-      return Role::kField;
-    case ROLE_SYSTEM_PUSHBUTTON:
-      return Role::kButton;
-    case ROLE_SYSTEM_CHECKBUTTON:
-      return Role::kCheckBox;
-    case ROLE_SYSTEM_COMBOBOX:
-      return Role::kComboBox;
-    case ROLE_SYSTEM_PROGRESSBAR:
-      return Role::kProgressBar;
-    case ROLE_SYSTEM_TABLE:
-      return Role::kTable;
-    case ROLE_SYSTEM_COLUMNHEADER:
-      return Role::kColumnHeading;
-    case ROLE_SYSTEM_CELL:
-      return Role::kCell;
-    case ROLE_SYSTEM_LIST:
-      return Role::kList;
-    case ROLE_SYSTEM_LISTITEM:
-      return Role::kListItem;
-    case ROLE_SYSTEM_ALERT:
-      return Role::kNote;
-    default:
-      return Role::kNone;
-  }
+  const auto* const found = std::ranges::find(kRoles, role, &std::pair<LONG, Role>::first);
+  return found == std::end(kRoles) ? Role::kNone : found->second;
 }
 
 VARIANT Number(LONG number) {
@@ -123,7 +103,7 @@ class Thing : public tour::Thing {
   std::string Text(TextOf which) const {
     BSTR text = nullptr;
     (told_.Get()->*which)(Number(child_), &text);
-    const std::string told = text == nullptr ? "" : adapters::windows::Utf8(text);
+    const std::string told = adapters::windows::Utf8({text, SysStringLen(text)});
     SysFreeString(text);
     return told;
   }

@@ -11,6 +11,7 @@
 #include <QThread>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "Things.h"
 #include "adapters/qt/Convert.h"
@@ -62,54 +63,20 @@ bool Covers(const QWidget& window, const QPoint& place) {
   return window.rect().contains(window.mapFromGlobal(place));
 }
 
+/// Those that the day has a use for.
+constexpr std::pair<Key, Qt::Key> kKeys[] = {
+    {Key::kSpace, Qt::Key_Space}, {Key::kEnter, Qt::Key_Return}, {Key::kEscape, Qt::Key_Escape},
+    {Key::kUp, Qt::Key_Up},       {Key::kDown, Qt::Key_Down},    {Key::kLeft, Qt::Key_Left},
+    {Key::kHome, Qt::Key_Home},   {Key::kEnd, Qt::Key_End},      {Key::kTab, Qt::Key_Tab},
+    {Key::kF4, Qt::Key_F4},       {Key::kF6, Qt::Key_F6},        {Key::kC, Qt::Key_C}};
+
 Qt::Key QtKey(const screens::KeyEvent& stroke) {
-  switch (stroke.key) {
-    case Key::kText:
-      return static_cast<Qt::Key>(ToQString(stroke.text).toUpper().at(0).unicode());
-    case Key::kSpace:
-      return Qt::Key_Space;
-    case Key::kEnter:
-      return Qt::Key_Return;
-    case Key::kEscape:
-      return Qt::Key_Escape;
-    case Key::kBackspace:
-      return Qt::Key_Backspace;
-    case Key::kInsert:
-      return Qt::Key_Insert;
-    case Key::kUp:
-      return Qt::Key_Up;
-    case Key::kDown:
-      return Qt::Key_Down;
-    case Key::kLeft:
-      return Qt::Key_Left;
-    case Key::kRight:
-      return Qt::Key_Right;
-    case Key::kPageUp:
-      return Qt::Key_PageUp;
-    case Key::kPageDown:
-      return Qt::Key_PageDown;
-    case Key::kHome:
-      return Qt::Key_Home;
-    case Key::kEnd:
-      return Qt::Key_End;
-    case Key::kTab:
-      return Qt::Key_Tab;
-    case Key::kF3:
-      return Qt::Key_F3;
-    case Key::kF4:
-      return Qt::Key_F4;
-    case Key::kF6:
-      return Qt::Key_F6;
-    case Key::kA:
-      return Qt::Key_A;
-    case Key::kC:
-      return Qt::Key_C;
-    case Key::kD:
-      return Qt::Key_D;
-    case Key::kI:
-      return Qt::Key_I;
+  if (stroke.key == Key::kText) {
+    return static_cast<Qt::Key>(ToQString(stroke.text).toUpper().at(0).unicode());
   }
-  return Qt::Key_unknown;
+  const auto* const found = std::ranges::find(kKeys, stroke.key, &std::pair<Key, Qt::Key>::first);
+  if (found == std::end(kKeys)) throw Failure("this key is not at hand");
+  return found->second;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "Things.h"
 
 #include <QAccessible>
+#include <algorithm>
+#include <utility>
 
 #include "adapters/qt/Convert.h"
 
@@ -13,39 +15,19 @@ using ThingPtr = std::unique_ptr<tour::Thing>;
 
 namespace {
 
+constexpr std::pair<QAccessible::Role, Role> kRoles[] = {
+    {QAccessible::Grouping, Role::kGroup},    {QAccessible::StaticText, Role::kLabel},
+    {QAccessible::Graphic, Role::kSign},      {QAccessible::EditableText, Role::kField},
+    {QAccessible::Button, Role::kButton},     {QAccessible::CheckBox, Role::kCheckBox},
+    {QAccessible::ComboBox, Role::kComboBox}, {QAccessible::ProgressBar, Role::kProgressBar},
+    {QAccessible::Table, Role::kTable},       {QAccessible::ColumnHeader, Role::kColumnHeading},
+    {QAccessible::Cell, Role::kCell},         {QAccessible::List, Role::kList},
+    {QAccessible::ListItem, Role::kListItem}, {QAccessible::AlertMessage, Role::kNote}};
+
 Role RoleOf(QAccessible::Role role) {
-  switch (role) {
-    case QAccessible::Grouping:
-      return Role::kGroup;
-    case QAccessible::StaticText:
-      return Role::kLabel;
-    case QAccessible::Graphic:
-      return Role::kSign;
-    case QAccessible::EditableText:
-      return Role::kField;
-    case QAccessible::Button:
-      return Role::kButton;
-    case QAccessible::CheckBox:
-      return Role::kCheckBox;
-    case QAccessible::ComboBox:
-      return Role::kComboBox;
-    case QAccessible::ProgressBar:
-      return Role::kProgressBar;
-    case QAccessible::Table:
-      return Role::kTable;
-    case QAccessible::ColumnHeader:
-      return Role::kColumnHeading;
-    case QAccessible::Cell:
-      return Role::kCell;
-    case QAccessible::List:
-      return Role::kList;
-    case QAccessible::ListItem:
-      return Role::kListItem;
-    case QAccessible::AlertMessage:
-      return Role::kNote;
-    default:
-      return Role::kNone;
-  }
+  const auto* const found =
+      std::ranges::find(kRoles, role, &std::pair<QAccessible::Role, Role>::first);
+  return found == std::end(kRoles) ? Role::kNone : found->second;
 }
 
 class Thing : public tour::Thing {
