@@ -40,7 +40,7 @@ endfunction()
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
 promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids)
 target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp
-  ${PROJECT_SOURCE_DIR}/apps/activex-host/Windows.cpp adapters/windows/StandIn.cpp)
+  adapters/windows/StandIn.cpp)
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
@@ -52,7 +52,10 @@ add_dependencies(apps_activex_test promoter-activex)
 add_test(NAME late_bound COMMAND ${control_tests}/late-bound.sh ${PROJECT_SOURCE_DIR}
   ${CMAKE_BINARY_DIR}/wine/late_bound $<TARGET_FILE:promoter-activex>
   $<TARGET_FILE:promoter-activex-host>)
-# A planner's whole day through the control's windows, on a sample office of its own.
+# A planner's whole day in the control's windows, by mouse and by keys, on sample offices of its own.
 promoter_wine_test(tour COMMAND $<TARGET_FILE:promoter-activex-host>
   --tour Z:${CMAKE_BINARY_DIR}/tour)
+promoter_wine_test(tour-keys COMMAND $<TARGET_FILE:promoter-activex-host>
+  --tour Z:${CMAKE_BINARY_DIR}/tour-keys --keys)
+set_tests_properties(tour tour-keys PROPERTIES TIMEOUT 60)
 set_tests_properties(late_bound PROPERTIES TIMEOUT 300)

@@ -41,9 +41,11 @@ class Factory final : public adapters::windows::ComObject<IClassFactory> {
   std::span<const std::string_view> members_;
 };
 
-bool Installed(std::string_view progId) {
-  CLSID ignored;
-  return SUCCEEDED(CLSIDFromProgID(Wide(progId).c_str(), &ignored));
+/// The class of that name; a null one where there is none.
+CLSID Installed(std::string_view progId) {
+  CLSID found{};
+  CLSIDFromProgID(Wide(progId).c_str(), &found);
+  return found;
 }
 
 void Register(HKEY root, const std::wstring& name, const CLSID& id) {
@@ -68,11 +70,13 @@ StandIns::StandIns() {
 
 void StandIns::Add(std::string_view progId, std::span<const std::string_view> members,
                    const CLSID& id) {
-  if (Installed(progId)) return;
+  const CLSID installed = Installed(progId);
+  // Our own was left by a run that came to a sudden end.
+  if (installed != CLSID{} && installed != id) return;
   Registration& added = registrations_.emplace_back(
       Registration{HKEY_CURRENT_USER, L"Software\\Classes\\" + Wide(progId), 0});
   Register(added.root, added.key, id);
-  if (!Installed(progId)) {
+  if (Installed(progId) != id) {
     // Wine looks up classes in the machine's part of the registry only.
     RegDeleteTreeW(added.root, added.key.c_str());
     added.root = HKEY_LOCAL_MACHINE;

@@ -39,6 +39,7 @@ constexpr char kHelp[] =
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N at once; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
+  --keys             with --tour: play it by keys alone, without the mouse
   --make-office FILE make a sample office in FILE and end
   --help             this text
 )";
@@ -48,6 +49,7 @@ struct Options {
   std::int32_t user = 1;
   std::int32_t program = 0;
   std::string tourFolder;
+  bool tourByKeys = false;
   std::string newOffice;
   bool help = false;
   std::string mistake;  // a line for the user
@@ -65,6 +67,8 @@ Options Parse(const std::vector<std::string>& arguments) {
     const bool hasValue = i + 1 < arguments.size();
     if (option == "--help") {
       options.help = true;
+    } else if (option == "--keys") {
+      options.tourByKeys = true;
     } else if (!hasValue) {
       options.mistake = Quoted(option) + " is no option or wants a value; see --help.";
     } else if (option == "--connect") {
@@ -80,6 +84,9 @@ Options Parse(const std::vector<std::string>& arguments) {
     } else {
       options.mistake = Quoted(option) + " is no option; see --help.";
     }
+  }
+  if (options.tourByKeys && options.tourFolder.empty() && options.mistake.empty()) {
+    options.mistake = "--keys wants --tour.";
   }
   return options;
 }
@@ -148,7 +155,9 @@ int Run(const Options& options) {
   activexhost::Container& container = containers.front();
   std::optional<activexhost::Tour> tour;
   if (touring) {
-    tour.emplace(tourFolder, [&](std::int32_t program) { container.View(program); });
+    tour.emplace(
+        options.tourByKeys ? tour::Play::kKeys : tour::Play::kMouse,
+        [&](std::int32_t program) { container.View(program); }, tourFolder);
     tour->Start();
   }
   if (options.program > 0) {

@@ -63,6 +63,7 @@ void CheckTogether(const Options& options) {
   if (replay && options.connect.empty() && options.database.empty()) {
     throw UsageError("--replay wants --connect or --database, which say where to.");
   }
+  if (options.tourByKeys && !tour) throw UsageError("--keys wants --tour.");
   if (options.loadSample + replay + tour > 1) {
     throw UsageError("--load-sample, --replay and --tour exclude each other.");
   }
@@ -102,6 +103,8 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
       options.program = Number(option, value(), 0, 2'147'483'647);
     } else if (option == "--tour") {
       options.tourDirectory = value();
+    } else if (option == "--keys") {
+      options.tourByKeys = true;
     } else {
       throw UsageError(Quoted(option) + " is no option; see --help.");
     }
@@ -132,6 +135,7 @@ const char* HelpText() {
   --user N           the user who works: 1 has every right, 2 those to open and look (1)
   --program N        open program N; without it the editor opens empty
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
+  --keys             with --tour: play it by keys alone, without the mouse
   --load-sample      with --connect: make the sample office there, in a database that has none of
                      its tables (or a new file), all or nothing
   --collation NAME   with --load-sample on a server: the collation of the columns that people read,

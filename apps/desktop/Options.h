@@ -19,6 +19,7 @@ struct Options {
   std::int32_t user = 1;                            // who works with the module
   std::int32_t program = 0;                         // program to open; 0: the editor opens empty
   std::string tourDirectory;                        // empty: no tour
+  bool tourByKeys = false;                          // without the mouse
   bool loadSample = false;                          // make the sample office where `connect` says
   std::string collation;   // of its text columns on a server; empty: as usual
   std::string replayFile;  // statements to send; empty: none

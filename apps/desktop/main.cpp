@@ -101,7 +101,6 @@ class Desktop {
   }
 
   adapters::qt::ErrorGuard& Guard() { return guard_; }
-  adapters::qt::QtScreen& Screen() { return screen_; }
   module::Module& Module() { return module_; }
   host::DistPromoterProg& Control() { return control_; }
 
@@ -154,18 +153,6 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options,
   return open;
 }
 
-desktop::Tour::Stage StageOf(Desktop& desktop) {
-  editor::FormMain& editor = desktop.Module().Editor();
-  return {.form = [&editor](const std::string& name) -> controls::Form* {
-            controls::Form* const forms[] = {&editor, &editor.BatchForm(), &editor.SearchForm(),
-                                             &editor.SearchForm().TextFileForm(),
-                                             &editor.PrintForm()};
-            const auto* const found = std::ranges::find(forms, name, &controls::Form::Name);
-            return found == std::end(forms) ? nullptr : *found;
-          },
-          .open = [&desktop](std::int32_t program) { desktop.Control().View(program); }};
-}
-
 int Run(QApplication& application, const desktop::Options& options) {
   Desktop desktop(options);
   const desktop::EndSignals endSignals;
@@ -191,8 +178,10 @@ int Run(QApplication& application, const desktop::Options& options) {
   }
 
   application.setQuitOnLastWindowClosed(false);
-  desktop::Tour play(desktop.Screen(), StageOf(desktop),
-                     QString::fromStdString(options.tourDirectory));
+  desktop::Tour play(
+      options.tourByKeys ? tour::Play::kKeys : tour::Play::kMouse,
+      [&desktop](std::int32_t program) { desktop.Control().View(program); },
+      QString::fromStdString(options.tourDirectory));
   play.Start();
   if (!OpenEditor(desktop, options, connectionString)) return EXIT_FAILURE;
   application.exec();

@@ -1,58 +1,81 @@
 #pragma once
 
-#include <cstdint>
-#include <stdexcept>
+#include <memory>
 #include <string>
-#include <utility>
+#include <vector>
+
+#include "apps/tour/Hands.h"
 
 namespace tour {
 
-/// Something on the screen was not as a step expects it.
-class Failure : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-enum class Key { kEnter, kEscape, kUp, kDown, kEnd, kBackspace, kF4 };
-
-/// A user's hands and eyes on the module's windows, whichever screen shows them. Controls are named
-/// with their form, "FormMain.cmdNew", parts of a selectable grid with both, "FormAddBatch.flxPath.
-/// Flex". Everything happens through mouse and keyboard events on the real windows; what a user
-/// could not reach (hidden, disabled, behind a modal window) throws Failure. Texts are UTF-8.
+/// A user in front of the module: finds things by what they are called and works them, by mouse or
+/// by keys alone, in the window that is in front. What is not there or could not be reached throws
+/// Failure, which says what is there instead.
 class Player {
  public:
-  virtual ~Player() = default;
+  /// Pictures go to `folder`, which exists.
+  Player(Hands& hands, std::string folder) : hands_(hands), folder_(std::move(folder)) {}
 
-  virtual void Click(const std::string& button) = 0;
-  /// Gives the control the focus and types.
-  virtual void Type(const std::string& control, const std::string& text) = 0;
-  virtual void PressKey(const std::string& control, Key key) = 0;
-  virtual void ClickCell(const std::string& grid, int row, int col) = 0;
-  virtual void DoubleClickCell(const std::string& grid, int row, int col) = 0;
-  virtual void DragRows(const std::string& grid, int firstRow, int lastRow, int col) = 0;
-  /// Drags the form's edge so that its window becomes `factor` times as large.
-  virtual void ResizeWindow(const std::string& form, double factor) = 0;
-  /// Presses a button of the message that is up: 0 is its first (yes, or the only one).
-  virtual void AnswerMessage(int button) = 0;
-  /// Names a file in the tour's folder in the Save As dialog that is up.
-  virtual void SaveAs(const std::string& fileName) = 0;
-  /// Opens a program as the suite does, through the control.
-  virtual void OpenProgram(std::int32_t id) = 0;
+  // What is seen.
+  std::string Title();
+  /// Throws unless the title of the window in front begins so.
+  void ExpectWindow(const std::string& title);
+  /// Throws unless a label, a sign or a note there holds the text.
+  void ExpectText(const std::string& text);
+  bool IsEnabled(const std::string& button);
+  std::string Text(const std::string& field);
+  int Rows(const std::string& list);
+  /// Rows begin at 1 below the headings, columns at 0, the first that is shown.
+  std::string CellText(const std::string& list, int row, int column);
+  std::string Clipboard() { return hands_.Clipboard(); }
+  bool UsesOtherPrograms() const { return hands_.UsesOtherPrograms(); }
 
-  virtual bool IsShown(const std::string& form) = 0;
-  virtual bool IsEnabled(const std::string& control) = 0;
-  virtual std::string Text(const std::string& control) = 0;
-  virtual int Rows(const std::string& grid) = 0;
-  virtual std::string CellText(const std::string& grid, int row, int col) = 0;
-  /// First and last row of the grid's block.
-  virtual std::pair<int, int> BlockRows(const std::string& grid) = 0;
+  // What is done. By keys: the access key, or Tab and Enter; arrows and a blank in lists.
+  void Click(const std::string& button);
+  /// Takes the keyboard to a field.
+  void Go(const std::string& name);
+  /// Writes over what the field holds.
+  void Type(const std::string& field, const std::string& text);
+  void Press(screens::Key key, int times = 1, screens::Modifiers held = {});
+  /// Drops a field's list or month page down.
+  void Open(const std::string& field);
+  /// Picks from the list that is open; the first is 1.
+  void PickItem(int item);
+  /// In row 0 the heading.
+  void ClickCell(const std::string& list, int row, int column);
+  void DoubleClickCell(const std::string& list, int row, int column);
+  void DragRows(const std::string& list, int firstRow, int lastRow, int column);
+  void ResizeWindow(double factor) { hands_.ResizeFront(factor); }
+  void SaveAs(const std::string& fileName) { hands_.SaveAs(folder_ + "/" + fileName); }
+  void OpenProgram(std::int32_t id) { hands_.OpenProgram(id); }
 
-  /// Saves the form's window with what lies over it (messages, lists, month pages) as a PNG file
-  /// with a number and this name.
-  virtual void Picture(const std::string& form, const std::string& name) = 0;
-  /// Where the screen shows reports and accounting documents in a window of its own: takes its
-  /// picture and closes it. Where others show them, nothing is left to do.
-  virtual void PictureAndCloseDialog(const std::string& name) = 0;
+  /// Saves the window in front, with `below` windows under it, as a PNG file with a number and this
+  /// name.
+  void Picture(const std::string& name, int below = 0);
+  int Pictures() const { return pictures_; }
+
+ private:
+  using ThingPtr = std::unique_ptr<Thing>;
+  enum class Kind { kButton, kField, kList, kDropDown };
+
+  bool ByKeys() const { return hands_.GetPlay() == Play::kKeys; }
+  static bool Is(Kind kind, screens::Role role);
+  /// The window in front, behind what lies over it.
+  std::vector<ThingPtr> Front();
+  /// Of that name, or where it is empty of any.
+  ThingPtr Find(Kind kind, const std::string& name);
+  /// Found, in sight and enabled.
+  ThingPtr Reach(Kind kind, const std::string& name);
+  /// It has the keyboard then.
+  ThingPtr TabTo(Kind kind, const std::string& name);
+  /// The cell in sight; by keys the keyboard stands on it.
+  ThingPtr ReachCell(const std::string& list, int row, int column);
+  void WalkTo(const std::string& list, int row, int column);
+  void ClickAt(screens::Point place);
+
+  Hands& hands_;
+  std::string folder_;
+  int pictures_ = 0;
 };
 
 }  // namespace tour

@@ -44,8 +44,6 @@ class GridPane : public Pane {
   int FocusedPart() const override;
   void Act(int part) override;
 
-  /// Null once detached.
-  const controls::FlexGrid* Grid() const { return grid_; }
   /// Where a cell is painted; empty when it does not exist, is hidden or scrolled away.
   Rect CellPlace(int row, int col) const;
 

@@ -72,6 +72,21 @@ FormWindow& QtScreen::WindowFor(Form& form) {
   return *window;
 }
 
+QWidget* QtScreen::WindowBefore(const QWidget& window) const {
+  QWidget* const active = QApplication::activeWindow();
+  if (active != nullptr && active != &window && active->isVisible()) return active;
+  // Where a window was closed just now, the desktop has not come to the next one yet.
+  for (auto run = modal_.rbegin(); run != modal_.rend(); ++run) {
+    const auto found = windows_.find((*run)->form);
+    if (found == windows_.end() || found->second.get() == &window) continue;
+    if (found->second->isVisible()) return found->second.get();
+  }
+  for (const auto& [form, other] : windows_) {
+    if (other.get() != &window && other->isVisible()) return other.get();
+  }
+  return nullptr;
+}
+
 void QtScreen::Show(Form& form, Modality modality) {
   if (modality == Modality::kModeless && (!modal_.empty() || QApplication::activeModalWidget())) {
     throw RuntimeError(platform::kNonModalWhileModal,
@@ -81,9 +96,7 @@ void QtScreen::Show(Form& form, Modality modality) {
   const bool comesUp = !window.isVisible();
   if (comesUp) {
     const bool modal = modality != Modality::kModeless;
-    // Not a window of this form that was hidden just now.
-    QWidget* const active = QApplication::activeWindow();
-    QWidget* const before = active == &window ? nullptr : active;
+    QWidget* const before = WindowBefore(window);
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     window.winId();  // creates the native window, which can then be tied to the one before it
     window.windowHandle()->setTransientParent(modal && before ? before->windowHandle() : nullptr);

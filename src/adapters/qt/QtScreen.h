@@ -56,6 +56,8 @@ class QtScreen : public controls::Screen {
     bool ended = false;
   };
   FormWindow& WindowFor(controls::Form& form);
+  /// Over which `window` comes up; null for none.
+  QWidget* WindowBefore(const QWidget& window) const;
   void RunModal(controls::Form& form);
   void EndModal(const controls::Form& form);
   void DropRetired();

@@ -51,7 +51,6 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
   Create({.style = sizable ? kSizableStyle : kFixedStyle,
           .extendedStyle = kExtendedStyle | (sizable ? 0U : WS_EX_DLGMODALFRAME),
           .parent = owner});
-  SetName(kFormProperty, form.Name());
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   MakeWindows(form, Handle());

@@ -397,7 +397,7 @@ ScreenReaderLink::~ScreenReaderLink() {
 std::optional<LRESULT> ScreenReaderLink::Answer(HWND window, WPARAM wParam, LPARAM lParam) {
   if (static_cast<LONG>(lParam) != OBJID_CLIENT) return std::nullopt;
   if (!object_) object_ = ComPtr<IAccessible>::Adopt(new WindowAccessible(window));
-  return LresultFromObject(IID_IAccessible, wParam, object_.Get());
+  return LresultFromObject(__uuidof(IAccessible), wParam, object_.Get());
 }
 
 void TellScreenReader(const PaneView& view, Tidings what, int part) {

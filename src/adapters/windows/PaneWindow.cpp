@@ -2,12 +2,7 @@
 
 #include <windowsx.h>
 
-#include <algorithm>
-
-#include "adapters/windows/GridAutomation.h"
-#include "adapters/windows/Wide.h"
 #include "controls/Controls.h"
-#include "screens/GridPane.h"
 #include "screens/MakePane.h"
 #include "screens/PixelPlace.h"
 #include "screens/TabOrder.h"
@@ -26,7 +21,6 @@ PaneWindow::PaneWindow(controls::Control& control, const Surroundings& surroundi
           .parent = parent});
   // Those declared later lie above.
   SetWindowPos(Handle(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  SetName(kControlProperty, control.Name());
   Fill(screens::MakePane(control, Host()));
   following_.Begin(control, [this](const Change& change) { Apply(change); });
 }
@@ -87,31 +81,6 @@ bool PaneWindow::TakesKeys() const {
   return control_ != nullptr && screens::TakesKeyboard(*control_);
 }
 
-std::optional<LRESULT> PaneWindow::OnAutomation(UINT message, WPARAM wParam, LPARAM lParam) const {
-  const auto* const pane = dynamic_cast<const screens::GridPane*>(Shown());
-  const controls::FlexGrid* const grid = pane == nullptr ? nullptr : pane->Grid();
-  if (message == GridRowsMessage()) return grid != nullptr ? grid->Rows() : 0;
-  if (message == GridBlockMessage()) {
-    if (grid == nullptr) return 0;
-    const auto [first, last] = std::minmax({grid->Row(), grid->RowSel()});
-    return MAKELPARAM(first, last);
-  }
-  if (message == GridCellRectMessage()) {
-    if (grid == nullptr) return 0;
-    const auto place = pane->CellPlace(static_cast<int>(wParam), static_cast<int>(lParam));
-    return place.Empty() ? 0 : MAKELPARAM(place.Middle().x, place.Middle().y);
-  }
-  if (message != GridTextMessage()) return std::nullopt;
-  const int row = static_cast<int>(wParam);
-  const int col = static_cast<int>(lParam);
-  const bool there =
-      grid != nullptr && row >= 0 && row < grid->Rows() && col >= 0 && col < grid->Cols();
-  if (!there) return -1;
-  constexpr std::size_t kLongestAtom = 255;
-  const std::wstring text = Wide(grid->TextMatrix(row, col)).substr(0, kLongestAtom);
-  return text.empty() ? 0 : GlobalAddAtomW(text.c_str());
-}
-
 LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCHITTEST && transparent_ && Shown() != nullptr) {
     POINT place{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
@@ -119,7 +88,6 @@ LRESULT PaneWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const screens::Point at{static_cast<int>(place.x), static_cast<int>(place.y)};
     if (Shown()->TipAt(at).text.empty()) return HTTRANSPARENT;
   }
-  if (const auto answer = OnAutomation(message, wParam, lParam)) return *answer;
   return PaneView::OnMessage(message, wParam, lParam);
 }
 

@@ -8,7 +8,7 @@ namespace adapters::windows {
 
 /// The window of a control: places itself on the window of the control's container and follows the
 /// model. It survives the model, because a form may unload itself from within an event of one of
-/// its own windows. Answers the messages of GridAutomation.h for a grid.
+/// its own windows.
 class PaneWindow : public PaneView {
  public:
   PaneWindow(controls::Control& control, const Surroundings& surroundings, HWND parent);
@@ -26,7 +26,6 @@ class PaneWindow : public PaneView {
  private:
   void Apply(const controls::Change& change);
   void Place();
-  std::optional<LRESULT> OnAutomation(UINT message, WPARAM wParam, LPARAM lParam) const;
 
   controls::Control* control_;  // null once detached
   bool transparent_;            // for the mouse, where nothing is to be told

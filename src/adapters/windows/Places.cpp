@@ -3,7 +3,6 @@
 #include <array>
 
 #include "adapters/windows/Wide.h"
-#include "adapters/windows/Window.h"
 
 namespace adapters::windows {
 
@@ -44,7 +43,7 @@ void RegistryPlaces::Write(const std::string& form, const std::string& text) {
                   static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
 }
 
-void KeepPlace(HWND window, screens::PlaceStore& store) {
+void KeepPlace(HWND window, const std::string& form, screens::PlaceStore& store) {
   if (window == nullptr || !IsWindowVisible(window) || IsIconic(window) || !CanBeSized(window)) {
     return;
   }
@@ -58,14 +57,15 @@ void KeepPlace(HWND window, screens::PlaceStore& store) {
   } else {
     GetWindowRect(window, &place);
   }
-  store.Write(NameOf(window, kFormProperty), screens::PlaceText({ToRect(place), maximised}));
+  store.Write(form, screens::PlaceText({ToRect(place), maximised}));
 }
 
-std::optional<screens::WindowPlace> TakePlace(HWND window, const screens::PlaceStore& store) {
+std::optional<screens::WindowPlace> TakePlace(HWND window, const std::string& form,
+                                              const screens::PlaceStore& store) {
   if (!CanBeSized(window)) return std::nullopt;
   std::vector<screens::Rect> areas;
   EnumDisplayMonitors(nullptr, nullptr, &AddWorkArea, reinterpret_cast<LPARAM>(&areas));
-  const auto taken = screens::PlaceOnDesk(store.Read(NameOf(window, kFormProperty)), areas);
+  const auto taken = screens::PlaceOnDesk(store.Read(form), areas);
   if (taken) {
     const screens::Rect& place = taken->place;
     SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),

@@ -13,10 +13,11 @@ class RegistryPlaces : public screens::PlaceStore {
   void Write(const std::string& form, const std::string& text) override;
 };
 
-/// Keeps the place of a form's window that is up and can be sized.
-void KeepPlace(HWND window, screens::PlaceStore& store);
+/// Keeps the place of a form's window that is up and can be sized, by the form's name.
+void KeepPlace(HWND window, const std::string& form, screens::PlaceStore& store);
 /// Puts a hidden form's window that can be sized where it stood; none where there is no such place.
 /// It is for the caller to show it maximised.
-std::optional<screens::WindowPlace> TakePlace(HWND window, const screens::PlaceStore& store);
+std::optional<screens::WindowPlace> TakePlace(HWND window, const std::string& form,
+                                              const screens::PlaceStore& store);
 
 }  // namespace adapters::windows

@@ -64,10 +64,7 @@ PopupWindow::PopupWindow(PaneView& owner, PopupKind kind, const screens::PaneMak
       kind_(kind),
       form_(GetAncestor(owner.Handle(), GA_ROOT)) {
   Create(PlanOf(kind, form_));
-  if (kind == PopupKind::kDropDown) {
-    AddFrame();
-    SetName(kPopupProperty, NameOf(owner.Handle(), kControlProperty));
-  }
+  if (kind == PopupKind::kDropDown) AddFrame();
   Fill(make(Host()));
 }
 

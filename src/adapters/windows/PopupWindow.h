@@ -4,9 +4,6 @@
 
 namespace adapters::windows {
 
-/// The property that carries the name of the control that a drop-down belongs to.
-inline constexpr wchar_t kPopupProperty[] = L"PromoterPopup";
-
 /// A window beside a control's, with a pane of its own. While a drop-down is open, a press of a
 /// mouse button beside it, and every move of the form below it, is told to the control's pane; such
 /// a press does nothing else. Works in whatever message loop runs, also a host's own.

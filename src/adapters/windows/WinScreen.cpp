@@ -104,7 +104,7 @@ void WinScreen::Show(Form& form, Modality modality) {
   if (!IsWindowVisible(window)) shown.TakeFirstFocus();
   if (!IsWindowVisible(window) && owner != window) {
     SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
-    const auto taken = places_ == nullptr ? std::nullopt : TakePlace(window, *places_);
+    const auto taken = places_ == nullptr ? std::nullopt : TakePlace(window, form.Name(), *places_);
     if (!taken && modal) CentreOver(owner, window);
     if (taken && taken->maximised) show = SW_SHOWMAXIMIZED;
   }
@@ -155,7 +155,7 @@ controls::Twips WinScreen::LineHeight() const {
 void WinScreen::Hide(Form& form) {
   EndModal(form);
   if (const HWND window = WindowOf(form)) {
-    if (places_ != nullptr) KeepPlace(window, *places_);
+    if (places_ != nullptr) KeepPlace(window, form.Name(), *places_);
     ShowWindow(window, SW_HIDE);
   }
 }
@@ -164,10 +164,10 @@ void WinScreen::Unload(Form& form) {
   EndModal(form);
   const auto found = windows_.find(&form);
   if (found == windows_.end()) return;
-  // The form's own destructor may be what unloads it: nothing of it may be asked from here on.
+  // The form's own destructor may be what unloads it: no more than its name may be asked.
   std::unique_ptr<FormWindow> window = std::move(found->second);
   windows_.erase(found);
-  if (places_ != nullptr) KeepPlace(window->Handle(), *places_);
+  if (places_ != nullptr) KeepPlace(window->Handle(), form.Name(), *places_);
   window->Detach();
   if (window->Handle() != nullptr) ShowWindow(window->Handle(), SW_HIDE);
   Retire(std::move(window));

@@ -114,21 +114,10 @@ void Window::Adopt(HWND handle) {
 void Window::Forget() {
   const HWND handle = std::exchange(handle_, nullptr);
   RemovePropW(handle, kObjectProperty);
-  if (nameProperty_ != nullptr) {
-    const HANDLE atom = RemovePropW(handle, nameProperty_);
-    GlobalDeleteAtom(static_cast<ATOM>(reinterpret_cast<UINT_PTR>(atom)));
-  }
   SetWindowLongPtrW(handle, GWLP_USERDATA, 0);
   if (standard_ != nullptr) {
     SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(standard_));
   }
-}
-
-void Window::SetName(const wchar_t* property, std::string_view name) {
-  if (nameProperty_ != nullptr) return;
-  nameProperty_ = property;
-  const ATOM atom = GlobalAddAtomW(Wide(name).c_str());
-  SetPropW(handle_, property, reinterpret_cast<HANDLE>(static_cast<UINT_PTR>(atom)));
 }
 
 LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -174,13 +163,6 @@ std::wstring TextOf(HWND window) {
   text.resize(
       static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
   return text;
-}
-
-std::string NameOf(HWND handle, const wchar_t* property) {
-  const auto atom = static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(handle, property)));
-  if (atom == 0) return {};
-  wchar_t name[256] = {};
-  return Utf8({name, GlobalGetAtomNameW(atom, name, 256)});
 }
 
 }  // namespace adapters::windows

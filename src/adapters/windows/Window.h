@@ -35,9 +35,6 @@ class Window {
   /// The module (library or program) that this code is part of; its windows' classes are its own.
   static HINSTANCE Instance();
 
-  /// Names the window for automation: a property of that name holds the global atom of `name` until
-  /// the window is destroyed.
-  void SetName(const wchar_t* property, std::string_view name);
   void Invalidate() const {
     if (handle_ != nullptr) InvalidateRect(handle_, nullptr, FALSE);
   }
@@ -66,16 +63,9 @@ class Window {
   ErrorGuard& guard_;
   HWND handle_ = nullptr;
   WNDPROC standard_ = nullptr;  // of a standard control
-  const wchar_t* nameProperty_ = nullptr;
 };
 
 /// The text of any window: a caption, or what stands in an edit box.
 std::wstring TextOf(HWND window);
-/// The name that SetName gave a window; empty where there is none.
-std::string NameOf(HWND handle, const wchar_t* property);
-
-/// The properties that carry the names of forms' and controls' windows.
-inline constexpr wchar_t kFormProperty[] = L"PromoterForm";
-inline constexpr wchar_t kControlProperty[] = L"PromoterControl";
 
 }  // namespace adapters::windows

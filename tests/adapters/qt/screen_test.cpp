@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "adapters/qt/PaneWidget.h"
 #include "adapters/qt/QtFixture.h"
@@ -40,6 +41,23 @@ TEST_F(QtTest, Unload_InAClick_KeepsTheButtonUntilItReturned) {
   Click(form.cmdOK);
   Settle();
   EXPECT_FALSE(button);
+}
+
+TEST_F(QtTest, ModalForm_ShownAsAnotherHasClosed_ComesUpOverTheOneThatIsLeft) {
+  contract::SampleForm first(screen, cities);
+  contract::SampleForm second(screen, cities);
+  ShowForm();
+  const QWindow* const left = adapter->screen.WindowOf(form)->windowHandle();
+  int seen = 0;
+  for (contract::SampleForm* const each : {&first, &second}) {
+    Later([&, each] {
+      ++seen;
+      EXPECT_EQ(adapter->screen.WindowOf(*each)->windowHandle()->transientParent(), left);
+      each->Hide();
+    });
+    each->Show(controls::Modality::kModal);
+  }
+  EXPECT_EQ(seen, 2);
 }
 
 TEST_F(QtTest, LastForm_Unloaded_EndsTheProgram) {

@@ -1,7 +1,6 @@
 #include "adapters/windows/WinFixture.h"
 
 #include "adapters/windows/Clipboard.h"
-#include "adapters/windows/GridAutomation.h"
 #include "adapters/windows/PopupWindow.h"
 #include "adapters/windows/Wide.h"
 
@@ -20,25 +19,28 @@ void ClickAt(HWND window, int x, int y) {
 
 namespace {
 
-struct Search {
-  std::string name;
-  HWND found;
-};
-
-BOOL CALLBACK LookForDropDown(HWND window, LPARAM sought) {
-  auto& search = *reinterpret_cast<Search*>(sought);
-  const bool its = IsWindowVisible(window) && NameOf(window, kPopupProperty) == search.name;
-  if (its) search.found = window;
+/// The open drop-down of this thread.
+BOOL CALLBACK LookForDropDown(HWND window, LPARAM found) {
+  const bool child = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;
+  const bool its = !child && IsWindowVisible(window) &&
+                   dynamic_cast<PopupWindow*>(Window::Of(window)) != nullptr;
+  if (its) *reinterpret_cast<HWND*>(found) = window;
   return its ? FALSE : TRUE;
 }
 
-}  // namespace
-
-HWND DropDownOf(const controls::Control& control) {
-  Search search{control.Name(), nullptr};
-  EnumThreadWindows(GetCurrentThreadId(), &LookForDropDown, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+HWND DropDown() {
+  HWND found = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), &LookForDropDown, reinterpret_cast<LPARAM>(&found));
+  return found;
 }
+
+template <typename PaneType>
+bool DropsDown(HWND window) {
+  const auto& view = dynamic_cast<const PaneView&>(*Window::Of(window));
+  return dynamic_cast<const PaneType*>(view.Shown()) != nullptr;
+}
+
+}  // namespace
 
 }  // namespace adapters::windows
 
@@ -101,11 +103,11 @@ void ScreenTest::Click(controls::Control& control) {
 }
 
 void ScreenTest::ClickMonthPage(Place at) {
-  ClickAt(DropDownOf(form.datFrom), at.x, at.y);
+  ClickAt(DropDown(), at.x, at.y);
 }
 
 void ScreenTest::ClickListRow(int row) {
-  const HWND list = DropDownOf(form.sltCity);
+  const HWND list = DropDown();
   const screens::Point place = PaneIn<screens::ListPane>(list).RowPlace(row).Middle();
   ClickAt(list, place.x, place.y);
 }
@@ -173,9 +175,20 @@ std::string ScreenTest::WindowTitle() {
 }
 
 std::string ScreenTest::Focused() {
-  // The keyboard may be at the field in the control's window.
-  const std::string name = NameOf(GetFocus(), kControlProperty);
-  return name.empty() ? NameOf(GetParent(GetFocus()), kControlProperty) : name;
+  const HWND focus = GetFocus();
+  const auto search = [&](const controls::Container& in, const auto& again) -> std::string {
+    for (const controls::Control* const control : in.Controls()) {
+      const auto* const inner = dynamic_cast<const controls::Container*>(control);
+      if (std::string found = inner == nullptr ? "" : again(*inner, again); !found.empty()) {
+        return found;
+      }
+      // The keyboard may be at the field in the control's window.
+      const HWND window = adapter->screen.WindowOf(*control);
+      if (inner == nullptr && (window == focus || IsChild(window, focus))) return control->Name();
+    }
+    return {};
+  };
+  return search(form, search);
 }
 
 bool ScreenTest::DateRefused() {
@@ -183,18 +196,20 @@ bool ScreenTest::DateRefused() {
   HWND note = nullptr;
   while ((note = FindWindowExW(adapter->screen.WindowOf(form), note, nullptr, nullptr)) !=
          nullptr) {
-    if (NameOf(note, kControlProperty).empty() && IsWindowVisible(note)) return true;
+    const bool popup = dynamic_cast<PopupWindow*>(Window::Of(note)) != nullptr;
+    if (popup && IsWindowVisible(note)) return true;
   }
   return false;
 }
 
 bool ScreenTest::MonthPageOpen() {
-  return DropDownOf(form.datFrom) != nullptr;
+  const HWND page = DropDown();
+  return page != nullptr && DropsDown<screens::MonthPane>(page);
 }
 
 int ScreenTest::ListCount() {
-  const HWND list = DropDownOf(form.sltCity);
-  if (list == nullptr) return -1;
+  const HWND list = DropDown();
+  if (list == nullptr || !DropsDown<screens::ListPane>(list)) return -1;
   RECT inside{};
   GetClientRect(list, &inside);
   return static_cast<int>(inside.bottom) / PaneIn<screens::ListPane>(list).RowPlace(0).Height();
@@ -202,15 +217,14 @@ int ScreenTest::ListCount() {
 
 Place ScreenTest::DayAt(int week, int weekday) {
   const int part = week * 7 + weekday;
-  const screens::Rect place =
-      PaneIn<screens::MonthPane>(DropDownOf(form.datFrom)).DescribePart(part).place;
+  const screens::Rect place = PaneIn<screens::MonthPane>(DropDown()).DescribePart(part).place;
   return {place.left + 5, place.top + 5};
 }
 
 Place ScreenTest::At(int row, int col) {
-  const LRESULT place = SendMessageW(adapter->screen.WindowOf(form.flx), GridCellRectMessage(),
-                                     static_cast<WPARAM>(row), col);
-  return {LOWORD(place), HIWORD(place)};
+  const screens::Point place =
+      PaneIn<screens::GridPane>(adapter->screen.WindowOf(form.flx)).CellPlace(row, col).Middle();
+  return {place.x, place.y};
 }
 
 std::string ScreenTest::Copied() {

@@ -3,6 +3,7 @@
 #include "adapters/windows/WinScreen.h"
 #include "contract/ScreenFixture.h"
 #include "screens/DatePane.h"
+#include "screens/GridPane.h"
 #include "screens/SelectorPane.h"
 
 namespace adapters::windows {
@@ -11,8 +12,6 @@ namespace adapters::windows {
 void Pump();
 /// A click of the mouse, through the message loop.
 void ClickAt(HWND window, int x, int y);
-/// The open drop-down of a control; null for none.
-HWND DropDownOf(const controls::Control& control);
 /// The pane of a control's window.
 template <typename PaneType>
 PaneType& PaneIn(HWND window) {

@@ -7,19 +7,19 @@
 
 #include "ByRefLong.h"
 #include "Container.h"
+#include "Found.h"
 #include "LoadedLibrary.h"
-#include "apps/activex-host/Windows.h"
 #include "demo/SampleOffice.h"
 
 namespace {
 
-using activexhost::FindControl;
-using activexhost::FindForm;
 using adapters::windows::ComPtr;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
 using test::Container;
+using test::FindButton;
+using test::FindForm;
 
 class Opening : public test::LoadedLibrary {
  protected:
@@ -55,8 +55,16 @@ int Forms() {
   return visibleWindows;
 }
 
+constexpr char kEditor[] = "برنامه بازارياب";
+
+/// Whom the editor shows as the one who makes the program.
+std::string Creator() {
+  const test::Node form{test::ClientOf(FindForm(kEditor))};
+  return test::Named(form, ROLE_SYSTEM_COMBOBOX, "ايجاد كننده").Value();
+}
+
 HWND OwnerOfEditor() {
-  return GetWindow(FindForm("FormMain"), GW_OWNER);
+  return GetWindow(FindForm(kEditor), GW_OWNER);
 }
 
 TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
@@ -113,7 +121,7 @@ TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
 _DistPromoterProg* lastReference = nullptr;
 
 void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND search = FindForm("FormSearch");
+  const HWND search = FindForm("جستجوي برنامه بازارياب");
   if (search == nullptr) return;
   KillTimer(nullptr, timer);
   lastReference->Release();
@@ -127,7 +135,7 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnless
     auto control = NewFor(1, container);
     const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("View", {std::int32_t{1}});
-    const HWND search = FindControl("FormMain.cmdSearch");
+    const HWND search = FindButton(FindForm(kEditor), "جستجو");
     ASSERT_NE(search, nullptr);
     PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
@@ -154,7 +162,7 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnless
 bool closedUnderModal = false;
 
 void CALLBACK CloseTheEditor(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND editor = FindForm("FormMain");
+  const HWND editor = FindForm(kEditor);
   if (editor == nullptr) return;
   KillTimer(nullptr, timer);
   closedUnderModal = !IsWindowEnabled(GetWindow(editor, GW_OWNER));
@@ -182,16 +190,16 @@ TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
   Container first;
   auto one = NewFor(1, first);
   Late(one).Call("ClearShow");
-  const HWND editor = FindForm("FormMain");
-  const std::string user = activexhost::TextOf(FindControl("FormMain.sltCreator"));
+  const HWND editor = FindForm(kEditor);
+  const std::string user = Creator();
   EXPECT_EQ(OwnerOfEditor(), first.Window());
   {
     Container second;
     auto two = NewFor(2, second);
     Late(two).Call("ClearShow");
-    EXPECT_EQ(FindForm("FormMain"), editor);
+    EXPECT_EQ(FindForm(kEditor), editor);
     EXPECT_EQ(Forms() - 1, 1) << "beside the other container";
-    EXPECT_NE(activexhost::TextOf(FindControl("FormMain.sltCreator")), user);
+    EXPECT_NE(Creator(), user);
     EXPECT_EQ(OwnerOfEditor(), second.Window());
     As<IOleObject>(two)->SetClientSite(nullptr);
     EXPECT_EQ(OwnerOfEditor(), first.Window());
@@ -206,7 +214,7 @@ TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
     one = NewFor(1, first);
     As<IOleObject>(two)->SetClientSite(nullptr);
   }
-  EXPECT_EQ(FindForm("FormMain"), editor);
+  EXPECT_EQ(FindForm(kEditor), editor);
   As<IOleObject>(one)->SetClientSite(nullptr);
   EXPECT_EQ(OwnerOfEditor(), nullptr);
   one.Reset();
@@ -244,10 +252,10 @@ TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
                            {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
     const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("ClearShow");
-    const HWND button = FindControl("FormMain.cmdNew");
+    const HWND button = FindButton(FindForm(kEditor), "جديد");
     SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
     SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-    if (c.windowGone) DestroyWindow(FindForm("FormMain"));
+    if (c.windowGone) DestroyWindow(FindForm(kEditor));
     asked = 0;
     answer = c.answer;
     container.calls.clear();
@@ -263,7 +271,7 @@ TEST_F(Opening, Controls_OfTwoThreads_HaveAnEditorEach) {
   Container container;
   const auto control = NewFor(1, container);
   Late(control).Call("ClearShow");
-  const HWND editor = FindForm("FormMain");
+  const HWND editor = FindForm(kEditor);
   std::thread([this] {
     OleInitialize(nullptr);
     {
@@ -278,7 +286,7 @@ TEST_F(Opening, Controls_OfTwoThreads_HaveAnEditorEach) {
     }
     OleUninitialize();
   }).join();
-  EXPECT_EQ(FindForm("FormMain"), editor);
+  EXPECT_EQ(FindForm(kEditor), editor);
   As<IOleObject>(control)->SetClientSite(nullptr);
 }
 

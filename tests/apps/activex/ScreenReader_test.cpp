@@ -2,98 +2,24 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <windows.h>
-
-#include <oleacc.h>
-
 #include <cstdio>
 #include <fstream>
 #include <functional>
 
 #include "Container.h"
+#include "Found.h"
 #include "LoadedLibrary.h"
-#include "apps/activex-host/Windows.h"
 #include "demo/SampleOffice.h"
 
 namespace {
 
-using activexhost::FindForm;
-using adapters::windows::ComPtr;
-using adapters::windows::Utf8;
-using adapters::windows::Variant;
+using test::ClientOf;
+using test::FindForm;
+using test::Named;
+using test::Node;
+using test::Number;
 
 constexpr LONG kRowsTold = 3;  // of a table
-
-VARIANT Number(LONG number) {
-  VARIANT value{};
-  value.vt = VT_I4;
-  value.lVal = number;
-  return value;
-}
-
-ComPtr<IAccessible> ClientOf(HWND window) {
-  ComPtr<IAccessible> client;
-  EXPECT_EQ(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                       client.OutVoid()),
-            S_OK);
-  return client;
-}
-
-/// The window, or a part of it by its number.
-struct Node {
-  ComPtr<IAccessible> object;
-  LONG child = CHILDID_SELF;
-
-  using Text = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
-  std::string Told(Text which) const {
-    BSTR text = nullptr;
-    (object.Get()->*which)(Number(child), &text);
-    const std::string told = text == nullptr ? "" : Utf8(text);
-    SysFreeString(text);
-    return told;
-  }
-  std::string Name() const { return Told(&IAccessible::get_accName); }
-  std::string Value() const { return Told(&IAccessible::get_accValue); }
-  LONG Role() const {
-    Variant role;
-    EXPECT_EQ(object->get_accRole(Number(child), role.Out()), S_OK);
-    return role.Number();
-  }
-  bool Is(LONG bit) const {
-    Variant state;
-    EXPECT_EQ(object->get_accState(Number(child), state.Out()), S_OK);
-    return (state.Number() & bit) != 0;
-  }
-  LONG Count() const {
-    LONG count = 0;
-    EXPECT_EQ(object->get_accChildCount(&count), S_OK);
-    return count;
-  }
-  Node Part(LONG number) const { return {object, number}; }
-  void Press() const { EXPECT_EQ(object->accDoDefaultAction(Number(child)), S_OK) << Name(); }
-  void TakeFocus() const {
-    EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, Number(child)), S_OK) << Name();
-  }
-};
-
-std::vector<Node> ChildrenOf(const Node& node) {
-  std::vector<VARIANT> children(static_cast<std::size_t>(node.Count()));
-  LONG obtained = 0;
-  AccessibleChildren(node.object.Get(), 0, static_cast<LONG>(children.size()), children.data(),
-                     &obtained);
-  children.resize(static_cast<std::size_t>(obtained));
-  std::vector<Node> nodes;
-  for (VARIANT& child : children) {
-    if (child.vt == VT_I4) nodes.push_back(node.Part(child.lVal));
-    if (child.vt != VT_DISPATCH) continue;
-    const auto object = ComPtr<IDispatch>::Adopt(child.pdispVal);
-    HWND window = nullptr;
-    EXPECT_EQ(WindowFromAccessibleObject(object.As<IAccessible>(IID_IAccessible).Get(), &window),
-              S_OK);
-    nodes.push_back({ClientOf(window)});
-  }
-  return nodes;
-}
 
 std::string WordFor(LONG role) {
   switch (role) {
@@ -178,16 +104,6 @@ void Tell(const Node& node, const std::string& indent, std::vector<std::string>&
   for (const Node& child : ChildrenOf(node)) Tell(child, indent + "  ", lines);
 }
 
-/// An empty one where there is none.
-Node Named(const Node& within, LONG role, const std::string& name) {
-  for (const Node& child : ChildrenOf(within)) {
-    if (child.Role() == role && child.Name() == name) return child;
-    if (child.Role() != ROLE_SYSTEM_GROUPING) continue;
-    if (Node found = Named(child, role, name); found.object) return found;
-  }
-  return {};
-}
-
 void EnterDate(const Node& form, const char* name, const wchar_t* date) {
   const Node field = Named(form, ROLE_SYSTEM_COMBOBOX, name);
   ASSERT_TRUE(field.object) << name;
@@ -203,7 +119,7 @@ std::vector<std::string> heard;
 int step = 0;
 
 void CALLBACK Listen(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND window = FindForm("FormAddBatch");
+  const HWND window = FindForm("افزودن ويزيت به برنامه بازارياب");
   if (window == nullptr) return;
   const Node form{ClientOf(window)};
   switch (step++) {
@@ -242,7 +158,7 @@ TEST_F(ScreenReader, BatchForm_OpenedAndFilledThroughMsaa_TellsWhatEveryDesktopT
   Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
   Late(control).Put("UserID", std::int32_t{1});
   Late(control).Call("View", {std::int32_t{13}});
-  const Node editor{ClientOf(FindForm("FormMain"))};
+  const Node editor{ClientOf(FindForm("برنامه بازارياب"))};
   const Node visits = Named(editor, ROLE_SYSTEM_TABLE, "ويزيت ها");
   ASSERT_TRUE(visits.object);
   visits.Part(ColumnsOf(visits) + 1).Press();
@@ -251,8 +167,8 @@ TEST_F(ScreenReader, BatchForm_OpenedAndFilledThroughMsaa_TellsWhatEveryDesktopT
   MSG message;
   const ULONGLONG giveUp = GetTickCount64() + 20'000;
   const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-  while ((step < 2 || FindForm("FormAddBatch") != nullptr) && GetTickCount64() < giveUp &&
-         GetMessageW(&message, nullptr, 0, 0) > 0) {
+  while ((step < 2 || FindForm("افزودن ويزيت به برنامه بازارياب") != nullptr) &&
+         GetTickCount64() < giveUp && GetMessageW(&message, nullptr, 0, 0) > 0) {
     DispatchMessageW(&message);
   }
   KillTimer(nullptr, tick);

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+#include "Picture.h"
+#include "apps/tour/Hands.h"
+
+namespace activexhost {
+
+/// Reads what the windows of this thread tell screen readers, and works by messages of mouse and
+/// keyboard in the thread's queue.
+class Hands : public tour::Hands {
+ public:
+  using Open = std::function<void(std::int32_t program)>;
+  /// `open` is the control's View.
+  Hands(tour::Play play, Open open) : tour::Hands(play), open_(std::move(open)) {}
+
+  std::vector<std::unique_ptr<tour::Thing>> Windows() override;
+  void Press(const screens::KeyEvent& stroke) override;
+  void Picture(int windows, const std::string& path) override;
+  void ResizeFront(double factor) override;
+  void SaveAs(const std::string& path) override;
+  void OpenProgram(std::int32_t id) override { open_(id); }
+  std::string Clipboard() override;
+  bool UsesOtherPrograms() const override { return true; }
+  int Depth() const override;
+
+ private:
+  void MoveMouse(Mouse action, screens::Point place) override;
+
+  /// Tells the window that the pointer was over, unless it still is over that one.
+  void Leave(HWND window);
+
+  Open open_;
+  HWND pointed_ = nullptr;
+  Camera camera_;
+};
+
+}  // namespace activexhost
