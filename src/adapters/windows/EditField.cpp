@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "adapters/windows/Clipboard.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/Surroundings.h"
 #include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
+#include "screens/Palette.h"
 
 namespace adapters::windows {
 
@@ -15,13 +16,13 @@ constexpr wchar_t kControlA = 1;
 constexpr wchar_t kDelete = 0x7F;  // of Ctrl+Backspace, which an EDIT would write
 
 controls::Colour GroundOf(bool enabled) {
-  return enabled ? theme::kField : controls::palette::kFrame;
+  return enabled ? screens::palette::kField : screens::palette::kFrame;
 }
 
 }  // namespace
 
 LRESULT FieldColours(HDC dc, bool enabled) {
-  SetTextColor(dc, theme::kText);
+  SetTextColor(dc, screens::palette::kText);
   SetBkColor(dc, GroundOf(enabled));
   SetDCBrushColor(dc, GroundOf(enabled));
   return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
@@ -140,9 +141,9 @@ bool EditField::OnParentMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, 
 /// An EDIT would show a disabled text in the system's grey, which is hard to read on this ground,
 /// and not every Windows puts its Persian and Latin words in the right order.
 void EditField::PaintText() const {
-  const PaintSession canvas(Handle());
-  canvas.Fill(canvas.Area(), GroundOf(host_.FieldEnabled()));
-  canvas.Text(TextOf(Handle()), canvas.Area(), {.font = look_.Font()});
+  PaintSession surface(Handle(), look_);
+  surface.Fill(surface.Dirty(), GroundOf(host_.FieldEnabled()));
+  surface.Text(Text(), ClientArea(Handle()), {.colour = screens::palette::kText});
 }
 
 }  // namespace adapters::windows

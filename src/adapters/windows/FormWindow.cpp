@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "adapters/windows/HeldKey.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
 #include "screens/AccessKeys.h"
 #include "screens/TabOrder.h"
 
@@ -202,8 +202,8 @@ bool FormWindow::OnAccessKey(WPARAM unit) {
 LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT: {
-      const PaintSession canvas(Handle());
-      canvas.Fill(canvas.Area(), controls::palette::kFormGround);
+      PaintSession surface(Handle(), look_);
+      surface.Fill(surface.Dirty(), controls::palette::kFormGround);
       return 0;
     }
     case WM_ERASEBKGND:

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "adapters/windows/EditField.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/PaneAccessible.h"
 #include "adapters/windows/PaneTip.h"
 #include "adapters/windows/Surroundings.h"

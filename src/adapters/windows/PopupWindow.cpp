@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "adapters/windows/WinSurface.h"
+#include "screens/Palette.h"
 #include "screens/PopupPlace.h"
 
 namespace adapters::windows {
@@ -47,11 +48,7 @@ WindowPlan PlanOf(PopupKind kind, HWND form) {
 }  // namespace
 
 screens::Rect RoomOf(PopupKind kind, HWND window) {
-  if (kind == PopupKind::kNote) {
-    RECT inside{};
-    GetClientRect(GetAncestor(window, GA_ROOT), &inside);
-    return FromRECT(inside);
-  }
+  if (kind == PopupKind::kNote) return ClientArea(GetAncestor(window, GA_ROOT));
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
@@ -76,7 +73,7 @@ PopupWindow::~PopupWindow() {
 }
 
 controls::Colour PopupWindow::FrameColour(bool /*focused*/) const {
-  return theme::kBorder;
+  return screens::palette::kBorder;
 }
 
 void PopupWindow::Show(screens::Size size) {
