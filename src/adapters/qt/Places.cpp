@@ -9,10 +9,6 @@ namespace adapters::qt {
 
 namespace {
 
-screens::Rect ToRect(const QPoint& corner, const QSize& size) {
-  return {corner.x(), corner.y(), corner.x() + size.width(), corner.y() + size.height()};
-}
-
 bool CanBeSized(const QWidget& window) {
   return window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint);
 }
@@ -32,22 +28,19 @@ void KeepPlace(const QWidget& window, screens::PlaceStore& store) {
   const bool maximised = window.isMaximized();
   const QRect normal = maximised ? window.normalGeometry() : window.geometry();
   if (normal.isEmpty()) return;
-  store.Write(ToUtf8(window.objectName()),
-              screens::PlaceText({ToRect(normal.topLeft(), normal.size()), maximised}));
+  store.Write(ToUtf8(window.objectName()), screens::PlaceText({ToRect(normal), maximised}));
 }
 
 bool TakePlace(QWidget& window, const screens::PlaceStore& store) {
   if (!CanBeSized(window)) return false;
   std::vector<screens::Rect> areas;
   for (const QScreen* screen : QGuiApplication::screens()) {
-    const QRect area = screen->availableGeometry();
-    areas.push_back(ToRect(area.topLeft(), area.size()));
+    areas.push_back(ToRect(screen->availableGeometry()));
   }
   const auto taken = screens::PlaceOnDesk(store.Read(ToUtf8(window.objectName())), areas);
   if (!taken) return false;
-  const screens::Rect& place = taken->place;
   // Without the frame, whose size nobody knows before the window is up.
-  window.setGeometry(place.left, place.top, place.Width(), place.Height());
+  window.setGeometry(ToQRect(taken->place));
   if (taken->maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
   return true;
 }

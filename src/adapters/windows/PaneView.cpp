@@ -83,10 +83,7 @@ void PaneView::CopyToClipboard(const std::string& text) {
 }
 
 screens::TextField& PaneView::Field() {
-  if (!field_) {
-    FieldHost& host = *this;
-    field_ = std::make_unique<EditField>(Guard(), Look(), host, Handle());
-  }
+  if (!field_) field_ = std::make_unique<EditField>(Guard(), Look(), *this);
   return *field_;
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "adapters/windows/Rects.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/Window.h"
 
@@ -11,15 +12,11 @@ namespace {
 
 constexpr const wchar_t* kKey = L"Software\\DistPromoterProg\\Windows";
 
-screens::Rect ToRect(const RECT& place) {
-  return {place.left, place.top, place.right, place.bottom};
-}
-
 BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
   MONITORINFO info{};
   info.cbSize = sizeof info;
   if (GetMonitorInfoW(monitor, &info)) {
-    reinterpret_cast<std::vector<screens::Rect>*>(areas)->push_back(ToRect(info.rcWork));
+    reinterpret_cast<std::vector<screens::Rect>*>(areas)->push_back(FromRECT(info.rcWork));
   }
   return TRUE;
 }
@@ -48,17 +45,15 @@ void KeepPlace(HWND window, screens::PlaceStore& store) {
   if (window == nullptr || !IsWindowVisible(window) || IsIconic(window) || !CanBeSized(window)) {
     return;
   }
-  RECT place{};
+  screens::Rect place = WindowArea(window);
   const bool maximised = IsZoomed(window) != FALSE;
   if (maximised) {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     GetWindowPlacement(window, &placement);
-    place = placement.rcNormalPosition;
-  } else {
-    GetWindowRect(window, &place);
+    place = FromRECT(placement.rcNormalPosition);
   }
-  store.Write(NameOf(window, kFormProperty), screens::PlaceText({ToRect(place), maximised}));
+  store.Write(NameOf(window, kFormProperty), screens::PlaceText({place, maximised}));
 }
 
 std::optional<screens::WindowPlace> TakePlace(HWND window, const screens::PlaceStore& store) {

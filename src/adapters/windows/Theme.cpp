@@ -46,7 +46,7 @@ Theme::Theme(screens::Scale scale)
       font_(MakeFont(scale.Design(12), FW_NORMAL)),
       bold_(MakeFont(scale.Design(12), FW_BOLD)) {
   TEXTMETRICW metrics{};
-  GetTextMetricsW(MeasuringDc(font_.Get()).Get(), &metrics);
+  GetTextMetricsW(MeasuringDc(font_.get()).Get(), &metrics);
   lineHeight_ = metrics.tmHeight;
 }
 

@@ -2,32 +2,20 @@
 
 #include <windows.h>
 
-#include <utility>
+#include <memory>
+#include <type_traits>
 
 #include "screens/Scale.h"
 #include "screens/Surface.h"
 
 namespace adapters::windows {
 
-/// An object of GDI (font, bitmap), deleted with this.
-template <typename Handle>
-class GdiObject {
- public:
-  GdiObject() = default;
-  explicit GdiObject(Handle handle) : handle_(handle) {}
-  GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-  GdiObject& operator=(GdiObject&& other) noexcept {
-    std::swap(handle_, other.handle_);
-    return *this;
-  }
-  ~GdiObject() {
-    if (handle_ != nullptr) DeleteObject(handle_);
-  }
-  Handle Get() const { return handle_; }
-
- private:
-  Handle handle_ = nullptr;
+struct GdiDeleter {
+  void operator()(void* object) const { DeleteObject(object); }
 };
+/// An object of GDI (HFONT, HBITMAP), deleted with this.
+template <typename Handle>
+using GdiObject = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
 
 /// A device context to measure texts in a font.
 class MeasuringDc {
@@ -55,7 +43,7 @@ class Theme {
   const screens::Scale& GetScale() const { return scale_; }
   /// Tahoma, 9 points at this scale.
   HFONT Font(screens::Weight weight = screens::Weight::kNormal) const {
-    return (weight == screens::Weight::kBold ? bold_ : font_).Get();
+    return (weight == screens::Weight::kBold ? bold_ : font_).get();
   }
   /// Height of a line of Font() in pixels.
   int LineHeight() const { return lineHeight_; }

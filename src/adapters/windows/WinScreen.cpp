@@ -63,7 +63,6 @@ FormWindow& WinScreen::WindowFor(Form& form, HWND owner) {
   if (!window) {
     window = std::make_unique<FormWindow>(form, surroundings_, owner);
     window->SetBusy(hourglass_);
-    window->FitToDesk();
     CentreOver(owner, window->Handle());
   }
   return *window;

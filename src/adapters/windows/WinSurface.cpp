@@ -182,8 +182,8 @@ void WinSurface::PushClip(const screens::Rect& area) {
 PaintSession::PaintSession(HWND window, const Theme& look)
     : WinSurface(CreateCompatibleDC(nullptr), look), window_(window) {
   BeginPaint(window, &paint_);
-  bitmap_ = GdiObject<HBITMAP>(MakeBitmap(paint_.hdc, Dirty()));
-  SelectObject(dc_, bitmap_.Get());
+  bitmap_.reset(MakeBitmap(paint_.hdc, Dirty()));
+  SelectObject(dc_, bitmap_.get());
   SetViewportOrgEx(dc_, -Dirty().left, -Dirty().top, nullptr);
 }
 

@@ -2,23 +2,11 @@
 
 #include <windows.h>
 
+#include "adapters/windows/Rects.h"
 #include "adapters/windows/Theme.h"
 #include "screens/Surface.h"
 
 namespace adapters::windows {
-
-inline RECT ToRECT(const screens::Rect& rect) {
-  return {rect.left, rect.top, rect.right, rect.bottom};
-}
-inline screens::Rect FromRECT(const RECT& rect) {
-  return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
-          static_cast<int>(rect.bottom)};
-}
-inline screens::Rect ClientArea(HWND window) {
-  RECT area{};
-  GetClientRect(window, &area);
-  return FromRECT(area);
-}
 
 /// A device context as panes see it. (A controls::Colour is a COLORREF.)
 class WinSurface : public screens::Surface {
