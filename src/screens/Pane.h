@@ -45,7 +45,7 @@ struct WheelEvent {
 
 /// The keys that some pane gives a meaning. Letters are named by the Latin letter of their key and
 /// come with Control; what is typed comes as kText, but a blank as kSpace. kTab comes with shift
-/// for the way back.
+/// for the way back. Toolkits list theirs in this order.
 enum class Key {
   kText,
   kSpace,

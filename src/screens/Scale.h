@@ -16,6 +16,10 @@ class Scale {
     return static_cast<int>(std::lround(twips * dpi_ / kTwipsPerInch));
   }
   controls::Twips Twips(int pixels) const { return pixels * kTwipsPerInch / dpi_; }
+  /// Of a length that is `now`: to the pixel the same, it does not lose the fraction of its twips.
+  controls::Twips Twips(int pixels, controls::Twips now) const {
+    return Pixels(now) == pixels ? now : Twips(pixels);
+  }
   /// A designed length.
   int Design(double pixels) const { return static_cast<int>(std::lround(pixels * Unit())); }
 

@@ -33,6 +33,14 @@ std::int64_t Shared(const Rect& one, const Rect& other) {
   return std::int64_t{both.Width()} * both.Height();
 }
 
+Rect Inside(Point corner, Size size, const Rect& area) {
+  const int width = std::min(size.width, area.Width());
+  const int height = std::min(size.height, area.Height());
+  const int left = std::clamp(corner.x, area.left, area.right - width);
+  const int top = std::clamp(corner.y, area.top, area.bottom - height);
+  return {left, top, left + width, top + height};
+}
+
 }  // namespace
 
 std::string PlaceText(const WindowPlace& place) {
@@ -53,12 +61,13 @@ std::optional<WindowPlace> PlaceOnDesk(std::string_view text, const std::vector<
   const auto best = std::ranges::max_element(
       workAreas, {}, [&place](const Rect& area) { return Shared(place, area); });
   if (best == workAreas.end() || Shared(place, *best) == 0) return std::nullopt;
-  const int width = std::min(place.Width(), best->Width());
-  const int height = std::min(place.Height(), best->Height());
-  const int left = std::clamp(place.left, best->left, best->right - width);
-  const int top = std::clamp(place.top, best->top, best->bottom - height);
-  place = {left, top, left + width, top + height};
+  place = Inside({place.left, place.top}, {place.Width(), place.Height()}, *best);
   return found;
+}
+
+Rect PlaceOver(const Rect& below, Size window, const Rect& workArea) {
+  const Point middle = below.Middle();
+  return Inside({middle.x - window.width / 2, middle.y - window.height / 2}, window, workArea);
 }
 
 }  // namespace screens

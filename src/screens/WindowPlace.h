@@ -35,4 +35,7 @@ std::string PlaceText(const WindowPlace& place);
 /// no work area: its monitor is gone.
 std::optional<WindowPlace> PlaceOnDesk(std::string_view text, const std::vector<Rect>& workAreas);
 
+/// A window of this size over the middle of `below`, likewise brought into the work area.
+Rect PlaceOver(const Rect& below, Size window, const Rect& workArea);
+
 }  // namespace screens

@@ -28,6 +28,10 @@ TEST(WindowPlace, Remembered_ComesBackOntoTheDeskOrNotAtAll) {
     EXPECT_EQ(place ? screens::PlaceText(*place) : "", each.taken) << each.kept;
   }
   EXPECT_FALSE(screens::PlaceOnDesk("100 50 800 600", {}));
+  EXPECT_EQ(screens::PlaceOver({100, 100, 500, 300}, {200, 100}, desk[0]),
+            (screens::Rect{200, 150, 400, 250}));
+  EXPECT_EQ(screens::PlaceOver({1200, 600, 1280, 700}, {2000, 200}, desk[0]),
+            (screens::Rect{0, 500, 1280, 700}));
 }
 
 }  // namespace

@@ -100,13 +100,10 @@ void FormWindow::FitToDesk() {
 void FormWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   if (fitting_ || !form_) return;
-  // A size that is the form's already, to the pixel, must not lose the fraction of its twips.
   const screens::Scale scale = FormScale(logicalDpiX());
-  controls::Twips newWidth = scale.Twips(width());
-  controls::Twips newHeight = scale.Twips(height());
-  if (scale.Pixels(form_->Width()) == width()) newWidth = form_->Width();
-  if (scale.Pixels(form_->Height()) == height()) newHeight = form_->Height();
-  surroundings_.guard.Run([&] { form_->Resize(newWidth, newHeight); });
+  surroundings_.guard.Run([&] {
+    form_->Resize(scale.Twips(width(), form_->Width()), scale.Twips(height(), form_->Height()));
+  });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <algorithm>
-#include <utility>
+#include <iterator>
 
 #include "adapters/qt/Convert.h"
 
@@ -33,33 +33,21 @@ PointerEvent::Action ActionOf(QEvent::Type type) {
                                             : PointerEvent::Action::kPress;
 }
 
+/// Of screens::Key, from kEnter on.
+constexpr int kKeys[] = {Qt::Key_Return, Qt::Key_Escape,   Qt::Key_Backspace, Qt::Key_Insert,
+                         Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,      Qt::Key_Right,
+                         Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,      Qt::Key_End,
+                         Qt::Key_Tab,    Qt::Key_F3,       Qt::Key_F4,        Qt::Key_F6,
+                         Qt::Key_A,      Qt::Key_C,        Qt::Key_D,         Qt::Key_I};
+static_assert(std::size(kKeys) == static_cast<int>(Key::kI) - static_cast<int>(Key::kEnter) + 1);
+
 /// kText for a key that has no name.
 Key KeyOf(int key) {
-  static constexpr std::pair<Qt::Key, Key> kKeys[] = {{Qt::Key_Return, Key::kEnter},
-                                                      {Qt::Key_Enter, Key::kEnter},
-                                                      {Qt::Key_Escape, Key::kEscape},
-                                                      {Qt::Key_Backspace, Key::kBackspace},
-                                                      {Qt::Key_Insert, Key::kInsert},
-                                                      {Qt::Key_Up, Key::kUp},
-                                                      {Qt::Key_Down, Key::kDown},
-                                                      {Qt::Key_Left, Key::kLeft},
-                                                      {Qt::Key_Right, Key::kRight},
-                                                      {Qt::Key_PageUp, Key::kPageUp},
-                                                      {Qt::Key_PageDown, Key::kPageDown},
-                                                      {Qt::Key_Home, Key::kHome},
-                                                      {Qt::Key_End, Key::kEnd},
-                                                      {Qt::Key_Tab, Key::kTab},
-                                                      {Qt::Key_Backtab, Key::kTab},
-                                                      {Qt::Key_F3, Key::kF3},
-                                                      {Qt::Key_F4, Key::kF4},
-                                                      {Qt::Key_F6, Key::kF6},
-                                                      {Qt::Key_A, Key::kA},
-                                                      {Qt::Key_C, Key::kC},
-                                                      {Qt::Key_D, Key::kD},
-                                                      {Qt::Key_I, Key::kI}};
-  const auto* const found =
-      std::ranges::find(kKeys, key, [](const auto& pair) { return int{pair.first}; });
-  return found == std::end(kKeys) ? Key::kText : found->second;
+  if (key == Qt::Key_Enter) key = Qt::Key_Return;
+  if (key == Qt::Key_Backtab) key = Qt::Key_Tab;
+  const auto found = std::ranges::find(kKeys, key) - std::begin(kKeys);
+  if (found == std::ssize(kKeys)) return Key::kText;
+  return static_cast<Key>(static_cast<int>(Key::kEnter) + found);
 }
 
 bool IsLetter(Key key) {

@@ -54,7 +54,6 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
 
  protected:
   screens::PaneHost& Host() { return *this; }
-  const Surroundings& Around() const { return surroundings_; }
   void SetPane(std::unique_ptr<screens::Pane> pane) { pane_ = std::move(pane); }
   void SetFramed();
 

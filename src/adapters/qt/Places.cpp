@@ -10,10 +10,6 @@ namespace adapters::qt {
 
 namespace {
 
-screens::Rect ToRect(const QPoint& corner, const QSize& size) {
-  return {corner.x(), corner.y(), corner.x() + size.width(), corner.y() + size.height()};
-}
-
 bool CanBeSized(const QWidget& window) {
   return window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint);
 }
@@ -33,8 +29,7 @@ void KeepPlace(const QWidget& window, screens::PlaceStore& store) {
   const bool maximised = window.isMaximized();
   const QRect normal = maximised ? window.normalGeometry() : window.geometry();
   if (normal.isEmpty()) return;
-  store.Write(ToUtf8(window.objectName()),
-              screens::PlaceText({ToRect(normal.topLeft(), normal.size()), maximised}));
+  store.Write(ToUtf8(window.objectName()), screens::PlaceText({ToRect(normal), maximised}));
 }
 
 bool TakePlace(QWidget& window, const screens::PlaceStore& store) {
@@ -44,13 +39,11 @@ bool TakePlace(QWidget& window, const screens::PlaceStore& store) {
   // within reach.
   const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
   for (const QScreen* screen : QGuiApplication::screens()) {
-    const QRect area = screen->availableGeometry().adjusted(0, title, 0, 0);
-    areas.push_back(ToRect(area.topLeft(), area.size()));
+    areas.push_back(ToRect(screen->availableGeometry().adjusted(0, title, 0, 0)));
   }
   const auto taken = screens::PlaceOnDesk(store.Read(ToUtf8(window.objectName())), areas);
   if (!taken) return false;
-  const screens::Rect& place = taken->place;
-  window.setGeometry(place.left, place.top, place.Width(), place.Height());
+  window.setGeometry(ToQRect(taken->place));
   if (taken->maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
   return true;
 }

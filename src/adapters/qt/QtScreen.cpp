@@ -27,11 +27,10 @@ namespace {
 
 /// To the middle of `below`, as far as the screen has room.
 void MoveOver(const QWidget& below, QWidget& window) {
-  const QRect room = below.screen()->availableGeometry();
-  const QPoint corner = below.geometry().center() - window.rect().center();
-  window.move(
-      std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - window.width())),
-      std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));
+  const screens::Rect place =
+      screens::PlaceOver(ToRect(below.geometry()), {window.width(), window.height()},
+                         ToRect(below.screen()->availableGeometry()));
+  window.move(place.left, place.top);
 }
 
 screens::Scale DeskScale() {

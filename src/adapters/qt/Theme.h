@@ -30,15 +30,7 @@ namespace theme {
 inline constexpr QColor kText = ToQColor(screens::palette::kText);
 inline constexpr QColor kMutedText = ToQColor(screens::palette::kMutedText);
 inline constexpr QColor kLine = ToQColor(screens::palette::kLine);
-inline constexpr QColor kBorder = ToQColor(screens::palette::kBorder);
-inline constexpr QColor kFaintLine = ToQColor(screens::palette::kFaintLine);
-inline constexpr QColor kField = ToQColor(screens::palette::kField);
 inline constexpr QColor kAccent = ToQColor(screens::palette::kAccent);
-inline constexpr QColor kDeepAccent = ToQColor(screens::palette::kDeepAccent);
-inline constexpr QColor kOnAccent = ToQColor(screens::palette::kOnAccent);
-inline constexpr QColor kNoteGround = ToQColor(screens::palette::kNoteGround);
-inline constexpr QColor kAccentGround = ToQColor(screens::palette::kAccentGround);
-inline constexpr QColor kRefused = ToQColor(screens::palette::kRefused);
 }  // namespace theme
 
 }  // namespace adapters::qt

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "adapters/windows/Clipboard.h"
-#include "adapters/windows/Paint.h"
-#include "adapters/windows/Surroundings.h"
+#include "adapters/windows/PaneView.h"
 #include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
+#include "screens/Palette.h"
 
 namespace adapters::windows {
 
@@ -14,24 +15,14 @@ namespace {
 constexpr wchar_t kControlA = 1;
 constexpr wchar_t kDelete = 0x7F;  // of Ctrl+Backspace, which an EDIT would write
 
-controls::Colour GroundOf(bool enabled) {
-  return enabled ? theme::kField : controls::palette::kFrame;
-}
-
 }  // namespace
 
-LRESULT FieldColours(HDC dc, bool enabled) {
-  SetTextColor(dc, theme::kText);
-  SetBkColor(dc, GroundOf(enabled));
-  SetDCBrushColor(dc, GroundOf(enabled));
-  return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
-}
-
-EditField::EditField(ErrorGuard& guard, const Theme& look, FieldHost& host, HWND parent)
-    : Window(guard), look_(look), host_(host) {
-  CreateStandard(L"EDIT", {.style = WS_CHILD | WS_CLIPSIBLINGS | ES_RIGHT | ES_AUTOHSCROLL,
-                           .extendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT,
-                           .parent = parent});
+EditField::EditField(ErrorGuard& guard, const Theme& look, PaneView& view)
+    : Window(guard), look_(look), view_(view) {
+  Create({.style = WS_CHILD | WS_CLIPSIBLINGS | ES_RIGHT | ES_AUTOHSCROLL,
+          .extendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT,
+          .parent = view.Handle(),
+          .standardClass = L"EDIT"});
   SendMessageW(Handle(), EM_SETLIMITTEXT, 0, 0);  // no limit, where an EDIT of its own has one
   TakeFont();
 }
@@ -66,7 +57,7 @@ void EditField::SetText(const std::string& text) {
 }
 
 std::optional<std::wstring> EditField::TakenInstead(const std::wstring& text) const {
-  const screens::Pane* const pane = host_.FieldPane();
+  const screens::Pane* const pane = view_.Shown();
   if (pane == nullptr || text.front() < L' ') return std::nullopt;
   const std::string typed = Utf8(text);
   const std::string taken = pane->Taken(typed);
@@ -74,7 +65,7 @@ std::optional<std::wstring> EditField::TakenInstead(const std::wstring& text) co
 }
 
 bool EditField::Paste() {
-  const screens::Pane* const pane = host_.FieldPane();
+  const screens::Pane* const pane = view_.Shown();
   if (pane == nullptr || Locked()) return false;
   const std::wstring text = TextOfClipboard(Handle());
   const std::wstring taken = Wide(pane->Pasted(Utf8(text)));
@@ -94,11 +85,11 @@ LRESULT EditField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KILLFOCUS: {
       const LRESULT result = Default(message, wParam, lParam);
       Invalidate();
-      host_.OnFieldMessage(message, wParam, lParam);
+      view_.OnFieldMessage(message, wParam, lParam);
       return result;
     }
     case WM_PAINT:
-      if (host_.FieldEnabled() && Focused()) break;
+      if (view_.Enabled() && Focused()) break;
       PaintText();
       return 0;
     case WM_GETDLGCODE:
@@ -106,7 +97,7 @@ LRESULT EditField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       break;
   }
-  if (const auto answer = host_.OnFieldMessage(message, wParam, lParam)) return *answer;
+  if (const auto answer = view_.OnFieldMessage(message, wParam, lParam)) return *answer;
   if (message == WM_PASTE && Paste()) return 0;
   if (message == WM_CHAR) {
     if (wParam == kDelete) return 0;
@@ -126,23 +117,27 @@ LRESULT EditField::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return Default(message, wParam, lParam);
 }
 
-bool EditField::OnParentMessage(UINT message, WPARAM wParam, LPARAM /*lParam*/, LRESULT& result) {
-  if (message == WM_CTLCOLOREDIT || message == WM_CTLCOLORSTATIC) {
-    result = FieldColours(reinterpret_cast<HDC>(wParam), host_.FieldEnabled());
-    return true;
-  }
-  if (message != WM_COMMAND || HIWORD(wParam) != EN_CHANGE) return false;
-  screens::Pane* const pane = host_.FieldPane();
-  if (!showing_ && pane != nullptr) pane->Edited();
-  return true;
+void EditField::Changed() {
+  if (!showing_ && view_.Shown() != nullptr) view_.Shown()->Edited();
+}
+
+controls::Colour EditField::Ground() const {
+  return view_.Enabled() ? screens::palette::kField : screens::palette::kFrame;
+}
+
+LRESULT EditField::Colours(HDC dc) const {
+  SetTextColor(dc, screens::palette::kText);
+  SetBkColor(dc, Ground());
+  SetDCBrushColor(dc, Ground());
+  return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
 }
 
 /// An EDIT would show a disabled text in the system's grey, which is hard to read on this ground,
 /// and not every Windows puts its Persian and Latin words in the right order.
 void EditField::PaintText() const {
-  const PaintSession canvas(Handle());
-  canvas.Fill(canvas.Area(), GroundOf(host_.FieldEnabled()));
-  canvas.Text(TextOf(Handle()), canvas.Area(), {.font = look_.Font()});
+  PaintSession surface(Handle(), look_);
+  surface.Fill(surface.Dirty(), Ground());
+  surface.Text(Text(), ClientArea(Handle()), {.colour = screens::palette::kText});
 }
 
 }  // namespace adapters::windows

@@ -9,22 +9,13 @@
 
 namespace adapters::windows {
 
-/// What a field needs of the window of the pane that it stands in.
-class FieldHost {
- public:
-  virtual ~FieldHost() = default;
-  /// Sees keys, focus, wheel and moves of the mouse; with an answer the field does nothing more.
-  virtual std::optional<LRESULT> OnFieldMessage(UINT message, WPARAM wParam, LPARAM lParam) = 0;
-  /// Null while it is not there yet.
-  virtual screens::Pane* FieldPane() const = 0;
-  virtual bool FieldEnabled() const = 0;
-};
+class PaneView;
 
 /// Windows' EDIT as the field of a pane. It shows a text itself only while that is being edited.
 class EditField : public Window, public screens::TextField {
  public:
   /// Hidden until it is moved.
-  EditField(ErrorGuard& guard, const Theme& look, FieldHost& host, HWND parent);
+  EditField(ErrorGuard& guard, const Theme& look, PaneView& view);
   void Move(const screens::Rect& place) override;
   std::string Text() const override;
   void SetText(const std::string& text) override;
@@ -32,10 +23,13 @@ class EditField : public Window, public screens::TextField {
   void SetLocked(bool locked) override { SendMessageW(Handle(), EM_SETREADONLY, locked, 0); }
   /// Takes the look's font anew.
   void TakeFont();
+  /// Its text is another one.
+  void Changed();
+  /// WM_CTLCOLOREDIT and WM_CTLCOLORSTATIC.
+  LRESULT Colours(HDC dc) const;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  bool OnParentMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) override;
 
  private:
   bool Focused() const { return GetFocus() == Handle(); }
@@ -44,14 +38,12 @@ class EditField : public Window, public screens::TextField {
   std::optional<std::wstring> TakenInstead(const std::wstring& text) const;
   bool Paste();
   void Put(const std::wstring& text);
+  controls::Colour Ground() const;
   void PaintText() const;
 
   const Theme& look_;
-  FieldHost& host_;
+  PaneView& view_;
   bool showing_ = false;  // the text comes from the pane, not from the keys
 };
-
-/// WM_CTLCOLOREDIT and WM_CTLCOLORSTATIC of an EDIT on a field.
-LRESULT FieldColours(HDC dc, bool enabled);
 
 }  // namespace adapters::windows

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "adapters/windows/HeldKey.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
 #include "screens/AccessKeys.h"
 #include "screens/TabOrder.h"
 
@@ -105,29 +104,12 @@ void FormWindow::FitToForm() {
   fitting_ = false;
 }
 
-void FormWindow::FitToDesk() {
-  RECT window{};
-  GetWindowRect(Handle(), &window);
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTONEAREST), &monitor);
-  const LONG width =
-      std::min(window.right - window.left, monitor.rcWork.right - monitor.rcWork.left);
-  const LONG height =
-      std::min(window.bottom - window.top, monitor.rcWork.bottom - monitor.rcWork.top);
-  SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 void FormWindow::Resized() {
   if (fitting_ || !form_ || IsIconic(Handle())) return;
-  RECT inside{};
-  GetClientRect(Handle(), &inside);
+  const screens::Rect inside = ClientArea(Handle());
   const screens::Scale& scale = look_.GetScale();
-  // A size that is the form's already, to the pixel, must not lose the fraction of its twips.
-  const auto twips = [&scale](LONG pixels, controls::Twips now) {
-    return scale.Pixels(now) == pixels ? now : scale.Twips(static_cast<int>(pixels));
-  };
-  form_->Resize(twips(inside.right, form_->Width()), twips(inside.bottom, form_->Height()));
+  form_->Resize(scale.Twips(inside.right, form_->Width()),
+                scale.Twips(inside.bottom, form_->Height()));
   Invalidate();
 }
 
@@ -201,8 +183,8 @@ bool FormWindow::OnAccessKey(WPARAM unit) {
 LRESULT FormWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_PAINT: {
-      const PaintSession canvas(Handle());
-      canvas.Fill(canvas.Area(), controls::palette::kFormGround);
+      PaintSession surface(Handle(), look_);
+      surface.Fill(surface.Dirty(), controls::palette::kFormGround);
       return 0;
     }
     case WM_ERASEBKGND:

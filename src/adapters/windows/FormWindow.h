@@ -17,8 +17,6 @@ class FormWindow : public Window {
   ~FormWindow() override;
   /// The form and its controls are not touched from here on.
   void Detach();
-  /// Smaller where the work area has less room than the form was designed for; its layout follows.
-  void FitToDesk();
   /// Null for a control of another form.
   PaneWindow* WindowOf(const controls::Control& control) const;
   /// Moves the keyboard to a control; in a form that is not the active one, once it becomes so.

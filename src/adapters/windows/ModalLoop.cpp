@@ -1,7 +1,9 @@
 #include "adapters/windows/ModalLoop.h"
 
-#include <algorithm>
 #include <utility>
+
+#include "adapters/windows/Rects.h"
+#include "screens/WindowPlace.h"
 
 namespace adapters::windows {
 
@@ -96,22 +98,13 @@ HWND DialogOwner() {
 }
 
 void CentreOver(HWND below, HWND window) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(below, MONITOR_DEFAULTTOPRIMARY), &monitor);
-  const RECT& room = monitor.rcWork;
-  RECT over = room;
-  if (below != nullptr && !IsIconic(below)) GetWindowRect(below, &over);
-  RECT own{};
-  GetWindowRect(window, &own);
-  const LONG width = own.right - own.left;
-  const LONG height = own.bottom - own.top;
-  const LONG left = (over.left + over.right - width) / 2;
-  const LONG top = (over.top + over.bottom - height) / 2;
-  SetWindowPos(window, nullptr,
-               std::clamp(left, room.left, std::max(room.left, room.right - width)),
-               std::clamp(top, room.top, std::max(room.top, room.bottom - height)), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  const screens::Rect room = WorkArea(below, MONITOR_DEFAULTTOPRIMARY);
+  const bool seen = below != nullptr && !IsIconic(below);
+  const screens::Rect own = WindowArea(window);
+  const screens::Rect place =
+      screens::PlaceOver(seen ? WindowArea(below) : room, {own.Width(), own.Height()}, room);
+  SetWindowPos(window, nullptr, place.left, place.top, place.Width(), place.Height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace adapters::windows

@@ -38,8 +38,8 @@ class ModalLoop {
 /// takes input; null when there is none.
 HWND DialogOwner();
 
-/// Puts a top-level window over the middle of `below` (null: of the screen), as far as the screen
-/// has room.
+/// Puts a top-level window over the middle of `below` (null: of the screen), smaller where the
+/// screen has less room.
 void CentreOver(HWND below, HWND window);
 
 }  // namespace adapters::windows

@@ -1,9 +1,9 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
-#include "adapters/windows/HeldKey.h"
 #include "adapters/windows/PaneView.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/WinSurface.h"
@@ -25,33 +25,18 @@ screens::Modifiers ModifiersOf(WPARAM held) {
       .shift = (held & MK_SHIFT) != 0, .control = (held & MK_CONTROL) != 0, .alt = Held(VK_MENU)};
 }
 
+/// Of screens::Key, from kEnter on.
+constexpr WPARAM kKeys[] = {VK_RETURN, VK_ESCAPE, VK_BACK, VK_INSERT, VK_UP,  VK_DOWN, VK_LEFT,
+                            VK_RIGHT,  VK_PRIOR,  VK_NEXT, VK_HOME,   VK_END, VK_TAB,  VK_F3,
+                            VK_F4,     VK_F6,     'A',     'C',       'D',    'I'};
+static_assert(std::size(kKeys) == static_cast<int>(Key::kI) - static_cast<int>(Key::kEnter) + 1);
+
 /// Null for a key that has no name or comes as a character too.
 std::optional<Key> KeyOf(WPARAM key) {
-  static constexpr std::pair<WPARAM, Key> kKeys[] = {{VK_RETURN, Key::kEnter},
-                                                     {VK_ESCAPE, Key::kEscape},
-                                                     {VK_BACK, Key::kBackspace},
-                                                     {VK_INSERT, Key::kInsert},
-                                                     {VK_UP, Key::kUp},
-                                                     {VK_DOWN, Key::kDown},
-                                                     {VK_LEFT, Key::kLeft},
-                                                     {VK_RIGHT, Key::kRight},
-                                                     {VK_PRIOR, Key::kPageUp},
-                                                     {VK_NEXT, Key::kPageDown},
-                                                     {VK_HOME, Key::kHome},
-                                                     {VK_END, Key::kEnd},
-                                                     {VK_TAB, Key::kTab},
-                                                     {VK_F3, Key::kF3},
-                                                     {VK_F4, Key::kF4},
-                                                     {VK_F6, Key::kF6},
-                                                     {'A', Key::kA},
-                                                     {'C', Key::kC},
-                                                     {'D', Key::kD},
-                                                     {'I', Key::kI}};
-  const auto* const found =
-      std::ranges::find(kKeys, key, [](const auto& pair) { return pair.first; });
-  if (found == std::end(kKeys)) return std::nullopt;
+  const auto found = std::ranges::find(kKeys, key) - std::begin(kKeys);
   const bool letter = key >= 'A' && key <= 'Z';
-  return letter && !Held(VK_CONTROL) ? std::nullopt : std::optional(found->second);
+  if (found == std::ssize(kKeys) || (letter && !Held(VK_CONTROL))) return std::nullopt;
+  return static_cast<Key>(static_cast<int>(Key::kEnter) + found);
 }
 
 }  // namespace
@@ -317,6 +302,13 @@ LRESULT PaneView::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_HSCROLL:
       OnScrollBar(message == WM_VSCROLL ? Axis::kDown : Axis::kAcross, LOWORD(wParam));
       return 0;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+      if (field_) return field_->Colours(reinterpret_cast<HDC>(wParam));
+      break;
+    case WM_COMMAND:
+      if (field_ && HIWORD(wParam) == EN_CHANGE) field_->Changed();
+      break;
     case WM_NOTIFY:
       if (tip_ && tip_->OnNotify(lParam)) return 0;
       break;

@@ -7,6 +7,7 @@
 #include "adapters/windows/PopupWindow.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/WinSurface.h"
+#include "screens/Palette.h"
 
 namespace adapters::windows {
 
@@ -38,12 +39,11 @@ void PaneView::Remeasure() {
 }
 
 controls::Colour PaneView::FrameColour(bool focused) const {
-  return focused ? theme::kAccent : theme::kLine;
+  return focused ? screens::palette::kAccent : screens::palette::kLine;
 }
 
 int PaneView::TextWidth(std::string_view text, screens::Weight weight) const {
-  const Measuring measuring(weight == screens::Weight::kBold ? Look().BoldFont() : Look().Font());
-  return windows::TextWidth(measuring.Dc(), Wide(text));
+  return windows::TextWidth(Look().Font(weight), text);
 }
 
 void PaneView::Repaint(const screens::Rect& area) {
@@ -83,10 +83,7 @@ void PaneView::CopyToClipboard(const std::string& text) {
 }
 
 screens::TextField& PaneView::Field() {
-  if (!field_) {
-    FieldHost& host = *this;
-    field_ = std::make_unique<EditField>(Guard(), Look(), host, Handle());
-  }
+  if (!field_) field_ = std::make_unique<EditField>(Guard(), Look(), *this);
   return *field_;
 }
 
@@ -101,30 +98,31 @@ screens::Size PaneView::PopupRoom(screens::PopupKind kind) const {
 }
 
 void PaneView::PassSize() {
-  RECT area{};
-  GetClientRect(Handle(), &area);
-  if (pane_) pane_->Resized({static_cast<int>(area.right), static_cast<int>(area.bottom)});
+  const screens::Rect area = ClientArea(Handle());
+  if (pane_) pane_->Resized({area.right, area.bottom});
 }
 
 void PaneView::Paint() const {
-  const PaintSession session(Handle());
-  WinSurface surface(session, Look());
-  pane_->Paint(surface, FromRECT(session.Dirty()));
+  PaintSession surface(Handle(), Look());
+  pane_->Paint(surface, surface.Dirty());
 }
 
 void PaneView::PaintFrame() const {
   if (!framed_) return;
-  const FramePainting frame(Handle());
-  const Canvas canvas(frame.Dc());
-  // Nobody paints the corner between the two scroll bars.
-  RECT client{};
-  GetClientRect(Handle(), &client);
   RECT window{};
   GetWindowRect(Handle(), &window);
+  RECT client{};
+  GetClientRect(Handle(), &client);
   MapWindowPoints(Handle(), nullptr, reinterpret_cast<POINT*>(&client), 2);
   OffsetRect(&client, -window.left, -window.top);
-  canvas.Fill({0, client.bottom, client.left, frame.Area().bottom}, controls::palette::kFrame);
-  canvas.Frame(frame.Area(), FrameColour(focused_));
+  OffsetRect(&window, -window.left, -window.top);
+  const HDC dc = GetWindowDC(Handle());  // with places from the window's corner
+  ExcludeClipRect(dc, client.left, client.top, client.right, client.bottom);
+  WinSurface surface(dc, Look());
+  // Nobody paints the corner between the two scroll bars.
+  surface.Fill(FromRECT({0, client.bottom, client.left, window.bottom}), screens::palette::kFrame);
+  surface.Frame(FromRECT(window), FrameColour(focused_));
+  ReleaseDC(Handle(), dc);
 }
 
 }  // namespace adapters::windows

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "adapters/windows/EditField.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/PaneAccessible.h"
 #include "adapters/windows/PaneTip.h"
 #include "adapters/windows/Surroundings.h"
@@ -15,7 +14,7 @@ namespace adapters::windows {
 
 /// A window that a pane fills. One that scrolls has scroll bars, the vertical one at the left, and
 /// a thin frame around it all, which shows the focus; all else is the pane's.
-class PaneView : public Window, private screens::PaneHost, private FieldHost {
+class PaneView : public Window, private screens::PaneHost {
  public:
   /// Where the keyboard goes for this pane: its field, where it has one.
   HWND FocusTarget() const { return field_ ? field_->Handle() : Handle(); }
@@ -23,6 +22,10 @@ class PaneView : public Window, private screens::PaneHost, private FieldHost {
 
   /// The pane in it.
   screens::Pane* Shown() const { return pane_.get(); }
+  bool Enabled() const override { return true; }
+  /// Keys, focus, wheel and moves of the mouse of its field; with an answer the field does nothing
+  /// more.
+  std::optional<LRESULT> OnFieldMessage(UINT message, WPARAM wParam, LPARAM lParam);
 
  protected:
   explicit PaneView(const Surroundings& surroundings)
@@ -35,7 +38,6 @@ class PaneView : public Window, private screens::PaneHost, private FieldHost {
   void Remeasure();
 
   const Theme& Look() const { return surroundings_.theme; }
-  bool Enabled() const override { return true; }
   /// Whether a press takes the keyboard, and keys are for it.
   virtual bool TakesKeys() const { return false; }
   virtual controls::Colour FrameColour(bool focused) const;
@@ -83,11 +85,6 @@ class PaneView : public Window, private screens::PaneHost, private FieldHost {
   std::wstring ShownText() const;
   void Paint() const;
   void PaintFrame() const;
-
-  // What the field in it tells and asks.
-  std::optional<LRESULT> OnFieldMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
-  screens::Pane* FieldPane() const override { return pane_.get(); }
-  bool FieldEnabled() const override { return Enabled(); }
 
   Surroundings surroundings_;
   std::unique_ptr<EditField> field_;  // outlives the pane

@@ -17,9 +17,10 @@ class PaneWindow : public PaneView {
   /// The scale is another one.
   void Rescale();
 
- protected:
   /// Whether it and the frames around it are enabled; whether its form is does not count.
   bool Enabled() const override;
+
+ protected:
   bool TakesKeys() const override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 

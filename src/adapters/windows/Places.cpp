@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "adapters/windows/Rects.h"
 #include "adapters/windows/Wide.h"
 
 namespace adapters::windows {
@@ -10,15 +11,11 @@ namespace {
 
 constexpr const wchar_t* kKey = L"Software\\DistPromoterProg\\Windows";
 
-screens::Rect ToRect(const RECT& place) {
-  return {place.left, place.top, place.right, place.bottom};
-}
-
 BOOL CALLBACK AddWorkArea(HMONITOR monitor, HDC, RECT*, LPARAM areas) {
   MONITORINFO info{};
   info.cbSize = sizeof info;
   if (GetMonitorInfoW(monitor, &info)) {
-    reinterpret_cast<std::vector<screens::Rect>*>(areas)->push_back(ToRect(info.rcWork));
+    reinterpret_cast<std::vector<screens::Rect>*>(areas)->push_back(FromRECT(info.rcWork));
   }
   return TRUE;
 }
@@ -47,17 +44,15 @@ void KeepPlace(HWND window, const std::string& form, screens::PlaceStore& store)
   if (window == nullptr || !IsWindowVisible(window) || IsIconic(window) || !CanBeSized(window)) {
     return;
   }
-  RECT place{};
+  screens::Rect place = WindowArea(window);
   const bool maximised = IsZoomed(window) != FALSE;
   if (maximised) {
     WINDOWPLACEMENT placement{};
     placement.length = sizeof placement;
     GetWindowPlacement(window, &placement);
-    place = placement.rcNormalPosition;
-  } else {
-    GetWindowRect(window, &place);
+    place = FromRECT(placement.rcNormalPosition);
   }
-  store.Write(form, screens::PlaceText({ToRect(place), maximised}));
+  store.Write(form, screens::PlaceText({place, maximised}));
 }
 
 std::optional<screens::WindowPlace> TakePlace(HWND window, const std::string& form,

@@ -1,8 +1,10 @@
 #include "adapters/windows/PopupWindow.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "adapters/windows/WinSurface.h"
+#include "screens/Palette.h"
 #include "screens/PopupPlace.h"
 
 namespace adapters::windows {
@@ -17,25 +19,10 @@ constexpr UINT kLeave = WM_APP + 20;
 /// The popup that is open in this thread; Windows passes a hook nothing of its owner.
 thread_local const PopupWindow* open = nullptr;
 
-bool IsPress(UINT message) {
-  switch (message) {
-    case WM_LBUTTONDOWN:
-    case WM_RBUTTONDOWN:
-    case WM_MBUTTONDOWN:
-    case WM_XBUTTONDOWN:
-    case WM_LBUTTONDBLCLK:
-    case WM_RBUTTONDBLCLK:
-    case WM_MBUTTONDBLCLK:
-    case WM_NCLBUTTONDOWN:
-    case WM_NCRBUTTONDOWN:
-    case WM_NCMBUTTONDOWN:
-    case WM_NCXBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK:
-      return true;
-    default:
-      return false;
-  }
-}
+constexpr UINT kPresses[] = {WM_LBUTTONDOWN,   WM_RBUTTONDOWN,     WM_MBUTTONDOWN,
+                             WM_XBUTTONDOWN,   WM_LBUTTONDBLCLK,   WM_RBUTTONDBLCLK,
+                             WM_MBUTTONDBLCLK, WM_NCLBUTTONDBLCLK, WM_NCLBUTTONDOWN,
+                             WM_NCRBUTTONDOWN, WM_NCMBUTTONDOWN,   WM_NCXBUTTONDOWN};
 
 WindowPlan PlanOf(PopupKind kind, HWND form) {
   const bool note = kind == PopupKind::kNote;
@@ -47,15 +34,8 @@ WindowPlan PlanOf(PopupKind kind, HWND form) {
 }  // namespace
 
 screens::Rect RoomOf(PopupKind kind, HWND window) {
-  if (kind == PopupKind::kNote) {
-    RECT inside{};
-    GetClientRect(GetAncestor(window, GA_ROOT), &inside);
-    return FromRECT(inside);
-  }
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
-  return FromRECT(monitor.rcWork);
+  if (kind == PopupKind::kNote) return ClientArea(GetAncestor(window, GA_ROOT));
+  return WorkArea(window, MONITOR_DEFAULTTONEAREST);
 }
 
 PopupWindow::PopupWindow(PaneView& owner, PopupKind kind, const screens::PaneMaker& make)
@@ -73,13 +53,12 @@ PopupWindow::~PopupWindow() {
 }
 
 controls::Colour PopupWindow::FrameColour(bool /*focused*/) const {
-  return theme::kBorder;
+  return screens::palette::kBorder;
 }
 
 void PopupWindow::Show(screens::Size size) {
   const bool note = kind_ == PopupKind::kNote;
-  RECT control{};
-  GetWindowRect(owner_.Handle(), &control);
+  RECT control = ToRECT(WindowArea(owner_.Handle()));
   if (note) MapWindowPoints(nullptr, form_, reinterpret_cast<POINT*>(&control), 2);
   const int gap = note ? Look().GetScale().Design(kNoteGap) : 0;
   const screens::Rect place =
@@ -112,8 +91,8 @@ void PopupWindow::EndWatching() {
 
 LRESULT CALLBACK PopupWindow::WatchPresses(int code, WPARAM removed, LPARAM lParam) {
   auto& message = *reinterpret_cast<MSG*>(lParam);
-  if (code == HC_ACTION && removed == PM_REMOVE && open != nullptr && IsPress(message.message) &&
-      message.hwnd != open->Handle()) {
+  if (code == HC_ACTION && removed == PM_REMOVE && open != nullptr &&
+      std::ranges::count(kPresses, message.message) > 0 && message.hwnd != open->Handle()) {
     message.message = WM_NULL;
     PostMessageW(open->Handle(), kLeave, 0, 0);
   }

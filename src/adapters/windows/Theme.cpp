@@ -45,13 +45,9 @@ Theme::Theme(screens::Scale scale)
       // At 9 points Tahoma draws joined Persian that fits the forms' rows of 285 twips.
       font_(MakeFont(scale.Design(12), FW_NORMAL)),
       bold_(MakeFont(scale.Design(12), FW_BOLD)) {
-  const HDC screen = GetDC(nullptr);
-  const HGDIOBJ before = SelectObject(screen, font_.Get());
   TEXTMETRICW metrics{};
-  GetTextMetricsW(screen, &metrics);
+  GetTextMetricsW(MeasuringDc(font_.get()).Get(), &metrics);
   lineHeight_ = metrics.tmHeight;
-  SelectObject(screen, before);
-  ReleaseDC(nullptr, screen);
 }
 
 }  // namespace adapters::windows

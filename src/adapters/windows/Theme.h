@@ -2,47 +2,32 @@
 
 #include <windows.h>
 
-#include <utility>
+#include <memory>
+#include <type_traits>
 
-#include "screens/Palette.h"
 #include "screens/Scale.h"
+#include "screens/Surface.h"
 
 namespace adapters::windows {
 
-namespace theme {
-// A Colour is a COLORREF.
-using screens::palette::kAccent;
-using screens::palette::kAccentGround;
-using screens::palette::kBorder;
-using screens::palette::kDeepAccent;
-using screens::palette::kFaintLine;
-using screens::palette::kField;
-using screens::palette::kLine;
-using screens::palette::kMutedText;
-using screens::palette::kNoteGround;
-using screens::palette::kOnAccent;
-using screens::palette::kRefused;
-using screens::palette::kText;
-}  // namespace theme
-
-/// An object of GDI (font, pen, brush, bitmap, region), deleted with this.
+struct GdiDeleter {
+  void operator()(void* object) const { DeleteObject(object); }
+};
+/// An object of GDI (HFONT, HBITMAP), deleted with this.
 template <typename Handle>
-class GdiObject {
+using GdiObject = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
+
+/// A device context to measure texts in a font.
+class MeasuringDc {
  public:
-  GdiObject() = default;
-  explicit GdiObject(Handle handle) : handle_(handle) {}
-  GdiObject(GdiObject&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
-  GdiObject& operator=(GdiObject&& other) noexcept {
-    std::swap(handle_, other.handle_);
-    return *this;
-  }
-  ~GdiObject() {
-    if (handle_ != nullptr) DeleteObject(handle_);
-  }
-  Handle Get() const { return handle_; }
+  explicit MeasuringDc(HFONT font) { SelectObject(dc_, font); }
+  ~MeasuringDc() { DeleteDC(dc_); }
+  MeasuringDc(const MeasuringDc&) = delete;
+  MeasuringDc& operator=(const MeasuringDc&) = delete;
+  HDC Get() const { return dc_; }
 
  private:
-  Handle handle_ = nullptr;
+  HDC dc_ = CreateCompatibleDC(nullptr);
 };
 
 /// The scale of forms at this resolution: larger where the user has the system's texts larger than
@@ -57,8 +42,9 @@ class Theme {
   explicit Theme(screens::Scale scale);
   const screens::Scale& GetScale() const { return scale_; }
   /// Tahoma, 9 points at this scale.
-  HFONT Font() const { return font_.Get(); }
-  HFONT BoldFont() const { return bold_.Get(); }
+  HFONT Font(screens::Weight weight = screens::Weight::kNormal) const {
+    return (weight == screens::Weight::kBold ? bold_ : font_).get();
+  }
   /// Height of a line of Font() in pixels.
   int LineHeight() const { return lineHeight_; }
 

@@ -1,14 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 #include <string>
 
+#include "adapters/report/TemplateReports.h"
 #include "adapters/windows/PreviewFiles.h"
-#include "platform/Clock.h"
-#include "platform/Connection.h"
-#include "platform/ReportEngine.h"
-#include "platform/RuntimeError.h"
 
 namespace adapters::windows {
 
@@ -22,11 +18,8 @@ namespace adapters::windows {
 /// cannot be made throws RuntimeError 429: its templates are not ours to read.
 ///
 /// Otherwise Produce writes the filled template as one HTML file of its own, which is removed with
-/// this object (PreviewFiles), and has it opened. LoadReportFile throws
-/// RuntimeError 53 when the file cannot be read, 321 when it is no template; selection formula 1 is
-/// the one there is, another number throws 5. Produce shows a failure to the user before it throws
-/// it: its caller goes on without a word.
-class WinReports : public platform::ReportEngineFactory {
+/// this object (PreviewFiles), and has it opened.
+class WinReports : public report::TemplateReports {
  public:
   /// Opens or prints the file at `path`; throws RuntimeError when that fails.
   using Opener = std::function<void(const std::string& path, platform::ReportOutput output)>;
@@ -34,7 +27,7 @@ class WinReports : public platform::ReportEngineFactory {
 
   /// Both references outlive this object, which outlives its engines.
   WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-             ShowFailure showFailure, Opener open = OpenByShell);
+             ShowFailure showFailure, const Opener& open = OpenByShell);
   std::unique_ptr<platform::ReportEngine> Create() override;
 
   /// With the program that the user has for such files. Where that program cannot be told to print,
@@ -42,10 +35,6 @@ class WinReports : public platform::ReportEngineFactory {
   static void OpenByShell(const std::string& path, platform::ReportOutput output);
 
  private:
-  platform::ConnectionFactory& connections_;
-  const platform::Clock& clock_;
-  ShowFailure showFailure_;
-  Opener open_;
   PreviewFiles files_;
 };
 

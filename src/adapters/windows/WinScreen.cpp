@@ -5,9 +5,9 @@
 
 #include "adapters/windows/Clipboard.h"
 #include "adapters/windows/ModalLoop.h"
-#include "adapters/windows/Paint.h"
 #include "adapters/windows/Places.h"
 #include "adapters/windows/Wide.h"
+#include "adapters/windows/WinSurface.h"
 #include "platform/RuntimeError.h"
 #include "text/Text.h"
 
@@ -63,7 +63,6 @@ FormWindow& WinScreen::WindowFor(Form& form, HWND owner) {
   if (!window) {
     window = std::make_unique<FormWindow>(form, surroundings_, owner);
     window->SetBusy(hourglass_);
-    window->FitToDesk();
     CentreOver(owner, window->Handle());
   }
   return *window;
@@ -145,7 +144,7 @@ void WinScreen::Breathe() {
 
 controls::Twips WinScreen::TextWidth(std::string_view text) const {
   const Theme& look = surroundings_.theme;
-  return look.GetScale().Twips(windows::TextWidth(Measuring(look.Font()).Dc(), Wide(text)));
+  return look.GetScale().Twips(windows::TextWidth(look.Font(), text));
 }
 
 controls::Twips WinScreen::LineHeight() const {

@@ -38,26 +38,6 @@ class WindowClass {
   WindowClass& operator=(const WindowClass&) = delete;
 };
 
-/// The window that a message to a parent speaks about; null when it is about none.
-HWND Subject(UINT message, LPARAM lParam) {
-  switch (message) {
-    case WM_COMMAND:
-    case WM_CTLCOLOREDIT:
-    case WM_CTLCOLORSTATIC:
-    case WM_CTLCOLORLISTBOX:
-    case WM_CTLCOLORBTN:
-    case WM_HSCROLL:
-    case WM_VSCROLL:
-      return reinterpret_cast<HWND>(lParam);
-    case WM_DRAWITEM:
-      return reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem;
-    case WM_NOTIFY:
-      return reinterpret_cast<const NMHDR*>(lParam)->hwndFrom;
-    default:
-      return nullptr;
-  }
-}
-
 }  // namespace
 
 Window::~Window() {
@@ -82,24 +62,14 @@ Window* Window::Of(HWND handle) {
 }
 
 void Window::Create(const WindowPlan& plan) {
-  const RECT& place = plan.place;
-  CreateWindowExW(plan.extendedStyle, ClassName(), plan.text.c_str(), plan.style, place.left,
-                  place.top, place.right - place.left, place.bottom - place.top, plan.parent,
-                  nullptr, Instance(), this);
-  if (handle_ == nullptr) {
-    throw platform::RuntimeError(7, SystemText(HRESULT_FROM_WIN32(GetLastError())));
-  }
-}
-
-void Window::CreateStandard(const wchar_t* standardClass, const WindowPlan& plan) {
-  const RECT& place = plan.place;
-  const HWND handle =
-      CreateWindowExW(plan.extendedStyle, standardClass, plan.text.c_str(), plan.style, place.left,
-                      place.top, place.right - place.left, place.bottom - place.top, plan.parent,
-                      nullptr, Instance(), nullptr);
+  const bool standard = plan.standardClass != nullptr;
+  const HWND handle = CreateWindowExW(
+      plan.extendedStyle, standard ? plan.standardClass : ClassName(), L"", plan.style, 0, 0, 0, 0,
+      plan.parent, nullptr, Instance(), standard ? nullptr : this);
   if (handle == nullptr) {
     throw platform::RuntimeError(7, SystemText(HRESULT_FROM_WIN32(GetLastError())));
   }
+  if (!standard) return;
   Adopt(handle);
   standard_ = reinterpret_cast<WNDPROC>(
       SetWindowLongPtrW(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Window::Procedure)));
@@ -130,17 +100,9 @@ LRESULT CALLBACK Window::Procedure(HWND handle, UINT message, WPARAM wParam, LPA
   auto* const window = reinterpret_cast<Window*>(GetWindowLongPtrW(handle, GWLP_USERDATA));
   if (window == nullptr) return DefWindowProcW(handle, message, wParam, lParam);
   LRESULT result = 0;
-  window->guard_.Run([&] { result = window->Dispatch(message, wParam, lParam); });
+  window->guard_.Run([&] { result = window->OnMessage(message, wParam, lParam); });
   if (message == WM_NCDESTROY && window->handle_ == handle) window->Forget();
   return result;
-}
-
-LRESULT Window::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (Window* subject = Of(Subject(message, lParam)); subject != nullptr && subject != this) {
-    LRESULT result = 0;
-    if (subject->OnParentMessage(message, wParam, lParam, result)) return result;
-  }
-  return OnMessage(message, wParam, lParam);
 }
 
 LRESULT Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -151,11 +113,6 @@ LRESULT Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
   if (handle_ == nullptr) return 0;
   if (standard_ != nullptr) return CallWindowProcW(standard_, handle_, message, wParam, lParam);
   return DefWindowProcW(handle_, message, wParam, lParam);
-}
-
-bool Window::OnParentMessage(UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/,
-                             LRESULT& /*result*/) {
-  return false;
 }
 
 std::wstring TextOf(HWND window) {

@@ -13,9 +13,8 @@ namespace adapters::windows {
 struct WindowPlan {
   DWORD style = 0;
   DWORD extendedStyle = 0;
-  HWND parent = nullptr;  // or owner; HWND_MESSAGE for one that nobody sees
-  RECT place{};
-  std::wstring text{};
+  HWND parent = nullptr;                   // or owner; HWND_MESSAGE for one that nobody sees
+  const wchar_t* standardClass = nullptr;  // "EDIT", whose messages are seen before it does
 };
 
 /// A window of Windows whose messages go to this object, each under the error guard. The window
@@ -43,20 +42,14 @@ class Window {
   /// Makes the window; call it in the most derived constructor. Throws RuntimeError 7 when Windows
   /// refuses.
   void Create(const WindowPlan& plan);
-  /// Makes a standard control ("EDIT") instead and sees its messages before it does.
-  void CreateStandard(const wchar_t* standardClass, const WindowPlan& plan);
   /// A message. What it does not handle goes to Default().
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
-  /// What Windows tells the parent about this window: WM_COMMAND, WM_DRAWITEM, WM_MEASUREITEM,
-  /// WM_CTLCOLOR... Returns false to leave it to the parent.
-  virtual bool OnParentMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
   ErrorGuard& Guard() const { return guard_; }
 
  private:
   static LRESULT CALLBACK Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
   static const wchar_t* ClassName();
-  LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
   void Adopt(HWND handle);
   void Forget();
 
@@ -64,6 +57,11 @@ class Window {
   HWND handle_ = nullptr;
   WNDPROC standard_ = nullptr;  // of a standard control
 };
+
+/// Whether a key (VK_...) was down when the message under way was sent.
+inline bool Held(int key) {
+  return GetKeyState(key) < 0;
+}
 
 /// The text of any window: a caption, or what stands in an edit box.
 std::wstring TextOf(HWND window);

@@ -1,0 +1,87 @@
+#include "adapters/report/TemplateReports.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <system_error>
+
+#include "adapters/report/ReportError.h"
+#include "text/Utf8.h"
+
+namespace adapters::report {
+
+namespace {
+
+constexpr std::int32_t kFileNotFound = 53;
+
+bool IsUtf8(std::string_view text) {
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t begin = at;
+    // The replacement itself is three bytes long.
+    if (text::TakeCharacter(text, at) == text::kReplacement && at == begin + 1) return false;
+  }
+  return true;
+}
+
+[[noreturn]] void ThrowInvalidCall() {
+  throw platform::RuntimeError(platform::kInvalidProcedureCall,
+                               "Invalid procedure call or argument", "report");
+}
+
+}  // namespace
+
+class TemplateReports::Engine : public platform::ReportEngine {
+ public:
+  explicit Engine(const TemplateReports& reports) : reports_(reports) {}
+
+  void LoadReportFile(const std::string& path) override {
+    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
+    const std::u8string wide = file.filename().u8string();
+    const std::string name(wide.begin(), wide.end());
+    std::ifstream stream(file, std::ios::binary);
+    std::string text;
+    if (!std::getline(stream, text, '\0').eof()) {
+      throw ReportError(kFileNotFound, "قالب گزارش «" + name + "» خوانده نشد.",
+                        path + ": " + std::generic_category().message(errno));
+    }
+    if (!IsUtf8(text)) {
+      throw ReportError(kInvalidFileFormat, "قالب گزارش «" + name + "» با UTF-8 نوشته نشده است.",
+                        path + ": not UTF-8");
+    }
+    template_ = ReportTemplate::Load(text, name);
+  }
+
+  void SetConnectionString(const std::string& connectionString) override {
+    connectionString_ = connectionString;
+  }
+
+  void SetSelectionFormula(int number, std::string_view formula) override {
+    if (number != 1) ThrowInvalidCall();
+    formula_ = formula;
+  }
+
+  void Produce(platform::ReportOutput output) override {
+    try {
+      if (!template_) ThrowInvalidCall();
+      const auto connection = reports_.connections_.Create(connectionString_);
+      reports_.outlets_.show(Fill(*template_, *connection, formula_, reports_.clock_.Today()),
+                             output);
+    } catch (const platform::RuntimeError& failure) {
+      reports_.outlets_.showFailure(failure);
+      throw;
+    }
+  }
+
+ private:
+  const TemplateReports& reports_;
+  std::optional<ReportTemplate> template_;
+  std::string connectionString_;
+  std::string formula_;
+};
+
+std::unique_ptr<platform::ReportEngine> TemplateReports::Create() {
+  return std::make_unique<Engine>(*this);
+}
+
+}  // namespace adapters::report

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "adapters/report/Fill.h"
+#include "platform/Clock.h"
+#include "platform/Connection.h"
+#include "platform/ReportEngine.h"
+#include "platform/RuntimeError.h"
+
+namespace adapters::report {
+
+/// Report templates as a report engine; how a filled one is shown or printed is the screen's work.
+///
+/// LoadReportFile throws RuntimeError 53 when the file cannot be read, 321 when it is no template.
+/// Selection formula 1 is the one there is; another number throws 5. Produce has a failure shown to
+/// the user before it throws it: its caller goes on without a word.
+class TemplateReports : public platform::ReportEngineFactory {
+ public:
+  struct Outlets {
+    std::function<void(const FilledReport& report, platform::ReportOutput output)> show;
+    std::function<void(const platform::RuntimeError& failure)> showFailure;
+  };
+  /// Both references outlive this object, which outlives its engines.
+  TemplateReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
+                  Outlets outlets)
+      : connections_(connections), clock_(clock), outlets_(std::move(outlets)) {}
+  std::unique_ptr<platform::ReportEngine> Create() override;
+
+ private:
+  class Engine;
+  platform::ConnectionFactory& connections_;
+  const platform::Clock& clock_;
+  Outlets outlets_;
+};
+
+}  // namespace adapters::report
