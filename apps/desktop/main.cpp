@@ -107,10 +107,10 @@ class Desktop {
  private:
   adapters::qt::ErrorGuard guard_;
   adapters::qt::SettingsPlaces places_{kApplication};
-  adapters::qt::QtScreen screen_{guard_};
+  adapters::qt::QtClock clock_;
+  adapters::qt::QtScreen screen_{guard_, clock_};
   desktop::Connections connections_;
   screens::Components components_{guard_, screen_, connections_};
-  adapters::qt::QtClock clock_;
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
   adapters::xlsx::XlsxExcel excel_;

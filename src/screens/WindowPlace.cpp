@@ -66,8 +66,9 @@ std::optional<WindowPlace> PlaceOnDesk(std::string_view text, const std::vector<
 }
 
 Rect PlaceOver(const Rect& below, Size window, const Rect& workArea) {
-  const Point middle = below.Middle();
-  return Inside({middle.x - window.width / 2, middle.y - window.height / 2}, window, workArea);
+  return Inside({(below.left + below.right - window.width) / 2,
+                 (below.top + below.bottom - window.height) / 2},
+                window, workArea);
 }
 
 }  // namespace screens

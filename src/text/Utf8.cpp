@@ -1,8 +1,19 @@
 #include "text/Utf8.h"
 
 #include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace text {
+
+namespace {
+
+// Of the bytes of four letters of two bytes each.
+constexpr std::uint64_t kFourLetters = 0xC0FCC0FCC0FCC0FCU;
+constexpr std::uint64_t kFourLettersAre = 0x80D880D880D880D8U;
+
+}  // namespace
 
 char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
@@ -21,6 +32,41 @@ char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   }
   at += more;
   return code;
+}
+
+char16_t* PutUtf16(std::string_view text, char16_t* to) {
+  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  for (std::size_t at = 0; at < text.size();) {
+    static_assert(std::endian::native == std::endian::little);
+    std::uint64_t eight = 0;
+    if (text.size() - at >= sizeof eight) {
+      std::memcpy(&eight, text.data() + at, sizeof eight);
+      if ((eight & kFourLetters) == kFourLettersAre) {
+        eight = (eight & 0x001F001F001F001FU) << 6U | (eight >> 8U & 0x003F003F003F003FU);
+        std::memcpy(to, &eight, sizeof eight);
+        to += 4;
+        at += 8;
+        continue;
+      }
+    }
+    const unsigned lead = byte(at);
+    if (lead < 0x80) {
+      *to++ = static_cast<char16_t>(lead);
+      ++at;
+    } else if (lead >= 0xC2 && lead < 0xE0 && at + 1 < text.size() && byte(at + 1) >> 6U == 2) {
+      *to++ = static_cast<char16_t>((lead & 0x1FU) << 6U | (byte(at + 1) & 0x3FU));
+      at += 2;  // all letters of Persian
+    } else {
+      const char32_t character = TakeCharacter(text, at);
+      if (character < 0x10000) {
+        *to++ = static_cast<char16_t>(character);
+      } else {
+        *to++ = static_cast<char16_t>(0xD7C0 + (character >> 10U));
+        *to++ = static_cast<char16_t>(0xDC00 + (character & 0x3FFU));
+      }
+    }
+  }
+  return to;
 }
 
 }  // namespace text

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,7 @@ TEST(Utf8, Text_IsTakenCharacterByCharacterAndWhatIsNoneByteByByte) {
   const std::pair<std::string, std::u32string> cases[] = {
       {"aé\u200Cي€😀\U0010FFFF", U"aé\u200Cي€😀\U0010FFFF"},
       {std::string("n\0m", 3), std::u32string(U"n\0m", 3)},
+      {"بازارياب ۱۲ x", U"بازارياب ۱۲ x"},
       {"\xD9", U"\uFFFD"},                        // cut
       {"\xF0\x9F\x98z", U"\uFFFD\uFFFD\uFFFDz"},  // cut by another
       {"\xC0\x80\x80", U"\uFFFD\uFFFD\uFFFD"},    // longer than need be; a stray byte
@@ -23,6 +25,9 @@ TEST(Utf8, Text_IsTakenCharacterByCharacterAndWhatIsNoneByteByByte) {
     std::u32string taken;
     for (std::size_t at = 0; at < given.size();) taken += text::TakeCharacter(given, at);
     EXPECT_EQ(taken, expected) << given;
+    std::u16string units(given.size(), u'\0');
+    units.resize(static_cast<std::size_t>(text::PutUtf16(given, units.data()) - units.data()));
+    EXPECT_EQ(units, std::filesystem::path(expected).u16string()) << given;
   }
 }
 

@@ -7,7 +7,6 @@
 #include <QProcess>
 #include <QSaveFile>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -49,41 +48,6 @@ constexpr int kBlocksAtOnce = 32;
   throw platform::RuntimeError(number, ToUtf8(words), "QtFileSystem");
 }
 
-constexpr std::uint64_t kFourLetters = 0xC0FCC0FCC0FCC0FCU;
-constexpr std::uint64_t kFourLettersAre = 0x80D880D880D880D8U;
-
-/// Writes `text` in UTF-16 at `to`, where there is room for a unit for each byte; gives the end.
-char16_t* PutUtf16(std::string_view text, char16_t* to) {
-  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  for (std::size_t at = 0; at < text.size();) {
-    std::uint64_t eight = 0;
-    if (text.size() - at >= sizeof eight) {
-      std::memcpy(&eight, text.data() + at, sizeof eight);
-      if ((eight & kFourLetters) == kFourLettersAre) {
-        eight = (eight & 0x001F001F001F001FU) << 6U | (eight >> 8U & 0x003F003F003F003FU);
-        std::memcpy(to, &eight, sizeof eight);
-        to += 4;
-        at += 8;
-        continue;
-      }
-    }
-    const unsigned lead = byte(at);
-    if (lead < 0x80) {
-      *to++ = static_cast<char16_t>(lead);
-      ++at;
-    } else if (lead >= 0xC2 && lead < 0xE0 && at + 1 < text.size() && byte(at + 1) >> 6U == 2) {
-      *to++ = static_cast<char16_t>((lead & 0x1FU) << 6U | (byte(at + 1) & 0x3FU));
-      at += 2;  // all letters of Persian
-    } else {
-      const char32_t character = text::TakeCharacter(text, at);
-      if (character >= 0x10000) *to++ = QChar::highSurrogate(character);
-      *to++ =
-          character >= 0x10000 ? QChar::lowSurrogate(character) : static_cast<char16_t>(character);
-    }
-  }
-  return to;
-}
-
 /// UTF-16LE with a byte order mark. Texts are decoded straight into one block, without a string of
 /// their own: a large export is as good as all decoding and copying.
 class SavedTextFile : public platform::TextFile {
@@ -96,7 +60,7 @@ class SavedTextFile : public platform::TextFile {
   void Write(std::string_view text) override {
     if (block_.size() - used_ < text.size()) Flush();
     if (block_.size() < text.size()) block_.resize(text.size());
-    used_ = static_cast<std::size_t>(PutUtf16(text, block_.data() + used_) - block_.data());
+    used_ = static_cast<std::size_t>(text::PutUtf16(text, block_.data() + used_) - block_.data());
   }
   void WriteLineBreak() override { Write("\r\n"); }
 

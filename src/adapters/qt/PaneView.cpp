@@ -197,6 +197,11 @@ void PaneView::changeEvent(QEvent* event) {
 }
 
 void PaneView::PassPointer(const QMouseEvent& event) {
+  if (event.type() == QEvent::MouseMove && event.buttons() == Qt::NoButton) {
+    const screens::Cursor cursor = pane_->CursorAt(ToPane(event.position()));
+    const bool border = cursor == screens::Cursor::kColumnBorder;
+    viewport()->setCursor(border ? Qt::SplitHCursor : Qt::ArrowCursor);
+  }
   const PointerEvent passed = ToPointerEvent(event, ToPane(event.position()));
   Call([&](screens::Pane& pane) { pane.Pointer(passed); });
   // A list that the press opened has the mouse from here on.
@@ -204,26 +209,6 @@ void PaneView::PassPointer(const QMouseEvent& event) {
   if (passed.action == PointerEvent::Action::kPress && popup != nullptr && popup != window()) {
     Call([](screens::Pane& pane) { pane.PointerLost(); });
   }
-}
-
-void PaneView::mousePressEvent(QMouseEvent* event) {
-  PassPointer(*event);
-}
-
-void PaneView::mouseDoubleClickEvent(QMouseEvent* event) {
-  PassPointer(*event);
-}
-
-void PaneView::mouseMoveEvent(QMouseEvent* event) {
-  const bool border = pane_->CursorAt(ToPane(event->position())) == screens::Cursor::kColumnBorder;
-  if (event->buttons() == Qt::NoButton) {
-    viewport()->setCursor(border ? Qt::SplitHCursor : Qt::ArrowCursor);
-  }
-  PassPointer(*event);
-}
-
-void PaneView::mouseReleaseEvent(QMouseEvent* event) {
-  PassPointer(*event);
 }
 
 void PaneView::wheelEvent(QWheelEvent* event) {
@@ -275,12 +260,21 @@ void PaneView::timerEvent(QTimerEvent* event) {
 }
 
 bool PaneView::viewportEvent(QEvent* event) {
-  if (event->type() == QEvent::ToolTip) {
-    ShowTip(*static_cast<QHelpEvent*>(event));
-    return true;
-  }
-  if (event->type() == QEvent::Leave) {
-    Call([](screens::Pane& pane) { pane.Pointer({PointerEvent::Action::kLeave, {}}); });
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+      PassPointer(*static_cast<QMouseEvent*>(event));
+      return true;
+    case QEvent::ToolTip:
+      ShowTip(*static_cast<QHelpEvent*>(event));
+      return true;
+    case QEvent::Leave:
+      Call([](screens::Pane& pane) { pane.Pointer({PointerEvent::Action::kLeave, {}}); });
+      break;
+    default:
+      break;
   }
   return QAbstractScrollArea::viewportEvent(event);
 }

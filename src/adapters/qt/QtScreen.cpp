@@ -48,8 +48,6 @@ bool AnyWindowIsUp() {
 
 }  // namespace
 
-QtScreen::QtScreen(ErrorGuard& guard) : QtScreen(guard, ownClock_) {}
-
 QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
   ServeScreenReaders();
   dropTimer_.setSingleShot(true);

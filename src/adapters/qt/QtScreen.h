@@ -7,7 +7,6 @@
 
 #include "adapters/qt/ErrorGuard.h"
 #include "adapters/qt/FormWindow.h"
-#include "adapters/qt/Services.h"
 #include "controls/Screen.h"
 #include "screens/WindowPlace.h"
 
@@ -19,8 +18,7 @@ namespace adapters::qt {
 /// unloaded unless its quitOnLastWindowClosed is off; outlives the forms shown on it.
 class QtScreen : public controls::Screen {
  public:
-  explicit QtScreen(ErrorGuard& guard);
-  /// With a clock of one's own, for what date boxes call today.
+  /// The clock is for what date boxes call today.
   QtScreen(ErrorGuard& guard, const platform::Clock& clock);
   ~QtScreen() override;
 
@@ -62,7 +60,6 @@ class QtScreen : public controls::Screen {
   void EndModal(const controls::Form& form);
   void DropRetired();
 
-  QtClock ownClock_;
   ErrorGuard& guard_;
   const platform::Clock& clock_;
   std::unordered_map<const controls::Form*, std::unique_ptr<FormWindow>> windows_;

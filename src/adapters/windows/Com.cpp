@@ -47,12 +47,6 @@ std::string Described(std::string description, HRESULT result) {
   return description.empty() ? SystemText(result) : description;
 }
 
-/// The value as another type. The conversion only reads its source, though its signature says more.
-HRESULT Convert(const VARIANT& from, VARTYPE type, VARIANT* to) {
-  return VariantChangeTypeEx(to, const_cast<VARIANT*>(&from), kEnglish, VARIANT_NOUSEROVERRIDE,
-                             type);
-}
-
 [[noreturn]] void ThrowExcepInfo(EXCEPINFO& info) {
   if (info.pfnDeferredFillIn != nullptr) info.pfnDeferredFillIn(&info);
   const HRESULT result = info.wCode != 0 ? static_cast<HRESULT>(info.wCode) : info.scode;
@@ -74,31 +68,26 @@ Bstr::Bstr(std::string_view utf8) {
 }
 
 Variant::Variant(bool value) {
-  VariantInit(&value_);
   value_.vt = VT_BOOL;
   value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
 Variant::Variant(std::int32_t value) {
-  VariantInit(&value_);
   value_.vt = VT_I4;
   value_.lVal = value;
 }
 
 Variant::Variant(double value) {
-  VariantInit(&value_);
   value_.vt = VT_R8;
   value_.dblVal = value;
 }
 
 Variant::Variant(std::string_view text) {
-  VariantInit(&value_);
   value_.bstrVal = Bstr(text).Release();
   value_.vt = VT_BSTR;
 }
 
 Variant::Variant(IDispatch* object) {
-  VariantInit(&value_);
   value_.vt = VT_DISPATCH;
   value_.pdispVal = object;
   if (object != nullptr) object->AddRef();
@@ -118,28 +107,29 @@ Variant Variant::Null() {
 }
 
 Variant::Variant(const Variant& other) {
-  VariantInit(&value_);
   Check(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)));
 }
 
+Variant Variant::As(VARTYPE type) const {
+  Variant other;
+  // The conversion only reads its source, though its signature says more.
+  Check(VariantChangeTypeEx(&other.value_, const_cast<VARIANT*>(&value_), kEnglish,
+                            VARIANT_NOUSEROVERRIDE, type));
+  return other;
+}
+
 std::int32_t Variant::Number() const {
-  Variant number;
-  Check(Convert(value_, VT_I4, &number.value_));
-  return number.value_.lVal;
+  return As(VT_I4).value_.lVal;
 }
 
 bool Variant::Flag() const {
-  Variant flag;
-  Check(Convert(value_, VT_BOOL, &flag.value_));
-  return flag.value_.boolVal != VARIANT_FALSE;
+  return As(VT_BOOL).value_.boolVal != VARIANT_FALSE;
 }
 
 std::string Variant::Text() const {
   if (value_.vt == VT_BSTR) return Of(value_.bstrVal);
   if (IsNull()) return {};
-  Variant text;
-  Check(Convert(value_, VT_BSTR, &text.value_));
-  return Of(text.value_.bstrVal);
+  return Of(As(VT_BSTR).value_.bstrVal);
 }
 
 ComPtr<IDispatch> Variant::Object() const {

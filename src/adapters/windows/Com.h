@@ -81,7 +81,7 @@ class Bstr {
 /// A VARIANT, cleared with this.
 class Variant {
  public:
-  Variant() { VariantInit(&value_); }
+  Variant() = default;
   Variant(bool value);
   Variant(std::int32_t value);
   Variant(double value);
@@ -116,7 +116,8 @@ class Variant {
   ComPtr<IDispatch> Object() const;
 
  private:
-  VARIANT value_;
+  Variant As(VARTYPE type) const;
+  VARIANT value_{};  // which is VT_EMPTY
 };
 
 /// The text of a system error or of a failed HRESULT, without the line break at its end.

@@ -76,17 +76,6 @@ TEST_F(QtTest, LastForm_Unloaded_EndsTheProgram) {
   EXPECT_TRUE(unloadedBoth);
 }
 
-TEST_F(QtTest, Hourglass_LeftByAnError_IsTakenAway) {
-  form.cmdOK.onClick = [&] {
-    screen.SetMousePointer(controls::MousePointer::kHourglass);
-    throw platform::RuntimeError(5, "Bad");
-  };
-  ShowForm();
-  AnswerDialog();
-  Click(form.cmdOK);
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
 TEST_F(QtTest, TextBoxOfLatinDigits_FilledByInputMethodMenuOrDrop_ShowsThem) {
   form.txtName.SetLatinDigits(true);
   ShowForm();
