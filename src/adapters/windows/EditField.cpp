@@ -126,9 +126,9 @@ controls::Colour EditField::Ground() const {
 }
 
 LRESULT EditField::Colours(HDC dc) const {
-  SetTextColor(dc, screens::palette::kText);
-  SetBkColor(dc, Ground());
-  SetDCBrushColor(dc, Ground());
+  SetTextColor(dc, look_.Shown(screens::palette::kText));
+  SetBkColor(dc, look_.Shown(Ground()));
+  SetDCBrushColor(dc, look_.Shown(Ground()));
   return reinterpret_cast<LRESULT>(GetStockObject(DC_BRUSH));
 }
 

@@ -1,5 +1,7 @@
 #include "adapters/windows/FormWindow.h"
 
+#include <dwmapi.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -17,6 +19,8 @@ using controls::Form;
 
 namespace {
 
+/// DWMWA_USE_IMMERSIVE_DARK_MODE, where Windows knows it.
+constexpr DWORD kDarkTitle = 20;
 // Not mirrored (WS_EX_LAYOUTRTL): the forms place their controls from the left themselves.
 constexpr DWORD kExtendedStyle = WS_EX_RTLREADING | WS_EX_RIGHT | WS_EX_CONTROLPARENT;
 constexpr DWORD kFixedStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
@@ -50,6 +54,8 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
   Create({.style = sizable ? kSizableStyle : kFixedStyle,
           .extendedStyle = kExtendedStyle | (sizable ? 0U : WS_EX_DLGMODALFRAME),
           .parent = owner});
+  const BOOL dark = look_.Dark() ? TRUE : FALSE;
+  DwmSetWindowAttribute(Handle(), kDarkTitle, &dark, sizeof dark);
   Refresh({Aspect::kText});
   Refresh({Aspect::kBounds});
   MakeWindows(form, Handle());

@@ -1,5 +1,7 @@
 #include "adapters/windows/PaneView.h"
 
+#include <uxtheme.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -27,6 +29,7 @@ void PaneView::Fill(std::unique_ptr<screens::Pane> pane) {
 
 void PaneView::AddFrame() {
   if (std::exchange(framed_, true)) return;
+  if (Look().Dark()) SetWindowTheme(Handle(), L"DarkMode_Explorer", nullptr);  // its scroll bars
   SetWindowPos(Handle(), nullptr, 0, 0, 0, 0,
                SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

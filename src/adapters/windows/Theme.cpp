@@ -32,6 +32,15 @@ double TextFactor() {
   return std::max(1.0, std::round(points * 2) / 2 / kUsualPoints);
 }
 
+screens::palette::Scheme WantedScheme() {
+  DWORD light = 1;
+  DWORD size = sizeof light;
+  RegGetValueW(HKEY_CURRENT_USER,
+               L"Software\\Microsoft\\Windows\\CurrentVersion\\Themes\\Personalize",
+               L"AppsUseLightTheme", RRF_RT_REG_DWORD, nullptr, &light, &size);
+  return light == 0 ? screens::palette::Scheme::kDark : screens::palette::Scheme::kLight;
+}
+
 }  // namespace
 
 screens::Scale ScaleFor(double dpi) {
@@ -44,7 +53,8 @@ Theme::Theme(screens::Scale scale)
     : scale_(scale),
       // At 9 points Tahoma draws joined Persian that fits the forms' rows of 285 twips.
       font_(MakeFont(scale.Design(12), FW_NORMAL)),
-      bold_(MakeFont(scale.Design(12), FW_BOLD)) {
+      bold_(MakeFont(scale.Design(12), FW_BOLD)),
+      scheme_(WantedScheme()) {
   TEXTMETRICW metrics{};
   GetTextMetricsW(MeasuringDc(font_.get()).Get(), &metrics);
   lineHeight_ = metrics.tmHeight;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <type_traits>
 
+#include "screens/Palette.h"
 #include "screens/Scale.h"
 #include "screens/Surface.h"
 
@@ -34,7 +35,8 @@ class MeasuringDc {
 /// they come.
 screens::Scale ScaleFor(double dpi);
 
-/// The suite's warm look at one scale: the fonts that the windows share. Outlives them.
+/// The suite's warm look at one scale, light or dark as the user has the windows of programs: the
+/// fonts and colours that the windows share. Outlives them.
 class Theme {
  public:
   /// At the resolution of the screen as this process sees it: 96 where Windows scales it.
@@ -45,6 +47,11 @@ class Theme {
   HFONT Font(screens::Weight weight = screens::Weight::kNormal) const {
     return (weight == screens::Weight::kBold ? bold_ : font_).get();
   }
+  bool Dark() const { return scheme_ == screens::palette::Scheme::kDark; }
+  /// What stands for a colour of the palette.
+  controls::Colour Shown(controls::Colour colour) const {
+    return screens::palette::InScheme(colour, scheme_);
+  }
   /// Height of a line of Font() in pixels.
   int LineHeight() const { return lineHeight_; }
 
@@ -53,6 +60,7 @@ class Theme {
   GdiObject<HFONT> font_;
   GdiObject<HFONT> bold_;
   int lineHeight_ = 0;
+  screens::palette::Scheme scheme_;
 };
 
 }  // namespace adapters::windows

@@ -93,7 +93,7 @@ int TextWidth(HFONT font, std::string_view text) {
 
 void WinSurface::Fill(const screens::Rect& area, Colour colour) {
   const RECT place = ToRECT(area);
-  SetDCBrushColor(dc_, colour);
+  SetDCBrushColor(dc_, look_.Shown(colour));
   FillRect(dc_, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
@@ -103,7 +103,7 @@ void WinSurface::Text(std::string_view text, const screens::Rect& box,
   const HFONT font = look_.Font(style.weight);
   SelectObject(dc_, font);
   SetBkMode(dc_, TRANSPARENT);
-  SetTextColor(dc_, style.colour);
+  SetTextColor(dc_, look_.Shown(style.colour));
   TEXTMETRICW metrics{};
   GetTextMetricsW(dc_, &metrics);
   const int top = box.top + (box.Height() - static_cast<int>(metrics.tmHeight)) / 2;
@@ -130,6 +130,7 @@ void WinSurface::Blend(int x, int y, Colour colour, double share) const {
   const Colour under = GetPixel(dc_, x, y);
   if (under == CLR_INVALID) return;
   share = std::min(share, 1.0);
+  colour = look_.Shown(colour);
   SetPixelV(dc_, x, y,
             Mixed(under, colour, share, 0) | Mixed(under, colour, share, 8) |
                 Mixed(under, colour, share, 16));

@@ -9,7 +9,7 @@ if [[ $exports != "$wanted" ]]; then
   echo "It exports: $exports"
   exit 1
 fi
-system=' advapi32 comctl32 comdlg32 gdi32 kernel32 msvcrt ole32 oleacc oleaut32 shell32 user32 uxtheme '
+system=' advapi32 comctl32 comdlg32 dwmapi gdi32 kernel32 msvcrt ole32 oleacc oleaut32 shell32 user32 uxtheme '
 imports=$(sed -n 's/^\tDLL Name: \(.*\)\.[dD][lL][lL]$/\L\1/p' <<<"$tables")
 [[ -n $imports ]]
 for library in $imports; do
