@@ -99,7 +99,7 @@ std::unique_ptr<platform::Connection> Connections::Create(const std::string& con
         connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
   }
   return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
-                                                          outages_.Of(connectionString));
+                                                          outages_.Of(connectionString), progress_);
 }
 
 std::string SampleOfficePath(const Options& options) {

@@ -9,6 +9,7 @@
 
 #include "platform/Connection.h"
 #include "platform/ConnectionFault.h"
+#include "platform/RunningStatement.h"
 
 namespace adapters::server {
 
@@ -32,13 +33,16 @@ class Failure : public std::exception {
 };
 
 /// One login to a server; it ends with this. Both calls are platform::Connection's and throw
-/// Failure.
+/// Failure. They keep asking `running`; once it goes on no longer, whatever they throw counts as
+/// cancelled.
 class Session {
  public:
   virtual ~Session() = default;
-  virtual platform::RowSet Execute(std::string_view statement) = 0;
+  virtual platform::RowSet Execute(std::string_view statement,
+                                   platform::RunningStatement& running) = 0;
   virtual std::int32_t CallProcedure(std::string_view name,
-                                     std::span<const platform::Parameter> parameters) = 0;
+                                     std::span<const platform::Parameter> parameters,
+                                     platform::RunningStatement& running) = 0;
 };
 
 }  // namespace adapters::server

@@ -97,7 +97,8 @@ class AdoSession : public server::Session {
     platform::ResumeNext([&] { connection_.Call("Close"); });
   }
 
-  platform::RowSet Execute(std::string_view statement) override {
+  platform::RowSet Execute(std::string_view statement,
+                           platform::RunningStatement& /*running*/) override {
     return Tell([&] {
       Dispatch recordset = Dispatch::Create("ADODB.Recordset");
       // Forward only and read only: any other cursor is opened through a procedure of the server,
@@ -114,8 +115,8 @@ class AdoSession : public server::Session {
     });
   }
 
-  std::int32_t CallProcedure(std::string_view name,
-                             std::span<const platform::Parameter> parameters) override {
+  std::int32_t CallProcedure(std::string_view name, std::span<const platform::Parameter> parameters,
+                             platform::RunningStatement& /*running*/) override {
     return Tell([&] {
       const Dispatch command = Dispatch::Create("ADODB.Command");
       command.PutReference("ActiveConnection", connection_.Get());
@@ -153,7 +154,8 @@ class AdoSession : public server::Session {
 }  // namespace
 
 std::unique_ptr<server::Session> AdoConnection::Open(const std::string& connectionString,
-                                                     std::chrono::seconds statementLimit) {
+                                                     std::chrono::seconds statementLimit,
+                                                     platform::RunningStatement& /*running*/) {
   return std::make_unique<AdoSession>(connectionString, statementLimit);
 }
 

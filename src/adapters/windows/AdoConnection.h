@@ -21,12 +21,14 @@ namespace adapters::windows {
 class AdoConnection : public server::ServerConnection {
  public:
   explicit AdoConnection(std::string_view connectionString,
-                         server::Outages::Count outages = server::Outages().Of({}))
-      : ServerConnection(connectionString, std::move(outages)) {}
+                         server::Outages::Count outages = server::Outages().Of({}),
+                         platform::Progress* progress = nullptr)
+      : ServerConnection(connectionString, std::move(outages), progress) {}
 
  private:
   std::unique_ptr<server::Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit) override;
+                                        std::chrono::seconds statementLimit,
+                                        platform::RunningStatement& running) override;
 };
 
 }  // namespace adapters::windows
