@@ -21,8 +21,8 @@ class Databases : public platform::ConnectionFactory {
       return std::make_unique<adapters::sqlite::SqliteConnection>(
           connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
     }
-    return std::make_unique<adapters::windows::AdoConnection>(connectionString,
-                                                              outages_.Of(connectionString));
+    return std::make_unique<adapters::windows::AdoConnection>(
+        connectionString, outages_.Of(connectionString), progress_);
   }
   bool Busy() const override { return progress_ != nullptr && progress_->UnderWay(); }
 

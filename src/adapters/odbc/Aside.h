@@ -16,9 +16,6 @@
 
 namespace adapters::odbc {
 
-/// How long a driver may take to end what was cancelled before it is left alone with it.
-inline constexpr std::chrono::milliseconds kCancelLimit{3000};
-
 /// A thread that is joined where it came to its end, and else left to itself.
 class LooseThread {
  public:
@@ -73,9 +70,6 @@ std::invoke_result_t<Work> RunAside(platform::RunningStatement& running, Work wo
     task->ended.notify_one();
   });
 
-  const auto stopped = [](bool sessionDead) {
-    return server::Failure({{"HY008", 0, "Operation canceled"}}, "ODBC", sessionDead);
-  };
   std::optional<Clock::time_point> cancelledAt;
   Clock::time_point cancelAgain;
   std::unique_lock lock(task->mutex);
@@ -84,7 +78,7 @@ std::invoke_result_t<Work> RunAside(platform::RunningStatement& running, Work wo
     if (!running.GoesOn()) {
       const Clock::time_point now = Clock::now();
       if (!cancelledAt) cancelledAt = now;
-      if (now - *cancelledAt >= limit) throw stopped(true);
+      if (now - *cancelledAt >= limit) throw server::Stopped("ODBC", true);
       if (now >= cancelAgain) {
         cancel();
         cancelAgain = now + kBetweenCancels;
@@ -96,7 +90,7 @@ std::invoke_result_t<Work> RunAside(platform::RunningStatement& running, Work wo
   thread.Join();
   if (task->failure) std::rethrow_exception(std::exchange(task->failure, nullptr));
   // What a driver returns of rows that it was told to stop reading may not be all of them.
-  if (cancelledAt) throw stopped(false);
+  if (cancelledAt) throw server::Stopped("ODBC", false);
   return std::move(*task->result);
 }
 

@@ -199,7 +199,7 @@ class OdbcSession : public server::Session {
   template <typename Work>
   std::invoke_result_t<Work> Run(platform::RunningStatement& running, Work work) {
     return RunAside(
-        running, std::move(work), [this] { line_->Cancel(); }, kCancelLimit);
+        running, std::move(work), [this] { line_->Cancel(); }, server::kCancelLimit);
   }
 
   std::shared_ptr<Line> line_;

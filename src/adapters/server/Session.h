@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <span>
@@ -31,6 +32,15 @@ class Failure : public std::exception {
   std::string source_;
   bool sessionDead_;
 };
+
+/// How long a driver or provider may take to end what was cancelled before it is left alone with
+/// it.
+inline constexpr std::chrono::milliseconds kCancelLimit{3000};
+
+/// The failure of what was cancelled, where nobody else says so.
+inline Failure Stopped(const std::string& source, bool sessionDead) {
+  return {{{"HY008", 0, "Operation canceled"}}, source, sessionDead};
+}
 
 /// One login to a server; it ends with this. Both calls are platform::Connection's and throw
 /// Failure. They keep asking `running`; once it goes on no longer, whatever they throw counts as

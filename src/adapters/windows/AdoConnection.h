@@ -18,6 +18,9 @@ namespace adapters::windows {
 ///   (SCOPE_IDENTITY) is there for the next. Cells are as AdoRows.h says.
 /// - ADO's own time limit of a statement, 30 s, would cut a large batch on a busy server short: it
 ///   gets ours.
+/// - Where somebody waits, ADO executes and connects asynchronously, and its State is looked at;
+/// the
+///   further results of a batch are waited for.
 class AdoConnection : public server::ServerConnection {
  public:
   explicit AdoConnection(std::string_view connectionString,

@@ -306,7 +306,7 @@ TEST_F(WaitingTest, Cancelled_EndsSoonAndKeepsTheSession) {
     progress.stopAtCall = 3;
     const auto begin = std::chrono::steady_clock::now();
     const Failure failure = FailureOf(*waiting, statement);
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, kCancelLimit);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit);
     EXPECT_EQ(failure.number, platform::kUserInterrupt);
     EXPECT_THAT(failure.words, StartsWith("كار پايگاه داده به خواست شما متوقف شد"));
     EXPECT_EQ(failure.words.find("پيش از آنكه آن را تكرار كنيد") != std::string::npos,
@@ -324,7 +324,7 @@ TEST_F(WaitingTest, Cancelled_OnASilentServer_IsGivenUpAndEndsByItself) {
   progress.stopAtCall = 3;
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(FailureOf(*waiting, "fall silent within the rows").number, platform::kUserInterrupt);
-  EXPECT_LT(std::chrono::steady_clock::now() - begin, kCancelLimit + 1500ms);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit + 1500ms);
   progress.stopAtCall = 0;
   EXPECT_EQ(Lines(waiting->Execute(names)), kNames) << "by a session of its own";
   EXPECT_EQ(Lines(neighbour->Execute(names)), kNames);
