@@ -81,8 +81,13 @@ void QtScreen::Show(Form& form, Modality modality) {
   const bool comesUp = !window.isVisible();
   if (comesUp) {
     const bool modal = modality != Modality::kModeless;
-    // Not a window of this form that was hidden just now.
-    QWidget* const active = QApplication::activeWindow();
+    // Not a window of this form that was hidden just now. Where the desktop has not yet activated
+    // another one, the form that waits is in front.
+    QWidget* active = QApplication::activeWindow();
+    if (!active && !modal_.empty()) {
+      const auto waits = windows_.find(modal_.back()->form);
+      if (waits != windows_.end()) active = waits->second.get();
+    }
     QWidget* const before = active == &window ? nullptr : active;
     window.setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     window.winId();  // creates the native window, which can then be tied to the one before it
