@@ -64,7 +64,8 @@ struct Assembly::Parts {
   adapters::windows::Theme theme;
   adapters::windows::RegistryPlaces places;
   HostedScreen screen{guard, clock, theme, users};
-  Databases connections;
+  screens::ProgressForm waiting{screen, Uptime};  // for statements, also those of an export
+  Databases connections{&waiting};
   adapters::windows::ComComponents components;
   adapters::windows::WinKeyboard keyboard;
   adapters::windows::SaveDialog fileDialog;

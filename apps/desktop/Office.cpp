@@ -95,10 +95,11 @@ void RequireFile(const std::string& connectionString) {
 
 std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
   if (connectionString.starts_with(kEmbedded)) {
-    return std::make_unique<adapters::sqlite::SqliteConnection>(connectionString);
+    return std::make_unique<adapters::sqlite::SqliteConnection>(
+        connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
   }
   return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
-                                                          outages_.Of(connectionString));
+                                                          outages_.Of(connectionString), progress_);
 }
 
 std::string SampleOfficePath(const Options& options) {
@@ -171,8 +172,9 @@ bool ReplayStatements(const Options& options) {
   return Replay(script, *connection, std::cout);
 }
 
-std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {
-  const auto connection = Connections().Create(connectionString);
+std::int32_t EmployeeOfUser(platform::ConnectionFactory& connections,
+                            const std::string& connectionString, std::int32_t user) {
+  const auto connection = connections.Create(connectionString);
   const platform::RowSet rows =
       connection->Execute("select EmployeeID from tblZomirUser where ID=" + std::to_string(user));
   return rows.RowCount() == 0 ? -1 : host::NumericId(rows.Text(0, 0));

@@ -7,6 +7,7 @@
 #include "Options.h"
 #include "adapters/server/ServerConnection.h"
 #include "platform/Connection.h"
+#include "platform/Progress.h"
 
 namespace desktop {
 
@@ -14,9 +15,13 @@ namespace desktop {
 /// string SQL Server through ODBC.
 class Connections : public platform::ConnectionFactory {
  public:
+  /// `progress` shows statements that take long; null where nobody waits.
+  explicit Connections(platform::Progress* progress = nullptr) : progress_(progress) {}
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
+  bool Busy() const override { return progress_ != nullptr && progress_->UnderWay(); }
 
  private:
+  platform::Progress* progress_;
   adapters::server::Outages outages_;
 };
 
@@ -44,6 +49,7 @@ bool ReplayStatements(const Options& options);
 
 /// The employee behind a user of the suite, as the suite would tell it at login; -1 when the office
 /// does not know the user. Throws RuntimeError.
-std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user);
+std::int32_t EmployeeOfUser(platform::ConnectionFactory& connections,
+                            const std::string& connectionString, std::int32_t user);
 
 }  // namespace desktop

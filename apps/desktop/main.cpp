@@ -103,13 +103,15 @@ class Desktop {
   adapters::qt::ErrorGuard& Guard() { return guard_; }
   module::Module& Module() { return module_; }
   host::DistPromoterProg& Control() { return control_; }
+  platform::ConnectionFactory& Connections() { return connections_; }
 
  private:
   adapters::qt::ErrorGuard guard_;
   adapters::qt::SettingsPlaces places_{kApplication};
   adapters::qt::QtClock clock_;
   adapters::qt::QtScreen screen_{guard_, clock_};
-  desktop::Connections connections_;
+  screens::ProgressForm waiting_{screen_, Uptime};  // for statements, also those of an export
+  desktop::Connections connections_{&waiting_};
   screens::Components components_{guard_, screen_, connections_};
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
@@ -140,7 +142,8 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options,
   host::DistPromoterProg& control = desktop.Control();
   desktop.Guard().Run([&] {
     control.SetUserID(options.user);
-    control.SetEmployeeID(desktop::EmployeeOfUser(connectionString, options.user));
+    control.SetEmployeeID(
+        desktop::EmployeeOfUser(desktop.Connections(), connectionString, options.user));
     control.SetOLEConnectionString(connectionString);
     if (options.program > 0) {
       control.View(options.program);

@@ -39,10 +39,10 @@ void DistPromoterProg::SetOLEConnectionString(std::string New_OLEConnectionStrin
   site_.PropertyChanged("OLEConnectionString");
 }
 
-/// A routine that waits for the user goes on with the program, the context and the connection that
-/// it began with: a deletion that was asked about must not meet another program.
+/// A routine that waits for the user or the database goes on with the program, the context and the
+/// connection that it began with: a deletion that was asked about must not meet another program.
 void DistPromoterProg::RefuseWhileWaiting() const {
-  if (!module_.NoticeIsUp() && !editor_.DialogIsUp()) return;
+  if (!module_.NoticeIsUp() && !module_.StatementRuns() && !editor_.DialogIsUp()) return;
   throw platform::RuntimeError(platform::kNonModalWhileModal,
                                "Can't show non-modal form when modal form is displayed");
 }

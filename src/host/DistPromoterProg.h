@@ -32,8 +32,8 @@ class DistPromoterProg {
   /// Both re-read the host context, rebuild the data environment, ask for permission 111 and open
   /// the editor or say that the user may not. With another connection string than the last call's
   /// the editor and its dialogs are closed first, whatever comes of the call. Both return false on
-  /// every path. While a message or a dialog of the module is up they throw RuntimeError 401 and
-  /// change nothing.
+  /// every path. While a message or a dialog of the module is up, or a statement runs, they throw
+  /// RuntimeError 401 and change nothing.
   bool ClearShow();
   bool View(std::int32_t inID);
 

@@ -72,6 +72,8 @@ class modMain : public controls::LookupSource {
   int AskQuestion(std::string_view title, std::string_view message);
   /// One of the two is up: a routine waits for the user.
   bool NoticeIsUp() const { return notices_ > 0; }
+  /// A routine waits for the database, and windows are painted meanwhile.
+  bool StatementRuns() const { return services_.connections.Busy(); }
 
   /// Fills the form's list with the report templates of its form type; when there are none, says so
   /// to the user, leaves the list alone and returns false. Throws what the database throws.

@@ -20,7 +20,8 @@ struct Parameter {
 
 /// One connection to the suite's database. It opens itself on the first statement, so that setting
 /// it up never fails; every failure is a RuntimeError with the database's own number and text.
-/// A statement that failed changed nothing, and the connection stays usable.
+/// A statement that failed changed nothing, and the connection stays usable; one that the user
+/// cancelled (RunningStatement.h) fails with 18.
 class Connection {
  public:
   virtual ~Connection() = default;
@@ -41,6 +42,9 @@ class ConnectionFactory {
   virtual ~ConnectionFactory() = default;
   /// Never touches the server; the string is taken as it is, empty included.
   virtual std::unique_ptr<Connection> Create(const std::string& connectionString) = 0;
+  /// Whether a statement of one of them runs, while the screen breathes. None of them may be
+  /// destroyed or asked for another meanwhile.
+  virtual bool Busy() const { return false; }
 };
 
 }  // namespace platform

@@ -12,8 +12,8 @@ void ErrorGuard::Tell(const ErrorTexts& texts) noexcept {
     screen_->SetMousePointer(controls::MousePointer::kDefault);
     MessageForm(*screen_, {.title = texts.title,
                            .text = texts.sentence,
-                           .technical = texts.technical,
-                           .kind = MessageKind::kError})
+                           .technical = texts.asked ? std::string() : texts.technical,
+                           .kind = texts.asked ? MessageKind::kInformation : MessageKind::kError})
         .Ask();
   } catch (const std::exception&) {
     outlets_.lastResort(texts);

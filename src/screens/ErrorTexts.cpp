@@ -7,6 +7,8 @@ namespace screens {
 namespace {
 
 constexpr const char* kTitle = "خطا";
+constexpr const char* kStopped = "انصراف";
+
 std::string WhatNext(AfterError after) {
   return after == AfterError::kGoesOn ? "\nبرنامه ادامه مي‌يابد."
                                       : "\nبرنامه بسته مي‌شود.";
@@ -40,11 +42,14 @@ ErrorTexts TextsOf(const platform::RuntimeError& error, AfterError after) {
   const std::string description = error.Description();
   const std::size_t persian = PersianEnd(description);
   ErrorTexts texts;
-  texts.title = kTitle;
+  texts.asked = error.Number() == platform::kUserInterrupt && persian > 0;
+  texts.title = texts.asked ? kStopped : kTitle;
   // The mark keeps a minus sign before its digits.
-  texts.sentence = "خطاي شماره \u200E" + number + " هنگام اجرا رخ داد.";
-  if (persian > 0) texts.sentence += "\n" + description.substr(0, persian);
-  texts.sentence += WhatNext(after);
+  if (!texts.asked) {
+    texts.sentence = "خطاي شماره \u200E" + number + " هنگام اجرا رخ داد.";
+    if (persian > 0) texts.sentence += "\n";
+  }
+  texts.sentence += description.substr(0, persian) + WhatNext(after);
   texts.technical = "Run-time error '" + number + "'";
   const std::size_t rest = description.find_first_not_of(" \t\r\n", persian);
   if (rest != std::string::npos) texts.technical += ": " + description.substr(rest);

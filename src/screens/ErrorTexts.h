@@ -12,6 +12,7 @@ struct ErrorTexts {
   std::string title;
   std::string sentence;   // Persian, two or three lines
   std::string technical;  // English, to be read from the left and copied
+  bool asked = false;     // it ended as the user asked, which is no error to him
 };
 
 /// What the program does once the user has read it; the sentence says so.

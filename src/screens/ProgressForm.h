@@ -23,6 +23,7 @@ class ProgressForm : public platform::Progress, public controls::Form {
   void Begin(std::string_view what, std::size_t total) override;
   bool Advance(std::size_t done) override;
   void End() override;
+  bool UnderWay() const override { return begun_.has_value(); }
 
   controls::Label lblWhat;
   controls::ProgressBar bar;

@@ -8,8 +8,6 @@ namespace tools {
 
 namespace {
 
-constexpr std::int32_t kUserInterrupt = 18;
-
 // Takes the progress display away before any message is shown.
 class Running {
  public:
@@ -35,7 +33,7 @@ void CopyCells(const host::Services& services, const controls::FlexGrid& grid) {
       application->SetCell(row + 1, col + 1, grid.TextMatrix(row, col));
     }
     if (!services.progress.Advance(static_cast<std::size_t>(row) + 1)) {
-      throw platform::RuntimeError(kUserInterrupt, "انتقال به اكسل توسط كاربر متوقف شد.");
+      throw platform::RuntimeError(platform::kUserInterrupt, "انتقال به اكسل توسط كاربر متوقف شد.");
     }
   }
   application->Finish();

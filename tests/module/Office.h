@@ -101,6 +101,7 @@ class Office : private platform::ConnectionFactory {
 
   const std::string file;
   support::ScriptedPlatform outside;
+  support::FakeProgress waiting;  // is shown the statements that run
   static constexpr const char* kPassword = "Geheim-7301";
 
  private:
@@ -141,7 +142,9 @@ class Office : private platform::ConnectionFactory {
   class Line : public platform::Connection {
    public:
     explicit Line(Office& office)
-        : office_(office), embedded_("sqlite:" + office.file, std::chrono::milliseconds(20)) {}
+        : office_(office),
+          embedded_("sqlite:" + office.file, std::chrono::milliseconds(20),
+                    platform::kStatementLimit, &office.waiting) {}
     platform::RowSet Execute(std::string_view statement) override {
       return office_.Execute(embedded_, statement);
     }
@@ -157,6 +160,7 @@ class Office : private platform::ConnectionFactory {
   std::unique_ptr<platform::Connection> Create(const std::string& /*connectionString*/) override {
     return std::make_unique<Line>(*this);
   }
+  bool Busy() const override { return waiting.UnderWay(); }
 
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> plain_{nullptr, sqlite3_close};
   std::unique_ptr<Module> module_ = std::make_unique<Module>(outside.Services(*this));

@@ -43,15 +43,23 @@ TEST_F(ErrorGuardTest, ErrorsOfNestedCalls_AreToldEachAndTheCallersGoOn) {
     EXPECT_EQ(form.lblTechnical.Caption(), "Run-time error '380': Locked (box)");
   });
   screen.OnModalForm<MessageForm>([&](MessageForm& form) {
+    // What the user asked for himself is told calmly.
+    EXPECT_EQ(form.Caption() + form.lblSign.Caption(), "انصرافi");
+    EXPECT_THAT(form.lblMessage.Caption(), testing::StartsWith("متوقف شد.\n"));
+    EXPECT_FALSE(form.lblTechnical.Visible() || form.cmdCopy.Visible());
+  });
+  screen.OnModalForm<MessageForm>([&](MessageForm& form) {
     EXPECT_EQ(guard.Depth(), 1);
     EXPECT_THAT(form.lblMessage.Caption(), HasSubstr("بسته"));
   });
   guard.Run([&] {
     guard.Run([] { throw platform::RuntimeError(380, "جدول قفل است. Locked", "box"); });
     guard.SetProgramGoesOn(false);
+    guard.Run([] { throw platform::RuntimeError(18, "متوقف شد.\n\u202ACancelled\u202C"); });
     throw std::logic_error("a gap");
   });
-  EXPECT_THAT(noted, ElementsAre("Run-time error '380': Locked (box)", HasSubstr("a gap")));
+  EXPECT_THAT(noted, ElementsAre("Run-time error '380': Locked (box)", HasSubstr("Cancelled"),
+                                 HasSubstr("a gap")));
   EXPECT_THAT(lastResort, testing::IsEmpty());
   EXPECT_EQ(guard.Depth(), 0);
   EXPECT_EQ(screen.pointer, controls::MousePointer::kDefault);

@@ -17,11 +17,11 @@
 #include "platform/FileSystem.h"
 #include "platform/Keyboard.h"
 #include "platform/ProcessLauncher.h"
-#include "platform/Progress.h"
 #include "platform/PropertyBag.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
 #include "support/Events.h"
+#include "support/FakeProgress.h"
 
 namespace support {
 
@@ -69,21 +69,6 @@ class FakeExcel : public platform::Excel {
   /// Every cell in the order of writing.
   std::vector<std::pair<Position, std::string>> written;
   std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
-};
-
-class FakeProgress : public platform::Progress {
- public:
-  /// The user asks to stop once this much is done.
-  std::optional<std::size_t> stopAt;
-  std::vector<std::pair<std::string, std::size_t>> begun;
-  std::vector<std::size_t> advanced;
-  int ended = 0;
-  void Begin(std::string_view what, std::size_t total) override { begun.emplace_back(what, total); }
-  bool Advance(std::size_t done) override {
-    advanced.push_back(done);
-    return !stopAt || done < *stopAt;
-  }
-  void End() override { ++ended; }
 };
 
 class FakePropertyBag : public platform::PropertyBag {

@@ -1,9 +1,12 @@
 #include "adapters/odbc/OdbcConnection.h"
 
 #include <array>
+#include <mutex>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "adapters/odbc/Aside.h"
 #include "adapters/odbc/ConnectionString.h"
 #include "adapters/odbc/Diagnostics.h"
 #include "adapters/odbc/Handles.h"
@@ -55,11 +58,12 @@ SQLRETURN Bind(const Statement& statement, SQLUSMALLINT place, const platform::P
   throw server::Failure(std::move(errors), "ODBC", sessionDead);
 }
 
-/// Statements are made for one use, so that none is ever left with rows open.
-class OdbcSession : public server::Session {
+/// The driver's session; calls block, and go one at a time, but for Cancel. Statements are made for
+/// one use, so that none is ever left with rows open.
+class Line {
  public:
-  OdbcSession(const std::string& odbcString, std::chrono::seconds loginLimit,
-              std::chrono::seconds statementLimit)
+  Line(const std::string& odbcString, std::chrono::seconds loginLimit,
+       std::chrono::seconds statementLimit)
       : statementLimit_(statementLimit), environment_(MakeEnvironment()) {
     if (environment_) database_ = DatabaseHandle(environment_.Get());
     if (!database_) Fail(ReadDiagnostics(environment_));
@@ -71,12 +75,19 @@ class OdbcSession : public server::Session {
                                                nullptr, 0, &length, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result)) Fail(ReadDiagnostics(database_));
   }
-  OdbcSession(const OdbcSession&) = delete;
-  OdbcSession& operator=(const OdbcSession&) = delete;
-  ~OdbcSession() override { SQLDisconnect(database_.Get()); }
+  Line(const Line&) = delete;
+  Line& operator=(const Line&) = delete;
+  ~Line() { SQLDisconnect(database_.Get()); }
 
-  platform::RowSet Execute(std::string_view text) override {
+  /// On any thread: tells the driver to end the statement under way, if there is one.
+  void Cancel() {
+    const std::lock_guard lock(mutex_);
+    if (current_ != nullptr) SQLCancel(current_);
+  }
+
+  platform::RowSet Execute(std::string_view text) {
     const Statement statement = NewStatement();
+    const Current current(*this, statement);
     // The text is the server's: braces in it are no ODBC escapes. A driver that does not know the
     // attribute loses nothing.
     SQLSetStmtAttrW(statement.Get(), SQL_ATTR_NOSCAN, AttributeValue(SQL_NOSCAN_ON), 0);
@@ -84,12 +95,13 @@ class OdbcSession : public server::Session {
   }
 
   std::int32_t CallProcedure(std::string_view name,
-                             std::span<const platform::Parameter> parameters) override {
+                             std::span<const platform::Parameter> parameters) {
     // What is bound outlives the statement, which may still read results when it is freed.
     SQLINTEGER returned = 0;
     SQLLEN returnedLength = 0;
     std::vector<Argument> arguments(parameters.size());
     const Statement statement = NewStatement();
+    const Current current(*this, statement);
     Check(statement, SQLBindParameter(statement.Get(), 1, SQL_PARAM_OUTPUT, SQL_C_SLONG,
                                       SQL_INTEGER, 0, 0, &returned, 0, &returnedLength));
     std::string call = "{? = CALL ";
@@ -105,6 +117,22 @@ class OdbcSession : public server::Session {
   }
 
  private:
+  /// Cancel finds the statement while this lives, and lets it end only afterwards.
+  class Current {
+   public:
+    Current(Line& line, const Statement& statement) : line_(line) { Set(statement.Get()); }
+    ~Current() { Set(nullptr); }
+    Current(const Current&) = delete;
+    Current& operator=(const Current&) = delete;
+
+   private:
+    void Set(SQLHANDLE statement) {
+      const std::lock_guard lock(line_.mutex_);
+      line_.current_ = statement;
+    }
+    Line& line_;
+  };
+
   Statement NewStatement() {
     Statement statement(database_.Get());
     if (!statement) FailIn(database_);
@@ -145,15 +173,48 @@ class OdbcSession : public server::Session {
   std::chrono::seconds statementLimit_;
   Environment environment_;
   DatabaseHandle database_;
+  std::mutex mutex_;
+  SQLHANDLE current_ = nullptr;
+};
+
+class OdbcSession : public server::Session {
+ public:
+  explicit OdbcSession(std::shared_ptr<Line> line) : line_(std::move(line)) {}
+
+  platform::RowSet Execute(std::string_view statement,
+                           platform::RunningStatement& running) override {
+    return Run(running,
+               [line = line_, text = std::string(statement)] { return line->Execute(text); });
+  }
+
+  std::int32_t CallProcedure(std::string_view name, std::span<const platform::Parameter> parameters,
+                             platform::RunningStatement& running) override {
+    return Run(running, [line = line_, name = std::string(name),
+                         given = std::vector(parameters.begin(), parameters.end())] {
+      return line->CallProcedure(name, given);
+    });
+  }
+
+ private:
+  template <typename Work>
+  std::invoke_result_t<Work> Run(platform::RunningStatement& running, Work work) {
+    return RunAside(
+        running, std::move(work), [this] { line_->Cancel(); }, server::kCancelLimit);
+  }
+
+  std::shared_ptr<Line> line_;
 };
 
 }  // namespace
 
 std::unique_ptr<server::Session> OdbcConnection::Open(const std::string& connectionString,
-                                                      std::chrono::seconds statementLimit) {
-  return std::make_unique<OdbcSession>(OdbcConnectionString(connectionString),
-                                       ConnectTimeout(connectionString).value_or(loginLimit_),
-                                       statementLimit);
+                                                      std::chrono::seconds statementLimit,
+                                                      platform::RunningStatement& running) {
+  const auto logIn = [=, login = OdbcConnectionString(connectionString),
+                      limit = ConnectTimeout(connectionString).value_or(loginLimit_)] {
+    return std::make_shared<Line>(login, limit, statementLimit);
+  };
+  return std::make_unique<OdbcSession>(RunAside(running, logIn, [] {}, {}));
 }
 
 }  // namespace adapters::odbc

@@ -20,6 +20,9 @@ namespace adapters::odbc {
 ///   minute: its driver keeps the line alive.
 /// - Statements go as they are, never prepared, each committed by itself. All results of a batch
 ///   are read; the first one with columns is returned, an error in any is thrown.
+/// - Where somebody waits, calls of the driver that block run on a thread of their own (Aside.h). A
+///   driver that does not end soon what was cancelled, and a login, which none can end, are left to
+///   that thread with the session.
 /// - Parameters of a procedure go by their places; their names are not sent.
 /// - The session has the settings that the server gives every ODBC and OLE DB client (quoted
 ///   identifiers, ANSI nulls, padding and warnings on); none is set here.
@@ -27,14 +30,16 @@ class OdbcConnection : public server::ServerConnection {
  public:
   explicit OdbcConnection(std::string_view connectionString,
                           std::chrono::seconds loginLimit = server::kLoginLimit)
-      : OdbcConnection(connectionString, server::Outages().Of({}), loginLimit) {}
+      : OdbcConnection(connectionString, server::Outages().Of({}), nullptr, loginLimit) {}
   OdbcConnection(std::string_view connectionString, server::Outages::Count outages,
+                 platform::Progress* progress = nullptr,
                  std::chrono::seconds loginLimit = server::kLoginLimit)
-      : ServerConnection(connectionString, std::move(outages)), loginLimit_(loginLimit) {}
+      : ServerConnection(connectionString, std::move(outages), progress), loginLimit_(loginLimit) {}
 
  private:
   std::unique_ptr<server::Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit) override;
+                                        std::chrono::seconds statementLimit,
+                                        platform::RunningStatement& running) override;
 
   std::chrono::seconds loginLimit_;
 };

@@ -11,6 +11,8 @@
 
 #include "adapters/server/Session.h"
 #include "platform/Connection.h"
+#include "platform/Progress.h"
+#include "platform/RunningStatement.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::server {
@@ -46,6 +48,8 @@ class Outages {
 /// - A session that was lost, or that ran into the statement's time limit, is given up: the
 ///   statement that found it so fails and is never sent again by itself, since the server may have
 ///   executed it; the next statement opens a new one.
+/// - What the user cancels fails with 18. A session whose driver does not end it soon is given up;
+///   what was cancelled is no loss of the server.
 /// - Where one connection finds the server gone, the sessions that others with the same string left
 ///   idle are gone too: theirs are dropped unasked, and opened anew by their next statement.
 class ServerConnection : public platform::Connection {
@@ -55,21 +59,27 @@ class ServerConnection : public platform::Connection {
                              std::span<const platform::Parameter> parameters) override;
 
  protected:
-  ServerConnection(std::string_view connectionString, Outages::Count outages)
-      : connectionString_(connectionString), outages_(std::move(outages)) {}
+  /// `progress` is asked while the server is waited for; may be null.
+  ServerConnection(std::string_view connectionString, Outages::Count outages,
+                   platform::Progress* progress)
+      : connectionString_(connectionString), outages_(std::move(outages)), progress_(progress) {}
 
  private:
   /// Logs in. Throws Failure, or RuntimeError where the string cannot be understood.
   virtual std::unique_ptr<Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit) = 0;
+                                        std::chrono::seconds statementLimit,
+                                        platform::RunningStatement& running) = 0;
 
-  Session& OpenSession();
+  Session& OpenSession(platform::RunningStatement& running);
+  /// `left`: what is left behind should the user cancel.
   template <typename Action>
-  auto InSession(Action action);
+  auto InSession(platform::Cancelled left, Action action);
   platform::RuntimeError Judge(const Failure& failure);
+  platform::RuntimeError JudgeCancelled(const Failure& failure, platform::Cancelled left);
 
   std::string connectionString_;
   Outages::Count outages_;
+  platform::Progress* progress_;
   std::uint32_t outagesSeen_ = 0;  // when the session was opened
   std::unique_ptr<Session> session_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <exception>
 #include <span>
@@ -9,6 +10,7 @@
 
 #include "platform/Connection.h"
 #include "platform/ConnectionFault.h"
+#include "platform/RunningStatement.h"
 
 namespace adapters::server {
 
@@ -31,14 +33,26 @@ class Failure : public std::exception {
   bool sessionDead_;
 };
 
+/// How long a driver or provider may take to end what was cancelled before it is left alone with
+/// it.
+inline constexpr std::chrono::milliseconds kCancelLimit{3000};
+
+/// The failure of what was cancelled, where nobody else says so.
+inline Failure Stopped(const std::string& source, bool sessionDead) {
+  return {{{"HY008", 0, "Operation canceled"}}, source, sessionDead};
+}
+
 /// One login to a server; it ends with this. Both calls are platform::Connection's and throw
-/// Failure.
+/// Failure. They keep asking `running`; once it goes on no longer, whatever they throw counts as
+/// cancelled.
 class Session {
  public:
   virtual ~Session() = default;
-  virtual platform::RowSet Execute(std::string_view statement) = 0;
+  virtual platform::RowSet Execute(std::string_view statement,
+                                   platform::RunningStatement& running) = 0;
   virtual std::int32_t CallProcedure(std::string_view name,
-                                     std::span<const platform::Parameter> parameters) = 0;
+                                     std::span<const platform::Parameter> parameters,
+                                     platform::RunningStatement& running) = 0;
 };
 
 }  // namespace adapters::server

@@ -1,10 +1,12 @@
 #include "adapters/sqlite/SqliteConnection.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Procedures.h"
 #include "adapters/sqlite/Translator.h"
+#include "platform/RunningStatement.h"
 #include "text/Text.h"
 
 namespace adapters::sqlite {
@@ -13,24 +15,49 @@ namespace {
 
 constexpr std::string_view kPrefix = "sqlite:";
 
-/// Interrupts what the handle runs once the limit is over, while it lives.
-class TimeLimit {
+/// While it lives, what the handle runs is interrupted once the limit is over or the user has
+/// cancelled; another program's lock is waited for as long as the handle did before, unless so.
+class Watch {
  public:
-  TimeLimit(sqlite3* database, std::chrono::milliseconds limit)
-      : database_(database), end_(std::chrono::steady_clock::now() + limit) {
+  Watch(sqlite3* database, std::chrono::milliseconds limit, std::chrono::milliseconds busyTimeout,
+        platform::RunningStatement& running)
+      : database_(database),
+        busyTimeout_(busyTimeout),
+        end_(Clock::now() + limit),
+        running_(running) {
     constexpr int kStepsBetween = 10000;  // about a tenth of a millisecond
-    const auto isOver = [](void* self) {
-      return std::chrono::steady_clock::now() > static_cast<TimeLimit*>(self)->end_ ? 1 : 0;
+    const auto isOver = [](void* self) { return static_cast<Watch*>(self)->IsOver() ? 1 : 0; };
+    const auto waitMore = [](void* self, int times) {
+      return static_cast<Watch*>(self)->WaitForLock(times) ? 1 : 0;
     };
     sqlite3_progress_handler(database_, kStepsBetween, isOver, this);
+    sqlite3_busy_handler(database_, waitMore, this);
   }
-  ~TimeLimit() { sqlite3_progress_handler(database_, 0, nullptr, nullptr); }
-  TimeLimit(const TimeLimit&) = delete;
-  TimeLimit& operator=(const TimeLimit&) = delete;
+  ~Watch() {
+    sqlite3_progress_handler(database_, 0, nullptr, nullptr);
+    sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout_.count()));
+  }
+  Watch(const Watch&) = delete;
+  Watch& operator=(const Watch&) = delete;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
+  bool IsOver() { return !running_.GoesOn() || Clock::now() > end_; }
+
+  bool WaitForLock(int times) {
+    constexpr int kLongestPause = 20;
+    if (times == 0) lockGivenUp_ = Clock::now() + busyTimeout_;
+    if (!running_.GoesOn() || Clock::now() >= lockGivenUp_) return false;
+    sqlite3_sleep(std::min(times + 1, kLongestPause));
+    return true;
+  }
+
   sqlite3* database_;
-  std::chrono::steady_clock::time_point end_;
+  std::chrono::milliseconds busyTimeout_;
+  Clock::time_point end_;
+  Clock::time_point lockGivenUp_;
+  platform::RunningStatement& running_;
 };
 
 /// A moment's text "yyyymmdd hh:mm:ss" with its dashes; any other as it is.
@@ -80,11 +107,14 @@ platform::RowSet Read(sqlite3* database, sqlite3_stmt* statement,
 
 SqliteConnection::SqliteConnection(std::string_view connectionString,
                                    std::chrono::milliseconds busyTimeout,
-                                   std::chrono::milliseconds statementLimit)
+                                   std::chrono::milliseconds statementLimit,
+                                   platform::Progress* progress)
     : connectionString_(connectionString),
       file_(connectionString_.starts_with(kPrefix) ? connectionString_.substr(kPrefix.size()) : "",
             busyTimeout),
-      statementLimit_(statementLimit) {}
+      busyTimeout_(busyTimeout),
+      statementLimit_(statementLimit),
+      progress_(progress) {}
 
 DatabaseFile& SqliteConnection::File() {
   if (!connectionString_.starts_with(kPrefix)) {
@@ -96,14 +126,29 @@ DatabaseFile& SqliteConnection::File() {
   return file_;
 }
 
+template <typename Work>
+auto SqliteConnection::Run(const Work& work) {
+  DatabaseFile& file = File();
+  platform::RunningStatement running(progress_);
+  // A statement is stored whole or not at all.
+  try {
+    return file.Use([&](sqlite3* database, Catalog& catalog) {
+      const Watch watch(database, statementLimit_, busyTimeout_, running);
+      return work(database, catalog);
+    });
+  } catch (const platform::RuntimeError& error) {
+    if (!running.Cancelled()) throw;
+    throw platform::CancelledError(platform::Cancelled::kTakenBack, {}, error.Source());
+  }
+}
+
 platform::RowSet SqliteConnection::Execute(std::string_view statement) {
-  return File().Use(
+  return Run(
       [&](sqlite3* database, Catalog& catalog) { return ExecuteOn(database, catalog, statement); });
 }
 
 platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog,
                                              std::string_view statement) {
-  const TimeLimit limit(database, statementLimit_);
   const Translation translation = Translate(statement, catalog);
   StatementHandle prepared;
   try {
@@ -134,7 +179,7 @@ void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement, bool gi
 
 std::int32_t SqliteConnection::CallProcedure(std::string_view name,
                                              std::span<const platform::Parameter> parameters) {
-  return File().Use([&](sqlite3* database, Catalog&) {
+  return Run([&](sqlite3* database, Catalog&) {
     return CallStoredProcedure(database, name, parameters, file_.Path());
   });
 }

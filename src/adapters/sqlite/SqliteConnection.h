@@ -10,6 +10,7 @@
 
 #include "adapters/sqlite/DatabaseFile.h"
 #include "platform/Connection.h"
+#include "platform/Progress.h"
 #include "platform/StatementLimit.h"
 
 namespace adapters::sqlite {
@@ -19,13 +20,15 @@ namespace adapters::sqlite {
 /// moved or removed meanwhile (4060), the next statement opens it anew. Without the right to write
 /// in its folder the file can be read all the same (DatabaseFile). Statements are in the server's
 /// dialect (Translator.h) and fail with the server's numbers, followed by SQLite's own words in
-/// parentheses; one that runs longer than `statementLimit` ends as on a silent server. Dates come
-/// out as yyyy-mm-dd.
+/// parentheses; one that runs longer than `statementLimit` ends as on a silent server. `progress`
+/// (RunningStatement.h) is asked while a statement runs or waits for another program's lock. Dates
+/// come out as yyyy-mm-dd.
 class SqliteConnection : public platform::Connection {
  public:
   explicit SqliteConnection(std::string_view connectionString,
                             std::chrono::milliseconds busyTimeout = kBusyTimeout,
-                            std::chrono::milliseconds statementLimit = platform::kStatementLimit);
+                            std::chrono::milliseconds statementLimit = platform::kStatementLimit,
+                            platform::Progress* progress = nullptr);
 
   platform::RowSet Execute(std::string_view statement) override;
   std::int32_t CallProcedure(std::string_view name,
@@ -33,12 +36,16 @@ class SqliteConnection : public platform::Connection {
 
  private:
   DatabaseFile& File();
+  template <typename Work>
+  auto Run(const Work& work);
   platform::RowSet ExecuteOn(sqlite3* database, Catalog& catalog, std::string_view statement);
   void Write(sqlite3* database, sqlite3_stmt* statement, bool givesIdentity);
 
   std::string connectionString_;
   DatabaseFile file_;
+  std::chrono::milliseconds busyTimeout_;
   std::chrono::milliseconds statementLimit_;
+  platform::Progress* progress_;
 };
 
 }  // namespace adapters::sqlite

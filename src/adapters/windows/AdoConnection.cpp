@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -20,7 +22,12 @@ constexpr std::int32_t adLockReadOnly = 1;
 constexpr std::int32_t adCmdText = 1;
 constexpr std::int32_t adCmdStoredProc = 4;
 constexpr std::int32_t adExecuteNoRecords = 0x80;
+constexpr std::int32_t adAsyncConnect = 0x10;
+constexpr std::int32_t adAsyncExecute = 0x10;
 constexpr std::int32_t adStateClosed = 0;
+constexpr std::int32_t adStateOpen = 1;
+constexpr std::int32_t adStateConnecting = 2;
+constexpr std::int32_t adStateExecuting = 4;
 constexpr std::int32_t adParamInput = 1;
 constexpr std::int32_t adParamReturnValue = 4;
 constexpr std::int32_t adInteger = 3;
@@ -78,44 +85,74 @@ void Append(const Dispatch& command, const platform::Parameter& parameter) {
   }
 }
 
+/// Lets a moment of the wait for ADO pass. What other apartments call meanwhile is let in, since
+/// ADO may need it; nothing of ours does more than refuse it. A short statement is noticed at once.
+void Pause(std::chrono::steady_clock::duration waited) {
+  constexpr std::chrono::milliseconds kShort{10};
+  constexpr DWORD kPause = 10;
+  if (waited < kShort) return Sleep(0);
+  const std::unique_ptr<void, decltype(&CloseHandle)> never(
+      CreateEventW(nullptr, TRUE, FALSE, nullptr), CloseHandle);
+  HANDLE handle = never.get();
+  DWORD index = 0;
+  CoWaitForMultipleHandles(0, kPause, 1, &handle, &index);
+}
+
 class AdoSession : public server::Session {
  public:
-  AdoSession(const std::string& connectionString, std::chrono::seconds statementLimit)
+  AdoSession(const std::string& connectionString, std::chrono::seconds statementLimit,
+             platform::RunningStatement& running)
       : statementLimit_(Seconds(statementLimit)),
         connection_(Dispatch::Create("ADODB.Connection")) {
     connection_.Put("ConnectionTimeout", Seconds(server::kLoginLimit));
     connection_.Put("CommandTimeout", statementLimit_);
     try {
-      connection_.Call("Open", {connectionString});
+      if (!running.Watched()) {
+        connection_.Call("Open", {connectionString});
+        return;
+      }
+      connection_.Call("Open",
+                       {connectionString, Variant::Missing(), Variant::Missing(), adAsyncConnect});
+      Await(connection_, adStateConnecting, running);
     } catch (const platform::RuntimeError& error) {
       throw ReadFailure(connection_, error);
     }
+    if (connection_.Property("State").Number() == adStateOpen) return;
+    if (const auto failure = ReadLateFailure(connection_)) throw *failure;
+    throw server::Failure({}, "ADODB", true);
   }
   AdoSession(const AdoSession&) = delete;
   AdoSession& operator=(const AdoSession&) = delete;
   ~AdoSession() override {
-    platform::ResumeNext([&] { connection_.Call("Close"); });
+    // One that is still at work would be waited for.
+    if (!leftAlone_) platform::ResumeNext([&] { connection_.Call("Close"); });
   }
 
-  platform::RowSet Execute(std::string_view statement) override {
+  platform::RowSet Execute(std::string_view statement,
+                           platform::RunningStatement& running) override {
     return Tell([&] {
       Dispatch recordset = Dispatch::Create("ADODB.Recordset");
       // Forward only and read only: any other cursor is opened through a procedure of the server,
       // in whose scope SCOPE_IDENTITY would be lost.
-      recordset.Call("Open",
-                     {statement, connection_.Get(), adOpenForwardOnly, adLockReadOnly, adCmdText});
+      recordset.Call("Open", {statement, connection_.Get(), adOpenForwardOnly, adLockReadOnly,
+                              adCmdText | (running.Watched() ? adAsyncExecute : 0)});
+      Await(recordset, adStateExecuting, running);
       // Every result is read to the end: an error may come after rows.
       platform::RowSet first;
       for (; recordset; recordset = NextResult(recordset)) {
         const bool hasRows = recordset.Property("State").Number() != adStateClosed;
-        if (hasRows && !first.ReturnsRows()) first = ReadRows(recordset);
+        if (hasRows && !first.ReturnsRows()) first = ReadRows(recordset, running);
+        if (running.Cancelled()) {
+          platform::ResumeNext([&] { recordset.Call("Cancel"); });
+          throw server::Stopped("ADODB", false);
+        }
       }
       return first;
     });
   }
 
-  std::int32_t CallProcedure(std::string_view name,
-                             std::span<const platform::Parameter> parameters) override {
+  std::int32_t CallProcedure(std::string_view name, std::span<const platform::Parameter> parameters,
+                             platform::RunningStatement& running) override {
     return Tell([&] {
       const Dispatch command = Dispatch::Create("ADODB.Command");
       command.PutReference("ActiveConnection", connection_.Get());
@@ -126,14 +163,38 @@ class AdoSession : public server::Session {
       Append(command, kReturnValue, adInteger, adParamReturnValue, 0, Variant::Missing());
       for (const platform::Parameter& parameter : parameters) Append(command, parameter);
       // Without records the return value is there at once.
-      command.Call("Execute",
-                   {Variant::Missing(), Variant::Missing(), adCmdStoredProc | adExecuteNoRecords});
+      command.Call("Execute", {Variant::Missing(), Variant::Missing(),
+                               adCmdStoredProc | adExecuteNoRecords |
+                                   (running.Watched() ? adAsyncExecute : 0)});
+      Await(command, adStateExecuting, running);
       const std::array<Variant, 1> which{kReturnValue};
       return command.Child("Parameters").Child("Item", which).Property("Value").Number();
     });
   }
 
  private:
+  /// Until `object` is no longer at the work that `state` stands for, and tells how it ended, if it
+  /// was begun without waiting.
+  void Await(const Dispatch& object, std::int32_t state, platform::RunningStatement& running) {
+    using Clock = std::chrono::steady_clock;
+    if (!running.Watched()) return;
+    const Clock::time_point begun = Clock::now();
+    std::optional<Clock::time_point> cancelledAt;
+    while ((object.Property("State").Number() & state) != 0) {
+      Pause(Clock::now() - begun);
+      if (running.GoesOn()) continue;
+      if (!cancelledAt) {
+        cancelledAt = Clock::now();
+        platform::ResumeNext([&] { object.Call("Cancel"); });
+      } else if (Clock::now() - *cancelledAt >= server::kCancelLimit) {
+        leftAlone_ = true;
+        throw server::Stopped("ADODB", true);
+      }
+    }
+    if (const auto failure = ReadLateFailure(connection_)) throw *failure;
+    if (cancelledAt) throw server::Stopped("ADODB", false);
+  }
+
   /// Runs `action` and tells its failure by all that the connection says of it.
   template <typename Action>
   std::invoke_result_t<Action> Tell(Action action) {
@@ -148,13 +209,15 @@ class AdoSession : public server::Session {
 
   std::int32_t statementLimit_;
   Dispatch connection_;
+  bool leftAlone_ = false;
 };
 
 }  // namespace
 
 std::unique_ptr<server::Session> AdoConnection::Open(const std::string& connectionString,
-                                                     std::chrono::seconds statementLimit) {
-  return std::make_unique<AdoSession>(connectionString, statementLimit);
+                                                     std::chrono::seconds statementLimit,
+                                                     platform::RunningStatement& running) {
+  return std::make_unique<AdoSession>(connectionString, statementLimit, running);
 }
 
 }  // namespace adapters::windows

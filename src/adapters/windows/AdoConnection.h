@@ -18,15 +18,20 @@ namespace adapters::windows {
 ///   (SCOPE_IDENTITY) is there for the next. Cells are as AdoRows.h says.
 /// - ADO's own time limit of a statement, 30 s, would cut a large batch on a busy server short: it
 ///   gets ours.
+/// - Where somebody waits, ADO executes and connects asynchronously, and its State is looked at;
+/// the
+///   further results of a batch are waited for.
 class AdoConnection : public server::ServerConnection {
  public:
   explicit AdoConnection(std::string_view connectionString,
-                         server::Outages::Count outages = server::Outages().Of({}))
-      : ServerConnection(connectionString, std::move(outages)) {}
+                         server::Outages::Count outages = server::Outages().Of({}),
+                         platform::Progress* progress = nullptr)
+      : ServerConnection(connectionString, std::move(outages), progress) {}
 
  private:
   std::unique_ptr<server::Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit) override;
+                                        std::chrono::seconds statementLimit,
+                                        platform::RunningStatement& running) override;
 };
 
 }  // namespace adapters::windows

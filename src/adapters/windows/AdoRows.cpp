@@ -16,6 +16,7 @@ namespace adapters::windows {
 namespace {
 
 constexpr std::int32_t kCurrencyDigits = 4;
+constexpr std::int32_t kRowsAtOnce = 1000;
 
 /// The data of an array, locked as long as this lives.
 class ArrayData {
@@ -145,7 +146,7 @@ void AppendCell(platform::RowSet& rows, const VARIANT& value) {
   }
 }
 
-platform::RowSet ReadRows(const Dispatch& recordset) {
+platform::RowSet ReadRows(const Dispatch& recordset, platform::RunningStatement& running) {
   const Dispatch fields = recordset.Child("Fields");
   const std::int32_t count = fields.Property("Count").Number();
   std::vector<std::string> names;
@@ -155,14 +156,15 @@ platform::RowSet ReadRows(const Dispatch& recordset) {
   }
   platform::RowSet rows(std::move(names));
   // At the end GetRows is an error.
-  if (recordset.Property("EOF").Flag()) return rows;
-  const Variant block = recordset.Call("GetRows");
-  if (block.Type() != (VT_ARRAY | VT_VARIANT) || block.Raw().parray == nullptr) {
-    throw platform::RuntimeError(platform::kTypeMismatch, "Type mismatch: GetRows");
+  while (!recordset.Property("EOF").Flag() && running.GoesOn()) {
+    const Variant block = recordset.Call("GetRows", {kRowsAtOnce});
+    if (block.Type() != (VT_ARRAY | VT_VARIANT) || block.Raw().parray == nullptr) {
+      throw platform::RuntimeError(platform::kTypeMismatch, "Type mismatch: GetRows");
+    }
+    // Indexed (field, row), and the first index runs fastest: the cells lie row by row.
+    const ArrayData data(block.Raw().parray);
+    for (const VARIANT& cell : data.As<VARIANT>()) AppendCell(rows, cell);
   }
-  // Indexed (field, row), and the first index runs fastest: the cells lie row by row.
-  const ArrayData data(block.Raw().parray);
-  for (const VARIANT& cell : data.As<VARIANT>()) AppendCell(rows, cell);
   return rows;
 }
 

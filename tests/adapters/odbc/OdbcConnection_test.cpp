@@ -5,8 +5,10 @@
 
 #include <thread>
 
+#include "adapters/odbc/Aside.h"
 #include "adapters/odbc/StandInServer.h"
 #include "platform/RuntimeError.h"
+#include "support/FakeProgress.h"
 #include "support/Lines.h"
 #include "text/Text.h"
 
@@ -17,6 +19,7 @@ using namespace std::chrono_literals;
 using platform::Parameter;
 using support::Lines;
 using testing::AllOf;
+using testing::AnyOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -210,9 +213,9 @@ TEST_F(OdbcTest, OneLoss_isToldOnceAndTheOthersOfTheStringAreOpenedAnew) {
   const std::string names = "select ID, Name from tblEmployee";
   server::Outages outages;
   const StandInServer elsewhere;
-  OdbcConnection first(server.Address(), outages.Of("one"), 1s);
-  OdbcConnection second(server.Address(), outages.Of("one"), 1s);
-  OdbcConnection stranger(elsewhere.Address(), outages.Of("other"), 1s);
+  OdbcConnection first(server.Address(), outages.Of("one"), nullptr, 1s);
+  OdbcConnection second(server.Address(), outages.Of("one"), nullptr, 1s);
+  OdbcConnection stranger(elsewhere.Address(), outages.Of("other"), nullptr, 1s);
   for (OdbcConnection* each : {&first, &second, &stranger}) each->Execute(names);
   server.Command("away");
   server.Command("back");
@@ -222,14 +225,15 @@ TEST_F(OdbcTest, OneLoss_isToldOnceAndTheOthersOfTheStringAreOpenedAnew) {
   stranger.Execute(names);
   // A statement that a server refuses, or that took too long, is no news of the others.
   FailureOf(second, "fail 1205");
-  OdbcConnection impatient(server.Address() + "Statement Timeout=1;", outages.Of("one"), 1s);
+  OdbcConnection impatient(server.Address() + "Statement Timeout=1;", outages.Of("one"), nullptr,
+                           1s);
   FailureOf(impatient, "work on");
   EXPECT_EQ(Lines(first.Execute(names)), kNames);
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(5));
   EXPECT_THAT(elsewhere.Heard("login"), testing::SizeIs(1));
   // Of a server that does not answer a login the sessions are as dead.
   server.Command("away");
-  OdbcConnection late(server.Address(), outages.Of("one"), 1s);
+  OdbcConnection late(server.Address(), outages.Of("one"), nullptr, 1s);
   EXPECT_THAT(FailureOf(late, names).words, StartsWith(std::string(kUnreachable)));
   server.Command("back");
   EXPECT_EQ(Lines(second.Execute(names)), kNames);
@@ -251,6 +255,95 @@ TEST_F(OdbcTest, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
     EXPECT_EQ(Lines(impatient.Execute("select ID, Name from tblEmployee")), kNames);
   }
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(3));
+}
+
+/// A user who waits: what holds of the driver's calls holds of those on another thread.
+class WaitingTest : public OdbcTest {
+ protected:
+  std::unique_ptr<OdbcConnection> Connect(const std::string& words = "") {
+    return std::make_unique<OdbcConnection>(server.Address() + words, outages.Of("one"), &progress,
+                                            15s);
+  }
+  void AwaitLeft(std::size_t count) {
+    for (int tries = 0; tries < 500 && server.Heard("left").size() < count; ++tries) {
+      std::this_thread::sleep_for(20ms);
+    }
+    EXPECT_THAT(server.Heard("left"), testing::SizeIs(count));
+  }
+
+  server::Outages outages;
+  support::FakeProgress progress;
+  const std::string names = "select ID, Name from tblEmployee";
+};
+
+TEST_F(WaitingTest, SlowStatement_IsAskedAboutOnTheCallersThread) {
+  const auto waiting = Connect();
+  const std::thread::id own = std::this_thread::get_id();
+  progress.onAdvance = [&] {
+    EXPECT_EQ(std::this_thread::get_id(), own);
+    EXPECT_THAT(FailureOf(*waiting, names).number, platform::kStillExecuting);
+  };
+  EXPECT_EQ(Lines(waiting->Execute("wait 600")), kNames);
+  EXPECT_GE(progress.advanced.size(), 600U / 50);
+  EXPECT_EQ(FailureOf(*waiting, "fail 1205").number, 1205);
+  EXPECT_EQ(waiting->CallProcedure("spAnswerRows", {}), -6);
+  const Parameter permission[] = {{"@UserID", 5}, {"@Text", "نیک\u200Cپی"}};
+  EXPECT_EQ(waiting->CallProcedure("spZomirHasPermission", permission), 1);
+  EXPECT_THAT(server.Heard("call"), testing::Contains("spZomirHasPermission(5, 'نیک\u200Cپی')"));
+  EXPECT_THAT(FailureOf(*waiting, "vanish at once").words, StartsWith(std::string(kLost)));
+  EXPECT_EQ(Lines(waiting->Execute(names)), kNames);
+  EXPECT_EQ(progress.ended, static_cast<int>(progress.begun.size()));
+}
+
+TEST_F(WaitingTest, Cancelled_EndsSoonAndKeepsTheSession) {
+  const auto waiting = Connect();
+  waiting->Execute(names);
+  const struct {
+    std::string statement;
+    bool perhapsStored;
+  } cases[] = {{"work on", true}, {"Select and work on", false}, {"work on", true}};
+  for (const auto& [statement, perhapsStored] : cases) {
+    progress.stopAtCall = 3;
+    const auto begin = std::chrono::steady_clock::now();
+    const Failure failure = FailureOf(*waiting, statement);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit);
+    EXPECT_EQ(failure.number, platform::kUserInterrupt);
+    EXPECT_THAT(failure.words, StartsWith("كار پايگاه داده به خواست شما متوقف شد"));
+    EXPECT_EQ(failure.words.find("پيش از آنكه آن را تكرار كنيد") != std::string::npos,
+              perhapsStored);
+    progress.stopAtCall = 0;
+    EXPECT_EQ(Lines(waiting->Execute(names)), kNames);
+  }
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
+}
+
+TEST_F(WaitingTest, Cancelled_OnASilentServer_IsGivenUpAndEndsByItself) {
+  const auto waiting = Connect("Statement Timeout=5;");
+  const auto neighbour = Connect();
+  for (OdbcConnection* each : {waiting.get(), neighbour.get()}) each->Execute(names);
+  progress.stopAtCall = 3;
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(FailureOf(*waiting, "fall silent within the rows").number, platform::kUserInterrupt);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit + 1500ms);
+  progress.stopAtCall = 0;
+  EXPECT_EQ(Lines(waiting->Execute(names)), kNames) << "by a session of its own";
+  EXPECT_EQ(Lines(neighbour->Execute(names)), kNames);
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(3)) << "it is no outage";
+  AwaitLeft(1);
+}
+
+TEST_F(WaitingTest, Cancelled_DuringTheLogin_IsLeftAtOnce) {
+  const StandInServer silent("silent");
+  OdbcConnection waiting(silent.Address(), outages.Of("silent"), &progress, 2s);
+  progress.stopAtCall = 3;
+  const auto begin = std::chrono::steady_clock::now();
+  const Failure failure = FailureOf(waiting, "insert twice");
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, 1500ms);
+  EXPECT_EQ(failure.number, platform::kUserInterrupt);
+  EXPECT_THAT(failure.words, Not(AnyOf(HasSubstr("تكرار"), HasSubstr("s3cret"))));
+  progress.stopAtCall = 0;
+  EXPECT_EQ(Lines(Connect()->Execute(names)), kNames);
+  EXPECT_THAT(FailureOf(waiting, names).words, HasSubstr("به درخواست اتصال پاسخ نداد"));
 }
 
 }  // namespace

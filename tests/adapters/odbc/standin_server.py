@@ -30,6 +30,7 @@ import socket
 import struct
 import sys
 import threading
+import time
 
 COLLATION = b"\x29\x04\xD0\0\0"  # Persian; case, width and kana ignored
 MORE, ERROR, COUNT, ATTENTION = 0x01, 0x02, 0x10, 0x20
@@ -147,6 +148,7 @@ ANSWERS = {
     "vanish after the rows": [NAMES, CHANGED, VANISH],
     "fall silent within the rows": [NAMES, SILENT],
     "work on": [BUSY],
+    "Select and work on": [BUSY],
 }
 # The parts of the answer and the return value.
 PROCEDURES = {
@@ -163,6 +165,9 @@ def answer_to_statement(statement):
         return [rows(" nvarchar", (spoken[1].replace("''", "'"),))]
     if number := re.fullmatch(r"fail (\d+)", statement):
         return [message(int(number[1]), 16, f"The server's words {number[1]}.")]
+    if pause := re.fullmatch(r"wait (\d+)", statement):
+        time.sleep(int(pause[1]) / 1000)
+        return [NAMES]
     if times := re.fullmatch(r"select replicate\((\d+)\)", statement):
         return [rows("Text nvarchar(max)", ("نیک\u200Cپی، يك. " * int(times[1]),))]
     return ANSWERS.get(statement, [message(102, 15, f"Incorrect syntax near '{statement[:40]}'.")])

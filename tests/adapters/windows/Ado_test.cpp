@@ -4,6 +4,7 @@
 
 #include "adapters/windows/AdoConnection.h"
 #include "adapters/windows/StandInAdo.h"
+#include "support/FakeProgress.h"
 
 namespace adapters::windows {
 namespace {
@@ -26,8 +27,11 @@ Variant Of(const std::function<void(VARIANT&)>& fill) {
 class AdoTest : public testing::Test {
  protected:
   platform::RuntimeError ErrorOf(const std::string& statement) {
+    return ErrorOf(statement, connection);
+  }
+  platform::RuntimeError ErrorOf(const std::string& statement, AdoConnection& by) {
     try {
-      connection.Execute(statement);
+      by.Execute(statement);
     } catch (const platform::RuntimeError& error) {
       return error;
     }
@@ -172,6 +176,78 @@ TEST_F(AdoTest, Procedure_PassesNamedParametersAndReturnsItsValue) {
             "call CommandText=dbo.sp CommandType=4 CommandTimeout=600 NamedParameters=-1; "
             "@RETURN_VALUE 3 4 0; @UserID 3 1 0 7; @Text 202 1 1 گ; @Empty 202 1 1 ; "
             "@Day 135 1 0 11/22/2025; Options=132");
+}
+
+/// With somebody who waits.
+class AdoWaitingTest : public AdoTest {
+ protected:
+  AdoWaitingTest() {
+    ado.answers["select"] = {{{"ID"}, {}}};
+    for (int id = 0; id < 2500; ++id) ado.answers["select"][0].rows.push_back({id});
+  }
+  /// What the cancelled statement is told with.
+  std::string Cancelled(const std::string& statement) {
+    ado.log.clear();
+    progress.stopAtCall = 3;
+    const platform::RuntimeError error = ErrorOf(statement, waiting);
+    progress.stopAtCall = 0;
+    EXPECT_EQ(error.Number(), platform::kUserInterrupt);
+    return error.Description();
+  }
+
+  support::FakeProgress progress;
+  AdoConnection waiting{kString, server::Outages().Of({}), &progress};
+};
+
+TEST_F(AdoWaitingTest, SlowServer_IsAskedAboutUntilItIsDone) {
+  ado.slow = 50;
+  EXPECT_EQ(waiting.Execute("select").RowCount(), 2500U);
+  EXPECT_GE(progress.advanced.size(), 2 * 48U);
+  ado.returned = -3;
+  progress.advanced.clear();
+  EXPECT_EQ(waiting.CallProcedure("dbo.sp", {}), -3);
+  EXPECT_THAT(ado.log.back(), testing::EndsWith("Options=148"));
+  EXPECT_GE(progress.advanced.size(), 48U);
+  // What a statement ends with without being waited for is in the connection's errors alone.
+  ado.failures = {{{"01000", 5701, "Changed database."}, {"42S02", 208, "Invalid object 'x'."}}};
+  EXPECT_EQ(ErrorOf("update", waiting).Number(), 208);
+  ado.failures = {{{"01000", 0, "Printed."}}};
+  EXPECT_FALSE(waiting.Execute("print").ReturnsRows());
+  ado.answers["rows, then an error"] = {{{"ID"}, {{1}}}, {}};
+  ado.failures = {{}, {{"22012", 8134, "Divide by zero."}}};
+  EXPECT_EQ(ErrorOf("rows, then an error", waiting).Number(), 8134);
+  EXPECT_THAT(ado.log, Not(testing::Contains("close")));
+  ado.failures = {{{"08S01", 11, "General network error."}}};
+  EXPECT_THAT(ErrorOf("update", waiting).Description(),
+              StartsWith("ارتباط با پايگاه داده قطع شد."));
+  ado.failures = {{{"28000", 18456, "Login failed."}}};
+  EXPECT_EQ(ErrorOf("update", waiting).Number(), 18456);
+  EXPECT_EQ(waiting.Execute("select").Text(2499, 0), "2499");
+}
+
+TEST_F(AdoWaitingTest, Cancelled_EndsAndLeavesTheSession_UnlessTheServerIsDeaf) {
+  ado.slow = 1000000;
+  EXPECT_THAT(Cancelled("insert"), Not(HasSubstr("تكرار"))) << "it is the login";
+  EXPECT_THAT(ado.log, testing::Contains("cancel"));
+  EXPECT_THAT(ado.log, Not(testing::Contains("insert")));
+  ado.slow = 0;
+  waiting.Execute("update");
+  ado.slow = 1000000;
+  EXPECT_THAT(Cancelled("insert"), HasSubstr("پيش از آنكه آن را تكرار كنيد"));
+  EXPECT_THAT(ado.log, ElementsAre("insert", "cancel"));
+  EXPECT_THAT(Cancelled("select"), Not(HasSubstr("تكرار")));
+  ado.slow = 0;
+  EXPECT_THAT(Cancelled("select"), StartsWith("كار پايگاه داده به خواست شما متوقف شد"))
+      << "within the rows";
+  EXPECT_EQ(waiting.Execute("select").RowCount(), 2500U);
+  EXPECT_THAT(ado.log, ElementsAre("select", "cancel", "select"));
+  ado.slow = 1000000;
+  ado.heedsCancel = false;
+  Cancelled("update");
+  EXPECT_THAT(ado.log, ElementsAre("update", "cancel")) << "a Close would wait";
+  ado.slow = 0;
+  waiting.Execute("update");
+  EXPECT_THAT(ado.log, testing::Contains(StartsWith("connect")));
 }
 
 }  // namespace

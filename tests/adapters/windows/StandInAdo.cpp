@@ -1,5 +1,6 @@
 #include "adapters/windows/StandInAdo.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace adapters::windows {
@@ -47,26 +48,44 @@ Variant RowsArray(const StandInAdo::Result& result) {
 
 }  // namespace
 
-void StandInAdo::Arrive(const std::string& what) {
+bool StandInAdo::Arrive(const std::string& what, bool waitedFor) {
   log.push_back(what);
-  if (failures.empty()) return;
+  if (failures.empty()) return true;
   const std::vector<Error> failure = std::move(failures.front());
   failures.pop_front();
-  if (failure.empty()) return;
+  if (failure.empty()) return true;
   if (failure[0].state != kAdoAlone) errors_ = failure;
+  if (!waitedFor && failure[0].state != kAdoAlone) return false;
   throw platform::RuntimeError(-2147217900, failure[0].text, "Provider");
 }
 
+void StandInAdo::LetWork(StandIn& object, const Work& work, std::int32_t state,
+                         const std::function<std::int32_t()>& otherwise) {
+  object.On("State", [=] {
+    if (*work > 0) return Variant(--*work > 0 ? state : otherwise());
+    return Variant(otherwise());
+  });
+  object.On("Cancel", [=, this] {
+    log.emplace_back("cancel");
+    if (!heedsCancel || *work == 0) return;
+    *work = 0;
+    errors_ = {{"HY008", 0, "Operation canceled."}};
+  });
+}
+
 Variant StandInAdo::MakeConnection() {
+  errors_.clear();  // those of the connection before
   const auto made = StandIn::Make();
+  const auto work = std::make_shared<int>(0);
   made->OnOther([this](const std::string& property, const Arguments& value) -> Variant {
     log.push_back(property + value.at(0).Text());
     return {};
   });
-  made->On("State", [this] { return Variant(open_ ? 1 : 0); });
-  made->On("Open", [this](const Arguments& arguments) {
-    Arrive("connect " + arguments.at(0).Text());
-    open_ = true;
+  LetWork(*made.Get(), work, 2, [=, this] { return open_ && *work == 0 ? 1 : 0; });
+  made->On("Open", [=, this](const Arguments& arguments) {
+    const bool later = arguments.size() > 3 && arguments[3].Number() == 16;
+    open_ = Arrive("connect " + arguments.at(0).Text(), !later);
+    if (later) *work = slow;
   });
   made->On("Close", [this] {
     log.emplace_back("close");
@@ -87,6 +106,7 @@ Variant StandInAdo::MakeConnection() {
 Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
   const auto made = StandIn::Make();
   const auto results = std::make_shared<std::vector<Result>>(std::move(given));
+  const auto work = std::make_shared<int>(0);
   const auto isOpen = [results] { return !results->empty() && !results->front().columns.empty(); };
   const auto now = [=]() -> Result& {
     Require(isOpen(), 3704, "Operation is not allowed when the object is closed.");
@@ -95,13 +115,14 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
   made->On("Open", [=, this](const Arguments& a) {
     // Source, connection, adOpenForwardOnly, adLockReadOnly, adCmdText
     const bool right = a.size() == 5 && a[1].Object() && a[2].Number() == 0 && a[3].Number() == 1 &&
-                       a[4].Number() == 1;
+                       (a[4].Number() & ~16) == 1;
     Require(right, 3001, "Arguments are of the wrong type.");
     Require(open_, 3709, "The connection cannot be used to perform this operation.");
-    Arrive(a[0].Text());
-    *results = answers[a[0].Text()];
+    const bool later = (a[4].Number() & 16) != 0;
+    if (Arrive(a[0].Text(), !later)) *results = answers[a[0].Text()];
+    if (later) *work = slow;
   });
-  made->On("State", [=] { return Variant(isOpen() ? 1 : 0); });
+  LetWork(*made.Get(), work, 4, [=] { return isOpen() ? 1 : 0; });
   made->On("EOF", [=] { return Variant(now().rows.empty()); });
   made->On("Fields", [=] {
     const auto fields = Collection(now().columns.size(), [=](StandIn& field, const Variant& which) {
@@ -109,11 +130,13 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
     });
     return Variant(fields.Get());
   });
-  made->On("GetRows", [=] {
+  made->On("GetRows", [=](const Arguments& a) {
     Require(!now().rows.empty(), 3021, "Either BOF or EOF is True.");
-    const Variant rows = RowsArray(now());
-    now().rows.clear();
-    return rows;
+    std::vector<std::vector<Variant>>& rows = now().rows;
+    const auto end = rows.begin() + std::min<std::ptrdiff_t>(a.at(0).Number(), std::ssize(rows));
+    const Variant block = RowsArray({now().columns, {rows.begin(), end}});
+    rows.erase(rows.begin(), end);
+    return block;
   });
   made->On("NextRecordset", [=, this] {
     if (results->empty()) now();  // raises
@@ -152,8 +175,13 @@ Variant StandInAdo::MakeCommand() {
     });
     return Variant(parameters.Get());
   });
-  made->On("Execute",
-           [=, this](const Arguments& a) { Arrive(*call + "; Options=" + a.at(2).Text()); });
+  const auto work = std::make_shared<int>(0);
+  LetWork(*made.Get(), work, 4, [] { return 0; });
+  made->On("Execute", [=, this](const Arguments& a) {
+    const bool later = (a.at(2).Number() & 16) != 0;
+    Arrive(*call + "; Options=" + a.at(2).Text(), !later);
+    if (later) *work = slow;
+  });
   return made.Get();
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -29,12 +31,22 @@ class StandInAdo {
   std::deque<std::vector<Error>> failures;             // of the next arrivals; empty: none
   std::vector<std::string> log;                        // what arrived
   std::int32_t returned = 0;                           // by a procedure
+  /// How often State says that what was begun without waiting is still at work.
+  int slow = 0;
+  bool heedsCancel = true;
 
  private:
   Variant MakeConnection();
   Variant MakeRecordset(std::vector<Result> results);
   Variant MakeCommand();
-  void Arrive(const std::string& what);
+  /// Raises the next failure; of what is not waited for it only joins the errors, and false is
+  /// returned.
+  bool Arrive(const std::string& what, bool waitedFor = true);
+  /// Gives `object` a State and a Cancel: at work as long as `slow` says once `work` was set to it,
+  /// then what `otherwise` says.
+  using Work = std::shared_ptr<int>;
+  void LetWork(StandIn& object, const Work& work, std::int32_t state,
+               const std::function<std::int32_t()>& otherwise);
 
   bool open_ = false;
   std::vector<Error> errors_;
