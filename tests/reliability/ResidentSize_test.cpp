@@ -36,6 +36,7 @@ TEST_F(OfficeTest, TheForms_OpenedAndClosedTenThousandTimes_KeepTheResidentSize)
       }
       Editor().CloseBox();
       outside.Forget();
+      waiting.Forget();
     }
   };
   open_and_close(1000);

@@ -38,6 +38,10 @@ class FakeProgress : public platform::Progress {
     underWay_ = false;
   }
   bool UnderWay() const override { return underWay_; }
+  void Forget() {
+    begun.clear();
+    advanced.clear();
+  }
 
  private:
   std::size_t calls_ = 0;
