@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <functional>
-
 #include "Picture.h"
 #include "apps/tour/Hands.h"
 
@@ -13,16 +11,13 @@ namespace activexhost {
 /// keyboard in the thread's queue.
 class Hands : public tour::Hands {
  public:
-  using Open = std::function<void(std::int32_t program)>;
-  /// `open` is the control's View.
-  Hands(tour::Play play, Open open) : tour::Hands(play), open_(std::move(open)) {}
+  using tour::Hands::Hands;
 
   std::vector<std::unique_ptr<tour::Thing>> Windows() override;
   void Press(const screens::KeyEvent& stroke) override;
   void Picture(int windows, const std::string& path) override;
   void ResizeFront(double factor) override;
   void SaveAs(const std::string& path) override;
-  void OpenProgram(std::int32_t id) override { open_(id); }
   std::string Clipboard() override;
   bool UsesOtherPrograms() const override { return true; }
   int Depth() const override;
@@ -33,7 +28,6 @@ class Hands : public tour::Hands {
   /// Tells the window that the pointer was over, unless it still is over that one.
   void Leave(HWND window);
 
-  Open open_;
   HWND pointed_ = nullptr;
   Camera camera_;
 };

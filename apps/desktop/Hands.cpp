@@ -81,7 +81,7 @@ Qt::Key QtKey(const screens::KeyEvent& stroke) {
 
 }  // namespace
 
-Hands::Hands(tour::Play play, Open open) : tour::Hands(play), open_(std::move(open)) {
+Hands::Hands(tour::Play play, Open open) : tour::Hands(play, std::move(open)) {
   // As when a screen reader listens.
   QAccessible::setActive(true);
 }

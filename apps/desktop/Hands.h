@@ -2,7 +2,6 @@
 
 #include <QPointer>
 #include <QWidget>
-#include <functional>
 
 #include "apps/tour/Hands.h"
 
@@ -11,7 +10,6 @@ namespace desktop {
 /// Reads through Qt's accessible tree, and works by events as the window system sends them.
 class Hands : public tour::Hands {
  public:
-  using Open = std::function<void(std::int32_t program)>;
   Hands(tour::Play play, Open open);
 
   /// Whether a window has come to the front. Where none has, the one that nothing lies over is
@@ -23,7 +21,6 @@ class Hands : public tour::Hands {
   void Picture(int windows, const std::string& path) override;
   void ResizeFront(double factor) override;
   void SaveAs(const std::string& path) override;
-  void OpenProgram(std::int32_t id) override { open_(id); }
   std::string Clipboard() override;
   bool UsesOtherPrograms() const override { return false; }
   int Depth() const override;
@@ -34,7 +31,6 @@ class Hands : public tour::Hands {
   /// Tells what the pointer was over, unless it still is over that window.
   void Leave(const QWidget& window);
 
-  Open open_;
   QPointer<QWidget> pointed_;
 };
 

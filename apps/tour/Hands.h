@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "screens/Accessible.h"
@@ -44,7 +46,10 @@ class Hands {
  public:
   enum class Mouse { kPress, kMove, kRelease, kDoubleClick };
 
-  explicit Hands(Play play) : play_(play) {}
+  /// The control's View, with the id of a program.
+  using Open = std::function<void(std::int32_t program)>;
+
+  Hands(Play play, Open open) : play_(play), open_(std::move(open)) {}
   virtual ~Hands() = default;
   Hands(const Hands&) = delete;
   Hands& operator=(const Hands&) = delete;
@@ -69,7 +74,7 @@ class Hands {
   /// Names a file in the Save As dialog that is up.
   virtual void SaveAs(const std::string& path) = 0;
   /// Opens a program as the suite does, through the control.
-  virtual void OpenProgram(std::int32_t id) = 0;
+  void OpenProgram(std::int32_t id) { open_(id); }
   virtual std::string Clipboard() = 0;
   /// Whether reports and workbooks are shown by other programs, which may not be there: then a
   /// message says so.
@@ -81,6 +86,7 @@ class Hands {
   virtual void MoveMouse(Mouse action, screens::Point place) = 0;
 
   Play play_;
+  Open open_;
 };
 
 }  // namespace tour

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "text/Utf8.h"
+
 namespace tour {
 
 using screens::Accessible;
@@ -40,10 +42,10 @@ bool HasKeyboard(const Thing& thing) {
 /// The letters of a text, one by one.
 std::vector<std::string> Letters(const std::string& utf8) {
   std::vector<std::string> letters;
-  for (const char byte : utf8) {
-    const bool follows = (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-    if (!follows || letters.empty()) letters.emplace_back();
-    letters.back() += byte;
+  for (std::size_t at = 0; at < utf8.size();) {
+    const std::size_t begin = at;
+    text::TakeCharacter(utf8, at);
+    letters.push_back(utf8.substr(begin, at - begin));
   }
   return letters;
 }
@@ -193,7 +195,8 @@ void Player::Open(const std::string& field) {
   ClickAt({place.left + place.Height() / 2, place.Middle().y});
 }
 
-void Player::PickItem(int item) {
+void Player::PickItem(const std::string& field, int item) {
+  if (!Find(Kind::kField, field)->Tell().expanded) Open(field);
   const auto cell = [&] {
     ThingPtr found = Reach(Kind::kDropDown, {})->Cell(item, 0);
     if (!found) throw Failure("expected more items");

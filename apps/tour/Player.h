@@ -39,8 +39,9 @@ class Player {
   void Press(screens::Key key, int times = 1, screens::Modifiers held = {});
   /// Drops a field's list or month page down.
   void Open(const std::string& field);
-  /// Picks from the list that is open; the first is 1.
-  void PickItem(int item);
+  /// Picks from a field's list, and opens it where it is not open: a desktop that brings a window
+  /// to the front late takes an open one away. The first item is 1.
+  void PickItem(const std::string& field, int item);
   /// In row 0 the heading.
   void ClickCell(const std::string& list, int row, int column);
   void DoubleClickCell(const std::string& list, int row, int column);

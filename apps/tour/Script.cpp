@@ -37,7 +37,7 @@ void AddHeaderSteps(Script& script, Player& player, const Number& made) {
   script.Add("The branch list, narrowed by typing", [&player] {
     player.Type("شعبه", "ا");
     player.Picture("branch-list");
-    player.PickItem(1);
+    player.PickItem("شعبه", 1);
     Expect(player.Text("شعبه").size() > 2, "a branch");
   });
   script.Add("Notes are typed", [&player] {
@@ -80,7 +80,7 @@ void AddBatchSteps(Script& script, Player& player) {
   script.Add("The supervisor's promoters", [&player] {
     player.Open("بازارياب");
     player.Picture("promoter-list");
-    player.PickItem(1);
+    player.PickItem("بازارياب", 1);
     Expect(!player.Text("بازارياب").empty(), "a promoter");
     Expect(player.Rows("مناطق") > 0, "regions of the promoter");
   });
@@ -223,7 +223,7 @@ void AddFinalSteps(Script& script, Player& player) {
   script.Add("One is picked", [&player] {
     player.Open("قالب گزارش");
     player.Picture("template", 1);
-    player.PickItem(1);
+    player.PickItem("قالب گزارش", 1);
     Expect(!player.Text("قالب گزارش").empty(), "a template");
     player.Click("چاپ");
   });

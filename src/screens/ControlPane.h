@@ -17,14 +17,7 @@ class ControlPane : public Pane {
   void Detach() override { control_ = nullptr; }
   void Changed(const controls::Change& change) override;
   void Resized(Size size) override;
-  void Pointer(const PointerEvent& /*event*/) override {}
-  void PointerLost() override {}
-  void Wheel(const WheelEvent& /*event*/) override {}
-  bool PressKey(const KeyEvent& /*event*/) override { return false; }
   void FocusChanged(bool focused) override;
-  void Tick() override {}
-  void Scrolled(Axis /*axis*/, int /*place*/) override {}
-  Cursor CursorAt(Point /*place*/) const override { return Cursor::kArrow; }
   /// What the form says of the control.
   Tip TipAt(Point place) const override;
 

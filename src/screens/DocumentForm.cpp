@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "screens/DialogMetrics.h"
 #include "screens/PlainPointer.h"
 
 namespace screens {
@@ -10,21 +11,17 @@ using controls::FlexGrid;
 using controls::Label;
 using controls::TextBox;
 using controls::Twips;
+using namespace dialog;
 using Column = AccountingDocument::Column;
 
 namespace {
 
-constexpr Twips kPixel = 15;
-constexpr Twips kMargin = 14 * kPixel;
-constexpr Twips kGap = 12 * kPixel;
 constexpr Twips kWidth = 920 * kPixel;
 constexpr Twips kLeastWidth = 620 * kPixel;
 constexpr Twips kFieldHeight = 25 * kPixel;
 constexpr Twips kLabelWidth = 76 * kPixel;
 constexpr Twips kShortField = 130 * kPixel;
 constexpr Twips kHeadHeight = 2 * (kFieldHeight + kGap) + kGap;
-constexpr Twips kButtonWidth = 88 * kPixel;
-constexpr Twips kButtonHeight = 28 * kPixel;
 /// Of all that is above and below the lines.
 constexpr Twips kAround = 2 * kMargin + kHeadHeight + 2 * kGap + kButtonHeight;
 constexpr Twips kCellPadding = 8 * kPixel;

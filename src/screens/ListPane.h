@@ -38,18 +38,11 @@ class ListPane : public Pane {
   void MoveBy(int rows);
 
   void Detach() override { rows_ = nullptr; }
-  void Changed(const controls::Change& /*change*/) override {}
   void Resized(Size size) override;
   void Paint(Surface& surface, const Rect& dirty) const override;
   void Pointer(const PointerEvent& event) override;
-  void PointerLost() override {}
   void Wheel(const WheelEvent& event) override;
-  bool PressKey(const KeyEvent& /*event*/) override { return false; }
-  void FocusChanged(bool /*focused*/) override {}
-  void Tick() override {}
   void Scrolled(Axis axis, int place) override;
-  Cursor CursorAt(Point /*place*/) const override { return Cursor::kArrow; }
-  Tip TipAt(Point /*place*/) const override { return {}; }
 
   Accessible Describe() const override;
   int PartCount() const override { return Count(); }

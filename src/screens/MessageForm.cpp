@@ -5,25 +5,22 @@
 #include <utility>
 #include <vector>
 
+#include "screens/DialogMetrics.h"
 #include "screens/PlainPointer.h"
 #include "screens/WrapText.h"
 
 namespace screens {
 
 using controls::Twips;
+using namespace dialog;
 
 namespace {
 
-constexpr Twips kPixel = 15;
-constexpr Twips kMargin = 14 * kPixel;
-constexpr Twips kGap = 12 * kPixel;
 constexpr Twips kFrameAcross = 18 * kPixel;
 constexpr Twips kFrameDown = 16 * kPixel;
 constexpr Twips kSign = 40 * kPixel;
 constexpr Twips kLeastText = 300 * kPixel;
 constexpr Twips kMostText = 460 * kPixel;
-constexpr Twips kButtonWidth = 88 * kPixel;
-constexpr Twips kButtonHeight = 28 * kPixel;
 // A little more than a text needs, so that no rounding to pixels wraps it anew.
 constexpr Twips kToSpare = 4 * kPixel;
 constexpr Twips kTechnicalMargin = 6 * kPixel;

@@ -24,8 +24,6 @@ class MonthPane : public Pane {
   std::function<void()> onClose;
   std::function<void(const calendar::SolarHijriDate&)> onPicked;
 
-  void Detach() override {}
-  void Changed(const controls::Change& /*change*/) override {}
   void Resized(Size size) override;
   void Paint(Surface& surface, const Rect& dirty) const override;
   void Pointer(const PointerEvent& event) override;
@@ -33,11 +31,6 @@ class MonthPane : public Pane {
   void Wheel(const WheelEvent& event) override;
   /// False for a key that means nothing here.
   bool PressKey(const KeyEvent& event) override;
-  void FocusChanged(bool /*focused*/) override {}
-  void Tick() override {}
-  void Scrolled(Axis /*axis*/, int /*place*/) override {}
-  Cursor CursorAt(Point /*place*/) const override { return Cursor::kArrow; }
-  Tip TipAt(Point /*place*/) const override { return {}; }
 
   /// A table of a week a row; its name is the month's.
   Accessible Describe() const override;

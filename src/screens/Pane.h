@@ -169,29 +169,30 @@ class PaneHost {
 
 /// A control that is painted and worked by plain code, in a window of any toolkit. The host calls
 /// every method that is not const under its error guard: what a model's handler throws travels
-/// through. Any event of the user's may end with the model gone and the pane detached.
+/// through. Any event of the user's may end with the model gone and the pane detached. What a pane
+/// has no use for it leaves as it is here.
 class Pane {
  public:
   virtual ~Pane() = default;
 
   /// The model is not touched again; everything else is still called.
-  virtual void Detach() = 0;
-  virtual void Changed(const controls::Change& change) = 0;
+  virtual void Detach() {}
+  virtual void Changed(const controls::Change& /*change*/) {}
   /// Another size, scale or font.
   virtual void Resized(Size size) = 0;
   /// Paints `dirty` at least; the ground is undefined before.
   virtual void Paint(Surface& surface, const Rect& dirty) const = 0;
 
-  virtual void Pointer(const PointerEvent& event) = 0;
+  virtual void Pointer(const PointerEvent& /*event*/) {}
   /// The rest of a press will not come: something else took the mouse.
-  virtual void PointerLost() = 0;
-  virtual void Wheel(const WheelEvent& event) = 0;
+  virtual void PointerLost() {}
+  virtual void Wheel(const WheelEvent& /*event*/) {}
   /// Returns false for a key that it has no use for, which is then the form's.
-  virtual bool PressKey(const KeyEvent& event) = 0;
-  virtual void FocusChanged(bool focused) = 0;
-  virtual void Tick() = 0;
+  virtual bool PressKey(const KeyEvent& /*event*/) { return false; }
+  virtual void FocusChanged(bool /*focused*/) {}
+  virtual void Tick() {}
   /// The user moved a scroll bar.
-  virtual void Scrolled(Axis axis, int place) = 0;
+  virtual void Scrolled(Axis /*axis*/, int /*place*/) {}
 
   /// The user changed the text of the pane's field.
   virtual void Edited() {}
@@ -201,8 +202,8 @@ class Pane {
   /// The user turned elsewhere while the pane's drop-down was open.
   virtual void PopupLeft() {}
 
-  virtual Cursor CursorAt(Point place) const = 0;
-  virtual Tip TipAt(Point place) const = 0;
+  virtual Cursor CursorAt(Point /*place*/) const { return Cursor::kArrow; }
+  virtual Tip TipAt(Point /*place*/) const { return {}; }
 
   /// The pane as a screen reader knows it, and what is in it. Parts are numbered from 0; those of a
   /// table by rows, headings included.

@@ -3,21 +3,20 @@
 #include <algorithm>
 #include <utility>
 
+#include "screens/DialogMetrics.h"
+
 namespace screens {
 
 using controls::Twips;
+using namespace dialog;
 
 namespace {
 
 constexpr std::chrono::milliseconds kPatience{500};
 constexpr std::chrono::milliseconds kRefresh{50};
 
-constexpr Twips kPixel = 15;
 constexpr Twips kWidth = 360 * kPixel;
 constexpr Twips kHeight = 112 * kPixel;
-constexpr Twips kMargin = 14 * kPixel;
-constexpr Twips kButtonWidth = 88 * kPixel;
-constexpr Twips kButtonHeight = 28 * kPixel;
 
 }  // namespace
 

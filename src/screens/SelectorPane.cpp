@@ -3,6 +3,8 @@
 #include <numeric>
 #include <string_view>
 
+#include "text/Text.h"
+
 namespace screens {
 
 using controls::Aspect;
@@ -11,7 +13,7 @@ using controls::Selector;
 namespace {
 
 bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t") == std::string_view::npos;
+  return text::Trim(text::Replace(text, "\u00A0", " ")).empty();
 }
 
 }  // namespace

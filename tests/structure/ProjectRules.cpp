@@ -40,7 +40,7 @@ const std::vector<LayerRule>& ProjectRules() {
       // Makes its database through an adapter, and is told nothing of the module.
       Rule("demo", "text calendar platform adapters/*", true),
       // A user's day, told without a screen.
-      Rule("apps/tour", "screens", true),
+      Rule("apps/tour", "text screens", true),
       // What a host's command line may say of a connection.
       Rule("apps/connection", "", true),
       // Composition roots: the only ones that see both the module and the adapters.
