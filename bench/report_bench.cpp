@@ -12,14 +12,14 @@
 #include "adapters/qt/ReportPages.h"
 #include "adapters/qt/ReportPreview.h"
 #include "adapters/qt/Theme.h"
-#include "adapters/report/Fill.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
+#include "report/Fill.h"
 
 namespace {
 
 using adapters::qt::ReportPages;
-using adapters::report::FilledReport;
+using report::FilledReport;
 
 constexpr int kProgram = 14;  // which the sample office leaves without visits
 constexpr int kDays = 10;
@@ -48,8 +48,8 @@ class Office {
   }
 
   FilledReport Fill() {
-    return adapters::report::Fill(adapters::report::ReportTemplate::Load(template_, "t.html"),
-                                  connection_, "fmlID = " + std::to_string(kProgram), kToday);
+    return report::Fill(report::ReportTemplate::Load(template_, "t.html"), connection_,
+                        "fmlID = " + std::to_string(kProgram), kToday);
   }
 
  private:

@@ -5,9 +5,9 @@
 
 #include "Fuzz.h"
 #include "Office.h"
-#include "adapters/report/Fill.h"
-#include "adapters/report/ReportError.h"
 #include "adapters/sqlite/SqliteConnection.h"
+#include "report/Fill.h"
+#include "report/ReportError.h"
 #include "text/Text.h"
 
 namespace {
@@ -36,7 +36,7 @@ class ReadOnly : public platform::Connection {
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace adapters::report;
+  using namespace report;
   static ReadOnly connection;
   try {
     const ReportTemplate report = ReportTemplate::Load(fuzz::Text(data, size), "t.html");

@@ -5,7 +5,7 @@
 #include <QTextDocument>
 #include <memory>
 
-#include "adapters/report/Fill.h"
+#include "report/Fill.h"
 
 class QIODevice;
 class QPainter;

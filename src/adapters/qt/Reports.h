@@ -1,7 +1,7 @@
 #pragma once
 
 #include "adapters/qt/ErrorGuard.h"
-#include "adapters/report/TemplateReports.h"
+#include "report/TemplateReports.h"
 
 namespace adapters::qt {
 

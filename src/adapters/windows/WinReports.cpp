@@ -6,10 +6,10 @@
 
 #include <array>
 
-#include "adapters/report/WholePage.h"
 #include "adapters/server/StatementLimit.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
+#include "report/WholePage.h"
 
 namespace adapters::windows {
 

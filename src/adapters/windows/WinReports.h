@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "adapters/report/TemplateReports.h"
 #include "adapters/windows/PreviewFiles.h"
+#include "report/TemplateReports.h"
 
 namespace adapters::windows {
 

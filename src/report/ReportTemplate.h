@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace adapters::report {
+namespace report {
 
 /// A tag of the template's text: `{{Name}}`, `{{#Name}}`, `{{^Name}}` or `{{/Name}}`.
 struct Tag {
@@ -86,4 +86,4 @@ class ReportTemplate {
 /// Latin letters, digits and "_", not beginning with a digit.
 bool IsName(std::string_view s);
 
-}  // namespace adapters::report
+}  // namespace report

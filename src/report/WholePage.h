@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "adapters/report/Fill.h"
+#include "report/Fill.h"
 
-namespace adapters::report {
+namespace report {
 
 /// A filled report as one whole HTML document, UTF-8 and right to left, for a browser: on every
 /// printed page its title and header above and the day of printing below, on A4 as the template
@@ -12,4 +12,4 @@ namespace adapters::report {
 /// attributes of its body are kept.
 std::string WholePage(const FilledReport& report);
 
-}  // namespace adapters::report
+}  // namespace report

@@ -1,8 +1,8 @@
-#include "adapters/report/Names.h"
+#include "report/Names.h"
 
 #include <algorithm>
 
-namespace adapters::report {
+namespace report {
 
 namespace {
 
@@ -48,4 +48,4 @@ void CheckNames(const ReportTemplate& report, const TaggedText& text, const Sect
   }
 }
 
-}  // namespace adapters::report
+}  // namespace report

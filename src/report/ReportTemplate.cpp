@@ -1,10 +1,10 @@
-#include "adapters/report/ReportTemplate.h"
+#include "report/ReportTemplate.h"
 
 #include <algorithm>
 
-#include "adapters/report/ReportError.h"
+#include "report/ReportError.h"
 
-namespace adapters::report {
+namespace report {
 
 namespace {
 
@@ -227,4 +227,4 @@ TaggedText ReportTemplate::ReadTags(std::string_view text, int firstLine) const 
   return result;
 }
 
-}  // namespace adapters::report
+}  // namespace report

@@ -1,14 +1,14 @@
-#include "adapters/report/Fill.h"
+#include "report/Fill.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
 #include <map>
 
-#include "adapters/report/ReportError.h"
 #include "calendar/SolarHijriDate.h"
+#include "report/ReportError.h"
 
-namespace adapters::report {
+namespace report {
 namespace {
 
 using testing::HasSubstr;
@@ -169,4 +169,4 @@ TEST_F(ReportFillTest, Load_BrokenTemplate_IsRefusedWithTheLine) {
 }
 
 }  // namespace
-}  // namespace adapters::report
+}  // namespace report

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "adapters/report/ReportTemplate.h"
+#include "report/ReportTemplate.h"
 
-namespace adapters::report {
+namespace report {
 
 /// What a section of the template may name: its own fields, and the sections in it.
 struct Section {
@@ -19,4 +19,4 @@ struct Section {
 /// Throws ReportError 321 for the first that does not.
 void CheckNames(const ReportTemplate& report, const TaggedText& text, const Section& root);
 
-}  // namespace adapters::report
+}  // namespace report

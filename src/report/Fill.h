@@ -2,13 +2,15 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
-#include "adapters/report/ReportTemplate.h"
 #include "platform/Connection.h"
+#include "report/Markup.h"
+#include "report/ReportTemplate.h"
 
-namespace adapters::report {
+namespace report {
 
 /// "name = whole number", as "fmlID = 17".
 struct SelectionFormula {
@@ -20,18 +22,21 @@ struct SelectionFormula {
 /// into statements.
 SelectionFormula ParseFormula(std::string_view formula);
 
+/// A report on its way from the database: what stands above every page, and the template's body
+/// as it is filled in. Owns the template and the connection.
 struct FilledReport {
+  std::string name;       // of the template, for error texts
   std::string title;      // plain text
   std::string header;     // plain text
   std::string printDate;  // yyyy/mm/dd of today in the template's digits
-  std::string html;       // values escaped; tables as the template has them
-  Orientation orientation;
-  Digits digits;
+  Orientation orientation = Orientation::kPortrait;
+  Digits digits = Digits::kLatin;
+  std::unique_ptr<Markup> body;
 };
 
-/// Runs the template's queries on `connection`, restricted by the formula, and puts their rows into
-/// the template. Fields of a row are the query's columns; an item of a group has the columns that
-/// it is grouped by. Besides:
+/// Runs the template's queries on `connection`, restricted by the formula; their rows are read when
+/// the body comes to them. Fields of a row are the query's columns; an item of a group has the
+/// columns that it is grouped by. Besides:
 /// - `RowNumber` counts the items of one section from 1; `RowCount` of a group is how many rows it
 ///   holds; `First` is set in a section's first item.
 /// - A column whose name begins with "Farsi" and holds a date has the day's name beside it, under
@@ -40,10 +45,10 @@ struct FilledReport {
 /// An empty value counts as absent in `{{#Name}}` and `{{^Name}}`.
 /// Throws ReportError: 5 for the formula, 321 with the line when the template names what is not
 /// there, and with the database's number when a query fails.
-FilledReport Fill(const ReportTemplate& report, platform::Connection& connection,
+FilledReport Fill(ReportTemplate report, std::unique_ptr<platform::Connection> connection,
                   std::string_view formula, std::chrono::sys_days today);
 
 /// Latin digits as `digits` wants them; everything else as it is.
 std::string WithDigits(std::string_view text, Digits digits);
 
-}  // namespace adapters::report
+}  // namespace report

@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include "adapters/report/Fill.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
+#include "report/Fill.h"
 #include "support/TestFolder.h"
 
-namespace adapters::report {
+namespace report {
 namespace {
 
 constexpr std::chrono::sys_days kToday =
@@ -60,4 +60,4 @@ TEST_F(DemoTemplates, Filled_HoldEveryVisitOrSayThatThereIsNone) {
 }
 
 }  // namespace
-}  // namespace adapters::report
+}  // namespace report

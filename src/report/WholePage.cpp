@@ -1,10 +1,10 @@
-#include "adapters/report/WholePage.h"
+#include "report/WholePage.h"
 
 #include <algorithm>
 #include <kainjow/mustache.hpp>
 #include <string_view>
 
-namespace adapters::report {
+namespace report {
 
 namespace {
 
@@ -96,4 +96,4 @@ std::string WholePage(const FilledReport& report) {
   return page + "</div>\n</body>\n</html>\n";
 }
 
-}  // namespace adapters::report
+}  // namespace report

@@ -5,7 +5,7 @@
 
 #include "platform/RuntimeError.h"
 
-namespace adapters::report {
+namespace report {
 
 /// Number of whatever is wrong with a template file itself.
 inline constexpr std::int32_t kInvalidFileFormat = 321;
@@ -28,4 +28,4 @@ class ReportError : public platform::RuntimeError {
   std::string technical_;
 };
 
-}  // namespace adapters::report
+}  // namespace report

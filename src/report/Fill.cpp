@@ -1,4 +1,4 @@
-#include "adapters/report/Fill.h"
+#include "report/Fill.h"
 
 #include <algorithm>
 #include <charconv>
@@ -7,12 +7,12 @@
 #include <utility>
 #include <vector>
 
-#include "adapters/report/Names.h"
-#include "adapters/report/ReportError.h"
 #include "calendar/SolarHijriDate.h"
+#include "report/Names.h"
+#include "report/ReportError.h"
 #include "text/Text.h"
 
-namespace adapters::report {
+namespace report {
 
 namespace {
 
@@ -255,4 +255,4 @@ FilledReport Fill(const ReportTemplate& report, platform::Connection& connection
           .digits = digits};
 }
 
-}  // namespace adapters::report
+}  // namespace report

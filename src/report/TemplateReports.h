@@ -4,13 +4,13 @@
 #include <memory>
 #include <utility>
 
-#include "adapters/report/Fill.h"
 #include "platform/Clock.h"
 #include "platform/Connection.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
+#include "report/Fill.h"
 
-namespace adapters::report {
+namespace report {
 
 /// Report templates as a report engine; how a filled one is shown or printed is the screen's work.
 ///
@@ -36,4 +36,4 @@ class TemplateReports : public platform::ReportEngineFactory {
   Outlets outlets_;
 };
 
-}  // namespace adapters::report
+}  // namespace report

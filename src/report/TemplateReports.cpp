@@ -1,4 +1,4 @@
-#include "adapters/report/TemplateReports.h"
+#include "report/TemplateReports.h"
 
 #include <cerrno>
 #include <filesystem>
@@ -6,10 +6,10 @@
 #include <optional>
 #include <system_error>
 
-#include "adapters/report/ReportError.h"
+#include "report/ReportError.h"
 #include "text/Utf8.h"
 
-namespace adapters::report {
+namespace report {
 
 namespace {
 
@@ -84,4 +84,4 @@ std::unique_ptr<platform::ReportEngine> TemplateReports::Create() {
   return std::make_unique<Engine>(*this);
 }
 
-}  // namespace adapters::report
+}  // namespace report
