@@ -25,7 +25,9 @@ constexpr std::chrono::sys_days kToday =
 
 class TemplateReportsTest : public testing::Test, public platform::ConnectionFactory {
  protected:
-  TemplateReportsTest() { demo::CreateSampleOffice(file, {.customers = 30, .today = kToday, .basePath = {}}); }
+  TemplateReportsTest() {
+    demo::CreateSampleOffice(file, {.customers = 30, .today = kToday, .basePath = {}});
+  }
 
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
     return std::make_unique<adapters::sqlite::SqliteConnection>(
