@@ -20,10 +20,9 @@ constexpr std::size_t kLongestEntity = 12;
 constexpr std::size_t kLongestTag = 20'000;
 
 constexpr std::pair<std::string_view, std::string_view> kEntities[] = {
-    {"nbsp", "\u00A0"},  {"amp", "&"},        {"lt", "<"},         {"gt", ">"},
-    {"quot", "\""},      {"apos", "'"},       {"laquo", "«"},      {"raquo", "»"},
-    {"ndash", "–"},      {"mdash", "—"},      {"times", "×"},      {"zwnj", "\u200C"},
-    {"zwj", "\u200D"},   {"rlm", "\u200F"},   {"lrm", "\u200E"},
+    {"nbsp", "\u00A0"}, {"amp", "&"},       {"lt", "<"},       {"gt", ">"},       {"quot", "\""},
+    {"apos", "'"},      {"laquo", "«"},     {"raquo", "»"},    {"ndash", "–"},    {"mdash", "—"},
+    {"times", "×"},     {"zwnj", "\u200C"}, {"zwj", "\u200D"}, {"rlm", "\u200F"}, {"lrm", "\u200E"},
 };
 
 char Small(char c) {
@@ -74,8 +73,8 @@ void HtmlTokens::Clear() {
 /// Asked for places in their order.
 int HtmlTokens::LineAt(std::size_t at) {
   const auto begin = buffer_.begin();
-  const auto passed = std::find_if(marks_.begin(), marks_.end(),
-                                   [at](const Mark& mark) { return mark.at > at; });
+  const auto passed =
+      std::find_if(marks_.begin(), marks_.end(), [at](const Mark& mark) { return mark.at > at; });
   if (passed != marks_.begin()) {
     line_ = (passed - 1)->line;
     lineFrom_ = (passed - 1)->at;
@@ -186,12 +185,13 @@ void HtmlTokens::AppendEntity(std::string_view entity, int line) {
     const bool hexadecimal = entity.size() > 1 && Small(entity[1]) == 'x';
     const char* const end = entity.data() + entity.size();
     std::uint32_t number = 0;
-    const auto read = std::from_chars(entity.data() + (hexadecimal ? 2 : 1), end, number,
-                                      hexadecimal ? 16 : 10);
+    const auto read =
+        std::from_chars(entity.data() + (hexadecimal ? 2 : 1), end, number, hexadecimal ? 16 : 10);
     if (read.ec == std::errc() && read.ptr == end) code = number;
   }
-  const bool isCharacter = (code >= 0x20 && code < 0xD800) || (code >= 0xE000 && code <= 0x10FFFF) ||
-                           code == '\t' || code == '\n' || code == '\r';
+  const bool isCharacter = (code >= 0x20 && code < 0xD800) ||
+                           (code >= 0xE000 && code <= 0x10FFFF) || code == '\t' || code == '\n' ||
+                           code == '\r';
   if (!isCharacter) {
     const std::string shown(entity.substr(0, kLongestEntity));
     RefuseTemplate(name_, line, "«&" + shown + "» شناخته نيست؛ خود «&» را «&amp;» بنويسيد.",

@@ -13,8 +13,8 @@ inline constexpr char32_t kReplacement = 0xFFFD;
 /// surrogate, beyond the last.
 char32_t TakeCharacter(std::string_view text, std::size_t& at);
 
-/// Where the letter ends that begins at byte `at`: behind the marks that are written onto it and the
-/// characters that join it or direct what follows.
+/// Where the letter ends that begins at byte `at`: behind the marks that are written onto it and
+/// the characters that join it or direct what follows.
 std::size_t LetterEnd(std::string_view text, std::size_t at);
 
 /// Writes UTF-8 text as UTF-16 at `to`, where there is room for a unit for each byte, and gives the
