@@ -77,8 +77,8 @@ class SheetPainter {
 };
 
 [[noreturn]] void ThrowNotWritten(std::int32_t number, const QString& why) {
-  throw platform::RuntimeError(
-      number, ToUtf8(QStringLiteral("فايل گزارش نوشته نشد.\n") + why), "report");
+  throw platform::RuntimeError(number, ToUtf8(QStringLiteral("فايل گزارش نوشته نشد.\n") + why),
+                               "report");
 }
 
 }  // namespace
