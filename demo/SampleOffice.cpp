@@ -68,6 +68,9 @@ void WriteReportTemplates(Database& database) {
   Insert report(database, "tblZomirReportTemplate", "FormTypeID, Title, FilePath");
   report.Row({kFormType, "برنامه با ويزيتها به تفکيک روز", "program-by-day.html"});
   report.Row({kFormType, "برگه راه بازارياب", "promoter-day-sheet.html"});
+  report.Row({kFormType, "تقويم ماهانه بازارياب", "promoter-month.html"});
+  report.Row({kFormType, "خلاصه ويزيت ها", "visit-summary.html"});
+  report.Row({kFormType, "پوشش مسيرها", "path-coverage.html"});
 }
 
 void FillOffice(Database& database, const SampleOptions& options) {
