@@ -1,6 +1,5 @@
 # What the Windows build brings along, since a cross compiler finds no libraries of the system:
-# SQLite as its amalgamation (scripts/fetch-sqlite puts it into build/sqlite) and the header of the
-# template engine.
+# SQLite as its amalgamation (scripts/fetch-sqlite puts it into build/sqlite).
 set(PROMOTER_SQLITE ${PROJECT_SOURCE_DIR}/build/sqlite CACHE PATH "Folder of sqlite3.c")
 if(NOT EXISTS ${PROMOTER_SQLITE}/sqlite3.c)
   message(FATAL_ERROR "There is no ${PROMOTER_SQLITE}/sqlite3.c; scripts/fetch-sqlite fetches it.")
@@ -11,11 +10,6 @@ target_include_directories(promoter_sqlite3 SYSTEM PUBLIC ${PROMOTER_SQLITE})
 target_compile_definitions(promoter_sqlite3 PRIVATE SQLITE_OMIT_LOAD_EXTENSION
   SQLITE_THREADSAFE=1 SQLITE_DQS=0 SQLITE_OS_WINRT=0)
 add_library(SQLite::SQLite3 ALIAS promoter_sqlite3)
-
-# Not the whole system include folder: only this header of it fits every compiler.
-configure_file(/usr/include/kainjow/mustache.hpp
-  ${PROJECT_BINARY_DIR}/mustache/kainjow/mustache.hpp COPYONLY)
-set(MUSTACHE_INCLUDE ${PROJECT_BINARY_DIR}/mustache)
 
 target_compile_definitions(promoter_flags INTERFACE
   UNICODE _UNICODE STRICT NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)

@@ -6,14 +6,14 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 # Needed to build and start the desktop host.
 run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev unixodbc-dev tdsodbc
-  libkainjow-mustache-dev libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
+  libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
 # Needed besides by the tests and the benchmark programs.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format unzip
   poppler-utils libsqliteodbc python3 sqlfluff xvfb at-spi2-core dbus-daemon python3-pyatspi)
 
 # Needed to build the Windows control, and besides to run it under Wine.
 windows_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
-  mingw-w64-tools libkainjow-mustache-dev)
+  mingw-w64-tools)
 wine_packages=(wine wine64 xvfb xauth fonts-wine fonts-dejavu-core googletest)
 
 say() { printf '%s\n' "$*" >&2; }

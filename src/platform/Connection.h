@@ -8,6 +8,7 @@
 #include <string_view>
 #include <variant>
 
+#include "platform/RowReader.h"
 #include "platform/RowSet.h"
 
 namespace platform {
@@ -28,6 +29,11 @@ class Connection {
 
   /// Executes one statement in the server's dialect and returns all of its rows.
   virtual RowSet Execute(std::string_view statement) = 0;
+
+  /// Begins a statement whose rows are wanted bit by bit: what it reads is as it stood at the first
+  /// Read, and nobody who writes waits for it. What a connection itself remembers
+  /// (SCOPE_IDENTITY) is asked with Execute. An engine that cannot do so executes it whole here.
+  virtual std::unique_ptr<RowReader> Open(std::string_view statement);
 
   /// Calls a stored procedure, its parameters in the procedure's own order, and returns its return
   /// value. `name` is as it stands in the call: "spZomirHasPermission".

@@ -24,6 +24,9 @@ class FileSystem {
  public:
   virtual ~FileSystem() = default;
   virtual bool FileExists(const std::string& path) = 0;
+  /// All bytes of a file. Throws RuntimeError 53 where there is none or it cannot be read, with the
+  /// path and the system's words.
+  virtual std::string ReadFile(const std::string& path) = 0;
   /// Creates a Unicode text file over an existing one.
   virtual std::unique_ptr<TextFile> CreateTextFile(const std::string& path) = 0;
 };

@@ -34,17 +34,20 @@ struct FilledReport {
   std::unique_ptr<Markup> body;
 };
 
-/// Runs the template's queries on `connection`, restricted by the formula; their rows are read when
-/// the body comes to them. Fields of a row are the query's columns; an item of a group has the
-/// columns that it is grouped by. Besides:
+/// Begins the template's queries on `connection`, restricted by the formula; their rows are read
+/// when a text comes to them, and stay. Fields of a row are the query's columns; an item of a group
+/// has the columns that it is grouped by. Besides:
 /// - `RowNumber` counts the items of one section from 1; `RowCount` of a group is how many rows it
 ///   holds; `First` is set in a section's first item.
 /// - A column whose name begins with "Farsi" and holds a date has the day's name beside it, under
 ///   its name and "Weekday".
+/// - A month has `MonthName` and `Year`; a day `Weekday`, its name, `Friday`, set on that day, and
+///   `Day` and the column it is grouped by, which are empty outside the month around it.
 /// - `Today`, everywhere, is today's Solar Hijri date.
 /// An empty value counts as absent in `{{#Name}}` and `{{^Name}}`.
-/// Throws ReportError: 5 for the formula, 321 with the line when the template names what is not
-/// there, and with the database's number when a query fails.
+/// Throws ReportError, and so does the body: 5 for the formula; 321 with the line when the template
+/// names what is not there, or a group by calendar finds no date or dates out of order; with the
+/// database's number when a query fails.
 FilledReport Fill(ReportTemplate report, std::unique_ptr<platform::Connection> connection,
                   std::string_view formula, std::chrono::sys_days today);
 

@@ -14,7 +14,7 @@ struct MarkupPlace {
   struct Turn {
     std::size_t node = 0;     // the section's own
     std::size_t row = 0;      // first of the item
-    std::size_t end = 0;      // after the last of the section's rows, as far as that is known
+    std::size_t end = 0;      // after the item's last; 0 while that is not known
     std::int64_t number = 0;  // of the item, from 1
     std::int64_t day = 0;     // of an item that is a day, week or month: its first
   };

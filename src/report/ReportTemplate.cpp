@@ -1,6 +1,7 @@
 #include "report/ReportTemplate.h"
 
 #include <algorithm>
+#include <array>
 
 #include "report/ReportError.h"
 
@@ -12,6 +13,8 @@ constexpr std::string_view kHeadBegin = "<!--report";
 constexpr std::string_view kHeadEnd = "-->";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\r\n";
+/// In the order of ReportGroup::Calendar.
+constexpr std::array<std::string_view, 3> kCalendarWords{"month", "week", "day"};
 
 std::string_view TrimBlanks(std::string_view s) {
   const auto first = s.find_first_not_of(kBlanks);
@@ -160,18 +163,52 @@ void ReportTemplate::AddGroups(const std::string& query, const Entry& entry) {
            "no query of this name before: " + query);
   }
   for (std::string_view part : Split(entry.value, ';')) {
-    constexpr std::string_view kBy = " by ";
-    const auto by = part.find(kBy);
-    if (by == std::string_view::npos) {
-      Refuse(entry.line, "گروه «" + std::string(part) + "» نمي گويد بر پايه كدام ستونهاست.",
-             "no \"name by column, column\": " + std::string(part));
+    owner->groups.push_back(ReadGroup(part, entry.line));
+  }
+  CheckCalendar(owner->groups);
+}
+
+ReportGroup ReportTemplate::ReadGroup(std::string_view part, int line) const {
+  constexpr std::string_view kBy = " by ";
+  const auto by = part.find(kBy);
+  if (by == std::string_view::npos) {
+    Refuse(line, "گروه «" + std::string(part) + "» نمي گويد بر پايه كدام ستونهاست.",
+           "no \"name by column, column\": " + std::string(part));
+  }
+  ReportGroup group{.name = std::string(TrimBlanks(part.substr(0, by))), .by = {}, .line = line};
+  CheckNewSection(group.name, line);
+  for (std::string_view column : Split(part.substr(by + kBy.size()), ',')) {
+    const auto blank = column.find(' ');
+    const auto* const word = std::ranges::find(kCalendarWords, column.substr(0, blank));
+    if (blank != std::string_view::npos && word != kCalendarWords.end()) {
+      group.calendar = static_cast<ReportGroup::Calendar>(word - kCalendarWords.begin() + 1);
+      column = TrimBlanks(column.substr(blank));
     }
-    ReportGroup group{std::string(TrimBlanks(part.substr(0, by))), {}};
-    CheckNewSection(group.name, entry.line);
-    for (std::string_view column : Split(part.substr(by + kBy.size()), ',')) {
-      group.by.emplace_back(column);
+    group.by.emplace_back(column);
+  }
+  return group;
+}
+
+void ReportTemplate::CheckCalendar(const std::vector<ReportGroup>& groups) const {
+  using Calendar = ReportGroup::Calendar;
+  const ReportGroup* outer = nullptr;
+  for (const ReportGroup& group : groups) {
+    if (group.calendar != Calendar::kNone && group.by.size() != 1) {
+      Refuse(group.line, "گروه «" + group.name + "» تقويمي است و تنها يك ستون مي پذيرد.",
+             "a group by calendar has one column: " + group.name);
     }
-    owner->groups.push_back(std::move(group));
+    const auto inside = [&](Calendar around) {
+      return outer != nullptr && outer->calendar == around && outer->by == group.by;
+    };
+    if (group.calendar == Calendar::kWeek && !inside(Calendar::kMonth)) {
+      Refuse(group.line, "گروه «" + group.name + "» بايد درون ماه همان ستون باشد.",
+             "a group by week stands inside one by month of its column: " + group.name);
+    }
+    if (group.calendar == Calendar::kDay && !inside(Calendar::kWeek)) {
+      Refuse(group.line, "گروه «" + group.name + "» بايد درون هفته همان ستون باشد.",
+             "a group by day stands inside one by week of its column: " + group.name);
+    }
+    outer = &group;
   }
 }
 
@@ -193,7 +230,7 @@ Tag ReportTemplate::ReadTag(std::string_view inside, int line) const {
 }
 
 TaggedText ReportTemplate::ReadTags(std::string_view text, int firstLine) const {
-  TaggedText result{std::string(text), {}};
+  TaggedText result{std::string(text), {}, firstLine};
   std::vector<Tag> open;
   int line = firstLine;
   for (std::size_t at = 0;;) {
@@ -208,8 +245,10 @@ TaggedText ReportTemplate::ReadTags(std::string_view text, int firstLine) const 
     at = end + 2;
     const int tagLine = line;
     line += LinesIn(inside);
-    if (inside.starts_with('!')) continue;
-    Tag tag = ReadTag(inside, tagLine);
+    Tag tag{Tag::Kind::kComment, {}, tagLine};
+    if (!inside.starts_with('!')) tag = ReadTag(inside, tagLine);
+    tag.begin = begin;
+    tag.end = end + 2;
     if (tag.kind == Tag::Kind::kSection || tag.kind == Tag::Kind::kInverted) open.push_back(tag);
     if (tag.kind == Tag::Kind::kEnd) {
       if (open.empty() || open.back().name != tag.name) {

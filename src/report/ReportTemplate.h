@@ -7,24 +7,34 @@
 
 namespace report {
 
-/// A tag of the template's text: `{{Name}}`, `{{#Name}}`, `{{^Name}}` or `{{/Name}}`.
+/// A tag of the template's text: `{{Name}}`, `{{#Name}}`, `{{^Name}}`, `{{/Name}}` or `{{!...}}`,
+/// which has no name.
 struct Tag {
-  enum class Kind { kField, kSection, kInverted, kEnd };
+  enum class Kind { kField, kSection, kInverted, kEnd, kComment };
   Kind kind;
   std::string name;
-  int line;  // of the file, from 1
+  int line;               // of the file, from 1
+  std::size_t begin = 0;  // where it stands in the text
+  std::size_t end = 0;
 };
 
 /// Text with tags, known to be balanced.
 struct TaggedText {
   std::string text;
   std::vector<Tag> tags;
+  int line = 1;  // of the file, where the text begins
 };
 
 /// Rows that follow each other with the same values in the columns `by` are one item of the group.
+/// By calendar, `by` is one column that holds Solar Hijri dates yyyy/mm/dd: rows of one month are
+/// an item; every week, Saturday to Friday, that the month around it touches; every day of the week
+/// around it.
 struct ReportGroup {
+  enum class Calendar { kNone, kMonth, kWeek, kDay };
   std::string name;
   std::vector<std::string> by;
+  Calendar calendar = Calendar::kNone;
+  int line = 0;
 };
 
 struct ReportQuery {
@@ -70,6 +80,8 @@ class ReportTemplate {
   void TakeEntry(const Entry& entry);
   void AddQuery(const std::string& name, const Entry& entry);
   void AddGroups(const std::string& query, const Entry& entry);
+  ReportGroup ReadGroup(std::string_view part, int line) const;
+  void CheckCalendar(const std::vector<ReportGroup>& groups) const;
   void CheckNewSection(const std::string& name, int line) const;
   TaggedText ReadTags(std::string_view text, int firstLine) const;
   Tag ReadTag(std::string_view inside, int line) const;

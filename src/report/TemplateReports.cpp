@@ -1,10 +1,6 @@
 #include "report/TemplateReports.h"
 
-#include <cerrno>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <system_error>
 
 #include "report/ReportError.h"
 #include "text/Utf8.h"
@@ -12,8 +8,6 @@
 namespace report {
 
 namespace {
-
-constexpr std::int32_t kFileNotFound = 53;
 
 bool IsUtf8(std::string_view text) {
   for (std::size_t at = 0; at < text.size();) {
@@ -36,15 +30,8 @@ class TemplateReports::Engine : public platform::ReportEngine {
   explicit Engine(const TemplateReports& reports) : reports_(reports) {}
 
   void LoadReportFile(const std::string& path) override {
-    const std::filesystem::path file(std::u8string(path.begin(), path.end()));
-    const std::u8string wide = file.filename().u8string();
-    const std::string name(wide.begin(), wide.end());
-    std::ifstream stream(file, std::ios::binary);
-    std::string text;
-    if (!std::getline(stream, text, '\0').eof()) {
-      throw ReportError(kFileNotFound, "قالب گزارش «" + name + "» خوانده نشد.",
-                        path + ": " + std::generic_category().message(errno));
-    }
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);
+    const std::string text = Read(path, name);
     if (!IsUtf8(text)) {
       throw ReportError(kInvalidFileFormat, "قالب گزارش «" + name + "» با UTF-8 نوشته نشده است.",
                         path + ": not UTF-8");
@@ -64,8 +51,8 @@ class TemplateReports::Engine : public platform::ReportEngine {
   void Produce(platform::ReportOutput output) override {
     try {
       if (!template_) ThrowInvalidCall();
-      const auto connection = reports_.connections_.Create(connectionString_);
-      reports_.outlets_.show(Fill(*template_, *connection, formula_, reports_.clock_.Today()),
+      reports_.outlets_.show(Fill(*template_, reports_.connections_.Create(connectionString_),
+                                  formula_, reports_.clock_.Today()),
                              output);
     } catch (const platform::RuntimeError& failure) {
       reports_.outlets_.showFailure(failure);
@@ -74,6 +61,15 @@ class TemplateReports::Engine : public platform::ReportEngine {
   }
 
  private:
+  std::string Read(const std::string& path, const std::string& name) const {
+    try {
+      return reports_.files_.ReadFile(path);
+    } catch (const platform::RuntimeError& error) {
+      throw ReportError(error.Number(), "قالب گزارش «" + name + "» خوانده نشد.",
+                        error.Description());
+    }
+  }
+
   const TemplateReports& reports_;
   std::optional<ReportTemplate> template_;
   std::string connectionString_;

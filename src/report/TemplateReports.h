@@ -6,6 +6,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Connection.h"
+#include "platform/FileSystem.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
 #include "report/Fill.h"
@@ -20,18 +21,19 @@ namespace report {
 class TemplateReports : public platform::ReportEngineFactory {
  public:
   struct Outlets {
-    std::function<void(const FilledReport& report, platform::ReportOutput output)> show;
+    std::function<void(FilledReport report, platform::ReportOutput output)> show;
     std::function<void(const platform::RuntimeError& failure)> showFailure;
   };
-  /// Both references outlive this object, which outlives its engines.
-  TemplateReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                  Outlets outlets)
-      : connections_(connections), clock_(clock), outlets_(std::move(outlets)) {}
+  /// The references outlive this object, which outlives its engines.
+  TemplateReports(platform::ConnectionFactory& connections, platform::FileSystem& files,
+                  const platform::Clock& clock, Outlets outlets)
+      : connections_(connections), files_(files), clock_(clock), outlets_(std::move(outlets)) {}
   std::unique_ptr<platform::ReportEngine> Create() override;
 
  private:
   class Engine;
   platform::ConnectionFactory& connections_;
+  platform::FileSystem& files_;
   const platform::Clock& clock_;
   Outlets outlets_;
 };

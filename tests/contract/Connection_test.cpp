@@ -92,6 +92,9 @@ class ConnectionContract : public testing::TestWithParam<Engine> {
   RowSet Execute(const std::string& statement) {
     return connection->Execute(text::Replace(statement, "$", prefix_));
   }
+  std::unique_ptr<platform::RowReader> Open(const std::string& statement) {
+    return connection->Open(text::Replace(statement, "$", prefix_));
+  }
   std::string Rows(const std::string& statement) { return Lines(Execute(statement)); }
   std::int32_t Call(const std::string& procedure, std::initializer_list<Parameter> parameters) {
     return connection->CallProcedure(procedures_ + procedure, std::vector<Parameter>(parameters));
@@ -209,6 +212,30 @@ TEST_P(ConnectionContract, Results_haveTheirColumnsAndRows) {
   for (std::size_t row = 0; row < 1024; ++row) {
     EXPECT_EQ(rows.Text(row, 0), std::to_string(row + 1));
     EXPECT_EQ(rows.Text(row, 1), "n");
+  }
+}
+
+TEST_P(ConnectionContract, Reader_givesWhatExecuteGives) {
+  Execute("insert into $Row(Name) values ('n')");
+  for (int i = 0; i < 9; ++i) Execute("insert into $Row(Name) select Name from $Row");
+  for (const char* statement : {"select ID, Name, null as Absent from $Row order by ID",
+                                "select ID from $Row where ID < 0", "select 1 as One"}) {
+    const RowSet whole = Execute(statement);
+    const auto reader = Open(statement);
+    EXPECT_EQ(reader->Columns(), whole.Columns());
+    RowSet rows;
+    while (reader->Read(rows, 100)) {
+      EXPECT_EQ(Rows("select count(*) from $Row"), "512") << "the connection is free meanwhile";
+    }
+    EXPECT_EQ(rows.Columns(), whole.Columns());
+    EXPECT_EQ(Lines(rows), Lines(whole)) << statement;
+    EXPECT_FALSE(reader->Read(rows, 100));
+    EXPECT_EQ(rows.RowCount(), whole.RowCount());
+  }
+  EXPECT_TRUE(Open("update $Row set Name='m' where ID=1")->Columns().empty());
+  EXPECT_EQ(Rows("select Name from $Row where ID=1"), "m");
+  for (const char* wrong : {"select ID from $Nowhere", "select Nothing from $Row"}) {
+    EXPECT_EQ(ErrorIn([&] { Open(wrong); }), ErrorOf(wrong)) << wrong;
   }
 }
 

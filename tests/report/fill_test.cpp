@@ -2,8 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <map>
+#include <stdexcept>
 
 #include "calendar/SolarHijriDate.h"
 #include "report/ReportError.h"
@@ -13,31 +16,89 @@ namespace {
 
 using testing::HasSubstr;
 
-/// Answers each statement with the rows written for it; anything else is the database's error.
-class Rows : public platform::Connection {
- public:
+/// The rows written for each statement; anything else is the database's error.
+struct Answers {
   using Table = std::vector<std::vector<std::string>>;  // columns first; "~" is NULL
 
-  platform::RowSet Execute(std::string_view statement) override {
-    ++statements;
-    const auto found = answers.find(std::string(statement));
-    if (found == answers.end()) throw platform::RuntimeError(208, "Invalid object name 'x'.");
-    if (found->second.empty()) return {};
-    platform::RowSet rows(found->second.front());
-    for (std::size_t row = 1; row < found->second.size(); ++row) {
-      for (const std::string& cell : found->second[row]) {
+  /// The rows of `statement` from `first` on, at most `most`.
+  platform::RowSet Some(const std::string& statement, std::size_t first, std::size_t most) const {
+    const Table& table = tables.at(statement);
+    platform::RowSet rows(table.front());
+    for (std::size_t row = first + 1; row < table.size() && rows.RowCount() < most; ++row) {
+      for (const std::string& cell : table[row]) {
         cell == "~" ? rows.AppendNull() : rows.Append(cell);
       }
     }
     return rows;
   }
+
+  std::map<std::string, Table> tables;
+  int statements = 0;
+  std::size_t rowsRead = 0;
+  std::size_t failAtRow = std::numeric_limits<std::size_t>::max();  // once
+  platform::RuntimeError failure{18, "به خواست شما متوقف شد."};
+};
+
+/// Gives the answers' rows as they are wanted.
+class Rows : public platform::Connection {
+ public:
+  explicit Rows(Answers& answers) : answers_(answers) {}
+
+  platform::RowSet Execute(std::string_view) override { throw std::logic_error("read whole"); }
+  std::unique_ptr<platform::RowReader> Open(std::string_view statement) override {
+    ++answers_.statements;
+    if (!answers_.tables.contains(std::string(statement))) {
+      throw platform::RuntimeError(208, "Invalid object name 'x'.");
+    }
+    return std::make_unique<Reader>(answers_, std::string(statement));
+  }
   std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
     return 0;
   }
 
-  std::map<std::string, Table> answers;
-  int statements = 0;
+ private:
+  class Reader : public platform::RowReader {
+   public:
+    Reader(Answers& answers, std::string statement)
+        : answers_(answers),
+          statement_(std::move(statement)),
+          columns_(answers.Some(statement_, 0, 0).Columns()) {}
+    const std::vector<std::string>& Columns() const override { return columns_; }
+    bool Read(platform::RowSet& rows, std::size_t most) override {
+      if (!rows.ReturnsRows()) rows = platform::RowSet(columns_);
+      if (given_ >= answers_.failAtRow) {
+        answers_.failAtRow = std::numeric_limits<std::size_t>::max();
+        throw platform::RuntimeError(answers_.failure);
+      }
+      const platform::RowSet some = answers_.Some(statement_, given_, most);
+      for (std::size_t row = 0; row < some.RowCount(); ++row) {
+        for (std::size_t column = 0; column < columns_.size(); ++column) {
+          const auto cell = some.Cell(row, column);
+          cell ? rows.Append(*cell) : rows.AppendNull();
+        }
+      }
+      given_ += some.RowCount();
+      answers_.rowsRead += some.RowCount();
+      return some.RowCount() == most;
+    }
+
+   private:
+    Answers& answers_;
+    std::string statement_;
+    std::vector<std::string> columns_;
+    std::size_t given_ = 0;
+  };
+  Answers& answers_;
 };
+
+/// All that comes from where the text stands.
+std::string Rest(Markup& body) {
+  std::string text;
+  int line = 0;
+  while (body.Next(text, line)) {
+  }
+  return text;
+}
 
 const std::chrono::sys_days kToday =
     calendar::SolarHijriDate::FromYearMonthDay(1404, 2, 15)->Days();
@@ -45,14 +106,14 @@ const std::chrono::sys_days kToday =
 class ReportFillTest : public testing::Test {
  protected:
   ReportFillTest() {
-    rows.answers["select p 7"] = {{"ID", "Notes", "FarsiCreateDate"}, {"7", "~", "1404/02/13"}};
-    rows.answers["select v\n7"] = {{"Promoter", "FarsiVisitDate", "Name"},
-                                   {"رضا", "1404/02/15", "a"},
-                                   {"رضا", "1404/02/15", "b"},
-                                   {"رضا", "1404/02/16", "c"},
-                                   {"مريم", "1404/02/16", "d"}};
-    rows.answers["select none 7"] = {{"ID"}};
-    rows.answers["update 7"] = {};
+    rows.tables["select p 7"] = {{"ID", "Notes", "FarsiCreateDate"}, {"7", "~", "1404/02/13"}};
+    rows.tables["select v\n7"] = {{"Promoter", "FarsiVisitDate", "Name"},
+                                  {"رضا", "1404/02/15", "a"},
+                                  {"رضا", "1404/02/15", "b"},
+                                  {"رضا", "1404/02/16", "c"},
+                                  {"مريم", "1404/02/16", "d"}};
+    rows.tables["select none 7"] = {{"ID"}};
+    rows.tables["update 7"] = rows.tables["select write 7"] = {{}};
   }
 
   static ReportTemplate Load(const std::string& body, const std::string& head = {}) {
@@ -61,8 +122,11 @@ class ReportFillTest : public testing::Test {
             head + "\n-->" + body,
         "t.html");
   }
+  FilledReport Filled(const std::string& body, const std::string& head = {}) {
+    return Fill(Load(body, head), std::make_unique<Rows>(rows), "fmlID = 7", kToday);
+  }
   std::string Html(const std::string& body, const std::string& head = {}) {
-    return Fill(Load(body, head), rows, "fmlID = 7", kToday).html;
+    return Rest(*Filled(body, head).body);
   }
   /// Number and description of what loading or filling throws.
   std::string ErrorOf(const std::function<void()>& action) {
@@ -78,7 +142,7 @@ class ReportFillTest : public testing::Test {
     return ErrorOf([&] { Html(body, head); });
   }
 
-  Rows rows;
+  Answers rows;
 };
 
 TEST_F(ReportFillTest, Formula_OnlyNameIsWholeNumber_Read) {
@@ -107,12 +171,11 @@ TEST_F(ReportFillTest, Sections_Grouped_NestAndCount) {
 }
 
 TEST_F(ReportFillTest, Values_AreEscapedInHtmlAndPlainInHeads) {
-  rows.answers["select p 7"][1][1] = "<b>\"a\" & 'b'{{ID}}";
-  const FilledReport filled = Fill(Load("{{#p}}{{Notes}}{{/p}}",
-                                        "header: {{#p}}{{ID}} {{Notes}} {{Today}}{{/p}}\n"
-                                        "page: landscape\ndigits: persian"),
-                                   rows, "fmlID = 7", kToday);
-  EXPECT_EQ(filled.html, "&lt;b&gt;&quot;a&quot; &amp; &apos;b&apos;{{ID}}");
+  rows.tables["select p 7"][1][1] = "<b>\"a\" & 'b'{{ID}}";
+  const FilledReport filled = Filled("1{{#p}}{{Notes}}{{/p}}",
+                                     "header: {{#p}}{{ID}} {{!no}}{{Notes}} {{Today}}{{/p}}\n"
+                                     "page: landscape\ndigits: persian");
+  EXPECT_EQ(Rest(*filled.body), "1&lt;b&gt;&quot;a&quot; &amp; 'b'{{ID}}");
   EXPECT_EQ(filled.header, "۷ <b>\"a\" & 'b'{{ID}} ۱۴۰۴/۰۲/۱۵");
   EXPECT_EQ(filled.orientation, Orientation::kLandscape);
 }
@@ -135,6 +198,7 @@ TEST_F(ReportFillTest, Names_NotKnownWhereTheyStand_AreRefusedWithTheLine) {
 TEST_F(ReportFillTest, Queries_ThatFail_TellFileQueryAndTheDatabasesWords) {
   EXPECT_EQ(FillError("", "query bad: select x {fmlID}"),
             "208 t.html:7: query bad: Invalid object name 'x'.");
+  EXPECT_THAT(FillError("", "query bad: select write {fmlID}"), HasSubstr("321 t.html:7: query"));
   rows.statements = 0;
   EXPECT_THAT(FillError("", "query bad: update {fmlID}"),
               HasSubstr("321 t.html:7: query bad is no"));
@@ -166,6 +230,175 @@ TEST_F(ReportFillTest, Load_BrokenTemplate_IsRefusedWithTheLine) {
                 HasSubstr(error))
         << text;
   }
+}
+
+TEST_F(ReportFillTest, Rows_AreReadWhenTheTextComesToThem) {
+  Answers::Table& visits = rows.tables["select v\n7"];
+  visits.resize(1);
+  for (int row = 0; row < 5000; ++row) {
+    visits.push_back({std::to_string(row / 2000), "1404/02/15", std::to_string(row)});
+  }
+  const std::string text = "{{#promoters}}{{Promoter}}:{{#v}}{{Name}} {{/v}}{{/promoters}}";
+  const std::string head = "group v: promoters by Promoter";
+  std::string piece;
+  int line = 0;
+  const FilledReport filled = Filled(text, head);
+  EXPECT_EQ(rows.rowsRead, 0U);
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(filled.body->Next(piece, line));
+  EXPECT_EQ(piece, "0:0");
+  EXPECT_EQ(line, 8);
+  EXPECT_LT(rows.rowsRead, 1000U);
+  Rest(*filled.body);
+  EXPECT_EQ(rows.rowsRead, 5000U);
+
+  // What is told of a group before its rows needs all of them, and not those behind it.
+  rows.rowsRead = 0;
+  piece.clear();
+  const FilledReport counted = Filled("{{#promoters}}{{RowCount}} {{/promoters}}", head);
+  ASSERT_TRUE(counted.body->Next(piece, line));
+  EXPECT_EQ(piece, "2000");
+  EXPECT_LT(rows.rowsRead, 3000U);
+
+  // A failure in the middle names where, and the same step can be tried again.
+  rows.failAtRow = 512;
+  const FilledReport failing = Filled(text, head);
+  std::string begun;
+  const auto all = [&] {
+    while (failing.body->Next(begun, line)) {
+    }
+  };
+  EXPECT_EQ(ErrorOf(all), "18 t.html:4: query v: error 18");
+  rows.failAtRow = 1024;
+  rows.failure = platform::RuntimeError(9, "زمان تمام شد.\nTimeout");
+  try {
+    all();
+    ADD_FAILURE();
+  } catch (const ReportError& error) {
+    EXPECT_EQ(error.Words(), "پرسش «v» قالب گزارش «t.html» اجرا نشد. سطر 4: زمان تمام شد.");
+    EXPECT_EQ(error.Technical(), "t.html:4: query v: Timeout");
+  }
+  all();
+  EXPECT_EQ(begun, Html(text, head));
+}
+
+/// Dates a few weeks long, over the end of a leap year's last month, of two promoters.
+constexpr const char* kByCalendar =
+    "group v: promoters by Promoter; months by month FarsiVisitDate; weeks by week FarsiVisitDate; "
+    "days by day FarsiVisitDate";
+
+TEST_F(ReportFillTest, Calendar_ShowsWholeWeeksOfEveryMonthThatHasRows) {
+  rows.tables["select v\n7"] = {{"Promoter", "FarsiVisitDate", "Name"},
+                                {"رضا", "1403/12/01", "a"},  // a Wednesday
+                                {"رضا", "1403/12/30", "b"},  // the leap day, a Thursday
+                                {"رضا", "1404/01/01", "c"},
+                                {"رضا", "1404/01/01", "d"},
+                                {"مريم", "1404/01/31", "e"}};  // a Sunday
+  EXPECT_EQ(Html("{{#promoters}}[{{Promoter}}{{#months}}({{MonthName}} {{Year}} {{RowCount}}"
+                 "{{#weeks}}\n{{RowNumber}}/{{RowCount}}:{{#days}} {{Day}}{{^Day}}-{{/Day}}"
+                 "{{#Friday}}.{{/Friday}}{{#v}}{{Name}}{{RowNumber}}{{/v}}{{/days}}{{/weeks}})"
+                 "{{/months}}]{{/promoters}}",
+                 kByCalendar),
+            "[رضا(اسفند 1403 2\n"
+            "1/1: - - - - 1a1 2 3.\n"
+            "2/0: 4 5 6 7 8 9 10.\n"
+            "3/0: 11 12 13 14 15 16 17.\n"
+            "4/0: 18 19 20 21 22 23 24.\n"
+            "5/1: 25 26 27 28 29 30b1 -.)"
+            "(فروردين 1404 2\n"
+            "1/2: - - - - - - 1.c1d2\n"
+            "2/0: 2 3 4 5 6 7 8.\n"
+            "3/0: 9 10 11 12 13 14 15.\n"
+            "4/0: 16 17 18 19 20 21 22.\n"
+            "5/0: 23 24 25 26 27 28 29.\n"
+            "6/0: 30 31 - - - - -.)]"
+            "[مريم(فروردين 1404 1\n"
+            "1/0: - - - - - - 1.\n"
+            "2/0: 2 3 4 5 6 7 8.\n"
+            "3/0: 9 10 11 12 13 14 15.\n"
+            "4/0: 16 17 18 19 20 21 22.\n"
+            "5/0: 23 24 25 26 27 28 29.\n"
+            "6/1: 30 31e1 - - - - -.)]");
+  EXPECT_THAT(
+      Html("{{#promoters}}{{#months}}{{#weeks}}{{#days}}{{Weekday}} {{FarsiVisitDate}}"
+           "{{FarsiVisitDateWeekday}}{{^v}},{{/v}}{{/days}};{{/weeks}}{{/months}}"
+           "{{/promoters}}",
+           kByCalendar),
+      testing::StartsWith("شنبه ,يكشنبه ,دوشنبه ,سه شنبه ,چهارشنبه 1403/12/01چهارشنبهپنجشنبه "
+                          "1403/12/02پنجشنبه,جمعه 1403/12/03جمعه,;شنبه 1403/12/04شنبه,"));
+}
+
+TEST_F(ReportFillTest, Calendar_LevelsAndDatesThatMakeNone_AreRefusedWithTheLine) {
+  const std::pair<const char*, const char*> kHeads[] = {
+      {"days by day FarsiVisitDate", "stands inside one by week"},
+      {"weeks by week FarsiVisitDate", "stands inside one by month"},
+      {"m by month FarsiVisitDate; days by day FarsiVisitDate", "stands inside one by week"},
+      {"m by month Name; weeks by week FarsiVisitDate", "stands inside one by month"},
+      {"m by month FarsiVisitDate; x by Promoter; w by week FarsiVisitDate", "by month of its"},
+      {"m by month FarsiVisitDate, Name", "has one column"},
+      {"m by month Day", "query v has no column Day"},
+  };
+  for (const auto& [levels, error] : kHeads) {
+    EXPECT_THAT(FillError("", std::string("group v: ") + levels),
+                testing::AllOf(HasSubstr("321 t.html:"), HasSubstr(error)))
+        << levels;
+  }
+  EXPECT_THAT(FillError("{{#promoters}}{{#months}}{{FarsiVisitDate}}", kByCalendar),
+              HasSubstr("section is not closed"));
+  EXPECT_THAT(FillError("{{#promoters}}{{#months}}{{FarsiVisitDate}}{{/months}}{{/promoters}}",
+                        kByCalendar),
+              HasSubstr("no field of this name here: FarsiVisitDate"));
+  const std::string text =
+      "{{#promoters}}{{#months}}{{#weeks}}{{#days}}{{#v}}{{Name}}{{/v}}{{/days}}{{/weeks}}"
+      "{{/months}}{{/promoters}}";
+  const std::pair<std::vector<std::string>, const char*> kDates[] = {
+      {{"1404/02/15", "1404/13/01"}, "row 2 of query v: no date in FarsiVisitDate: \"1404/13/01\""},
+      {{"~"}, "row 1 of query v: no date in FarsiVisitDate: \"\""},
+      {{"1404/02/15", "1404/02/14"}, "row 2 of query v is not in the order of FarsiVisitDate"},
+      {{"1404/02/15", "1404/02/01"}, "row 2 of query v is not in the order"},
+      {{"1404/02/31", "1404/02/30"}, "row 2 of query v is not in the order"},
+  };
+  for (const auto& [dates, error] : kDates) {
+    Answers::Table table{{"Promoter", "FarsiVisitDate", "Name"}};
+    for (const std::string& date : dates) table.push_back({"رضا", date, "a"});
+    rows.tables["select v\n7"] = table;
+    EXPECT_THAT(FillError(text, kByCalendar), HasSubstr("321 t.html:7: group")) << error;
+    EXPECT_THAT(FillError(text, kByCalendar), HasSubstr(error));
+  }
+}
+
+TEST_F(ReportFillTest, Places_AllGiveTheSameRestWheneverTheyAreTakenUp) {
+  Answers::Table table{{"Promoter", "FarsiVisitDate", "Name"}};
+  auto day = *calendar::SolarHijriDate::FromYearMonthDay(1403, 11, 28);
+  for (int row = 0; row < 700; ++row) {
+    if (row % 7 == 0) day = day.PlusDays(row % 3);
+    if (row == 350) day = *calendar::SolarHijriDate::FromYearMonthDay(1404, 5, 1);
+    table.push_back({row < 350 ? "رضا" : "مريم", day.Text(), std::to_string(row)});
+  }
+  rows.tables["select v\n7"] = table;
+  const FilledReport filled = Filled(
+      "{{#p}}{{ID}}{{^Notes}}-{{/Notes}}{{/p}}{{#promoters}}{{Promoter}}{{RowCount}}{{#months}}"
+      "{{MonthName}}{{#weeks}}<tr>{{#days}}{{Day}}{{#v}}{{#First}}({{/First}}{{Name}}{{#p}}{{ID}}"
+      "{{/p}}{{/v}}{{^v}}.{{/v}}{{RowCount}}{{/days}}{{/weeks}}{{/months}}{{/promoters}}end",
+      kByCalendar);
+  std::vector<MarkupPlace> places;
+  std::vector<std::size_t> lengths;
+  std::string whole;
+  int line = 0;
+  do {
+    places.push_back(filled.body->Where());
+    lengths.push_back(whole.size());
+  } while (filled.body->Next(whole, line));
+  ASSERT_GT(places.size(), 1500U);
+  EXPECT_THAT(whole, testing::EndsWith("end"));
+  EXPECT_EQ(rows.rowsRead, 701U);
+  // From the last to the first, and across.
+  for (std::size_t i = places.size(); i-- > 0; i -= std::min<std::size_t>(i, 12)) {
+    for (const std::size_t at : {i, i * 7919 % places.size()}) {
+      filled.body->GoTo(places[at]);
+      ASSERT_TRUE(Rest(*filled.body) == whole.substr(lengths[at])) << at;
+    }
+  }
+  EXPECT_EQ(rows.rowsRead, 701U) << "read once";
 }
 
 }  // namespace

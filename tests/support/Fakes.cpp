@@ -96,6 +96,12 @@ class FakeReportEngine : public platform::ReportEngine {
 
 }  // namespace
 
+std::string FakeFileSystem::ReadFile(const std::string& path) {
+  Tell(beforeCall, "ReadFile");
+  if (!files.contains(path)) throw RuntimeError(53, path + ": no such file");
+  return files.at(path);
+}
+
 std::unique_ptr<platform::TextFile> FakeFileSystem::CreateTextFile(const std::string& path) {
   Tell(beforeCall, "CreateTextFile");
   return std::make_unique<FakeTextFile>(*this, path);

@@ -110,6 +110,7 @@ class FakeFileSystem : public platform::FileSystem {
     Tell(beforeCall, "FileExists");
     return files.contains(path);
   }
+  std::string ReadFile(const std::string& path) override;
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
 };
 

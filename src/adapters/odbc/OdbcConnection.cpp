@@ -207,9 +207,9 @@ class OdbcSession : public server::Session {
 
 }  // namespace
 
-std::unique_ptr<server::Session> OdbcConnection::Open(const std::string& connectionString,
-                                                      std::chrono::seconds statementLimit,
-                                                      platform::RunningStatement& running) {
+std::unique_ptr<server::Session> OdbcConnection::LogIn(const std::string& connectionString,
+                                                       std::chrono::seconds statementLimit,
+                                                       platform::RunningStatement& running) {
   const auto logIn = [=, login = OdbcConnectionString(connectionString),
                       limit = ConnectTimeout(connectionString).value_or(loginLimit_)] {
     return std::make_shared<Line>(login, limit, statementLimit);

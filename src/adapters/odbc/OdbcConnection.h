@@ -37,9 +37,9 @@ class OdbcConnection : public server::ServerConnection {
       : ServerConnection(connectionString, std::move(outages), progress), loginLimit_(loginLimit) {}
 
  private:
-  std::unique_ptr<server::Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit,
-                                        platform::RunningStatement& running) override;
+  std::unique_ptr<server::Session> LogIn(const std::string& connectionString,
+                                         std::chrono::seconds statementLimit,
+                                         platform::RunningStatement& running) override;
 
   std::chrono::seconds loginLimit_;
 };

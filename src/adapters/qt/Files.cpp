@@ -3,6 +3,7 @@
 #include <fcntl.h>
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QSaveFile>
@@ -18,6 +19,7 @@ namespace adapters::qt {
 
 namespace {
 
+constexpr std::int32_t kFileNotFound = 53;
 constexpr std::size_t kBlockUnits = 1 << 16;
 constexpr int kBlocksAtOnce = 32;
 
@@ -94,6 +96,17 @@ bool QtFileSystem::FileExists(const std::string& path) {
   return QFileInfo(ToQString(path)).isFile();
 }
 
+std::string QtFileSystem::ReadFile(const std::string& path) {
+  QFile file(ToQString(path));
+  QByteArray bytes;
+  if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) {
+    throw platform::RuntimeError(kFileNotFound, path + ": " + ToUtf8(file.errorString()),
+                                 "QtFileSystem");
+  }
+  return bytes.toStdString();
+}
+
 std::unique_ptr<platform::TextFile> QtFileSystem::CreateTextFile(const std::string& path) {
   return std::make_unique<SavedTextFile>(ToQString(path));
 }
@@ -102,7 +115,7 @@ void QtLauncher::Start(const std::string& commandLine) {
   QStringList arguments = QProcess::splitCommand(ToQString(commandLine));
   const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
   if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
-    throw platform::RuntimeError(53, "File not found: " + ToUtf8(program), "QtLauncher");
+    throw platform::RuntimeError(kFileNotFound, "File not found: " + ToUtf8(program), "QtLauncher");
   }
 }
 

@@ -12,6 +12,7 @@ namespace adapters::qt {
 class QtFileSystem : public platform::FileSystem {
  public:
   bool FileExists(const std::string& path) override;
+  std::string ReadFile(const std::string& path) override;
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
 };
 

@@ -48,7 +48,7 @@ Session& ServerConnection::OpenSession(platform::RunningStatement& running) {
   if (session_ && outagesSeen_ != *outages_) session_.reset();
   if (!session_) {
     const LimitedString read = TakeStatementLimit(connectionString_);
-    session_ = Open(read.rest, read.limit, running);
+    session_ = LogIn(read.rest, read.limit, running);
     outagesSeen_ = *outages_;
   }
   return *session_;

@@ -66,9 +66,9 @@ class ServerConnection : public platform::Connection {
 
  private:
   /// Logs in. Throws Failure, or RuntimeError where the string cannot be understood.
-  virtual std::unique_ptr<Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit,
-                                        platform::RunningStatement& running) = 0;
+  virtual std::unique_ptr<Session> LogIn(const std::string& connectionString,
+                                         std::chrono::seconds statementLimit,
+                                         platform::RunningStatement& running) = 0;
 
   Session& OpenSession(platform::RunningStatement& running);
   /// `left`: what is left behind should the user cancel.

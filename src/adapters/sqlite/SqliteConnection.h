@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -31,6 +32,7 @@ class SqliteConnection : public platform::Connection {
                             platform::Progress* progress = nullptr);
 
   platform::RowSet Execute(std::string_view statement) override;
+  std::unique_ptr<platform::RowReader> Open(std::string_view statement) override;
   std::int32_t CallProcedure(std::string_view name,
                              std::span<const platform::Parameter> parameters) override;
 

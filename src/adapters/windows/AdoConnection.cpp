@@ -214,9 +214,9 @@ class AdoSession : public server::Session {
 
 }  // namespace
 
-std::unique_ptr<server::Session> AdoConnection::Open(const std::string& connectionString,
-                                                     std::chrono::seconds statementLimit,
-                                                     platform::RunningStatement& running) {
+std::unique_ptr<server::Session> AdoConnection::LogIn(const std::string& connectionString,
+                                                      std::chrono::seconds statementLimit,
+                                                      platform::RunningStatement& running) {
   return std::make_unique<AdoSession>(connectionString, statementLimit, running);
 }
 

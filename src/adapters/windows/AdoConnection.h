@@ -29,9 +29,9 @@ class AdoConnection : public server::ServerConnection {
       : ServerConnection(connectionString, std::move(outages), progress) {}
 
  private:
-  std::unique_ptr<server::Session> Open(const std::string& connectionString,
-                                        std::chrono::seconds statementLimit,
-                                        platform::RunningStatement& running) override;
+  std::unique_ptr<server::Session> LogIn(const std::string& connectionString,
+                                         std::chrono::seconds statementLimit,
+                                         platform::RunningStatement& running) override;
 };
 
 }  // namespace adapters::windows

@@ -1,5 +1,6 @@
 #include "adapters/windows/ScriptingFileSystem.h"
 
+#include <memory>
 #include <utility>
 
 #include "adapters/windows/Com.h"
@@ -12,7 +13,8 @@ namespace {
 using platform::RuntimeError;
 
 constexpr const char* kFileSystemObject = "Scripting.FileSystemObject";
-constexpr std::size_t kBlockBytes = 1 << 16;
+constexpr DWORD kBlockBytes = 1 << 16;
+constexpr std::int32_t kFileNotFound = 53;
 constexpr std::int32_t kDiskFull = 61;
 constexpr std::int32_t kPermissionDenied = 70;
 constexpr std::int32_t kPathFileAccessError = 75;
@@ -117,6 +119,25 @@ class GatheredTextFile : public platform::TextFile {
 
 bool ScriptingFileSystem::FileExists(const std::string& path) {
   return Dispatch::Create(kFileSystemObject).Call("FileExists", {path}).Flag();
+}
+
+std::string ScriptingFileSystem::ReadFile(const std::string& path) {
+  const auto fail = [&] {
+    throw RuntimeError(kFileNotFound, path + ": " + SystemText(HRESULT_FROM_WIN32(GetLastError())),
+                       kFileSystemObject);
+  };
+  constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const HANDLE opened = CreateFileW(Wide(path).c_str(), GENERIC_READ, kShared, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (opened == INVALID_HANDLE_VALUE) fail();
+  const std::unique_ptr<void, decltype(&CloseHandle)> file(opened, CloseHandle);
+  std::string bytes;
+  std::string block(kBlockBytes, '\0');
+  for (DWORD read = 0;;) {
+    if (!::ReadFile(file.get(), block.data(), kBlockBytes, &read, nullptr)) fail();
+    if (read == 0) return bytes;
+    bytes.append(block, 0, read);
+  }
 }
 
 std::unique_ptr<platform::TextFile> ScriptingFileSystem::CreateTextFile(const std::string& path) {

@@ -12,6 +12,8 @@ namespace adapters::windows {
 class ScriptingFileSystem : public platform::FileSystem {
  public:
   bool FileExists(const std::string& path) override;
+  /// Past the object, which reads texts alone.
+  std::string ReadFile(const std::string& path) override;
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
 };
 
