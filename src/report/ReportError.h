@@ -28,4 +28,8 @@ class ReportError : public platform::RuntimeError {
   std::string technical_;
 };
 
+/// Throws ReportError 321 about a line of the template that is called `name`.
+[[noreturn]] void RefuseTemplate(const std::string& name, int line, const std::string& words,
+                                 const std::string& technical);
+
 }  // namespace report

@@ -49,10 +49,7 @@ bool IsName(std::string_view s) {
 
 void ReportTemplate::Refuse(int line, const std::string& words,
                             const std::string& technical) const {
-  const std::string number = std::to_string(line);
-  throw ReportError(kInvalidFileFormat,
-                    "قالب گزارش «" + name_ + "» درست نيست. سطر " + number + ": " + words,
-                    name_ + ":" + number + ": " + technical);
+  RefuseTemplate(name_, line, words, technical);
 }
 
 ReportTemplate ReportTemplate::Load(std::string_view text, std::string name) {

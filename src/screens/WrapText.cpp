@@ -25,20 +25,6 @@ std::size_t WordEnd(std::string_view text, std::size_t from) {
   return std::min(text.size(), text.find_first_of(kBlanks, text.find_first_not_of(kBlanks, from)));
 }
 
-/// Whether it is written onto the character before, or joins or directs those around it.
-bool BelongsToTheOneBefore(char32_t c) {
-  return (c >= 0x0300 && c <= 0x036F) || (c >= 0x064B && c <= 0x065F) || c == 0x0670 ||
-         (c >= 0x200B && c <= 0x200F) || (c >= 0x202A && c <= 0x202E);
-}
-
-std::size_t CharacterEnd(std::string_view text, std::size_t at) {
-  text::TakeCharacter(text, at);
-  for (std::size_t next = at; next < text.size(); at = next) {
-    if (!BelongsToTheOneBefore(text::TakeCharacter(text, next))) break;
-  }
-  return at;
-}
-
 /// How many bytes of a text that begins with a word make the next line.
 std::size_t LineEnd(std::string_view text, int width, const Measure& measure) {
   std::size_t end = 0;
@@ -49,9 +35,9 @@ std::size_t LineEnd(std::string_view text, int width, const Measure& measure) {
   }
   if (end > 0 || text.empty()) return end;
   const std::string_view word = text.substr(0, WordEnd(text, 0));
-  end = CharacterEnd(word, 0);
+  end = text::LetterEnd(word, 0);
   while (end < word.size()) {
-    const std::size_t more = CharacterEnd(word, end);
+    const std::size_t more = text::LetterEnd(word, end);
     if (measure(word.substr(0, more)) > width) break;
     end = more;
   }

@@ -13,6 +13,12 @@ namespace {
 constexpr std::uint64_t kFourLetters = 0xC0FCC0FCC0FCC0FCU;
 constexpr std::uint64_t kFourLettersAre = 0x80D880D880D880D8U;
 
+/// Whether it is written onto the character before, or joins or directs those around it.
+bool BelongsToTheOneBefore(char32_t c) {
+  return (c >= 0x0300 && c <= 0x036F) || (c >= 0x064B && c <= 0x065F) || c == 0x0670 ||
+         (c >= 0x200B && c <= 0x200F) || (c >= 0x202A && c <= 0x202E);
+}
+
 }  // namespace
 
 char32_t TakeCharacter(std::string_view text, std::size_t& at) {
@@ -32,6 +38,14 @@ char32_t TakeCharacter(std::string_view text, std::size_t& at) {
   }
   at += more;
   return code;
+}
+
+std::size_t LetterEnd(std::string_view text, std::size_t at) {
+  TakeCharacter(text, at);
+  for (std::size_t next = at; next < text.size(); at = next) {
+    if (!BelongsToTheOneBefore(TakeCharacter(text, next))) break;
+  }
+  return at;
 }
 
 char16_t* PutUtf16(std::string_view text, char16_t* to) {

@@ -13,8 +13,34 @@ inline constexpr char32_t kReplacement = 0xFFFD;
 /// surrogate, beyond the last.
 char32_t TakeCharacter(std::string_view text, std::size_t& at);
 
+/// Where the letter ends that begins at byte `at`: behind the marks that are written onto it and
+/// the characters that join it or direct what follows.
+std::size_t LetterEnd(std::string_view text, std::size_t at);
+
 /// Writes UTF-8 text as UTF-16 at `to`, where there is room for a unit for each byte, and gives the
 /// end. Quick with Persian and Latin letters.
 char16_t* PutUtf16(std::string_view text, char16_t* to);
+
+/// Writes a character as UTF-8 at `out`, where there is room for four bytes, and gives the end.
+inline char* PutUtf8(char* out, char32_t code) {
+  const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
+  if (code < 0x80) {
+    put(code);
+    return out;
+  }
+  if (code < 0x800) {
+    put(0xC0 | (code >> 6U));
+  } else {
+    if (code < 0x10000) {
+      put(0xE0 | (code >> 12U));
+    } else {
+      put(0xF0 | (code >> 18U));
+      put(0x80 | ((code >> 12U) & 0x3FU));
+    }
+    put(0x80 | ((code >> 6U) & 0x3FU));
+  }
+  put(0x80 | (code & 0x3FU));
+  return out;
+}
 
 }  // namespace text

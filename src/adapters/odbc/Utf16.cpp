@@ -15,27 +15,6 @@ bool IsLowSurrogate(char32_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
 }
 
-char* PutUtf8(char* out, char32_t code) {
-  const auto put = [&](char32_t byte) { *out++ = static_cast<char>(byte); };
-  if (code < 0x80) {
-    put(code);
-    return out;
-  }
-  if (code < 0x800) {
-    put(0xC0 | (code >> 6U));
-  } else {
-    if (code < 0x10000) {
-      put(0xE0 | (code >> 12U));
-    } else {
-      put(0xF0 | (code >> 18U));
-      put(0x80 | ((code >> 12U) & 0x3FU));
-    }
-    put(0x80 | ((code >> 6U) & 0x3FU));
-  }
-  put(0x80 | (code & 0x3FU));
-  return out;
-}
-
 }  // namespace
 
 Utf16 ToUtf16(std::string_view text) {
@@ -66,7 +45,7 @@ void AppendUtf8(std::string& out, std::span<const SQLWCHAR> text) {
     } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
       code = text::kReplacement;
     }
-    end = PutUtf8(end, code);
+    end = text::PutUtf8(end, code);
   }
   out.resize(static_cast<std::size_t>(end - out.data()));
 }
