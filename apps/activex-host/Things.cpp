@@ -27,7 +27,8 @@ constexpr std::pair<LONG, Role> kRoles[] = {
     {ROLE_SYSTEM_COMBOBOX, Role::kComboBox}, {ROLE_SYSTEM_PROGRESSBAR, Role::kProgressBar},
     {ROLE_SYSTEM_TABLE, Role::kTable},       {ROLE_SYSTEM_COLUMNHEADER, Role::kColumnHeading},
     {ROLE_SYSTEM_CELL, Role::kCell},         {ROLE_SYSTEM_LIST, Role::kList},
-    {ROLE_SYSTEM_LISTITEM, Role::kListItem}, {ROLE_SYSTEM_ALERT, Role::kNote}};
+    {ROLE_SYSTEM_LISTITEM, Role::kListItem}, {ROLE_SYSTEM_ALERT, Role::kNote},
+    {ROLE_SYSTEM_DOCUMENT, Role::kDocument}};
 
 Role RoleOf(LONG role) {
   const auto* const found = std::ranges::find(kRoles, role, &std::pair<LONG, Role>::first);

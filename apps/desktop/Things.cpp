@@ -22,7 +22,8 @@ constexpr std::pair<QAccessible::Role, Role> kRoles[] = {
     {QAccessible::ComboBox, Role::kComboBox}, {QAccessible::ProgressBar, Role::kProgressBar},
     {QAccessible::Table, Role::kTable},       {QAccessible::ColumnHeader, Role::kColumnHeading},
     {QAccessible::Cell, Role::kCell},         {QAccessible::List, Role::kList},
-    {QAccessible::ListItem, Role::kListItem}, {QAccessible::AlertMessage, Role::kNote}};
+    {QAccessible::ListItem, Role::kListItem}, {QAccessible::AlertMessage, Role::kNote},
+    {QAccessible::Document, Role::kDocument}};
 
 Role RoleOf(QAccessible::Role role) {
   const auto* const found =

@@ -153,6 +153,10 @@ class Control {
   /// names; empty for none. A Persian letter stands for the Latin one on its key too.
   const std::string& AccessKey() const { return accessKey_; }
   void SetAccessKey(std::string letter) { accessKey_ = std::move(letter); }
+  /// The key, a Latin capital letter or "+" or "-", that with Ctrl clicks a button of the form;
+  /// empty for none.
+  const std::string& Shortcut() const { return shortcut_; }
+  void SetShortcut(std::string key) { shortcut_ = std::move(key); }
 
   /// Moves the keyboard focus here. Throws RuntimeError 5 when the control or a frame around it is
   /// disabled or hidden, or its form is not shown.
@@ -174,6 +178,7 @@ class Control {
   std::string tag_;
   std::string toolTip_;
   std::string accessKey_;
+  std::string shortcut_;
   std::string accessibleName_;
   Observers observers_;
   Twips left_ = 0;

@@ -165,6 +165,7 @@ class Frame : public Control, public Container {
 
 class DateBox;
 class FlexGrid;
+class PageView;
 class Selector;
 
 /// How a screen finds out what kind a control is: one method a kind, and no others exist.
@@ -181,6 +182,7 @@ class ControlVisitor {
   virtual void Visit(DateBox& dateBox) = 0;
   virtual void Visit(Selector& selector) = 0;
   virtual void Visit(FlexGrid& grid) = 0;
+  virtual void Visit(PageView& pages) = 0;
 };
 
 }  // namespace controls

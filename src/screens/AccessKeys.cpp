@@ -93,4 +93,15 @@ bool PressAccessKey(controls::Form& form, std::string_view typed, const Control*
   return true;
 }
 
+bool PressShortcut(controls::Form& form, std::string_view key) {
+  for (Control* control : form.Controls()) {
+    auto* const button = dynamic_cast<Button*>(control);
+    if (button == nullptr || key.empty() || button->Shortcut() != key) continue;
+    if (!button->Reachable()) return false;
+    button->Click();
+    return true;
+  }
+  return false;
+}
+
 }  // namespace screens

@@ -21,4 +21,8 @@ std::optional<std::pair<std::size_t, std::size_t>> AccessKeySpan(std::string_vie
 /// next one behind `focused` (null: none has the keyboard). False when nothing within reach has it.
 bool PressAccessKey(controls::Form& form, std::string_view typed, const controls::Control* focused);
 
+/// Carries out Ctrl and a key, as Control::Shortcut names it. False when no button that can be
+/// clicked has it.
+bool PressShortcut(controls::Form& form, std::string_view key);
+
 }  // namespace screens

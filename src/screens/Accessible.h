@@ -22,7 +22,8 @@ enum class Role {
   kCell,
   kList,
   kListItem,
-  kNote
+  kNote,
+  kDocument
 };
 
 /// What a screen reader is told of a pane or of a part of it. Made anew whenever it is asked for.

@@ -4,6 +4,7 @@
 #include "screens/ComboPane.h"
 #include "screens/DatePane.h"
 #include "screens/GridPane.h"
+#include "screens/PagesPane.h"
 #include "screens/PlainPanes.h"
 #include "screens/SelectorPane.h"
 #include "screens/TextPane.h"
@@ -27,6 +28,7 @@ class Maker : public controls::ControlVisitor {
   void Visit(controls::DateBox& box) override { Make<DatePane>(box); }
   void Visit(controls::Selector& selector) override { Make<SelectorPane>(selector); }
   void Visit(controls::FlexGrid& grid) override { Make<GridPane>(grid); }
+  void Visit(controls::PageView& pages) override { Make<PagesPane>(pages); }
 
  private:
   template <typename PaneType, typename Model>

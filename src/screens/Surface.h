@@ -2,8 +2,10 @@
 
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 
 #include "controls/Control.h"
+#include "screens/Palette.h"
 #include "screens/Rect.h"
 
 namespace screens {
@@ -19,16 +21,20 @@ struct TextStyle {
   /// In which direction the whole text is read; letters of the other script run their own way.
   Direction direction = Direction::kRightToLeft;
   Weight weight = Weight::kNormal;
+  /// Of the letters, in device pixels to the em; 0 is the font of the screens. A text of a size is
+  /// never shortened: what is wider than its box goes on beyond it, on the side away from `side`.
+  double size = 0;
 };
 
 /// What panes are painted on; a toolkit brings one. Lengths are device pixels, colours come from
 /// screens/Palette.h, texts are UTF-8 in the font of the screens.
 class Surface {
  public:
+  explicit Surface(palette::Scheme scheme = palette::Scheme::kLight) : scheme_(scheme) {}
   virtual ~Surface() = default;
 
   virtual void Fill(const Rect& area, controls::Colour colour) = 0;
-  /// One line of text; what does not fit its box ends in "…".
+  /// One line of text; what does not fit its box ends in "…" unless its style gives it a size.
   virtual void Text(std::string_view text, const Rect& box, const TextStyle& style) = 0;
   /// A smooth line through points with round ends: signs are made of it.
   virtual void Stroke(std::initializer_list<Dot> points, double width, controls::Colour colour) = 0;
@@ -48,6 +54,30 @@ class Surface {
     Fill({area.right - thickness, area.top + thickness, area.right, area.bottom - thickness},
          colour);
   }
+
+ protected:
+  /// What a colour is on this surface.
+  controls::Colour Shown(controls::Colour colour) const {
+    return palette::InScheme(colour, scheme_);
+  }
+
+ private:
+  friend class OnPaper;
+  palette::Scheme scheme_;
+};
+
+/// While it lives colours are what they are on paper, also on a dark screen.
+class OnPaper {
+ public:
+  explicit OnPaper(Surface& surface)
+      : surface_(surface), before_(std::exchange(surface.scheme_, palette::Scheme::kLight)) {}
+  ~OnPaper() { surface_.scheme_ = before_; }
+  OnPaper(const OnPaper&) = delete;
+  OnPaper& operator=(const OnPaper&) = delete;
+
+ private:
+  Surface& surface_;
+  palette::Scheme before_;
 };
 
 /// Keeps the painting within an area while it lives.

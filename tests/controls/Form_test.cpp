@@ -8,6 +8,7 @@
 #include "controls/Controls.h"
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
+#include "controls/PageView.h"
 #include "controls/Selector.h"
 #include "platform/ResumeNext.h"
 #include "support/FakeScreen.h"
@@ -152,6 +153,7 @@ class Describing : public controls::ControlVisitor {
   void Visit(controls::DateBox& c) override { Add(c, c.Date()->Text()); }
   void Visit(controls::Selector& c) override { Add(c, "selector"); }
   void Visit(controls::FlexGrid& c) override { Add(c, "grid"); }
+  void Visit(controls::PageView& c) override { Add(c, "pages"); }
 
  private:
   static std::string Flag(bool on) { return on ? "+" : "-"; }
@@ -165,6 +167,7 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   controls::DateBox day{form, "day"};
   controls::ComboBox combo{form, "combo"};
   controls::FlexGrid grid{form, "grid"};
+  controls::PageView pages{form, "pages"};
   form.outer.SetSelectAllOnFocus(true);
   form.outer.SetToolTip("hint");
   form.brother.SetCaption("b");
@@ -173,7 +176,7 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   for (controls::Control* control : form.Controls()) control->Accept(seen);
   EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text -", "brother: label b",
                                       "outer: text + hint", "ok: button Yes", "check: check Tick",
-                                      "day: 1404/01/01", "combo: combo", "grid: grid"));
+                                      "day: 1404/01/01", "combo: combo", "grid: grid", "pages: pages"));
   EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 

@@ -15,6 +15,7 @@
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
 #include "controls/Form.h"
+#include "controls/PageView.h"
 #include "controls/Selector.h"
 
 namespace reliability {
@@ -57,6 +58,7 @@ class AnyHand : public controls::ControlVisitor {
   void Visit(controls::Label&) override {}
   void Visit(controls::ProgressBar&) override {}
   void Visit(controls::Frame&) override {}
+  void Visit(controls::PageView&) override {}  // on no form of the module
   void Visit(controls::TextBox& box) override {
     const std::string text(dice_.Of(kTexts));
     if (box.Enabled()) Act(box, text, [&] { box.SetText(text); });

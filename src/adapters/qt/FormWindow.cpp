@@ -29,6 +29,15 @@ QString LetterOf(const QKeyEvent& event) {
   return event.key() < Qt::Key_Escape ? QString(QChar(event.key())) : QString();
 }
 
+/// As Control::Shortcut names keys; plus and minus also where they need Shift or are another key's.
+std::string ShortcutOf(const QKeyEvent& event) {
+  const int key = event.key();
+  if (key == Qt::Key_Plus || key == Qt::Key_Equal) return "+";
+  if (key == Qt::Key_Minus || key == Qt::Key_Underscore) return "-";
+  const bool letter = key >= Qt::Key_A && key <= Qt::Key_Z;
+  return letter ? std::string(1, static_cast<char>(key)) : std::string();
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings)
@@ -119,6 +128,10 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
     if (form_ && event->key() == Qt::Key_Escape) used = form_->PressEscape();
     if (form_ && event->modifiers() == Qt::AltModifier) {
       used = screens::PressAccessKey(*form_, ToUtf8(LetterOf(*event)), Focused());
+    }
+    const Qt::KeyboardModifiers held = event->modifiers();
+    if (form_ && held.testFlag(Qt::ControlModifier) && !held.testFlag(Qt::AltModifier)) {
+      used = screens::PressShortcut(*form_, ShortcutOf(*event));
     }
   });
   if (!used) QWidget::keyPressEvent(event);

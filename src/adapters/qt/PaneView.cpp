@@ -165,7 +165,7 @@ void PaneView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   const qreal ratio = devicePixelRatioF();
   if (ratio != 1.0) painter.scale(1 / ratio, 1 / ratio);
-  QtSurface surface(painter, PaneFont(), CurrentScheme());
+  QtSurface surface(painter, PaneFont(), CurrentScheme(), surroundings_.letters);
   const screens::Point from = ToPane(event->rect().topLeft());
   const QRect& dirty = event->rect();
   const screens::Point to{static_cast<int>(std::ceil((dirty.right() + 1) * ratio)),

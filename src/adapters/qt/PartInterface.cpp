@@ -40,6 +40,8 @@ QAccessible::Role RoleOf(const Accessible& told) {
       return QAccessible::ListItem;
     case Role::kNote:
       return QAccessible::AlertMessage;
+    case Role::kDocument:
+      return QAccessible::Document;
   }
   return QAccessible::Client;
 }

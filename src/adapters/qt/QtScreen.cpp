@@ -63,7 +63,7 @@ QtScreen::~QtScreen() {
 FormWindow& QtScreen::WindowFor(Form& form) {
   std::unique_ptr<FormWindow>& window = windows_[&form];
   if (!window) {
-    window = std::make_unique<FormWindow>(form, Surroundings{guard_, clock_});
+    window = std::make_unique<FormWindow>(form, Surroundings{guard_, clock_, letters_});
     window->FitToDesk();
   }
   return *window;

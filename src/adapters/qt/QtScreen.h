@@ -39,6 +39,8 @@ class QtScreen : public controls::Screen {
 
   /// Windows that can be sized come back where they stood, from here on; the store outlives this.
   void RememberPlaces(screens::PlaceStore& store) { places_ = &store; }
+  /// Of the pages of reports.
+  const PageLetters& Letters() const { return letters_; }
 
   /// The form's window; null before it was first shown and after it was unloaded.
   QWidget* WindowOf(controls::Form& form) const;
@@ -62,6 +64,7 @@ class QtScreen : public controls::Screen {
 
   ErrorGuard& guard_;
   const platform::Clock& clock_;
+  PageLetters letters_;
   std::unordered_map<const controls::Form*, std::unique_ptr<FormWindow>> windows_;
   // Windows of unloaded forms that a call from one of their own widgets may still return to.
   std::vector<std::unique_ptr<FormWindow>> retired_;

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/Theme.h"
 
 namespace adapters::qt {
 
@@ -24,19 +23,21 @@ QFont Bold(QFont font) {
   return font;
 }
 
-QtSurface::QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme)
-    : painter_(painter), normal_(font), bold_(Bold(font)), scheme_(scheme) {}
+QtSurface::QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme,
+                     const PageLetters& letters)
+    : Surface(scheme), painter_(painter), normal_(font), bold_(Bold(font)), letters_(letters) {}
 
 void QtSurface::Fill(const screens::Rect& area, controls::Colour colour) {
-  painter_.fillRect(ToQRect(area), Painted(colour, scheme_));
+  painter_.fillRect(ToQRect(area), ToQColor(Shown(colour)));
 }
 
 void QtSurface::Text(std::string_view text, const screens::Rect& box,
                      const screens::TextStyle& style) {
+  painter_.setPen(ToQColor(Shown(style.colour)));
+  if (style.size > 0) return letters_.Draw(painter_, text, box, style);
   const bool rightToLeft = style.direction == screens::Direction::kRightToLeft;
   painter_.setLayoutDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
   painter_.setFont(style.weight == screens::Weight::kBold ? bold_ : normal_);
-  painter_.setPen(Painted(style.colour, scheme_));
   const QString shown =
       painter_.fontMetrics().elidedText(ToQString(text), Qt::ElideRight, box.Width());
   painter_.drawText(ToQRect(box), FlagsOf(style.side), shown);
@@ -49,7 +50,7 @@ void QtSurface::Stroke(std::initializer_list<screens::Dot> points, double width,
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
   painter_.setPen(
-      QPen(Painted(colour, scheme_), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      QPen(ToQColor(Shown(colour)), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter_.drawPolyline(line);
   painter_.restore();
 }
@@ -58,8 +59,8 @@ void QtSurface::RoundBox(const screens::Rect& area, int radius, controls::Colour
                          controls::Colour line, int lineWidth) {
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.setPen(QPen(Painted(line, scheme_), lineWidth));
-  painter_.setBrush(Painted(ground, scheme_));
+  painter_.setPen(QPen(ToQColor(Shown(line)), lineWidth));
+  painter_.setBrush(ToQColor(Shown(ground)));
   const double inset = lineWidth / 2.0;
   painter_.drawRoundedRect(QRectF(ToQRect(area)).adjusted(inset, inset, -inset, -inset),
                            std::max(0.0, radius - inset), std::max(0.0, radius - inset));

@@ -4,15 +4,18 @@
 #include <QFontMetrics>
 #include <QPainter>
 
+#include "adapters/qt/PageLetters.h"
 #include "screens/Palette.h"
 #include "screens/Surface.h"
 
 namespace adapters::qt {
 
-/// A painter as panes see it. The painter's unit must be a device pixel, the font as large in it.
+/// A painter as panes see it. The painter's unit must be a device pixel, the font as large in it;
+/// texts of a size are drawn with `letters`, which outlive it.
 class QtSurface : public screens::Surface {
  public:
-  QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme);
+  QtSurface(QPainter& painter, const QFont& font, screens::palette::Scheme scheme,
+            const PageLetters& letters);
 
   void Fill(const screens::Rect& area, controls::Colour colour) override;
   void Text(std::string_view text, const screens::Rect& box,
@@ -28,7 +31,7 @@ class QtSurface : public screens::Surface {
   QPainter& painter_;
   QFont normal_;
   QFont bold_;
-  screens::palette::Scheme scheme_;
+  const PageLetters& letters_;
 };
 
 QFont Bold(QFont font);

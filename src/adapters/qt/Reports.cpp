@@ -1,23 +1,28 @@
 #include "adapters/qt/Reports.h"
 
-#include "adapters/qt/ReportPages.h"
-#include "adapters/qt/ReportPreview.h"
+#include <utility>
+
+#include "adapters/qt/PageOutlets.h"
 
 namespace adapters::qt {
 
 Reports::Reports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                 ErrorGuard& guard)
-    : TemplateReports(
-          connections, clock,
-          {.show =
-               [&guard](const report::FilledReport& filled, platform::ReportOutput output) {
-                 const ReportPages pages(filled);
-                 if (output == platform::ReportOutput::kPrinter) return PrintPages(pages);
-                 ReportPreview(pages, guard).Run();
-               },
-           .showFailure =
-               [&guard](const platform::RuntimeError& failure) {
-                 guard.Run([&failure] { throw platform::RuntimeError(failure); });
-               }}) {}
+                 ErrorGuard& guard, QtScreen& screen, platform::Progress& progress)
+    : TemplateReports(connections, clock,
+                      {.show =
+                           [this, &screen, &progress](report::FilledReport filled,
+                                                      platform::ReportOutput output) {
+                             screens::ShowReport(std::move(filled), output, screen, progress,
+                                                 screen.Letters(), outlets_);
+                           },
+                       .showFailure =
+                           [&guard](const platform::RuntimeError& failure) {
+                             guard.Run([&failure] { throw platform::RuntimeError(failure); });
+                           }}),
+      outlets_{.print = [&screen, &progress](
+                            report::Pages& pages) { PrintPages(pages, progress, screen.Letters()); },
+               .savePdf = [&screen, &progress](report::Pages& pages) {
+                 SavePdf(pages, progress, screen.Letters());
+               }} {}
 
 }  // namespace adapters::qt

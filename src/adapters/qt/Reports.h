@@ -1,7 +1,9 @@
 #pragma once
 
-#include "adapters/qt/ErrorGuard.h"
+#include "adapters/qt/QtScreen.h"
+#include "platform/Progress.h"
 #include "report/TemplateReports.h"
+#include "screens/PreviewForm.h"
 
 namespace adapters::qt {
 
@@ -9,8 +11,11 @@ namespace adapters::qt {
 /// dialog. Whatever is given outlives the engines.
 class Reports : public report::TemplateReports {
  public:
-  Reports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-          ErrorGuard& guard);
+  Reports(platform::ConnectionFactory& connections, const platform::Clock& clock, ErrorGuard& guard,
+          QtScreen& screen, platform::Progress& progress);
+
+ private:
+  screens::PageOutlets outlets_;
 };
 
 }  // namespace adapters::qt

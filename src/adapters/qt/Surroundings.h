@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/qt/ErrorGuard.h"
+#include "adapters/qt/PageLetters.h"
 #include "platform/Clock.h"
 
 namespace adapters::qt {
@@ -9,6 +10,7 @@ namespace adapters::qt {
 struct Surroundings {
   ErrorGuard& guard;
   const platform::Clock& clock;
+  const PageLetters& letters;
 };
 
 }  // namespace adapters::qt

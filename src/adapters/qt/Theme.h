@@ -25,12 +25,4 @@ screens::palette::Scheme CurrentScheme();
 /// A colour of the palette in this scheme.
 QColor Painted(controls::Colour colour, screens::palette::Scheme scheme = CurrentScheme());
 
-/// For what is on paper, light in every scheme.
-namespace theme {
-inline constexpr QColor kText = ToQColor(screens::palette::kText);
-inline constexpr QColor kMutedText = ToQColor(screens::palette::kMutedText);
-inline constexpr QColor kLine = ToQColor(screens::palette::kLine);
-inline constexpr QColor kAccent = ToQColor(screens::palette::kAccent);
-}  // namespace theme
-
 }  // namespace adapters::qt

@@ -48,6 +48,8 @@ LONG RoleOf(const Accessible& told) {
       return ROLE_SYSTEM_LISTITEM;
     case Role::kNote:
       return ROLE_SYSTEM_ALERT;
+    case Role::kDocument:
+      return ROLE_SYSTEM_DOCUMENT;
   }
   return ROLE_SYSTEM_CLIENT;
 }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QIODevice>
+
+#include "adapters/qt/PageLetters.h"
+#include "platform/Progress.h"
+#include "report/Pages.h"
+
+class QPrinter;
+
+namespace adapters::qt {
+
+/// All pages, which are finished, as a PDF file. False when the user stopped it, and what the
+/// device has taken is no file then. Throws RuntimeError 57 when the device refuses.
+bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
+              QIODevice& device);
+
+/// Asks for a name and writes the pages there; a failure, or the user's stopping it, leaves an
+/// older file as it was. Throws RuntimeError 75 for a file that cannot be written.
+void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters);
+
+/// The pages and copies that the printer was set to. A job that the user stops is taken back.
+/// Throws RuntimeError 482 when the printer refuses.
+void Print(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
+           QPrinter& printer);
+
+/// Lets the user choose a printer and prints.
+void PrintPages(report::Pages& pages, platform::Progress& progress, const PageLetters& letters);
+
+}  // namespace adapters::qt
