@@ -73,9 +73,7 @@ struct Assembly::Parts {
   screens::ProgressForm progress{screen, Uptime};
   adapters::windows::ScriptingFileSystem fileSystem;
   adapters::windows::ShellLauncher launcher;
-  adapters::windows::WinReports reports{
-      connections, clock,
-      [this](const platform::RuntimeError& failure) { guard.Run([&failure] { throw failure; }); }};
+  adapters::windows::WinReports reports{connections, clock, guard, theme, screen, progress};
   host::Services services{.screen = screen,
                           .connections = connections,
                           .components = components,

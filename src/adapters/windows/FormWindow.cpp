@@ -43,6 +43,13 @@ void SelectText(HWND field) {
   SendMessageW(field, EM_SETSEL, 0, -1);
 }
 
+/// As Control::Shortcut names a key (VK_...) that was struck with Ctrl.
+std::string ShortcutOf(WPARAM key) {
+  if (key == VK_ADD || key == VK_OEM_PLUS) return "+";
+  if (key == VK_SUBTRACT || key == VK_OEM_MINUS) return "-";
+  return key >= 'A' && key <= 'Z' ? std::string(1, static_cast<char>(key)) : std::string();
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
@@ -177,6 +184,7 @@ bool FormWindow::OnKey(WPARAM key) {
     MoveFocus(Held(VK_SHIFT) ? -1 : 1);
     return true;
   }
+  if (Held(VK_CONTROL) && screens::PressShortcut(*form_, ShortcutOf(key))) return true;
   if (key == VK_RETURN) return form_->PressEnter(Focused());
   return key == VK_ESCAPE && form_->PressEscape();
 }

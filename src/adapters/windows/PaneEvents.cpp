@@ -184,7 +184,8 @@ std::optional<LRESULT> PaneView::OnKeyboard(UINT message, WPARAM wParam) {
   switch (message) {
     case WM_KEYDOWN:
       if (OnKey(wParam, false)) return 0;
-      if (!ofForm) return std::nullopt;
+      // What else comes with Ctrl may be one of the form's shortcuts.
+      if (!ofForm && (!Held(VK_CONTROL) || Held(VK_MENU))) return std::nullopt;
       if (SendMessageW(GetAncestor(Handle(), GA_ROOT), kFormKeyDown, wParam, 0) != 0) return 0;
       return std::nullopt;
     case WM_SYSKEYDOWN:

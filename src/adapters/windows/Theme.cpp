@@ -8,12 +8,6 @@ namespace adapters::windows {
 
 namespace {
 
-GdiObject<HFONT> MakeFont(int pixels, int weight) {
-  return GdiObject<HFONT>(CreateFontW(-pixels, 0, 0, 0, weight, FALSE, FALSE, FALSE,
-                                      DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                                      CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
-}
-
 double ScreenDpi() {
   const HDC screen = GetDC(nullptr);
   const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
@@ -43,6 +37,13 @@ screens::palette::Scheme WantedScheme() {
 
 }  // namespace
 
+GdiObject<HFONT> TextFont(int pixels, screens::Weight weight) {
+  const int strokes = weight == screens::Weight::kBold ? FW_BOLD : FW_NORMAL;
+  return GdiObject<HFONT>(CreateFontW(-pixels, 0, 0, 0, strokes, FALSE, FALSE, FALSE,
+                                      DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                                      CLEARTYPE_QUALITY, VARIABLE_PITCH | FF_SWISS, L"Tahoma"));
+}
+
 screens::Scale ScaleFor(double dpi) {
   return screens::Scale(dpi * TextFactor());
 }
@@ -52,12 +53,20 @@ Theme::Theme() : Theme(ScaleFor(ScreenDpi())) {}
 Theme::Theme(screens::Scale scale)
     : scale_(scale),
       // At 9 points Tahoma draws joined Persian that fits the forms' rows of 285 twips.
-      font_(MakeFont(scale.Design(12), FW_NORMAL)),
-      bold_(MakeFont(scale.Design(12), FW_BOLD)),
+      font_(TextFont(scale.Design(12), screens::Weight::kNormal)),
+      bold_(TextFont(scale.Design(12), screens::Weight::kBold)),
       scheme_(WantedScheme()) {
   TEXTMETRICW metrics{};
   GetTextMetricsW(MeasuringDc(font_.get()).Get(), &metrics);
   lineHeight_ = metrics.tmHeight;
+}
+
+HFONT Theme::FontOf(int pixels, screens::Weight weight) const {
+  constexpr std::size_t kMost = 16;
+  if (sized_.size() >= kMost) sized_.clear();
+  GdiObject<HFONT>& font = sized_[weight == screens::Weight::kBold ? -pixels : pixels];
+  if (!font) font = TextFont(pixels, weight);
+  return font.get();
 }
 
 }  // namespace adapters::windows

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <memory>
 #include <type_traits>
 
@@ -17,6 +18,9 @@ struct GdiDeleter {
 /// An object of GDI (HFONT, HBITMAP), deleted with this.
 template <typename Handle>
 using GdiObject = std::unique_ptr<std::remove_pointer_t<Handle>, GdiDeleter>;
+
+/// Tahoma, of so many pixels to the em.
+GdiObject<HFONT> TextFont(int pixels, screens::Weight weight);
 
 /// A device context to measure texts in a font.
 class MeasuringDc {
@@ -47,6 +51,9 @@ class Theme {
   HFONT Font(screens::Weight weight = screens::Weight::kNormal) const {
     return (weight == screens::Weight::kBold ? bold_ : font_).get();
   }
+  /// The same in another size, in pixels. Good until the next one is asked for.
+  HFONT FontOf(int pixels, screens::Weight weight) const;
+  screens::palette::Scheme Scheme() const { return scheme_; }
   bool Dark() const { return scheme_ == screens::palette::Scheme::kDark; }
   /// What stands for a colour of the palette.
   controls::Colour Shown(controls::Colour colour) const {
@@ -59,6 +66,7 @@ class Theme {
   screens::Scale scale_;
   GdiObject<HFONT> font_;
   GdiObject<HFONT> bold_;
+  mutable std::map<int, GdiObject<HFONT>> sized_;  // by pixels, those of bold ones negative
   int lineHeight_ = 0;
   screens::palette::Scheme scheme_;
 };

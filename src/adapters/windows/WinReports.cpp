@@ -2,20 +2,18 @@
 
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <array>
+#include <utility>
 
 #include "adapters/server/StatementLimit.h"
 #include "adapters/windows/Com.h"
+#include "adapters/windows/PagePrinting.h"
 #include "adapters/windows/Wide.h"
-#include "report/WholePage.h"
 
 namespace adapters::windows {
 
 namespace {
 
-constexpr std::int32_t kDeviceIo = 57;
 constexpr const wchar_t* kSettings = L"Software\\DistPromoterProg";
 
 /// The programmatic id of the suite's engine; empty where none is named.
@@ -54,39 +52,27 @@ class SuiteEngine : public platform::ReportEngine {
 }  // namespace
 
 WinReports::WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                       ShowFailure showFailure, const Opener& open)
-    : TemplateReports(
-          connections, clock,
-          {.show =
-               [this, open](const report::FilledReport& filled, platform::ReportOutput output) {
-                 const auto path = files_.Write(report::WholePage(filled));
-                 open(Utf8(path.wstring()), output);
-               },
-           .showFailure = std::move(showFailure)}) {}
+                       ErrorGuard& guard, const Theme& theme, controls::Screen& screen,
+                       platform::Progress& progress)
+    : TemplateReports(connections, clock,
+                      {.show =
+                           [this, &screen, &progress](report::FilledReport filled,
+                                                      platform::ReportOutput output) {
+                             screens::ShowReport(std::move(filled), output, screen, progress,
+                                                 letters_, outlets_);
+                           },
+                       .showFailure =
+                           [&guard](const platform::RuntimeError& failure) {
+                             guard.Run([&failure] { throw platform::RuntimeError(failure); });
+                           }}),
+      outlets_{.print = [&theme, &progress](
+                            report::Pages& pages) { PrintPages(pages, progress, theme); },
+               .savePdf = nullptr} {}
 
 std::unique_ptr<platform::ReportEngine> WinReports::Create() {
   const std::string name = EngineName();
   if (name.empty()) return TemplateReports::Create();
   return std::make_unique<SuiteEngine>(Dispatch::Create(name));
-}
-
-void WinReports::OpenByShell(const std::string& path, platform::ReportOutput output) {
-  const std::wstring wide = Wide(path);
-  const auto shell = [&](const wchar_t* verb) {
-    SHELLEXECUTEINFOW execute{};
-    execute.cbSize = sizeof execute;
-    execute.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
-    execute.hwnd = GetActiveWindow();
-    execute.lpVerb = verb;
-    execute.lpFile = wide.c_str();
-    execute.nShow = SW_SHOWNORMAL;
-    return ShellExecuteExW(&execute) != FALSE;
-  };
-  if (output == platform::ReportOutput::kPrinter && shell(L"print")) return;
-  if (shell(L"open")) return;
-  const std::string words = SystemText(HRESULT_FROM_WIN32(GetLastError()));
-  throw platform::RuntimeError(
-      kDeviceIo, "گزارش باز نشد؛ آن را از اين نشاني باز كنيد:\n" + path + "\n" + words, "report");
 }
 
 }  // namespace adapters::windows

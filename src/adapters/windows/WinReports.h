@@ -1,15 +1,18 @@
 #pragma once
 
-#include <functional>
-#include <string>
+#include <memory>
 
-#include "adapters/windows/PreviewFiles.h"
+#include "adapters/windows/ErrorGuard.h"
+#include "adapters/windows/PageLetters.h"
+#include "adapters/windows/Theme.h"
+#include "platform/Progress.h"
 #include "report/TemplateReports.h"
+#include "screens/PreviewForm.h"
 
 namespace adapters::windows {
 
 /// The suite's report engine where the suite's installation names one, else report templates
-/// (adapters/report) in the user's browser.
+/// (report/TemplateReports.h).
 ///
 /// The engine is the component whose programmatic id is the text `ReportEngine` of the registry key
 /// `Software\DistPromoterProg`, the user's before the machine's. It is reached late bound, by the
@@ -17,25 +20,18 @@ namespace adapters::windows {
 /// and Produce(output) with 1 for the screen and 0 for the printer. A component that is named but
 /// cannot be made throws RuntimeError 429: its templates are not ours to read.
 ///
-/// Otherwise Produce writes the filled template as one HTML file of its own, which is removed with
-/// this object (PreviewFiles), and has it opened.
+/// Otherwise reports are shown and printed as on every host (screens/PreviewForm.h).
 class WinReports : public report::TemplateReports {
  public:
-  /// Opens or prints the file at `path`; throws RuntimeError when that fails.
-  using Opener = std::function<void(const std::string& path, platform::ReportOutput output)>;
-  using ShowFailure = std::function<void(const platform::RuntimeError& failure)>;
-
-  /// Both references outlive this object, which outlives its engines.
+  /// Whatever is given outlives this object, which outlives its engines.
   WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-             ShowFailure showFailure, const Opener& open = OpenByShell);
+             ErrorGuard& guard, const Theme& theme, controls::Screen& screen,
+             platform::Progress& progress);
   std::unique_ptr<platform::ReportEngine> Create() override;
 
-  /// With the program that the user has for such files. Where that program cannot be told to print,
-  /// the file is opened, to be printed from there.
-  static void OpenByShell(const std::string& path, platform::ReportOutput output);
-
  private:
-  PreviewFiles files_;
+  PageLetters letters_;
+  screens::PageOutlets outlets_;
 };
 
 }  // namespace adapters::windows

@@ -93,17 +93,20 @@ int TextWidth(HFONT font, std::string_view text) {
 
 void WinSurface::Fill(const screens::Rect& area, Colour colour) {
   const RECT place = ToRECT(area);
-  SetDCBrushColor(dc_, look_.Shown(colour));
+  SetDCBrushColor(dc_, Shown(colour));
   FillRect(dc_, &place, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
 }
 
 void WinSurface::Text(std::string_view text, const screens::Rect& box,
                       const screens::TextStyle& style) {
   if (text.empty()) return;
-  const HFONT font = look_.Font(style.weight);
+  const bool sized = style.size > 0;
+  const HFONT font = sized ? look_.FontOf(std::max(1, static_cast<int>(std::lround(style.size))),
+                                          style.weight)
+                           : look_.Font(style.weight);
   SelectObject(dc_, font);
   SetBkMode(dc_, TRANSPARENT);
-  SetTextColor(dc_, look_.Shown(style.colour));
+  SetTextColor(dc_, Shown(style.colour));
   TEXTMETRICW metrics{};
   GetTextMetricsW(dc_, &metrics);
   const int top = box.top + (box.Height() - static_cast<int>(metrics.tmHeight)) / 2;
@@ -119,10 +122,13 @@ void WinSurface::Text(std::string_view text, const screens::Rect& box,
   // The device contexts are not mirrored, so right is right; the reading order is told apart.
   const bool leftToRight = style.direction == screens::Direction::kLeftToRight;
   SetTextAlign(dc_, TA_TOP | align | (leftToRight ? 0 : TA_RTLREADING));
-  const std::wstring shown = Shortened(dc_, font, Wide(text), box.Width());
+  const std::wstring wide = Wide(text);
+  const std::wstring shown = sized ? wide : Shortened(dc_, font, wide, box.Width());
   const RECT place = ToRECT(box);
-  ExtTextOutW(dc_, x, top, ETO_CLIPPED | (leftToRight ? 0 : ETO_RTLREADING), &place, shown.data(),
-              static_cast<UINT>(shown.size()), nullptr);
+  ExtTextOutW(dc_, x, top, (sized ? 0 : ETO_CLIPPED) | (leftToRight ? 0 : ETO_RTLREADING), &place,
+              shown.data(), static_cast<UINT>(shown.size()), nullptr);
+  // The theme's fonts of other sizes come and go.
+  if (sized) SelectObject(dc_, look_.Font());
 }
 
 void WinSurface::Blend(int x, int y, Colour colour, double share) const {
@@ -130,7 +136,7 @@ void WinSurface::Blend(int x, int y, Colour colour, double share) const {
   const Colour under = GetPixel(dc_, x, y);
   if (under == CLR_INVALID) return;
   share = std::min(share, 1.0);
-  colour = look_.Shown(colour);
+  colour = Shown(colour);
   SetPixelV(dc_, x, y,
             Mixed(under, colour, share, 0) | Mixed(under, colour, share, 8) |
                 Mixed(under, colour, share, 16));

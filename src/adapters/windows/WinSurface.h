@@ -11,7 +11,7 @@ namespace adapters::windows {
 /// A device context as panes see it. (A controls::Colour is a COLORREF.)
 class WinSurface : public screens::Surface {
  public:
-  WinSurface(HDC dc, const Theme& look) : dc_(dc), look_(look) {}
+  WinSurface(HDC dc, const Theme& look) : Surface(look.Scheme()), dc_(dc), look_(look) {}
 
   void Fill(const screens::Rect& area, controls::Colour colour) override;
   void Text(std::string_view text, const screens::Rect& box,
