@@ -14,6 +14,7 @@
 #include <optional>
 
 #include "EndSignals.h"
+#include "ExportProgram.h"
 #include "HiddenLine.h"
 #include "Office.h"
 #include "Options.h"
@@ -218,6 +219,15 @@ int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   return Run(application, options);
 }
 
+/// For a job that nobody looks at: without any window, and without a display.
+int RunExport(int argc, char* argv[], const desktop::Options& options) {
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  previousHandler = qInstallMessageHandler(HandleMessage);
+  const QApplication application(argc, argv);
+  desktop::ExportProgram(options);
+  return EXIT_SUCCESS;
+}
+
 /// Every user of the machine can list the arguments of a running program.
 void HidePasswords(int argc, char* argv[]) {
   for (int i = 1; i < argc; ++i) {
@@ -267,6 +277,7 @@ int main(int argc, char* argv[]) {
     return EXIT_FAILURE;
   }
   try {
+    if (!options.exportFile.empty()) return RunExport(argc, argv, options);
     return options.loadSample || replay ? RunOnTerminal(argc, argv, options)
                                         : RunOnScreen(argc, argv, options);
   } catch (const platform::RuntimeError& error) {

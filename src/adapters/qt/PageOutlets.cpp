@@ -77,8 +77,8 @@ class SheetPainter {
 };
 
 [[noreturn]] void ThrowNotWritten(std::int32_t number, const QString& why) {
-  throw platform::RuntimeError(
-      number, ToUtf8(QStringLiteral("فايل گزارش نوشته نشد.\n") + why), "report");
+  throw platform::RuntimeError(number, ToUtf8(QStringLiteral("فايل گزارش نوشته نشد.\n") + why),
+                               "report");
 }
 
 }  // namespace
@@ -105,6 +105,16 @@ bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLett
   return all;
 }
 
+bool WritePdfFile(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
+                  const std::string& path) {
+  QSaveFile file(ToQString(path));
+  const bool opened = file.open(QIODevice::WriteOnly);
+  if (opened && !WritePdf(pages, progress, letters, file)) return false;
+  if (opened && file.commit()) return true;
+  ThrowNotWritten(kPathFileAccessError,
+                  file.fileName() + QStringLiteral(": ") + file.errorString());
+}
+
 void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters) {
   QString name = ToQString(pages.Title()) + QStringLiteral(".pdf");
   name.replace(QLatin1Char('/'), QLatin1Char('-'));
@@ -113,12 +123,7 @@ void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLette
                                    name, QStringLiteral("PDF (*.pdf)"));
   if (path.isEmpty()) return;
   if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");
-  QSaveFile file(path);
-  const bool opened = file.open(QIODevice::WriteOnly);
-  if (opened && !WritePdf(pages, progress, letters, file)) return;
-  if (!opened || !file.commit()) {
-    ThrowNotWritten(kPathFileAccessError, path + QStringLiteral(": ") + file.errorString());
-  }
+  WritePdfFile(pages, progress, letters, ToUtf8(path));
 }
 
 void Print(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
