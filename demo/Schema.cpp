@@ -143,6 +143,9 @@ CREATE INDEX ixPromoterProgramDetailVisit
 CREATE INDEX ixPromoterProgramDetailGroup
   ON tblDistributionPromoterProgramDetail
     (ProgramID, PromoterID, FarsiVisitDate, VisitDate, Notes);
+-- A report that lists a program by days begins with the first day's visits, without sorting all.
+CREATE INDEX ixPromoterProgramDetailDay
+  ON tblDistributionPromoterProgramDetail (ProgramID, VisitDate);
 
 -- What a promoter reported of a visit. It keeps its program from being deleted.
 CREATE TABLE tblDistributionPromoterProgramVisitResult (

@@ -100,4 +100,23 @@ TEST_F(FileTest, TextFile_ThatCannotBe_IsAClearError) {
   EXPECT_FALSE(files->FileExists(PathOf("folder")));
 }
 
+TEST_F(FileTest, ReadFile_GivesTheBytesOrSaysWhichFileIsNot) {
+  std::string bytes(200'000, 'x');
+  bytes += std::string("\0\r\n\x1A\xFF\xD9\x8A", 7);
+  std::ofstream(folder / kName, std::ios::binary) << bytes;
+  EXPECT_TRUE(files->ReadFile(PathOf(kName)) == bytes);
+  std::ofstream(folder / "empty").close();
+  EXPECT_EQ(files->ReadFile(PathOf("empty")), "");
+  for (const std::string& path :
+       {PathOf("none"), PathOf("none/t.html"), PathOf(""), std::string()}) {
+    try {
+      files->ReadFile(path);
+      ADD_FAILURE() << path;
+    } catch (const platform::RuntimeError& error) {
+      EXPECT_EQ(error.Number(), 53);
+      EXPECT_NE(error.Description().find(path + ": "), std::string::npos);
+    }
+  }
+}
+
 }  // namespace contract

@@ -21,7 +21,9 @@ class DemoTemplates : public testing::Test {
 
   /// The template as a program fills it whose working folder is the project's.
   std::string Filled(const std::string& name, int program) {
-    const std::string content = support::Content("demo/templates/" + name);
+    return FilledText(support::Content("demo/templates/" + name), name, program);
+  }
+  std::string FilledText(const std::string& content, const std::string& name, int program) {
     const FilledReport filled =
         Fill(ReportTemplate::Load(content, name),
              std::make_unique<adapters::sqlite::SqliteConnection>("sqlite:" + file),
@@ -63,6 +65,31 @@ TEST_F(DemoTemplates, Filled_HoldEveryVisitOrSayThatThereIsNone) {
       "Select Count(*) From (Select PromoterID, VisitDate From "
       "tblDistributionPromoterProgramDetail Where ProgramID = 1 Group By PromoterID, VisitDate) t");
   EXPECT_EQ(CountOf(Filled("promoter-day-sheet.html", 1), "<table"), std::stoul(sheets));
+}
+
+TEST_F(DemoTemplates, MonthPage_HoldsEveryVisitOnItsDay) {
+  const std::string text = FilledText(
+      "<!--report\ntitle: T\nquery visits: Select d.PromoterID, d.FarsiVisitDate, d.CustomerID "
+      "From tblDistributionPromoterProgramDetail d Where d.ProgramID = {fmlID} "
+      "Order By d.PromoterID, d.FarsiVisitDate, d.Sequence\n"
+      "group visits: promoters by PromoterID; months by month FarsiVisitDate; "
+      "weeks by week FarsiVisitDate; days by day FarsiVisitDate\n-->"
+      "{{#promoters}}{{#months}}{{#weeks}}<tr>{{#days}}{{#visits}}[{{PromoterID}} "
+      "{{FarsiVisitDate}} {{CustomerID}}]{{/visits}}{{/days}}{{/weeks}}{{/months}}{{/promoters}}",
+      "month.html", 1);
+  const auto visits = connection.Execute(
+      "Select PromoterID, FarsiVisitDate, CustomerID From tblDistributionPromoterProgramDetail "
+      "Where ProgramID = 1");
+  ASSERT_GT(visits.RowCount(), 10U);
+  EXPECT_EQ(CountOf(text, "["), visits.RowCount());
+  for (std::size_t row = 0; row < visits.RowCount(); ++row) {
+    std::string visit = "[";
+    for (const std::size_t column : {0U, 1U, 2U}) {
+      visit.append(visits.Text(row, column)).append(column < 2 ? " " : "]");
+    }
+    EXPECT_EQ(CountOf(text, visit), 1U) << visit;
+  }
+  EXPECT_GE(CountOf(text, "<tr>"), 4U);
 }
 
 }  // namespace

@@ -281,7 +281,6 @@ TEST_F(ReportFillTest, Rows_AreReadWhenTheTextComesToThem) {
   EXPECT_EQ(begun, Html(text, head));
 }
 
-/// Dates a few weeks long, over the end of a leap year's last month, of two promoters.
 constexpr const char* kByCalendar =
     "group v: promoters by Promoter; months by month FarsiVisitDate; weeks by week FarsiVisitDate; "
     "days by day FarsiVisitDate";
