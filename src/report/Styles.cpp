@@ -194,10 +194,10 @@ std::vector<HtmlAttribute> Styles::Attributes(std::string_view tag, int line) {
   std::vector<HtmlAttribute> attributes = tags_.Attributes(tag, line);
   for (HtmlAttribute& attribute : attributes) {
     std::string& value = attribute.value;
-    for (std::size_t at = value.find('\xDB'); at + 1 < value.size();
-         at = value.find('\xDB', at + 1)) {
+    for (std::size_t at = 0; at + 1 < value.size(); ++at) {
       const auto digit = static_cast<unsigned char>(value[at + 1]);  // U+06F0 to U+06F9
-      if (digit >= 0xB0 && digit <= 0xB9) value.replace(at, 2, 1, static_cast<char>(digit - 0x80));
+      if (value[at] != '\xDB' || digit < 0xB0 || digit > 0xB9) continue;
+      value.replace(at, 2, 1, static_cast<char>(digit - 0x80));
     }
   }
   return attributes;
