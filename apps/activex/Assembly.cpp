@@ -73,7 +73,8 @@ struct Assembly::Parts {
   screens::ProgressForm progress{screen, Uptime};
   adapters::windows::ScriptingFileSystem fileSystem;
   adapters::windows::ShellLauncher launcher;
-  adapters::windows::WinReports reports{connections, clock, guard, theme, screen, progress};
+  adapters::windows::WinReports reports{connections, fileSystem, clock,   guard,
+                                        theme,       screen,     progress};
   host::Services services{.screen = screen,
                           .connections = connections,
                           .components = components,

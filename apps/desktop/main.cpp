@@ -120,7 +120,7 @@ class Desktop {
   screens::ProgressForm progress_{screen_, Uptime};
   adapters::qt::QtFileSystem fileSystem_;
   adapters::qt::QtLauncher launcher_;
-  adapters::qt::Reports reports_{connections_, clock_, guard_, screen_, progress_};
+  adapters::qt::Reports reports_{connections_, fileSystem_, clock_, guard_, screen_, progress_};
   NoContainer site_;
   host::Services services_{.screen = screen_,
                            .connections = connections_,

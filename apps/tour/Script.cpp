@@ -200,11 +200,11 @@ void AddSearchSteps(Script& script, Player& player, const Number& made) {
 }
 
 void SeePreview(Player& player) {
-  if (!player.UsesOtherPrograms()) {
-    player.ExpectWindow("پيش‌نمايش چاپ");
-  } else if (player.Title().starts_with(kEditor)) {
-    return;
-  }
+  player.ExpectWindow("پيش‌نمايش چاپ");
+  player.Click("بعدي");
+  player.ExpectText("صفحه 2 از 2");
+  player.Press(Key::kHome);
+  player.ExpectText("صفحه 1 از 2");
   player.Picture("preview");
   player.Press(Key::kEscape);
 }

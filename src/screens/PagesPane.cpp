@@ -40,9 +40,8 @@ Rect PagesPane::SheetPlace(int sheet) const {
 }
 
 PagesPane::Span PagesPane::InSight() const {
-  const int first = std::max(0, (above_ - Gap()) / Stride());
-  const int last = std::min(Shown()->Count() - 1, (above_ + Area().Height() - Gap()) / Stride());
-  return {first, last};
+  const int last = std::max(0, above_ + Area().Height() - Gap() - 1) / Stride();
+  return {above_ / Stride(), std::min(Shown()->Count() - 1, last)};
 }
 
 void PagesPane::Changed(const controls::Change& change) {

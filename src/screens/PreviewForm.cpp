@@ -108,7 +108,8 @@ void PreviewForm::SetUpButtons() {
        move([](View& v) { v.SetZoom(v.Zoom() / View::kZoomStep); })},
       {cmdLarger, "بزرگ‌تر (Ctrl++)", "", "+",
        move([](View& v) { v.SetZoom(v.Zoom() * View::kZoomStep); })},
-      {cmdWidth, "به اندازه عرض پنجره", "ض", "", move([](View& v) { v.SetFit(View::Fit::kWidth); })},
+      {cmdWidth, "به اندازه عرض پنجره", "ض", "",
+       move([](View& v) { v.SetFit(View::Fit::kWidth); })},
       {cmdWhole, "همه صفحه در پنجره", "ت", "", move([](View& v) { v.SetFit(View::Fit::kSheet); })},
       {cmdClose, "بستن پيش‌نمايش (Esc)", "ب", "", [this] { Hide(); }}};
   int index = 0;

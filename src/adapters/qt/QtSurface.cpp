@@ -49,8 +49,7 @@ void QtSurface::Stroke(std::initializer_list<screens::Dot> points, double width,
   for (const screens::Dot& point : points) line.append(QPointF(point.x, point.y));
   painter_.save();
   painter_.setRenderHint(QPainter::Antialiasing);
-  painter_.setPen(
-      QPen(ToQColor(Shown(colour)), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter_.setPen(QPen(ToQColor(Shown(colour)), width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter_.drawPolyline(line);
   painter_.restore();
 }

@@ -6,9 +6,10 @@
 
 namespace adapters::qt {
 
-Reports::Reports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                 ErrorGuard& guard, QtScreen& screen, platform::Progress& progress)
-    : TemplateReports(connections, clock,
+Reports::Reports(platform::ConnectionFactory& connections, platform::FileSystem& files,
+                 const platform::Clock& clock, ErrorGuard& guard, QtScreen& screen,
+                 platform::Progress& progress)
+    : TemplateReports(connections, files, clock,
                       {.show =
                            [this, &screen, &progress](report::FilledReport filled,
                                                       platform::ReportOutput output) {
@@ -19,10 +20,10 @@ Reports::Reports(platform::ConnectionFactory& connections, const platform::Clock
                            [&guard](const platform::RuntimeError& failure) {
                              guard.Run([&failure] { throw platform::RuntimeError(failure); });
                            }}),
-      outlets_{.print = [&screen, &progress](
-                            report::Pages& pages) { PrintPages(pages, progress, screen.Letters()); },
-               .savePdf = [&screen, &progress](report::Pages& pages) {
-                 SavePdf(pages, progress, screen.Letters());
-               }} {}
+      outlets_{
+          .print = [&screen, &progress](
+                       report::Pages& pages) { PrintPages(pages, progress, screen.Letters()); },
+          .savePdf = [&screen, &progress](
+                         report::Pages& pages) { SavePdf(pages, progress, screen.Letters()); }} {}
 
 }  // namespace adapters::qt

@@ -11,8 +11,9 @@ namespace adapters::qt {
 /// dialog. Whatever is given outlives the engines.
 class Reports : public report::TemplateReports {
  public:
-  Reports(platform::ConnectionFactory& connections, const platform::Clock& clock, ErrorGuard& guard,
-          QtScreen& screen, platform::Progress& progress);
+  Reports(platform::ConnectionFactory& connections, platform::FileSystem& files,
+          const platform::Clock& clock, ErrorGuard& guard, QtScreen& screen,
+          platform::Progress& progress);
 
  private:
   screens::PageOutlets outlets_;

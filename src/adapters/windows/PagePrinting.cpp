@@ -39,8 +39,8 @@ class PrintDialog {
     dialog_.Flags = PD_RETURNDC | PD_USEDEVMODECOPIESANDCOLLATE | PD_NOSELECTION |
                     PD_HIDEPRINTTOFILE | PD_NOWARNING;
     dialog_.nMinPage = dialog_.nFromPage = 1;
-    dialog_.nMaxPage = dialog_.nToPage = static_cast<WORD>(
-        std::min<int>(pages.Count(), std::numeric_limits<WORD>::max()));
+    dialog_.nMaxPage = dialog_.nToPage =
+        static_cast<WORD>(std::min<int>(pages.Count(), std::numeric_limits<WORD>::max()));
   }
   ~PrintDialog() {
     if (dialog_.hDC != nullptr) DeleteDC(dialog_.hDC);
@@ -77,8 +77,8 @@ class PrintDialog {
   static void ThrowUnlessCancelled() {
     const DWORD code = CommDlgExtendedError();
     if (code == 0) return;
-    const bool none = code == PDERR_NODEFAULTPRN || code == PDERR_NODEVICES ||
-                      code == PDERR_PRINTERNOTFOUND;
+    const bool none =
+        code == PDERR_NODEFAULTPRN || code == PDERR_NODEVICES || code == PDERR_PRINTERNOTFOUND;
     ThrowRefused(none ? "چاپگري در اين رايانه نيست." : "چاپگر پاسخ نمي دهد.",
                  "PrintDlg: " + std::to_string(code));
   }
@@ -131,8 +131,8 @@ void PrintPages(report::Pages& pages, platform::Progress& progress, const Theme&
                 int first, int end) {
   const auto caps = [printer](int which) { return GetDeviceCaps(printer, which); };
   // Another paper than A4 gets the pages made smaller or larger.
-  const double scale = std::min(caps(PHYSICALWIDTH) / pages.Width(),
-                                caps(PHYSICALHEIGHT) / pages.Height());
+  const double scale =
+      std::min(caps(PHYSICALWIDTH) / pages.Width(), caps(PHYSICALHEIGHT) / pages.Height());
   const screens::Point corner{-caps(PHYSICALOFFSETX), -caps(PHYSICALOFFSETY)};
   Job job(printer, pages.Title());
   if (!job.Begun()) return;

@@ -51,10 +51,10 @@ class SuiteEngine : public platform::ReportEngine {
 
 }  // namespace
 
-WinReports::WinReports(platform::ConnectionFactory& connections, const platform::Clock& clock,
-                       ErrorGuard& guard, const Theme& theme, controls::Screen& screen,
-                       platform::Progress& progress)
-    : TemplateReports(connections, clock,
+WinReports::WinReports(platform::ConnectionFactory& connections, platform::FileSystem& files,
+                       const platform::Clock& clock, ErrorGuard& guard, const Theme& theme,
+                       controls::Screen& screen, platform::Progress& progress)
+    : TemplateReports(connections, files, clock,
                       {.show =
                            [this, &screen, &progress](report::FilledReport filled,
                                                       platform::ReportOutput output) {
@@ -65,8 +65,8 @@ WinReports::WinReports(platform::ConnectionFactory& connections, const platform:
                            [&guard](const platform::RuntimeError& failure) {
                              guard.Run([&failure] { throw platform::RuntimeError(failure); });
                            }}),
-      outlets_{.print = [&theme, &progress](
-                            report::Pages& pages) { PrintPages(pages, progress, theme); },
+      outlets_{.print = [&theme,
+                         &progress](report::Pages& pages) { PrintPages(pages, progress, theme); },
                .savePdf = nullptr} {}
 
 std::unique_ptr<platform::ReportEngine> WinReports::Create() {

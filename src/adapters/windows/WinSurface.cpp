@@ -101,9 +101,9 @@ void WinSurface::Text(std::string_view text, const screens::Rect& box,
                       const screens::TextStyle& style) {
   if (text.empty()) return;
   const bool sized = style.size > 0;
-  const HFONT font = sized ? look_.FontOf(std::max(1, static_cast<int>(std::lround(style.size))),
-                                          style.weight)
-                           : look_.Font(style.weight);
+  const HFONT font =
+      sized ? look_.FontOf(std::max(1, static_cast<int>(std::lround(style.size))), style.weight)
+            : look_.Font(style.weight);
   SelectObject(dc_, font);
   SetBkMode(dc_, TRANSPARENT);
   SetTextColor(dc_, Shown(style.colour));
