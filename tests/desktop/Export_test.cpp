@@ -141,8 +141,7 @@ class ExportingHost : public Export {
  protected:
   Ended Run(const std::string& arguments) const {
     Ended ended;
-    const std::string command = "env -i LC_ALL=C.UTF-8 HOME='" + folder.Path().string() +
-                                "' '" PROMOTER_DESKTOP "' " + arguments + " 2>&1";
+    const std::string command = "timeout 60 env -i '" PROMOTER_DESKTOP "' " + arguments + " 2>&1";
     FILE* const pipe = popen(command.c_str(), "r");
     for (int c = 0; (c = std::fgetc(pipe)) != EOF;) ended.said += static_cast<char>(c);
     const int status = pclose(pipe);
