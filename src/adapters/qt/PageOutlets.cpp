@@ -110,7 +110,8 @@ bool WritePdfFile(report::Pages& pages, platform::Progress& progress, const Page
   QSaveFile file(ToQString(path));
   const bool opened = file.open(QIODevice::WriteOnly);
   if (opened && !WritePdf(pages, progress, letters, file)) return false;
-  if (opened && file.commit()) return true;
+  // By itself, commit would put a file in its place whose last bytes the disk did not take.
+  if (opened && file.flush() && file.commit()) return true;
   ThrowNotWritten(kPathFileAccessError,
                   file.fileName() + QStringLiteral(": ") + file.errorString());
 }
