@@ -92,7 +92,9 @@ bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLett
   writer.setTitle(ToQString(pages.Title()));
   SheetPainter painter(writer, letters, kPdfDpi / kPointsPerInch);
   const auto check = [&](bool fine) {
-    if (!fine || checked.Failed()) ThrowNotWritten(kDeviceIo, device.errorString());
+    if (fine && !checked.Failed()) return;
+    ThrowNotWritten(kDeviceIo,
+                    QStringLiteral("The device did not take all of it: ") + device.errorString());
   };
   check(painter.Fine());
   const bool all = screens::PutPages(pages, progress, "ذخيره PDF", 0, pages.Count(),
