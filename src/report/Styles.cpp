@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 
 namespace report {
 
@@ -62,12 +63,14 @@ Styles::Styles(const std::string& templateName) : name_(templateName), tags_(tem
 }
 
 Styles::Id Styles::Of(Id parent, std::string_view tag, int line) {
-  if (tag.starts_with("meter")) {
+  const bool mayBeMeter = tag.starts_with('m') || tag.starts_with('M');
+  if (mayBeMeter && HtmlTokens::TagName(tag) == KindOf(Element::kMeter).name) {
     // Its length is no matter of style, and seldom the same.
-    plainTag_ = HtmlTokens::TagName(tag);
+    plainTag_ = KindOf(Element::kMeter).name;
     for (const HtmlAttribute& attribute : Attributes(tag, line)) {
       if (attribute.name == "value" || attribute.name == "max") continue;
-      plainTag_ += " " + attribute.name + "=\"" + attribute.value + "\"";
+      const std::string value = text::Replace(attribute.value, "&", "&amp;");
+      plainTag_ += " " + attribute.name + "=\"" + text::Replace(value, "\"", "&quot;") + "\"";
     }
     tag = plainTag_;
   }

@@ -373,6 +373,7 @@ TEST(Pages, WhatATemplateMustNotSay_IsRefusedWithTheLine) {
       {"<head><style>p { color: red</style></head>", "braces"},
       {"<meter value=x>", "no number in <meter value>: x"},
       {"\na & b, c and d", "t.html:2: unknown entity: &"},
+      {"<p>&amp</p>", "unknown entity: &amp"},
       {"\n<p>a", "t.html:2: <p> is not closed"},
       {"a\n<p class='x", "t.html:2: not closed until the end"},
   };
