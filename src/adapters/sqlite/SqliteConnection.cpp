@@ -1,11 +1,11 @@
 #include "adapters/sqlite/SqliteConnection.h"
 
-#include <algorithm>
 #include <vector>
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Procedures.h"
 #include "adapters/sqlite/Translator.h"
+#include "adapters/sqlite/Watch.h"
 #include "platform/RunningStatement.h"
 #include "text/Text.h"
 
@@ -14,51 +14,6 @@ namespace adapters::sqlite {
 namespace {
 
 constexpr std::string_view kPrefix = "sqlite:";
-
-/// While it lives, what the handle runs is interrupted once the limit is over or the user has
-/// cancelled; another program's lock is waited for as long as the handle did before, unless so.
-class Watch {
- public:
-  Watch(sqlite3* database, std::chrono::milliseconds limit, std::chrono::milliseconds busyTimeout,
-        platform::RunningStatement& running)
-      : database_(database),
-        busyTimeout_(busyTimeout),
-        end_(Clock::now() + limit),
-        running_(running) {
-    constexpr int kStepsBetween = 10000;  // about a tenth of a millisecond
-    const auto isOver = [](void* self) { return static_cast<Watch*>(self)->IsOver() ? 1 : 0; };
-    const auto waitMore = [](void* self, int times) {
-      return static_cast<Watch*>(self)->WaitForLock(times) ? 1 : 0;
-    };
-    sqlite3_progress_handler(database_, kStepsBetween, isOver, this);
-    sqlite3_busy_handler(database_, waitMore, this);
-  }
-  ~Watch() {
-    sqlite3_progress_handler(database_, 0, nullptr, nullptr);
-    sqlite3_busy_timeout(database_, static_cast<int>(busyTimeout_.count()));
-  }
-  Watch(const Watch&) = delete;
-  Watch& operator=(const Watch&) = delete;
-
- private:
-  using Clock = std::chrono::steady_clock;
-
-  bool IsOver() { return !running_.GoesOn() || Clock::now() > end_; }
-
-  bool WaitForLock(int times) {
-    constexpr int kLongestPause = 20;
-    if (times == 0) lockGivenUp_ = Clock::now() + busyTimeout_;
-    if (!running_.GoesOn() || Clock::now() >= lockGivenUp_) return false;
-    sqlite3_sleep(std::min(times + 1, kLongestPause));
-    return true;
-  }
-
-  sqlite3* database_;
-  std::chrono::milliseconds busyTimeout_;
-  Clock::time_point end_;
-  Clock::time_point lockGivenUp_;
-  platform::RunningStatement& running_;
-};
 
 /// A moment's text "yyyymmdd hh:mm:ss" with its dashes; any other as it is.
 void AppendMoment(platform::RowSet& rows, std::string_view stored) {
@@ -128,27 +83,29 @@ DatabaseFile& SqliteConnection::File() {
 
 template <typename Work>
 auto SqliteConnection::Run(const Work& work) {
+  using platform::Cancelled;
   DatabaseFile& file = File();
   platform::RunningStatement running(progress_);
-  // A statement is stored whole or not at all.
+  Watch watch(running, statementLimit_, busyTimeout_);
+  Cancelled left = Cancelled::kReading;
   try {
-    return file.Use([&](sqlite3* database, Catalog& catalog) {
-      const Watch watch(database, statementLimit_, busyTimeout_, running);
-      return work(database, catalog);
-    });
+    return file.Use(
+        [&](sqlite3* database, Catalog& catalog) { return work(database, catalog, left); }, &watch);
   } catch (const platform::RuntimeError& error) {
     if (!running.Cancelled()) throw;
-    throw platform::CancelledError(platform::Cancelled::kTakenBack, {}, error.Source());
+    throw platform::CancelledError(left, {}, error.Source());
   }
 }
 
 platform::RowSet SqliteConnection::Execute(std::string_view statement) {
-  return Run(
-      [&](sqlite3* database, Catalog& catalog) { return ExecuteOn(database, catalog, statement); });
+  return Run([&](sqlite3* database, Catalog& catalog, platform::Cancelled& left) {
+    return ExecuteOn(database, catalog, statement, left);
+  });
 }
 
 platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog,
-                                             std::string_view statement) {
+                                             std::string_view statement,
+                                             platform::Cancelled& left) {
   const Translation translation = Translate(statement, catalog);
   StatementHandle prepared;
   try {
@@ -160,6 +117,7 @@ platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog
   if (!translation.columns.empty()) {
     return Read(database, prepared.get(), translation.columns, file_.Path());
   }
+  left = platform::Cancelled::kTakenBack;
   Write(database, prepared.get(), translation.givesIdentity);
   return {};
 }
@@ -179,7 +137,8 @@ void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement, bool gi
 
 std::int32_t SqliteConnection::CallProcedure(std::string_view name,
                                              std::span<const platform::Parameter> parameters) {
-  return Run([&](sqlite3* database, Catalog&) {
+  return Run([&](sqlite3* database, Catalog&, platform::Cancelled& left) {
+    left = platform::Cancelled::kTakenBack;
     return CallStoredProcedure(database, name, parameters, file_.Path());
   });
 }
