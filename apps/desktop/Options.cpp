@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "Export.h"
 #include "calendar/Gregorian.h"
 #include "text/Secrets.h"
 
@@ -48,6 +49,20 @@ std::string Collation(const std::string& value) {
                    Quoted(value) + ".");
 }
 
+void CheckExport(const Options& options) {
+  const auto kind = ExportKindOf(options.exportFile);
+  if (!options.exportFile.empty() && !kind) {
+    throw UsageError("--export wants a file .pdf, .xlsx or .txt, not " +
+                     Quoted(options.exportFile) + ".");
+  }
+  if (!options.exportTemplate.empty() && kind != ExportKind::kPdf) {
+    throw UsageError("--template wants --export to a .pdf.");
+  }
+  if (!options.exportFile.empty() && options.program > 0) {
+    throw UsageError("--export names its program itself; --program opens one in the editor.");
+  }
+}
+
 void CheckTogether(const Options& options) {
   const bool tour = !options.tourDirectory.empty();
   const bool replay = !options.replayFile.empty();
@@ -64,9 +79,10 @@ void CheckTogether(const Options& options) {
     throw UsageError("--replay wants --connect or --database, which say where to.");
   }
   if (options.tourByKeys && !tour) throw UsageError("--keys wants --tour.");
-  if (options.loadSample + replay + tour > 1) {
-    throw UsageError("--load-sample, --replay and --tour exclude each other.");
+  if (options.loadSample + replay + tour + !options.exportFile.empty() > 1) {
+    throw UsageError("--load-sample, --replay, --export and --tour exclude each other.");
   }
+  CheckExport(options);
 }
 
 }  // namespace
@@ -95,6 +111,11 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
       options.sampleDate = Date(option, value());
     } else if (option == "--replay") {
       options.replayFile = value();
+    } else if (option == "--export") {
+      options.exportProgram = Number(option, value(), 1, 2'147'483'647);
+      options.exportFile = value();
+    } else if (option == "--template") {
+      options.exportTemplate = value();
     } else if (option == "--customers") {
       options.customers = Number(option, value(), 1, 1'000'000);
     } else if (option == "--user") {
@@ -143,13 +164,20 @@ const char* HelpText() {
   --replay FILE      with --connect or --database: send each statement of FILE (batches separated
                      by a line "go") there; print its number of rows and a digest of them, or its
                      error
+  --export N FILE    write program N into FILE and end: a report (.pdf), or its visits as a workbook
+                     (.xlsx) or as text for a table (.txt); a FILE that is there is replaced once
+                     the new one is whole
+  --template NAME    with --export to a .pdf: the report template, by its title or its file's name;
+                     without it the first one of the office
   --windows ...      as the first option: the Windows control in its trial container, under Wine;
                      what follows goes to the container, --help too
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of
 customers and --sample-date. A tour without --database or --connect plays on an office of its own,
-which is dropped afterwards. --tour, --load-sample and --replay need no display.
+which is dropped afterwards. --tour, --load-sample, --replay and --export need no display. The exit
+status is 0, 1 when something failed, which the last lines on the standard error tell, and 2 for a
+command line that cannot be understood.
 )";
 }
 

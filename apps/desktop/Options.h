@@ -23,6 +23,9 @@ struct Options {
   bool loadSample = false;                          // make the sample office where `connect` says
   std::string collation;   // of its text columns on a server; empty: as usual
   std::string replayFile;  // statements to send; empty: none
+  std::int32_t exportProgram = 0;
+  std::string exportFile;      // where it goes; empty: nothing is exported
+  std::string exportTemplate;  // of a PDF, by title or file name; empty: the first one
   bool help = false;
 };
 

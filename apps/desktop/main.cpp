@@ -1,19 +1,23 @@
 // The Linux desktop host: puts the module on Qt screens and a database, embedded or on SQL Server,
 // and stands in for the suite that would host its control.
 
+#include <langinfo.h>
 #include <QApplication>
 #include <QDesktopServices>
 #include <QIcon>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QUrl>
+
 #include <algorithm>
 #include <chrono>
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 
 #include "EndSignals.h"
+#include "ExportProgram.h"
 #include "HiddenLine.h"
 #include "Office.h"
 #include "Options.h"
@@ -57,9 +61,10 @@ bool HasDisplay() {
 QtMessageHandler previousHandler = nullptr;
 
 /// Qt aborts when it cannot open its display. What a screen without one cannot do is not worth a
-/// line for every window.
+/// line for every window, nor is a folder that a session without a desktop lacks.
 void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   if (message.startsWith("This plugin does not support")) return;
+  if (message.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) return;
   if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty()) {
     std::fputs(
         "The display cannot be opened: set DISPLAY, or see all of it with ./run --tour DIR.\n",
@@ -218,6 +223,25 @@ int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   return Run(application, options);
 }
 
+/// For a job that nobody looks at: without any window, without a display, and with what such jobs
+/// have for a locale.
+int RunExport(int argc, char* argv[], const desktop::Options& options) {
+  setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  std::setlocale(LC_CTYPE, "");
+  if (std::string_view(nl_langinfo(CODESET)) != "UTF-8") setenv("LC_ALL", "C.UTF-8", 1);
+  previousHandler = qInstallMessageHandler(HandleMessage);
+  const QApplication application(argc, argv);
+  desktop::ExportProgram(options);
+  return EXIT_SUCCESS;
+}
+
+/// For the sample office and for copied lists.
+bool NeedsHome(const desktop::Options& options) {
+  if (!options.replayFile.empty() || !options.tourDirectory.empty()) return false;
+  const bool named = !options.database.empty() || !options.connect.empty();
+  return options.exportFile.empty() || !named;
+}
+
 /// Every user of the machine can list the arguments of a running program.
 void HidePasswords(int argc, char* argv[]) {
   for (int i = 1; i < argc; ++i) {
@@ -261,12 +285,13 @@ int main(int argc, char* argv[]) {
     return EXIT_SUCCESS;
   }
   const bool replay = !options.replayFile.empty();
-  if (!replay && options.tourDirectory.empty() && qEnvironmentVariableIsEmpty("HOME")) {
+  if (NeedsHome(options) && qEnvironmentVariableIsEmpty("HOME")) {
     // Qt would take the root folder for it.
     std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);
     return EXIT_FAILURE;
   }
   try {
+    if (!options.exportFile.empty()) return RunExport(argc, argv, options);
     return options.loadSample || replay ? RunOnTerminal(argc, argv, options)
                                         : RunOnScreen(argc, argv, options);
   } catch (const platform::RuntimeError& error) {

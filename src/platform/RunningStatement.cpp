@@ -10,11 +10,15 @@ namespace {
 
 constexpr const char* kWorking = "پايگاه داده سرگرم كار است…";
 
+// Most actions of the user send several statements, each stored by itself: only the one that ran
+// was cancelled.
+constexpr const char* kBefore = " آنچه پيش از آن ثبت شده باشد سر جاي خود است.";
+
 std::string Sentence(Cancelled left) {
   const std::string stopped = "كار پايگاه داده به خواست شما متوقف شد";
   switch (left) {
     case Cancelled::kTakenBack:
-      return stopped + " و چيزي ثبت نشد.";
+      return stopped + " و از آن چيزي ثبت نشد." + kBefore;
     case Cancelled::kPerhapsStored:
       return stopped +
              "، ولي شايد پيش از آن چيزي ثبت شده باشد: پيش از آنكه آن را تكرار كنيد، برنامه "
@@ -22,7 +26,7 @@ std::string Sentence(Cancelled left) {
     case Cancelled::kReading:
       break;
   }
-  return stopped + ".";
+  return stopped + "." + kBefore;
 }
 
 }  // namespace

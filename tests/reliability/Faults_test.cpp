@@ -48,6 +48,10 @@ bool Holds(const std::string& text, std::string_view words) {
   return text.find(words) != text.npos;
 }
 
+bool Reads(std::string_view sent) {
+  return IsSelect(sent) || sent.starts_with("spZomirHasPermission");
+}
+
 class Faults : public testing::TestWithParam<Fault> {};
 
 TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndLosesNothing) {
@@ -55,10 +59,16 @@ TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndLosesNothing) {
   undisturbed.Play();
   const int count = undisturbed.calls[GetParam().kind];
   ASSERT_GT(count, 0);
-  std::cout << count << " calls in the day\n";
+  std::vector<std::string> sent;
+  for (const OfficeDay::Action& action : undisturbed.actions) {
+    sent.insert(sent.end(), action.sent.begin(), action.sent.end());
+  }
+  int played = 0;
   for (int at = 1; at <= count && !HasFailure(); ++at) {
     Fault fault = GetParam();
     fault.at = at;
+    if (fault.IsCancelledAfter() && Reads(sent[static_cast<std::size_t>(at) - 1])) continue;
+    ++played;
     OfficeDay day(fault);
     day.Play();
     ASSERT_FALSE(day.failed.empty());
@@ -77,6 +87,7 @@ TEST_P(Faults, EveryCallOfTheDay_FailsInTurn_IsToldAndLosesNothing) {
     for (const auto& write : day.written) write(*connection);
     EXPECT_TRUE(day.AllRows() == another.AllRows()) << "the rows are not those of what was done";
   }
+  std::cout << played << " calls of the day\n";
 }
 
 using When = Fault::When;
@@ -84,6 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
     Outside, Faults,
     testing::Values(Fault{Kind::kDatabase}, Fault{Kind::kDatabase, When::kAfter},
                     Fault{Kind::kDatabase, When::kFromThenOn},
+                    Fault{Kind::kDatabase, When::kBefore, platform::kUserInterrupt},
+                    Fault{Kind::kDatabase, When::kAfter, platform::kUserInterrupt},
                     Fault{Kind::kFiles, When::kBefore, 61}, Fault{Kind::kFiles, When::kFromThenOn},
                     Fault{Kind::kWorkbook}, Fault{Kind::kWorkbook, When::kFromThenOn},
                     Fault{Kind::kComponents, When::kBefore, 438},

@@ -68,7 +68,8 @@ class SavedTextFile : public platform::TextFile {
 
   void Close() override {
     Flush();
-    if (!file_.commit()) ThrowFor(file_);
+    // By itself, commit would put a file in its place whose last bytes the disk did not take.
+    if (!file_.flush() || !file_.commit()) ThrowFor(file_);
   }
 
  private:

@@ -92,7 +92,9 @@ bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLett
   writer.setTitle(ToQString(pages.Title()));
   SheetPainter painter(writer, letters, kPdfDpi / kPointsPerInch);
   const auto check = [&](bool fine) {
-    if (!fine || checked.Failed()) ThrowNotWritten(kDeviceIo, device.errorString());
+    if (fine && !checked.Failed()) return;
+    ThrowNotWritten(kDeviceIo,
+                    QStringLiteral("The device did not take all of it: ") + device.errorString());
   };
   check(painter.Fine());
   const bool all = screens::PutPages(pages, progress, "ذخيره PDF", 0, pages.Count(),
@@ -105,6 +107,17 @@ bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLett
   return all;
 }
 
+bool WritePdfFile(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
+                  const std::string& path) {
+  QSaveFile file(ToQString(path));
+  const bool opened = file.open(QIODevice::WriteOnly);
+  if (opened && !WritePdf(pages, progress, letters, file)) return false;
+  // By itself, commit would put a file in its place whose last bytes the disk did not take.
+  if (opened && file.flush() && file.commit()) return true;
+  ThrowNotWritten(kPathFileAccessError,
+                  file.fileName() + QStringLiteral(": ") + file.errorString());
+}
+
 void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters) {
   QString name = ToQString(pages.Title()) + QStringLiteral(".pdf");
   name.replace(QLatin1Char('/'), QLatin1Char('-'));
@@ -113,12 +126,7 @@ void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLette
                                    name, QStringLiteral("PDF (*.pdf)"));
   if (path.isEmpty()) return;
   if (!path.endsWith(QStringLiteral(".pdf"), Qt::CaseInsensitive)) path += QStringLiteral(".pdf");
-  QSaveFile file(path);
-  const bool opened = file.open(QIODevice::WriteOnly);
-  if (opened && !WritePdf(pages, progress, letters, file)) return;
-  if (!opened || !file.commit()) {
-    ThrowNotWritten(kPathFileAccessError, path + QStringLiteral(": ") + file.errorString());
-  }
+  WritePdfFile(pages, progress, letters, ToUtf8(path));
 }
 
 void Print(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,

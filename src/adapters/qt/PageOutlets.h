@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIODevice>
+#include <string>
 
 #include "adapters/qt/PageLetters.h"
 #include "platform/Progress.h"
@@ -15,8 +16,12 @@ namespace adapters::qt {
 bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
               QIODevice& device);
 
-/// Asks for a name and writes the pages there; a failure, or the user's stopping it, leaves an
-/// older file as it was. Throws RuntimeError 75 for a file that cannot be written.
+/// The same into a file (UTF-8 path); a failure, or the user's stopping it, leaves an older one as
+/// it was. Throws RuntimeError 75 for a file that cannot be written.
+bool WritePdfFile(report::Pages& pages, platform::Progress& progress, const PageLetters& letters,
+                  const std::string& path);
+
+/// Asks for a name and writes the pages there.
 void SavePdf(report::Pages& pages, platform::Progress& progress, const PageLetters& letters);
 
 /// The pages and copies that the printer was set to. A job that the user stops is taken back.

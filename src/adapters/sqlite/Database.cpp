@@ -6,6 +6,7 @@
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Functions.h"
+#include "adapters/sqlite/Watch.h"
 
 namespace adapters::sqlite {
 
@@ -33,13 +34,14 @@ void Run(sqlite3* database, const char* sql, const std::string& path) {
 }
 
 DatabaseHandle Open(const std::string& name, int flags, std::chrono::milliseconds busyTimeout,
-                    const std::string& path) {
+                    Watch* watch, const std::string& path) {
   sqlite3* opened = nullptr;
   const int result = sqlite3_open_v2(name.c_str(), &opened, flags, nullptr);
   DatabaseHandle database(opened);
   if (result != SQLITE_OK) throw LastError(opened, path);
   sqlite3_extended_result_codes(opened, 1);
   sqlite3_busy_timeout(opened, static_cast<int>(busyTimeout.count()));
+  if (watch != nullptr) watch->SetOn(opened);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
   sqlite3_db_config(opened, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
   RegisterFunctions(opened);
@@ -92,16 +94,16 @@ bool IsUnreadableForItsLog(sqlite3* database) {
 }  // namespace
 
 DatabaseHandle OpenDatabase(const std::string& path, int flags,
-                            std::chrono::milliseconds busyTimeout) {
+                            std::chrono::milliseconds busyTimeout, Watch* watch) {
   if ((flags & SQLITE_OPEN_CREATE) == 0) RequireFile(path);
-  DatabaseHandle database = Open(path, flags, busyTimeout, path);
+  DatabaseHandle database = Open(path, flags, busyTimeout, watch, path);
   // Reads the file for the first time: what is no database shows here.
   constexpr const char* kFirstRead = "PRAGMA schema_version";
   if (sqlite3_exec(database.get(), kFirstRead, nullptr, nullptr, nullptr) != SQLITE_OK) {
     if (!IsUnreadableForItsLog(database.get())) throw LastError(database.get(), path);
     const int readOnly = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) |
                          SQLITE_OPEN_READONLY | SQLITE_OPEN_URI;
-    database = Open(UnchangingAddress(database.get()), readOnly, busyTimeout, path);
+    database = Open(UnchangingAddress(database.get()), readOnly, busyTimeout, watch, path);
     Run(database.get(), kFirstRead, path);
   }
   if ((flags & SQLITE_OPEN_CREATE) == 0) RequireOffice(database.get(), path);

@@ -10,6 +10,8 @@
 
 namespace adapters::sqlite {
 
+class Watch;
+
 struct CloseDatabase {
   void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
 };
@@ -26,10 +28,11 @@ inline constexpr std::chrono::milliseconds kBusyTimeout{5000};
 /// write-ahead log that is on the disk when a statement returns, and a quoted name never taken for
 /// a text. `flags` are SQLITE_OPEN_...; without SQLITE_OPEN_CREATE the file must exist and be one
 /// of the suite's, any other is not written to. A file that may only be read opens for reading.
-/// Throws RuntimeError 4060, or 1222 when another program holds the file, its first sentence
-/// Persian.
+/// Another program's lock is waited for; `watch` is asked meanwhile, and left on the handle. Throws
+/// RuntimeError 4060, or 1222 when another program holds the file, its first sentence Persian.
 DatabaseHandle OpenDatabase(const std::string& path, int flags,
-                            std::chrono::milliseconds busyTimeout = kBusyTimeout);
+                            std::chrono::milliseconds busyTimeout = kBusyTimeout,
+                            Watch* watch = nullptr);
 
 /// In a folder where none of the files that locks need may be made or is there, a file with a
 /// write-ahead log is read as one that never changes: SQLite neither asks for locks nor notices

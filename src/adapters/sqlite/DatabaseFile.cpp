@@ -33,12 +33,12 @@ DatabaseFile::State DatabaseFile::StateNow() const {
           .hasLog = std::filesystem::exists(PathOf(logPath_), none)};
 }
 
-sqlite3* DatabaseFile::Open() {
+sqlite3* DatabaseFile::Open(Watch* watch) {
   if (handle_ && IsWithoutLocks(handle_.get())) handle_.reset();
   if (handle_) RequireInPlace();
   if (!handle_) {
     const State before = StateNow();
-    handle_ = OpenDatabase(path_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_);
+    handle_ = OpenDatabase(path_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, busyTimeout_, watch);
     logPath_ = LogPath(handle_.get());
     log_ = FileNumber(logPath_);
     catalog_.emplace(handle_.get(), path_);

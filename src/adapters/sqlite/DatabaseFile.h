@@ -10,6 +10,7 @@
 
 #include "adapters/sqlite/Catalog.h"
 #include "adapters/sqlite/Database.h"
+#include "adapters/sqlite/Watch.h"
 #include "platform/RuntimeError.h"
 
 namespace adapters::sqlite {
@@ -27,10 +28,13 @@ class DatabaseFile {
   ///
   /// A file without locks (IsWithoutLocks) is opened anew each time, and `work`, which can only
   /// read there, done a second time when the file changed meanwhile; changed again, 1222.
+  ///
+  /// `watch` is set on the handle from before its file is read for the first time.
   template <typename Work>
-  auto Use(const Work& work) {
+  auto Use(const Work& work, Watch* watch = nullptr) {
     for (bool again = false;; again = true) {
-      sqlite3* database = Open();
+      sqlite3* database = Open(watch);
+      const Watched watched(watch, database);
       if (!IsWithoutLocks(database)) return work(database, *catalog_);
       try {
         auto result = work(database, *catalog_);
@@ -52,7 +56,7 @@ class DatabaseFile {
     bool operator==(const State&) const = default;
   };
 
-  sqlite3* Open();
+  sqlite3* Open(Watch* watch);
   void RequireInPlace();
   State StateNow() const;
   bool HasChanged() const { return StateNow() != opened_; }

@@ -51,28 +51,29 @@ DatabaseFile& SqliteConnection::File() {
 
 template <typename Work>
 auto SqliteConnection::Run(const Work& work) {
+  using platform::Cancelled;
   DatabaseFile& file = File();
   platform::RunningStatement running(progress_);
-  // A statement is stored whole or not at all.
+  Watch watch(running, statementLimit_, busyTimeout_);
+  Cancelled left = Cancelled::kReading;
   try {
-    return file.Use([&](sqlite3* database, Catalog& catalog) {
-      const Watch watch(database, statementLimit_, busyTimeout_, running);
-      return work(database, catalog);
-    });
+    return file.Use(
+        [&](sqlite3* database, Catalog& catalog) { return work(database, catalog, left); }, &watch);
   } catch (const platform::RuntimeError& error) {
     if (!running.Cancelled()) throw;
-    throw platform::CancelledError(platform::Cancelled::kTakenBack, {}, error.Source());
+    throw platform::CancelledError(left, {}, error.Source());
   }
 }
 
 platform::RowSet SqliteConnection::Execute(std::string_view statement) {
-  return Run(
-      [&](sqlite3* database, Catalog& catalog) { return ExecuteOn(database, catalog, statement); });
+  return Run([&](sqlite3* database, Catalog& catalog, platform::Cancelled& left) {
+    return ExecuteOn(database, catalog, statement, left);
+  });
 }
 
 std::unique_ptr<platform::RowReader> SqliteConnection::Open(std::string_view statement) {
   using Reader = std::unique_ptr<platform::RowReader>;
-  Reader reader = Run([&](sqlite3* database, Catalog& catalog) -> Reader {
+  Reader reader = Run([&](sqlite3* database, Catalog& catalog, platform::Cancelled&) -> Reader {
     // Of a file that is opened anew for each statement none may stay open.
     if (IsWithoutLocks(database)) return nullptr;
     Translation translation = Translate(statement, catalog);
@@ -89,7 +90,8 @@ std::unique_ptr<platform::RowReader> SqliteConnection::Open(std::string_view sta
 }
 
 platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog,
-                                             std::string_view statement) {
+                                             std::string_view statement,
+                                             platform::Cancelled& left) {
   const Translation translation = Translate(statement, catalog);
   StatementHandle prepared;
   try {
@@ -101,6 +103,7 @@ platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog
   if (!translation.columns.empty()) {
     return ReadAll(database, prepared.get(), translation.columns, file_.Path());
   }
+  left = platform::Cancelled::kTakenBack;
   Write(database, prepared.get(), translation.givesIdentity);
   return {};
 }
@@ -120,7 +123,8 @@ void SqliteConnection::Write(sqlite3* database, sqlite3_stmt* statement, bool gi
 
 std::int32_t SqliteConnection::CallProcedure(std::string_view name,
                                              std::span<const platform::Parameter> parameters) {
-  return Run([&](sqlite3* database, Catalog&) {
+  return Run([&](sqlite3* database, Catalog&, platform::Cancelled& left) {
+    left = platform::Cancelled::kTakenBack;
     return CallStoredProcedure(database, name, parameters, file_.Path());
   });
 }

@@ -12,6 +12,7 @@
 #include "adapters/sqlite/DatabaseFile.h"
 #include "platform/Connection.h"
 #include "platform/Progress.h"
+#include "platform/RunningStatement.h"
 #include "platform/StatementLimit.h"
 
 namespace adapters::sqlite {
@@ -22,8 +23,9 @@ namespace adapters::sqlite {
 /// in its folder the file can be read all the same (DatabaseFile). Statements are in the server's
 /// dialect (Translator.h) and fail with the server's numbers, followed by SQLite's own words in
 /// parentheses; one that runs longer than `statementLimit` ends as on a silent server. `progress`
-/// (RunningStatement.h) is asked while a statement runs or waits for another program's lock. Dates
-/// come out as yyyy-mm-dd.
+/// (RunningStatement.h) is asked while a statement runs or waits for another program's lock, also
+/// while it opens the file; what the user cancels has stored nothing.
+/// Dates come out as yyyy-mm-dd.
 class SqliteConnection : public platform::Connection {
  public:
   explicit SqliteConnection(std::string_view connectionString,
@@ -38,9 +40,11 @@ class SqliteConnection : public platform::Connection {
 
  private:
   DatabaseFile& File();
+  /// `work` notes what it leaves behind should the user cancel it.
   template <typename Work>
   auto Run(const Work& work);
-  platform::RowSet ExecuteOn(sqlite3* database, Catalog& catalog, std::string_view statement);
+  platform::RowSet ExecuteOn(sqlite3* database, Catalog& catalog, std::string_view statement,
+                             platform::Cancelled& left);
   void Write(sqlite3* database, sqlite3_stmt* statement, bool givesIdentity);
 
   std::string connectionString_;

@@ -47,7 +47,8 @@ bool StepwiseReader::Read(platform::RowSet& rows, std::size_t most) {
   if (!statement_) return false;
   platform::RunningStatement running(progress_);
   try {
-    const Watch watch(database_.get(), limits_.statementLimit, limits_.busyTimeout, running);
+    Watch watch(running, limits_.statementLimit, limits_.busyTimeout);
+    const Watched watched(&watch, database_.get());
     if (ReadSome(rows, most)) return true;
   } catch (const platform::RuntimeError& error) {
     sqlite3_reset(statement_.get());

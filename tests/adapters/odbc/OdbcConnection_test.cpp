@@ -317,6 +317,34 @@ TEST_F(WaitingTest, Cancelled_EndsSoonAndKeepsTheSession) {
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
 }
 
+TEST_F(WaitingTest, RowsThatComeSlowly_AreReadWholeAndNoPartOfThemOnceCancelled) {
+  const auto waiting = Connect();
+  const platform::RowSet whole = waiting->Execute("Select slowly");
+  EXPECT_EQ(whole.RowCount(), 60U);
+  EXPECT_EQ(whole.Text(59, 0), "60");
+  EXPECT_GE(progress.advanced.size(), 3U) << "asked while rows were on their way";
+  for (const std::size_t at : {1U, 3U, 6U}) {
+    progress.stopAtCall = at;
+    EXPECT_EQ(FailureOf(*waiting, "Select slowly").number, platform::kUserInterrupt);
+    progress.stopAtCall = 0;
+    EXPECT_EQ(Lines(waiting->Execute(names)), kNames) << "and nothing that was left over";
+  }
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
+}
+
+TEST_F(WaitingTest, CancelledProcedure_IsPerhapsDoneAndLeavesTheSession) {
+  const auto waiting = Connect();
+  waiting->Execute(names);
+  progress.stopAtCall = 3;
+  const Failure failure = FailureOf([&] { waiting->CallProcedure("spWorkOn", {}); });
+  EXPECT_EQ(failure.number, platform::kUserInterrupt);
+  EXPECT_THAT(failure.words, HasSubstr("شايد پيش از آن چيزي ثبت شده باشد"));
+  progress.stopAtCall = 0;
+  EXPECT_EQ(waiting->CallProcedure("spAnswerRows", {}), -6);
+  EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
+  EXPECT_THAT(server.Heard("call"), ElementsAre("spWorkOn()", "spAnswerRows()")) << "sent once";
+}
+
 TEST_F(WaitingTest, Cancelled_OnASilentServer_IsGivenUpAndEndsByItself) {
   const auto waiting = Connect("Statement Timeout=5;");
   const auto neighbour = Connect();

@@ -26,6 +26,7 @@ import contextlib
 import datetime
 import io
 import re
+import select
 import socket
 import struct
 import sys
@@ -82,7 +83,8 @@ TYPES = {
 }
 
 # The parts of an answer are (tokens, status, rows), each closed by a DONE. In a part's place:
-VANISH, SILENT, BUSY = "vanish", "silent", "busy"  # BUSY: at work until it is told to cease
+# BUSY: at work until it is told to cease. SLOW: row after row, as long or until it is told so.
+VANISH, SILENT, BUSY, SLOW = "vanish", "silent", "busy", "slow"
 CHANGED, NOTHING = (b"", COUNT, 1), (b"", 0, 0)
 
 
@@ -116,6 +118,7 @@ def together(*parts):
 
 
 NAMES = rows("ID int, Name nvarchar", (1, "نیک\u200Cپی"), (2, "علي كاظمي"))
+SLOW_ROWS = 60
 NO_TABLE = message(208, 16, "Invalid object name 'tblNowhere'.")
 DUPLICATE = together(message(2627, 14, "Violation of UNIQUE KEY: «نیک\u200Cپی» تكراري است."),
                      message(3621, 0, "The statement has been terminated."), (b"", ERROR, 0))
@@ -149,6 +152,7 @@ ANSWERS = {
     "fall silent within the rows": [NAMES, SILENT],
     "work on": [BUSY],
     "Select and work on": [BUSY],
+    "Select slowly": [SLOW],
 }
 # The parts of the answer and the return value.
 PROCEDURES = {
@@ -157,6 +161,7 @@ PROCEDURES = {
     "spAnswerRows": ([NAMES, CHANGED], -6),
     "spFail": ([CHANGED, message(50000, 16, "مجاز نیست.")], 0),
     "spVanish": ([VANISH], 0),
+    "spWorkOn": ([BUSY], 0),
 }
 
 
@@ -257,6 +262,10 @@ class Client:
                 self.hear()
             if part == BUSY:
                 return self.cease()
+            if part == SLOW:
+                if self.is_told_to_cease_within(SLOW_ROWS):
+                    return self.cease()
+                part = b"", COUNT, SLOW_ROWS
             tokens += part[0]
             if following in (VANISH, SILENT, BUSY):
                 self.say(tokens, whole=False)
@@ -267,6 +276,16 @@ class Client:
         if value is not None:
             tokens += struct.pack("<BiBHHQ", 0x79, value, DONE_PROCEDURE, 0, 0, 0)
         self.say(tokens)
+
+    def is_told_to_cease_within(self, count):
+        head = rows("ID int, Name nvarchar")[0]
+        self.say(head, whole=False)
+        for number in range(count):
+            row = rows("ID int, Name nvarchar", (number + 1, "نيك"))[0][len(head):]
+            self.say(row, whole=False)
+            if select.select([self.connection], [], [], 0.01)[0]:
+                return True
+        return False
 
     def cease(self):
         while self.hear()[0] != 0x06:

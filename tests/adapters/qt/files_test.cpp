@@ -78,23 +78,25 @@ TEST_F(FileTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
 
 TEST_F(FileTest, FullDiskOrLostFolder_IsAnErrorAndLeavesTheOldFile) {
   std::ofstream(folder / kName) << "old";
-  // No file may grow beyond 64 KiB for the time.
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  const rlimit small{1 << 16, before.rlim_max};
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  std::int32_t number = 0;
-  try {
-    Written(std::string(1 << 20, 'x'))->Close();
-  } catch (const platform::RuntimeError& error) {
-    number = error.Number();
+  // No file may grow beyond a size for the time. What is short waits in memory until the end.
+  for (const auto& [largest, length] : {std::pair(1 << 16, 1 << 20), {1 << 12, 3000}}) {
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{static_cast<rlim_t>(largest), before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    std::int32_t number = 0;
+    try {
+      Written(std::string(static_cast<std::size_t>(length), 'x'))->Close();
+    } catch (const platform::RuntimeError& error) {
+      number = error.Number();
+    }
+    setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(number, 61) << length;
+    EXPECT_EQ(Content(), "old");
+    EXPECT_EQ(FileCount(), 1);
   }
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(number, 61);
-  EXPECT_EQ(Content(), "old");
-  EXPECT_EQ(FileCount(), 1);
 
   const auto file = Written(std::string(1 << 20, 'x'));
   std::filesystem::remove_all(folder);

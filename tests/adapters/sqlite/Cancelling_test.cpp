@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <optional>
+
 #include "adapters/sqlite/Office.h"
 #include "support/ErrorNumber.h"
 #include "support/FakeProgress.h"
@@ -36,18 +38,23 @@ class CancellingTest : public testing::Test {
   std::string crossed;  // four million rows
 };
 
+constexpr std::string_view kBefore = " آنچه پيش از آن ثبت شده باشد سر جاي خود است.";
+
 TEST_F(CancellingTest, Statement_ThatIsCancelled_StoresNothingAndLeavesTheConnection) {
   const std::string stored = office.Rows("select * from tblDistributionPromoterProgram");
   connection.Execute("insert into tblDistributionPromoterProgram (Notes) values ('نو')");
   const std::string identity = Lines(connection.Execute("select SCOPE_IDENTITY() as ID"));
   connection.Execute("delete tblDistributionPromoterProgram where ID=" + identity);
-  for (const std::string& statement :
-       {"select count(*) from " + crossed,
-        "insert into tblDistributionPromoterProgram (Code) select a.ID from " + crossed}) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"select count(*) from " + crossed, "."},
+      {"insert into tblDistributionPromoterProgram (Code) select a.ID from " + crossed,
+       " و از آن چيزي ثبت نشد."}};
+  for (const auto& [statement, left] : cases) {
     for (const std::size_t at : {1U, 2U, 500U}) {
       progress.stopAtCall = at;
       progress.advanced.clear();
-      EXPECT_EQ(WordsOf(statement), "كار پايگاه داده به خواست شما متوقف شد و چيزي ثبت نشد.");
+      EXPECT_EQ(WordsOf(statement),
+                "كار پايگاه داده به خواست شما متوقف شد" + left + std::string(kBefore));
       EXPECT_EQ(progress.advanced.size(), at) << "asked on, or not";
       progress.stopAtCall = 0;
       EXPECT_EQ(Lines(connection.Execute("select * from tblDistributionPromoterProgram")), stored);
@@ -76,6 +83,30 @@ TEST_F(CancellingTest, LockOfAnotherProgram_IsNotWaitedForAnyLonger) {
     if (progress.advanced.size() > 20) other.Query("ROLLBACK");
   };
   EXPECT_FALSE(connection.Execute("update tblEmployee set Name='x'").ReturnsRows());
+}
+
+TEST_F(CancellingTest, FileThatAnotherProgramHolds_IsAskedAboutWhileItIsOpened) {
+  std::optional<demo::PlainDatabase> other(std::in_place, office.file);
+  const std::string names = "select Name from tblEmployee";
+  const std::string stored = office.Rows(names);
+  office.connection = SqliteConnection(office.ConnectionString());  // gives the file up
+  ASSERT_EQ(other->Text("PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE; UPDATE tblEmployee SET "
+                        "Name = 'x'"),
+            "exclusive;");
+  for (const std::size_t at : {1U, 5U}) {
+    progress.stopAtCall = at;
+    progress.advanced.clear();
+    EXPECT_EQ(WordsOf("update tblEmployee set Name='y'"),
+              "كار پايگاه داده به خواست شما متوقف شد." + std::string(kBefore));
+    EXPECT_EQ(progress.advanced.size(), at);
+  }
+  progress.stopAtCall = 0;
+  progress.onAdvance = [&] {
+    EXPECT_EQ(NumberOf([&] { connection.Execute(names); }), platform::kStillExecuting);
+    if (progress.advanced.size() > 20) other.reset();
+  };
+  EXPECT_EQ(Lines(connection.Execute(names)), stored) << "the same connection, once it is free";
+  EXPECT_EQ(progress.ended, static_cast<int>(progress.begun.size()));
 }
 
 }  // namespace

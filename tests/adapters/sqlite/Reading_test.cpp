@@ -101,9 +101,9 @@ TEST_F(ReadingTest, Read_ThatIsCancelled_CanBeTriedAgainWhileTheDataAreTheSame) 
     }
     return std::string("all were read");
   };
-  EXPECT_EQ(cancelled(), "كار پايگاه داده به خواست شما متوقف شد.");
+  EXPECT_THAT(cancelled(), testing::StartsWith("كار پايگاه داده به خواست شما متوقف شد. "));
   EXPECT_GT(rows.RowCount(), 1000U);
-  EXPECT_EQ(cancelled(), "كار پايگاه داده به خواست شما متوقف شد.");
+  EXPECT_THAT(cancelled(), testing::StartsWith("كار پايگاه داده به خواست شما متوقف شد. "));
   const std::size_t before = rows.RowCount();
   EXPECT_TRUE(reader->Read(rows, 100'000));
   EXPECT_GT(rows.RowCount(), before);
