@@ -170,6 +170,9 @@ CREATE CLUSTERED INDEX ixPromoterProgramDetailGroup
 -- an index asks for.
 CREATE INDEX ixPromoterProgramDetailVisit
   ON dbo.tblDistributionPromoterProgramDetail (ProgramID, PromoterID, CustomerID, FarsiVisitDate);
+-- A report that lists a program by days.
+CREATE INDEX ixPromoterProgramDetailDay
+  ON dbo.tblDistributionPromoterProgramDetail (ProgramID, VisitDate);
 go
 
 -- What a promoter reported of a visit. It keeps its program from being deleted.

@@ -42,6 +42,7 @@ void AppendCell(platform::RowSet& rows, sqlite3_stmt* statement, int column, Typ
 
 platform::RowSet NoRows(const std::vector<ResultColumn>& columns) {
   std::vector<std::string> names;
+  names.reserve(columns.size());
   for (const ResultColumn& column : columns) names.push_back(column.name);
   return platform::RowSet(std::move(names));
 }
