@@ -165,23 +165,26 @@ std::string_view HtmlTokens::Decoded(std::string_view text, int line) {
   std::size_t from = 0;
   for (; ampersand != std::string_view::npos; ampersand = text.find('&', from)) {
     decoded_.append(text, from, ampersand - from);
-    const std::size_t end = std::min(text.find(';', ampersand), text.size());
-    AppendEntity(text.substr(ampersand + 1, end - ampersand - 1), line);
-    from = std::min(end + 1, text.size());
+    const std::size_t end = std::min(text.find(';', ampersand), text.size() - 1);
+    AppendEntity(text.substr(ampersand + 1, end - ampersand), line);
+    from = end + 1;
   }
   decoded_.append(text, from);
   return decoded_;
 }
 
+/// Of what stands behind "&", with its ";".
 void HtmlTokens::AppendEntity(std::string_view entity, int line) {
+  const bool ends = entity.ends_with(';');
+  if (ends) entity.remove_suffix(1);
   for (const auto& [name, text] : kEntities) {
-    if (entity == name) {
+    if (ends && entity == name) {
       decoded_ += text;
       return;
     }
   }
   char32_t code = 0;
-  if (entity.starts_with('#')) {
+  if (ends && entity.starts_with('#')) {
     const bool hexadecimal = entity.size() > 1 && Small(entity[1]) == 'x';
     const char* const end = entity.data() + entity.size();
     std::uint32_t number = 0;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 
 namespace report {
 
@@ -62,12 +63,14 @@ Styles::Styles(const std::string& templateName) : name_(templateName), tags_(tem
 }
 
 Styles::Id Styles::Of(Id parent, std::string_view tag, int line) {
-  if (tag.starts_with("meter")) {
+  const bool mayBeMeter = tag.starts_with('m') || tag.starts_with('M');
+  if (mayBeMeter && HtmlTokens::TagName(tag) == KindOf(Element::kMeter).name) {
     // Its length is no matter of style, and seldom the same.
-    plainTag_ = HtmlTokens::TagName(tag);
+    plainTag_ = KindOf(Element::kMeter).name;
     for (const HtmlAttribute& attribute : Attributes(tag, line)) {
       if (attribute.name == "value" || attribute.name == "max") continue;
-      plainTag_ += " " + attribute.name + "=\"" + attribute.value + "\"";
+      const std::string value = text::Replace(attribute.value, "&", "&amp;");
+      plainTag_ += " " + attribute.name + "=\"" + text::Replace(value, "\"", "&quot;") + "\"";
     }
     tag = plainTag_;
   }
@@ -194,10 +197,10 @@ std::vector<HtmlAttribute> Styles::Attributes(std::string_view tag, int line) {
   std::vector<HtmlAttribute> attributes = tags_.Attributes(tag, line);
   for (HtmlAttribute& attribute : attributes) {
     std::string& value = attribute.value;
-    for (std::size_t at = value.find('\xDB'); at + 1 < value.size();
-         at = value.find('\xDB', at + 1)) {
+    for (std::size_t at = 0; at + 1 < value.size(); ++at) {
       const auto digit = static_cast<unsigned char>(value[at + 1]);  // U+06F0 to U+06F9
-      if (digit >= 0xB0 && digit <= 0xB9) value.replace(at, 2, 1, static_cast<char>(digit - 0x80));
+      if (value[at] != '\xDB' || digit < 0xB0 || digit > 0xB9) continue;
+      value.replace(at, 2, 1, static_cast<char>(digit - 0x80));
     }
   }
   return attributes;
