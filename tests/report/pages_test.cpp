@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "report/ReportError.h"
+#include "report/Typewriter.h"
 
 namespace report {
 namespace {
@@ -21,18 +22,6 @@ using testing::HasSubstr;
 constexpr double kLeft = 34;  // of what a portrait page holds, in points
 constexpr double kRight = 561;
 constexpr double kTop = 68;
-
-/// Each character is half as wide as it is high; lines stand ten points apart for letters of 8.5.
-class Typewriter : public Letters {
- public:
-  double Width(std::string_view text, const controls::SheetFont& font) const override {
-    const auto letters = std::count_if(text.begin(), text.end(), [](char c) {
-      return (static_cast<unsigned>(c) & 0xC0U) != 0x80;
-    });
-    return static_cast<double>(letters) * font.points / 2;
-  }
-  double LineHeight(const controls::SheetFont& font) const override { return font.points + 1.5; }
-};
 
 /// Pieces that are there from the beginning.
 class Pieces : public Markup {

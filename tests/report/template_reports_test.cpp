@@ -89,7 +89,7 @@ TEST_F(TemplateReportsTest, Produce_ThatFails_TellsTemplateLineAndReasonInWordsF
   progress.stopAtCall = 3;
   EXPECT_EQ(Failure(endless),
             "18 پرسش «v» قالب گزارش «t.html» اجرا نشد. سطر 3: كار پايگاه داده به خواست شما متوقف "
-            "شد.\nt.html:3: query v: error 18");
+            "شد. آنچه پيش از آن ثبت شده باشد سر جاي خود است.\nt.html:3: query v: error 18");
   progress.stopAtCall = 0;
   limit = 1ms;
   EXPECT_THAT(Failure(endless), testing::AllOf(HasSubstr("سطر 3: پايگاه داده در زمان مقرر پاسخ"),
