@@ -75,6 +75,19 @@ void comFlex::MarkRows(Marking marking) {
   }
 }
 
+void comFlex::TurnRows(const std::vector<int>& rows) {
+  const BusyGrid busy(module_, Flex);
+  std::vector<int> unmarked;
+  for (const int row : rows) {
+    if (!IsSelected(row)) unmarked.push_back(row);
+  }
+  if (unmarked.empty()) {
+    for (const int row : rows) UnmarkRow(row);
+  } else {
+    for (const int row : unmarked) MarkRow(row);
+  }
+}
+
 void comFlex::FlexMouseDown() {
   const std::int32_t row = Flex.MouseRow();
   if (row < 1 || row > Flex.Rows() - 1) return;

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "controls/Controls.h"
 #include "controls/FlexGrid.h"
@@ -22,6 +23,9 @@ class comFlex : public controls::Frame {
   /// Tells whether a row is marked. Moves the grid's current cell to that row, and leaves it there.
   /// Throws 30009 for a row that does not exist.
   bool IsSelected(std::int32_t inRow);
+
+  /// Marks those of the rows that have no mark, or where all of them have one takes it from all.
+  void TurnRows(const std::vector<int>& rows);
 
   /// A row has just been marked or unmarked; raised for every row that a command touches, also for
   /// one that was so before.

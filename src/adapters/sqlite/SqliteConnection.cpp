@@ -161,7 +161,9 @@ platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog
     return Read(database, prepared.get(), translation.columns, file_.Path());
   }
   Write(database, prepared.get(), translation.givesIdentity);
-  return {};
+  platform::RowSet none;
+  none.SetAffectedRows(sqlite3_changes64(database));
+  return none;
 }
 
 /// SQLite counts every inserted row as an identity; the server only those of an identity column,
