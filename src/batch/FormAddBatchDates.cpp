@@ -53,7 +53,7 @@ void FormAddBatch::SetUpWeekdays() {
   int weekday = 0;
   for (controls::Button& button : cmdWeekday) {
     const std::string_view name = calendar::WeekdayName(weekday++);
-    button.SetToolTip("همه روزهاي " + std::string(name));
+    button.SetToolTip("همه " + std::string(name) + " ها");
     button.onClick = [this, name] { WeekdayClick(name); };
   }
   flxDate.Flex.rowTextColour = [this](int row) {
