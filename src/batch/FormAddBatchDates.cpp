@@ -64,11 +64,15 @@ void FormAddBatch::SetUpWeekdays() {
 
 /// Marks all days of that name, or where all are marked unmarks them.
 void FormAddBatch::WeekdayClick(std::string_view weekday) {
-  std::vector<int> days;
+  std::vector<std::int32_t> days;
+  std::vector<std::int32_t> unmarked;
+  const tools::RedrawOff redrawOff(flxDate.Flex);
   for (int row = 1; row < flxDate.Flex.Rows(); ++row) {
-    if (flxDate.Flex.TextMatrix(row, kWeekdayCol) == weekday) days.push_back(row);
+    if (flxDate.Flex.TextMatrix(row, kWeekdayCol) != weekday) continue;
+    days.push_back(row);
+    if (!flxDate.IsSelected(row)) unmarked.push_back(row);
   }
-  flxDate.TurnRows(days);
+  flxDate.SetMarks(unmarked.empty() ? days : unmarked, !unmarked.empty());
 }
 
 std::string FormAddBatch::GetSelectedDates() {

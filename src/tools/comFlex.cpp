@@ -75,17 +75,9 @@ void comFlex::MarkRows(Marking marking) {
   }
 }
 
-void comFlex::TurnRows(const std::vector<int>& rows) {
+void comFlex::SetMarks(const std::vector<std::int32_t>& rows, bool marked) {
   const BusyGrid busy(module_, Flex);
-  std::vector<int> unmarked;
-  for (const int row : rows) {
-    if (!IsSelected(row)) unmarked.push_back(row);
-  }
-  if (unmarked.empty()) {
-    for (const int row : rows) UnmarkRow(row);
-  } else {
-    for (const int row : unmarked) MarkRow(row);
-  }
+  for (const std::int32_t row : rows) marked ? MarkRow(row) : UnmarkRow(row);
 }
 
 void comFlex::FlexMouseDown() {
