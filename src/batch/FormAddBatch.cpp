@@ -3,6 +3,7 @@
 #include "batch/PickedIds.h"
 #include "platform/ResumeNext.h"
 #include "text/Text.h"
+#include "tools/RowMark.h"
 
 namespace batch {
 
@@ -29,6 +30,15 @@ FormAddBatch::FormAddBatch(host::modMain& module)
   datDateTo.onChange = [this] { FillDateGrid(); };
   flxRegion.Selected = [this](std::int32_t) { RegionPicksChanged(); };
   flxRegion.UnSelected = [this](std::int32_t) { RegionPicksChanged(); };
+  SetUpWeekdays();
+  const auto count = [this](const controls::Change& change) {
+    if (change.aspect == controls::Aspect::kCells || change.aspect == controls::Aspect::kRows) {
+      ShowCount();
+    }
+  };
+  followDates_ = flxDate.Flex.Subscribe(count);
+  followCustomers_ = flxCustomer.Flex.Subscribe(count);
+  ShowCount();
   cmdSearch.onClick = [this] { SearchClick(); };
   cmdNewsearch.onClick = [this] { NewsearchClick(); };
   cmdAdd.onClick = [this] { AddClick(); };
@@ -123,6 +133,14 @@ void FormAddBatch::FormLoad() {
 
 void FormAddBatch::FormResize() {
   resizeRules_.Apply(Width(), Height());
+  PlaceBesideButtons();
+}
+
+void FormAddBatch::ShowCount() {
+  const std::int64_t days = tools::MarkedRows(flxDate.Flex, flxDate.Flex.FixedCols());
+  const std::int64_t customers = tools::MarkedRows(flxCustomer.Flex, flxCustomer.Flex.FixedCols());
+  lblCount.SetCaption(std::to_string(days) + " روز × " + std::to_string(customers) +
+                      " مشتري = " + std::to_string(days * customers) + " ويزيت");
 }
 
 void FormAddBatch::Refuse(std::string_view message, controls::Control& control) {

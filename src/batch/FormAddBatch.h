@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -46,6 +47,14 @@ class FormAddBatch : public controls::Form {
   tools::comFlex flxRegion;
   tools::comFlex flxPath;
   tools::comFlex flxDate;
+  /// Saturday to Friday, beside the buttons under the days.
+  std::array<controls::Button, 7> cmdWeekday{{{flxDate, "cmdSaturday", "ش"},
+                                              {flxDate, "cmdSunday", "ي"},
+                                              {flxDate, "cmdMonday", "د"},
+                                              {flxDate, "cmdTuesday", "س"},
+                                              {flxDate, "cmdWednesday", "چ"},
+                                              {flxDate, "cmdThursday", "پ"},
+                                              {flxDate, "cmdFriday", "ج"}}};
 
   controls::Frame frameFilter{*this, "frameFilter", "جستجوي مشتري"};
   controls::Label lblCodeFrom{frameFilter, "lblCodeFrom", "از كد:"};
@@ -64,6 +73,8 @@ class FormAddBatch : public controls::Form {
   controls::Button cmdNewsearch{frameFilter, "cmdNewsearch", "جستجوي جديد"};
 
   tools::comFlex flxCustomer;
+  /// How many visits the marks make, beside the buttons under the customers.
+  controls::Label lblCount{flxCustomer, "lblCount"};
   controls::Label lblNotes{*this, "lblNotes", "شرح:"};
   controls::TextBox txtNotes{*this, "txtNotes"};
   controls::Button cmdAdd{*this, "cmdAdd", "ثبت"};
@@ -82,6 +93,7 @@ class FormAddBatch : public controls::Form {
   void PlaceControls();
   void PlaceFilters();
   void SetResizeRules();
+  void PlaceBesideButtons();
   void SetGridColumns();
   void SetCustomerHeadings();
 
@@ -89,6 +101,8 @@ class FormAddBatch : public controls::Form {
   void FillDateGrid();
   void AddDateRow();
   void SetDateHeadings();
+  void SetUpWeekdays();
+  void WeekdayClick(std::string_view weekday);
   std::string GetSelectedDates();
 
   // FormAddBatchCustomers.cpp
@@ -100,6 +114,7 @@ class FormAddBatch : public controls::Form {
   void LoadCustomers(std::string_view condition);
   std::string GetSelectedCustomers();
 
+  void ShowCount();
   void AddClick();
   void CancelClick();
   void NewsearchClick();
@@ -108,6 +123,8 @@ class FormAddBatch : public controls::Form {
   host::modMain& module_;
   tools::ResizeRules resizeRules_;
   bool committed_ = false;
+  controls::Subscription followDates_;
+  controls::Subscription followCustomers_;
 };
 
 }  // namespace batch

@@ -1,4 +1,7 @@
-// The days grid: one row for each day of the range, and how the picked days leave the form.
+// The days grid: one row for each day of the range, its weekdays, and how the picked days leave the
+// form.
+
+#include <vector>
 
 #include "batch/FormAddBatch.h"
 #include "batch/PickedIds.h"
@@ -7,6 +10,12 @@
 #include "tools/BusyGrid.h"
 
 namespace batch {
+
+namespace {
+
+constexpr int kWeekdayCol = 1;
+
+}  // namespace
 
 void FormAddBatch::FillDateGrid() {
   if (datDateFrom.IsEmpty() || datDateTo.IsEmpty()) return;
@@ -28,7 +37,7 @@ void FormAddBatch::AddDateRow() {
   grid.AddItem("");
   const int row = grid.Rows() - 1;
   grid.SetTextMatrix(row, 0, datTemp.Text());
-  grid.SetTextMatrix(row, 1, datTemp.WeekdayName());
+  grid.SetTextMatrix(row, kWeekdayCol, datTemp.WeekdayName());
   grid.SetTextMatrix(row, 2, calendar::MonthName(datTemp.MonthNumber()));
 }
 
@@ -38,6 +47,32 @@ void FormAddBatch::SetDateHeadings() {
   platform::ResumeNext([&] { grid.SetTextMatrix(0, 0, "روز"); });
   platform::ResumeNext([&] { grid.SetTextMatrix(0, 1, "هفته"); });
   platform::ResumeNext([&] { grid.SetTextMatrix(0, 2, "ماه"); });
+}
+
+void FormAddBatch::SetUpWeekdays() {
+  int weekday = 0;
+  for (controls::Button& button : cmdWeekday) {
+    const std::string_view name = calendar::WeekdayName(weekday++);
+    button.SetToolTip("همه " + std::string(name) + " ها");
+    button.onClick = [this, name] { WeekdayClick(name); };
+  }
+  flxDate.Flex.rowTextColour = [this](int row) {
+    const bool friday = flxDate.Flex.TextMatrix(row, kWeekdayCol) == calendar::WeekdayName(6);
+    return friday ? controls::palette::kHoliday : 0;
+  };
+}
+
+/// Marks all days of that name, or where all are marked unmarks them.
+void FormAddBatch::WeekdayClick(std::string_view weekday) {
+  std::vector<std::int32_t> days;
+  std::vector<std::int32_t> unmarked;
+  const tools::RedrawOff redrawOff(flxDate.Flex);
+  for (int row = 1; row < flxDate.Flex.Rows(); ++row) {
+    if (flxDate.Flex.TextMatrix(row, kWeekdayCol) != weekday) continue;
+    days.push_back(row);
+    if (!flxDate.IsSelected(row)) unmarked.push_back(row);
+  }
+  flxDate.SetMarks(unmarked.empty() ? days : unmarked, !unmarked.empty());
 }
 
 std::string FormAddBatch::GetSelectedDates() {

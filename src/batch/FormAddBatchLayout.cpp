@@ -1,6 +1,8 @@
 // Where the controls of the batch form stand, twips, and how they follow the form's size. The form
 // reads from right to left: promoter and regions at the right, days at the left, customers below.
 
+#include <algorithm>
+
 #include "batch/FormAddBatch.h"
 #include "tools/Placing.h"
 
@@ -18,6 +20,7 @@ constexpr Twips kMargin = 150;
 // What a desk of 853 x 480 has room for: 1280 x 720 at one and a half times the size.
 constexpr Twips kLeastWidth = 12300;
 constexpr Twips kLeastHeight = 6450;
+constexpr Twips kBesideGap = 120;
 
 }  // namespace
 
@@ -75,7 +78,21 @@ void FormAddBatch::PlaceControls() {
   flxPath.SetAccessibleName("مسيرها");
   flxDate.SetAccessibleName("روزها");
   flxCustomer.SetAccessibleName("مشتريان");
+  lblCount.SetLook(controls::Label::Look::kStrong);
+  PlaceBesideButtons();
   SetResizeRules();
+}
+
+/// At the left of the small buttons that a list has under it.
+void FormAddBatch::PlaceBesideButtons() {
+  const controls::Button& day = flxDate.cmdExcel;
+  Twips right = day.Left() - kBesideGap;
+  for (controls::Button& button : cmdWeekday) {
+    button.Move(right - day.Width(), day.Top(), day.Width(), day.Height());
+    right = button.Left();
+  }
+  const controls::Button& customer = flxCustomer.cmdExcel;
+  lblCount.Move(0, customer.Top(), std::max(0.0, customer.Left() - kBesideGap), customer.Height());
 }
 
 void FormAddBatch::PlaceFilters() {

@@ -32,6 +32,7 @@ inline constexpr Colour kFrame = Rgb(249, 244, 240);
 inline constexpr Colour kGridRow = Rgb(254, 247, 235);
 inline constexpr Colour kGridBand = Rgb(253, 236, 206);
 inline constexpr Colour kMark = 65535;
+inline constexpr Colour kHoliday = Rgb(160, 32, 24);
 }  // namespace palette
 
 /// What a change notification says has changed, so that a view repaints only that.

@@ -94,6 +94,9 @@ class FlexGrid : public Control {
   /// Ground of every second data row whose cells carry no colour but the grid's own.
   Colour BandColor() const { return bandColor_; }
   void SetBandColor(Colour colour);
+  /// What colour the texts of a data row have on a ground of its own or the grid's; none where it
+  /// answers 0.
+  std::function<Colour(int row)> rowTextColour;
   HighLight GetHighLight() const { return highLight_; }
   void SetHighLight(HighLight highLight);
 

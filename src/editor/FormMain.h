@@ -88,6 +88,8 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "انتخاب معكوس"};
   controls::Button cmdSelectNone{*this, "cmdSelectNone", "لغو انتخاب"};
   controls::Button cmdDeleteSelected{*this, "cmdDeleteSelected", "حذف از ليست"};
+  /// What became of the last batch, until the list is read anew.
+  controls::Label lblAdded{*this, "lblAdded"};
 
  protected:
   void FormLoad() override;

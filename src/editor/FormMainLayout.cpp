@@ -62,6 +62,8 @@ void FormMain::PlaceControls() {
                  kButtonHeight);
     resizeRules_.Add(*button, {.left = 1, .top = 1});
   }
+  lblAdded.Move(kMargin, kHeight - 645, cmdDeleteSelected.Left() - 2 * kMargin, 570);
+  resizeRules_.Add(lblAdded, {.width = 1, .top = 1});
   SetCancelButton(&cmdCancel);
   SetFirstFocus(&cmdNew);
   SetTabOrder();

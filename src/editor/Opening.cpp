@@ -148,6 +148,7 @@ void FormMain::LoadHeader(std::int32_t programId) {
 }
 
 void FormMain::LoadDetails(std::int32_t programId) {
+  lblAdded.SetCaption("");
   const tools::BusyGrid busy(module_, flxDetail);
   flxDetail.SetFixedCols(1);
   flxDetail.SetRows(1);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +35,8 @@ class Recordset {
     if (open_) Close();
   }
 
+  /// How many rows the last statement, one without rows, says that it changed.
+  std::optional<std::int64_t> AffectedRows() const { return rows_.AffectedRows(); }
   std::size_t RecordCount() const;
   bool Eof() const;
   void MoveFirst();

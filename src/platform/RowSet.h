@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -25,6 +26,9 @@ class RowSet {
     return columns_.empty() ? 0 : table_.cells.size() / columns_.size();
   }
   const std::vector<std::string>& Columns() const { return columns_; }
+  /// How many rows a statement without rows says that it changed; nothing where it does not say.
+  std::optional<std::int64_t> AffectedRows() const { return affectedRows_; }
+  void SetAffectedRows(std::int64_t rows) { affectedRows_ = rows; }
   /// First column of that name, letter case of Latin letters ignored.
   std::optional<std::size_t> ColumnIndex(std::string_view name) const;
 
@@ -53,6 +57,7 @@ class RowSet {
  private:
   std::vector<std::string> columns_;
   TextTable table_;
+  std::optional<std::int64_t> affectedRows_;
 };
 
 }  // namespace platform

@@ -84,12 +84,17 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   cell.bottom = cell.top + geometry_.RowHeight(row);
   const bool heading = row < grid_->FixedRows() || col < grid_->FixedCols();
   Colour ground = palette::kButton;
+  Colour colour = host_.Enabled() ? palette::kText : palette::kMutedText;
   if (!heading) {
     ground = grid_->EffectiveBackColor(row, col);
     const FlexGrid::HighLight highLight = grid_->GetHighLight();
     const bool shown = highLight == FlexGrid::HighLight::kAlways ||
                        (highLight == FlexGrid::HighLight::kWithFocus && focused_);
-    if (shown && grid_->InBlock(row, col)) ground = palette::Tinted(ground);
+    if (shown && grid_->InBlock(row, col)) {
+      ground = palette::Tinted(ground);
+    } else if (grid_->rowTextColour && host_.Enabled()) {
+      if (const Colour own = grid_->rowTextColour(row); own != 0) colour = own;
+    }
   }
   surface.Fill(cell, ground);
   const Colour line = heading ? palette::kLine : palette::kFaintLine;
@@ -103,7 +108,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   const std::string_view text = grid_->TextMatrix(row, col);
   if (text.empty()) return;
   TextStyle style;
-  style.colour = host_.Enabled() ? palette::kText : palette::kMutedText;
+  style.colour = colour;
   style.side = SideOf(grid_->ColAlignment(col));
   if (heading && room.Height() >= 2 * host_.LineHeight()) {
     PaintHeading(surface, text, room, style);

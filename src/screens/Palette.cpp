@@ -10,15 +10,16 @@ using controls::Rgb;
 namespace {
 
 constexpr std::pair<Colour, Colour> kDark[] = {
-    {kFormGround, Rgb(43, 38, 34)},    {kButton, Rgb(66, 57, 50)},
-    {kFrame, Rgb(51, 45, 40)},         {kGridRow, Rgb(38, 34, 30)},
-    {kGridBand, Rgb(52, 45, 36)},      {kMark, Rgb(86, 74, 0)},
-    {kText, Rgb(240, 232, 222)},       {kMutedText, Rgb(190, 176, 162)},
-    {kBorder, Rgb(158, 138, 118)},     {kLine, Rgb(88, 77, 67)},
-    {kFaintLine, Rgb(62, 54, 47)},     {kField, Rgb(30, 27, 24)},
-    {kAccent, Rgb(226, 150, 88)},      {kOnAccent, Rgb(30, 20, 12)},
-    {kDeepAccent, Rgb(240, 180, 130)}, {kAccentGround, Rgb(88, 58, 34)},
-    {kRefused, Rgb(255, 142, 124)},    {kNoteGround, Rgb(74, 54, 24)},
+    {kFormGround, Rgb(43, 38, 34)},   {kButton, Rgb(66, 57, 50)},
+    {kFrame, Rgb(51, 45, 40)},        {kGridRow, Rgb(38, 34, 30)},
+    {kGridBand, Rgb(52, 45, 36)},     {kMark, Rgb(86, 74, 0)},
+    {kHoliday, Rgb(255, 170, 154)},   {kText, Rgb(240, 232, 222)},
+    {kMutedText, Rgb(190, 176, 162)}, {kBorder, Rgb(158, 138, 118)},
+    {kLine, Rgb(88, 77, 67)},         {kFaintLine, Rgb(62, 54, 47)},
+    {kField, Rgb(30, 27, 24)},        {kAccent, Rgb(226, 150, 88)},
+    {kOnAccent, Rgb(30, 20, 12)},     {kDeepAccent, Rgb(240, 180, 130)},
+    {kAccentGround, Rgb(88, 58, 34)}, {kRefused, Rgb(255, 142, 124)},
+    {kNoteGround, Rgb(74, 54, 24)},
 };
 
 Colour Mixed(Colour ground, Colour with) {

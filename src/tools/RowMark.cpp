@@ -26,6 +26,14 @@ bool IsRowMarked(controls::FlexGrid& grid, int row, int col) {
   return grid.CellBackColor() == controls::palette::kMark;
 }
 
+int MarkedRows(const controls::FlexGrid& grid, int col) {
+  int count = 0;
+  for (int row = 1; row < grid.Rows(); ++row) {
+    if (grid.EffectiveBackColor(row, col) == controls::palette::kMark) ++count;
+  }
+  return count;
+}
+
 bool SortByHeader(controls::FlexGrid& grid, std::int32_t& lastSort) {
   const int col = grid.MouseCol();
   if (grid.MouseRow() != 0 || col < 0 || col > grid.Cols() - 1 || grid.Rows() < 2) return false;

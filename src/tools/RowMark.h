@@ -17,6 +17,9 @@ void PaintRow(controls::FlexGrid& grid, int row, int firstCol, controls::Colour 
 /// Throws 30009 or 30010 where the grid has no such cell.
 bool IsRowMarked(controls::FlexGrid& grid, int row, int col);
 
+/// How many rows are marked, as IsRowMarked tells, without moving the current cell.
+int MarkedRows(const controls::FlexGrid& grid, int col);
+
 /// Sorts by the header cell under the mouse, that column and all to its right as keys, the
 /// direction turned over by every call through `lastSort` (7 ascending, 8 descending, 0 before the
 /// first). Marks move with their rows. Leaves the current block from the first non-fixed column to

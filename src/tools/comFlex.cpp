@@ -75,6 +75,11 @@ void comFlex::MarkRows(Marking marking) {
   }
 }
 
+void comFlex::SetMarks(const std::vector<std::int32_t>& rows, bool marked) {
+  const BusyGrid busy(module_, Flex);
+  for (const std::int32_t row : rows) marked ? MarkRow(row) : UnmarkRow(row);
+}
+
 void comFlex::FlexMouseDown() {
   const std::int32_t row = Flex.MouseRow();
   if (row < 1 || row > Flex.Rows() - 1) return;

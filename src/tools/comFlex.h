@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "controls/Controls.h"
 #include "controls/FlexGrid.h"
@@ -22,6 +23,10 @@ class comFlex : public controls::Frame {
   /// Tells whether a row is marked. Moves the grid's current cell to that row, and leaves it there.
   /// Throws 30009 for a row that does not exist.
   bool IsSelected(std::int32_t inRow);
+  /// Marks these rows, or takes their marks away: each as by hand, in this order, all of them as
+  /// one gesture. Throws 30009 at a row that does not exist; what comes before it is done.
+  void SetMarks(const std::vector<std::int32_t>& rows, bool marked);
+
 
   /// A row has just been marked or unmarked; raised for every row that a command touches, also for
   /// one that was so before.

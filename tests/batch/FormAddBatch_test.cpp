@@ -119,6 +119,33 @@ TEST_F(FormAddBatchTest, Load_EndsTheRangeWithTheMonthAndListsEveryDay) {
                   "sltWorkActivity office: vwZomirWorkActivityMajor vwZomirWorkActivityMinor"));
 }
 
+TEST_F(FormAddBatchTest, Weekday_TurnsAllItsDaysAndTheCountGoesAlong) {
+  form.Load();
+  EXPECT_EQ(form.lblCount.Caption(), "0 روز × 0 مشتري = 0 ويزيت");
+  form.datDateFrom.SetText("1404/02/01");
+  form.datDateTo.SetText("1404/02/31");
+  PickEverything(form);  // 1404/02/01 is a Monday
+  EXPECT_EQ(form.lblCount.Caption(), "1 روز × 2 مشتري = 2 ويزيت");
+  std::vector<int> raised;
+  form.flxDate.Selected = [&](std::int32_t row) { raised.push_back(row); };
+  form.flxDate.UnSelected = [&](std::int32_t row) { raised.push_back(-row); };
+  controls::Button& monday = form.cmdWeekday[2];
+  monday.Click();  // one of them is marked already
+  EXPECT_THAT(raised, ElementsAre(8, 15, 22, 29));
+  EXPECT_EQ(form.lblCount.Caption(), "5 روز × 2 مشتري = 10 ويزيت");
+  Press(form.flxCustomer, 1);
+  form.cmdWeekday[6].Click();
+  EXPECT_EQ(form.lblCount.Caption(), "9 روز × 1 مشتري = 9 ويزيت");
+  raised.clear();
+  monday.Click();
+  EXPECT_THAT(raised, ElementsAre(-1, -8, -15, -22, -29));
+  EXPECT_EQ(form.lblCount.Caption(), "4 روز × 1 مشتري = 4 ويزيت");
+  EXPECT_EQ(form.flxDate.Flex.rowTextColour(5), controls::palette::kHoliday);
+  EXPECT_EQ(form.flxDate.Flex.rowTextColour(6), 0U);
+  form.cmdNewsearch.Click();
+  EXPECT_EQ(form.lblCount.Caption(), "4 روز × 0 مشتري = 0 ويزيت");
+}
+
 TEST_F(FormAddBatchTest, Commit_ReturnsPickedDaysCustomersAndNotes) {
   outside.components.WillAnswer({Answer::kNo, Answer::kYes});
   const bool committed = Ask([](FormAddBatch& f) {

@@ -201,9 +201,16 @@ TEST_P(ConnectionContract, Results_haveTheirColumnsAndRows) {
   const std::string longest = text::Replace(std::string(128, '.'), ".", "ی");
   EXPECT_THAT(Execute("select ID as \"" + longest + "\" from $Value").Columns(),
               ElementsAre(longest));
-  for (const char* statement : {"insert into $Value(ID) values (1)", "update $Value set Code=2",
-                                "update $Value set Code=3 where ID=0", "delete from $Value"}) {
-    EXPECT_FALSE(Execute(statement).ReturnsRows()) << statement;
+  const std::pair<const char*, std::int64_t> changes[] = {
+      {"insert into $Value(ID) values (1), (2)", 2},
+      {"insert into $Value(ID) select ID from $Value where ID=3", 0},
+      {"update $Value set Code=2", 2},
+      {"update $Value set Code=3 where ID=0", 0},
+      {"delete from $Value", 2}};
+  for (const auto& [statement, affected] : changes) {
+    const RowSet none = Execute(statement);
+    EXPECT_FALSE(none.ReturnsRows()) << statement;
+    EXPECT_EQ(none.AffectedRows(), affected) << statement;
   }
   Execute("insert into $Row(Name) values ('n')");
   for (int i = 0; i < 10; ++i) Execute("insert into $Row(Name) select Name from $Row");

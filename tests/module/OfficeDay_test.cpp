@@ -41,7 +41,10 @@ class WatchedDay : public OfficeDay {
     Note(name + " - ", before, rows_);
     Note(name + " + ", rows_, before);
     if (name == "cmdAddBatch" && actions.rbegin()[1].name != name) {
-      Press(Editor().cmdAddBatch);  // every visit exists already
+      EXPECT_EQ(Editor().lblAdded.Caption(), "6 ويزيت افزوده شد.");
+      Press(Editor().cmdAddBatch);
+      EXPECT_EQ(Editor().lblAdded.Caption(),
+                "ويزيتي افزوده نشد؛ 6 ويزيت از پيش در برنامه بود.");
     }
   }
   void Use(controls::Form& form) override {

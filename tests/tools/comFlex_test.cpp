@@ -90,6 +90,21 @@ TEST_F(comFlexTest, Commands_onEveryRow_markAndRaiseForEachRowInOrder) {
   EXPECT_THAT(Yellow(), IsEmpty());
 }
 
+TEST_F(comFlexTest, SetMarks_ofSomeRows_marksThemInOneGoAndRaisesForEach) {
+  Fill({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  int painted = 0;
+  const controls::Subscription subscription =
+      list.getFlex().Subscribe([&](const controls::Change& change) {
+        if (change.aspect == controls::Aspect::kCells) ++painted;
+      });
+  list.SetMarks({1, 3}, true);
+  EXPECT_THAT(Yellow(), ElementsAre(1, 3));
+  EXPECT_EQ(painted, 1);
+  list.SetMarks({2, 3}, false);
+  EXPECT_THAT(Yellow(), ElementsAre(1));
+  EXPECT_THAT(Raised(), ElementsAre("+1", "+3", "-2", "-3"));
+}
+
 TEST_F(comFlexTest, IsSelected_yellowFromUserOrHost_isTrueAndTheRowBecomesCurrent) {
   Fill({{"a", "1"}, {"b", "2"}});
   controls::FlexGrid& grid = list.getFlex();

@@ -152,10 +152,21 @@ class Line {
     if (result == SQL_NO_DATA) result = SQL_SUCCESS;
     while (result != SQL_NO_DATA) {
       Check(statement, result);
-      if (!first.ReturnsRows() && !ReadRows(statement, first)) FailIn(statement);
+      if (!first.ReturnsRows()) {
+        NoteAffectedRows(statement, first);
+        if (!ReadRows(statement, first)) FailIn(statement);
+      }
       result = SQLMoreResults(statement.Get());
     }
     return first;
+  }
+
+  /// Drivers say -1 where they do not know, and of a result with rows.
+  static void NoteAffectedRows(const Statement& statement, platform::RowSet& rows) {
+    SQLLEN count = -1;
+    if (SQL_SUCCEEDED(SQLRowCount(statement.Get(), &count)) && count >= 0) {
+      rows.SetAffectedRows(count);
+    }
   }
 
   void Check(const Statement& statement, SQLRETURN result) {

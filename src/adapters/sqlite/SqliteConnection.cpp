@@ -105,7 +105,9 @@ platform::RowSet SqliteConnection::ExecuteOn(sqlite3* database, Catalog& catalog
   }
   left = platform::Cancelled::kTakenBack;
   Write(database, prepared.get(), translation.givesIdentity);
-  return {};
+  platform::RowSet none;
+  none.SetAffectedRows(sqlite3_changes64(database));
+  return none;
 }
 
 /// SQLite counts every inserted row as an identity; the server only those of an identity column,

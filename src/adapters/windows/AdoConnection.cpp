@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "adapters/windows/AdoErrors.h"
+#include "adapters/windows/AdoEvents.h"
 #include "adapters/windows/AdoRows.h"
 #include "adapters/windows/Wide.h"
 #include "platform/ResumeNext.h"
@@ -103,7 +104,8 @@ class AdoSession : public server::Session {
   AdoSession(const std::string& connectionString, std::chrono::seconds statementLimit,
              platform::RunningStatement& running)
       : statementLimit_(Seconds(statementLimit)),
-        connection_(Dispatch::Create("ADODB.Connection")) {
+        connection_(Dispatch::Create("ADODB.Connection")),
+        events_(connection_) {
     connection_.Put("ConnectionTimeout", Seconds(server::kLoginLimit));
     connection_.Put("CommandTimeout", statementLimit_);
     try {
@@ -131,6 +133,7 @@ class AdoSession : public server::Session {
   platform::RowSet Execute(std::string_view statement,
                            platform::RunningStatement& running) override {
     return Tell([&] {
+      events_.Forget();
       Dispatch recordset = Dispatch::Create("ADODB.Recordset");
       // Forward only and read only: any other cursor is opened through a procedure of the server,
       // in whose scope SCOPE_IDENTITY would be lost.
@@ -147,6 +150,7 @@ class AdoSession : public server::Session {
           throw server::Stopped("ADODB", false);
         }
       }
+      if (!first.ReturnsRows()) NoteAffectedRows(first);
       return first;
     });
   }
@@ -173,6 +177,17 @@ class AdoSession : public server::Session {
   }
 
  private:
+  /// The event may come a moment after the statement is said to be over.
+  void NoteAffectedRows(platform::RowSet& rows) {
+    constexpr std::chrono::milliseconds kMoment{50};
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point begun = Clock::now();
+    while (events_.Listening() && !events_.Heard() && Clock::now() - begun < kMoment) {
+      Pause(kMoment);
+    }
+    if (const auto affected = events_.AffectedRows()) rows.SetAffectedRows(*affected);
+  }
+
   /// Until `object` is no longer at the work that `state` stands for, and tells how it ended, if it
   /// was begun without waiting.
   void Await(const Dispatch& object, std::int32_t state, platform::RunningStatement& running) {
@@ -209,6 +224,7 @@ class AdoSession : public server::Session {
 
   std::int32_t statementLimit_;
   Dispatch connection_;
+  AdoEvents events_;
   bool leftAlone_ = false;
 };
 

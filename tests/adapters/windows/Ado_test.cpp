@@ -108,12 +108,15 @@ TEST_F(AdoTest, Statements_ConnectOnceOnFirstUseAndTellRowsFromNone) {
   ado.answers["select"] = {{{"ID"}, {}}};
   ado.answers["both"] = {{}, {{"ID"}, {{1}}}, {{"other"}, {{2}}}};
   EXPECT_FALSE(connection.Execute("update").ReturnsRows());
+  ado.affected = {{"insert", 15}, {"nobody counts", -1}};
+  EXPECT_EQ(connection.Execute("insert").AffectedRows(), 15);
+  EXPECT_EQ(connection.Execute("nobody counts").AffectedRows(), std::nullopt);
   const platform::RowSet none = connection.Execute("select");
   EXPECT_TRUE(none.ReturnsRows() && none.RowCount() == 0);
   EXPECT_EQ(connection.Execute("both").Text(0, 0), "1");
   EXPECT_THAT(ado.log, ElementsAre("ConnectionTimeout=15", "CommandTimeout=600",
-                                   std::string("connect ") + kString, "update", "select", "both",
-                                   "next", "next"));
+                                   std::string("connect ") + kString, "update", "insert",
+                                   "nobody counts", "select", "both", "next", "next"));
 }
 
 TEST_F(AdoTest, Failure_TellsTheServersNumberAndEveryTextOnce_AndLeavesTheSession) {

@@ -40,6 +40,14 @@ class StandIn : public ComObject<IDispatch> {
   using Other = std::function<Variant(const std::string& name, const Arguments& arguments)>;
   void OnOther(Other other) { other_ = std::move(other); }
 
+  /// Interfaces besides automation's: null for one that it has not.
+  std::function<IUnknown*(REFIID id)> other;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) noexcept override {
+    IUnknown* const found = other ? other(id) : nullptr;
+    return found != nullptr ? found->QueryInterface(id, object)
+                            : ComObject::QueryInterface(id, object);
+  }
   HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,

@@ -48,6 +48,53 @@ Variant RowsArray(const StandInAdo::Result& result) {
 
 }  // namespace
 
+/// The one place at which the connection's events can be heard, under the interface of ADO 2.8.
+class StandInAdo::Events : public ComObject<IConnectionPointContainer> {
+ public:
+  HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
+    if (id.Data1 != 0x00001400) return CONNECT_E_NOCONNECTION;
+    point_->AddRef();
+    *point = point_.Get();
+    return S_OK;
+  }
+  void Tell(std::int32_t rows) {
+    VARIANT arguments[6]{};
+    arguments[5].vt = VT_I4;
+    arguments[5].lVal = rows;
+    DISPPARAMS parameters{arguments, nullptr, 6, 0};
+    if (point_->sink) {
+      point_->sink->Invoke(5, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+    }
+  }
+
+ private:
+  struct Point : ComObject<IConnectionPoint> {
+    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+      return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Advise(IUnknown* given, DWORD* cookie) override {
+      *cookie = 1;
+      constexpr IID kEvents{
+          0x00001400, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+      return given->QueryInterface(kEvents, sink.OutVoid());
+    }
+    HRESULT STDMETHODCALLTYPE Unadvise(DWORD) override {
+      sink.Reset();
+      return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
+    ComPtr<IDispatch> sink;
+  };
+  ComPtr<Point> point_ = ComPtr<Point>::Adopt(new Point);
+};
+
+StandInAdo::StandInAdo() = default;
+StandInAdo::~StandInAdo() = default;
+
 bool StandInAdo::Arrive(const std::string& what, bool waitedFor) {
   log.push_back(what);
   if (failures.empty()) return true;
@@ -77,6 +124,10 @@ Variant StandInAdo::MakeConnection() {
   errors_.clear();  // those of the connection before
   const auto made = StandIn::Make();
   const auto work = std::make_shared<int>(0);
+  events_ = ComPtr<Events>::Adopt(new Events);
+  made->other = [events = events_](REFIID id) -> IUnknown* {
+    return id == __uuidof(IConnectionPointContainer) ? events.Get() : nullptr;
+  };
   made->OnOther([this](const std::string& property, const Arguments& value) -> Variant {
     log.push_back(property + value.at(0).Text());
     return {};
@@ -120,6 +171,8 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
     Require(open_, 3709, "The connection cannot be used to perform this operation.");
     const bool later = (a[4].Number() & 16) != 0;
     if (Arrive(a[0].Text(), !later)) *results = answers[a[0].Text()];
+    const auto rows = affected.find(a[0].Text());
+    if (rows != affected.end()) events_->Tell(rows->second);
     if (later) *work = slow;
   });
   LetWork(*made.Get(), work, 4, [=] { return isOpen() ? 1 : 0; });

@@ -15,6 +15,11 @@ namespace adapters::windows {
 /// members, argument orders, states and errors of the documented ones.
 class StandInAdo {
  public:
+  StandInAdo();
+  ~StandInAdo();
+  StandInAdo(const StandInAdo&) = delete;
+  StandInAdo& operator=(const StandInAdo&) = delete;
+
   struct Result {  // without columns: of a statement that returns no rows
     std::vector<std::string> columns;
     std::vector<std::vector<Variant>> rows;
@@ -28,6 +33,7 @@ class StandInAdo {
   };
 
   std::map<std::string, std::vector<Result>> answers;  // of statements; none: no rows
+  std::map<std::string, std::int32_t> affected;        // rows, which an event tells
   std::deque<std::vector<Error>> failures;             // of the next arrivals; empty: none
   std::vector<std::string> log;                        // what arrived
   std::int32_t returned = 0;                           // by a procedure
@@ -36,6 +42,7 @@ class StandInAdo {
   bool heedsCancel = true;
 
  private:
+  class Events;
   Variant MakeConnection();
   Variant MakeRecordset(std::vector<Result> results);
   Variant MakeCommand();
@@ -50,6 +57,7 @@ class StandInAdo {
 
   bool open_ = false;
   std::vector<Error> errors_;
+  ComPtr<Events> events_;
   Component connection_{"ADODB.Connection", [this] { return MakeConnection(); }};
   Component recordset_{"ADODB.Recordset", [this] { return MakeRecordset({}); }};
   Component command_{"ADODB.Command", [this] { return MakeCommand(); }};
