@@ -157,12 +157,14 @@ TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
   OnModalWindow([&](QWidget& window) {
     auto* const view = window.findChild<PaneView*>("view");
     ASSERT_NE(view, nullptr);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return Position(window).endsWith("از 40"); }, 20'000))
-        << ToUtf8(Position(window));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Position(window).endsWith("..."); }, 20'000))
+        << "the pages are never counted";
+    const QString count = Position(window).section(' ', -1);
+    EXPECT_GT(count.toInt(), 30);
     const QImage picture = view->viewport()->grab().toImage();
     EXPECT_GT(Ink(picture, picture.rect().adjusted(30, 30, -30, -30)), 1000);
     QTest::keyClick(view, Qt::Key_End);
-    EXPECT_EQ(Position(window), "صفحه 40 از 40");
+    EXPECT_EQ(ToUtf8(Position(window)), ToUtf8("صفحه " + count + " از " + count));
     QTest::keyClick(view, Qt::Key_Minus, Qt::ControlModifier);
     QTest::keyClick(view, Qt::Key_Escape);
   });
@@ -178,7 +180,7 @@ TEST_F(ReportsTest, Produce_QueryFails_ShowsItAndThrows) {
             }),
             207);
   EXPECT_THAT(*shown, HasSubstr("پرسش «\u202Av\u202C» قالب گزارش «\u202At.html\u202C» اجرا نشد."));
-  EXPECT_THAT(*shown, testing::ContainsRegex("t.html:3: query v: .* ندارد.*\n.*'Nothing'"));
+  EXPECT_THAT(*shown, testing::ContainsRegex("t.html:3: query v: .*'Nothing'"));
 }
 
 }  // namespace

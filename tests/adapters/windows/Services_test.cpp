@@ -33,13 +33,6 @@ namespace fs = std::filesystem;
 using platform::AutomationValue;
 using support::NumberOf;
 using testing::ElementsAre;
-using testing::HasSubstr;
-
-std::string Bytes(const fs::path& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 TEST(ComComponents, Members_TakeAndGiveValuesOfEveryKind) {
   std::vector<std::string> log;
