@@ -39,7 +39,7 @@ class Office {
           "FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence) Select Top " +
           std::to_string(kVisitsOfDay) + " " + std::to_string(kProgram) + ", 10, '1404/10/" +
           number + "', dbo.getEnglishDate('1404/10/" + number +
-          "'), ID, 'بررسي موجودي', ID From tblOrganization Order By ID");
+          "'), ID, 'بررسي موجودي', ID From tblOrganization Order By tblOrganization.ID");
     }
     QFile file(QStringLiteral(PROJECT_FOLDER "/demo/templates/program-by-day.html"));
     if (!file.open(QIODevice::ReadOnly)) throw std::runtime_error("no template");
