@@ -73,6 +73,7 @@ class Thing : public tour::Thing {
     AccessibleChildren(told_.Get(), 0, Count(), children.data(), &obtained);
     children.resize(static_cast<std::size_t>(obtained));
     for (const VARIANT& child : children) {
+      if (child.vt == VT_I4) things.push_back(std::make_unique<Thing>(told_, child.lVal));
       if (child.vt != VT_DISPATCH) continue;
       const auto object = ComPtr<IDispatch>::Adopt(child.pdispVal);
       HWND window = nullptr;

@@ -9,6 +9,8 @@ using controls::SheetText;
 
 namespace {
 
+constexpr int kThickestLine = 4;  // pixels
+
 Side SideOf(SheetText::Side side) {
   if (side == SheetText::Side::kCentre) return Side::kCentre;
   return side == SheetText::Side::kLeft ? Side::kLeft : Side::kRight;
@@ -29,9 +31,13 @@ void PaintSheet(const controls::Sheet& sheet, Surface& surface, Point origin, do
   const OnPaper paper(surface);
   for (const controls::SheetFill& fill : sheet.fills) {
     Rect place = OnDevice(fill.box, origin, scale);
-    // The thinnest line is still one.
-    place.right = std::max(place.right, place.left + 1);
-    place.bottom = std::max(place.bottom, place.top + 1);
+    // Lines of one thickness are so wherever they are, and the thinnest is still one.
+    const auto thick = [scale](double points, int edge, int other) {
+      const int pixels = std::max(1, static_cast<int>(std::lround(points * scale)));
+      return pixels <= kThickestLine ? edge + pixels : other;
+    };
+    place.right = thick(fill.box.Width(), place.left, place.right);
+    place.bottom = thick(fill.box.Height(), place.top, place.bottom);
     if (!place.Common(dirty).Empty()) surface.Fill(place, fill.colour);
   }
   for (const SheetText& text : sheet.texts) {

@@ -174,9 +174,10 @@ TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
   day.SetText("1404/01/01");
   Describing seen;
   for (controls::Control* control : form.Controls()) control->Accept(seen);
-  EXPECT_THAT(seen.lines, ElementsAre("frame: frame +", "inner: text -", "brother: label b",
-                                      "outer: text + hint", "ok: button Yes", "check: check Tick",
-                                      "day: 1404/01/01", "combo: combo", "grid: grid", "pages: pages"));
+  EXPECT_THAT(seen.lines,
+              ElementsAre("frame: frame +", "inner: text -", "brother: label b",
+                          "outer: text + hint", "ok: button Yes", "check: check Tick",
+                          "day: 1404/01/01", "combo: combo", "grid: grid", "pages: pages"));
   EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 

@@ -12,13 +12,15 @@
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
+#include "adapters/windows/PageLetters.h"
 #include "adapters/windows/ScriptingFileSystem.h"
 #include "adapters/windows/StandIn.h"
 #include "adapters/windows/Wide.h"
 #include "adapters/windows/WinReports.h"
+#include "adapters/windows/WinScreen.h"
 #include "contract/FileContract.h"
-#include "demo/SampleOffice.h"
 #include "support/ErrorNumber.h"
+#include "support/FakeProgress.h"
 
 std::unique_ptr<platform::FileSystem> contract::MakeFileSystem() {
   return std::make_unique<adapters::windows::ScriptingFileSystem>();
@@ -31,13 +33,6 @@ namespace fs = std::filesystem;
 using platform::AutomationValue;
 using support::NumberOf;
 using testing::ElementsAre;
-using testing::HasSubstr;
-
-std::string Bytes(const fs::path& path) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(path, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 TEST(ComComponents, Members_TakeAndGiveValuesOfEveryKind) {
   std::vector<std::string> log;
@@ -157,59 +152,24 @@ class ReportsTest : public testing::Test, platform::ConnectionFactory {
 
   const std::string folder = testing::TempDir();
   WinClock clock;
+  Theme theme;
+  ErrorGuard guard;
+  WinScreen screen{guard, clock, theme};
+  support::FakeProgress progress;
+  ScriptingFileSystem files;
   std::vector<std::string> log;
-  std::unique_ptr<WinReports> ofThisRun{new WinReports{
-      *this, clock, [this](const auto& failure) { log.push_back(failure.Description()); },
-      [this](const std::string& path, platform::ReportOutput output) {
-        log.push_back(path + (output == platform::ReportOutput::kScreen ? " 1" : " 0"));
-      }}};
-  WinReports& reports = *ofThisRun;
+  WinReports reports{*this, files, clock, guard, theme, screen, progress};
 };
 
-TEST_F(ReportsTest, Template_BecomesOneWholePageFromRightToLeft) {
-  demo::SampleOptions options;
-  options.customers = 50;
-  options.today = clock.Today();
-  std::remove((folder + "office.db").c_str());
-  demo::CreateSampleOffice(folder + "office.db", options);
-  std::ofstream(fs::path(Wide(folder + "قالب.html")), std::ios::binary)
-      << "<!--report\ntitle: برنامه <{{#p}}{{ID}}{{/p}}>\nheader: H\npage: landscape\ndigits: "
-         "persian\nquery p: Select ID From tblDistributionPromoterProgram Where ID = {fmlID}\n-->"
-         "<html><HEAD><style>td { color: red }</style></HEAD><body class=\"x\">{{#p}}<p>{{ID}}</p>"
-         "{{/p}}</body></html>";
-  auto engine = reports.Create();
-  engine->LoadReportFile(folder + "قالب.html");
-  engine->SetConnectionString("sqlite:" + folder + "office.db");
-  engine->SetSelectionFormula(1, "fmlID = 1");
-  engine->Produce(platform::ReportOutput::kScreen);
-  ASSERT_EQ(log.size(), 1U);
-  const fs::path preview = Wide(log[0].substr(0, log[0].size() - 2));
-  const fs::path leftover = preview.parent_path() / "report-1.html";
-  std::ofstream(leftover) << "of a program that crashed";
-  engine->Produce(platform::ReportOutput::kPrinter);
-  ASSERT_EQ(log.size(), 2U);
-  EXPECT_FALSE(fs::exists(leftover));
-  EXPECT_NE(log[0].substr(0, log[0].size() - 2), log[1].substr(0, log[1].size() - 2));
-  EXPECT_THAT(log[1], testing::EndsWith(".html 0"));
-  const std::string page = Bytes(preview);
-  EXPECT_THAT(page, testing::StartsWith("<!DOCTYPE html>\n<html dir=\"rtl\""));
-  for (const char* part : {"charset=\"utf-8\"", "<title>برنامه &lt;۱&gt;</title>", "A4 landscape",
-                           "td { color: red }", "<body class=\"x\">", "<p>۱</p>", "<span>H</span>",
-                           "تاريخ چاپ: ۱۴", "counter(page, persian)"}) {
-    EXPECT_THAT(page, HasSubstr(part));
-  }
-  for (const char* once : {"<html", "<head>", "<body", "</body>", "</html>"}) {
-    EXPECT_EQ(page.find(once), page.rfind(once)) << once;
-  }
-
-  engine->SetConnectionString("sqlite:" + folder + "none.db");
-  EXPECT_NE(NumberOf([&] { engine->Produce(platform::ReportOutput::kScreen); }), 0);
-  EXPECT_EQ(log.size(), 3U) << "a failure is shown";
-  EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(folder + "none.html"); }), 53);
-
-  engine.reset();
-  ofThisRun.reset();
-  EXPECT_FALSE(fs::exists(preview)) << "it holds customers' data";
+TEST_F(ReportsTest, Letters_AreAsWideAtEverySize) {
+  const PageLetters letters;
+  const double width = letters.Width("برنامه بازارياب", {10, false});
+  EXPECT_GT(width, 40);
+  EXPECT_LT(width, 120);
+  EXPECT_DOUBLE_EQ(letters.Width("برنامه بازارياب", {20, false}), 2 * width);
+  EXPECT_GT(letters.Width("برنامه بازارياب", {10, true}), width);
+  EXPECT_EQ(letters.Width("", {10, false}), 0);
+  EXPECT_NEAR(letters.LineHeight({10, false}), 12, 2);
 }
 
 TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
