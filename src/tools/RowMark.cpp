@@ -26,6 +26,12 @@ bool IsRowMarked(controls::FlexGrid& grid, int row, int col) {
   return grid.CellBackColor() == controls::palette::kMark;
 }
 
+bool IsMarked(const controls::FlexGrid& grid, int row) {
+  const int col = grid.FixedCols();
+  return row >= grid.FixedRows() && row < grid.Rows() && col < grid.Cols() &&
+         grid.EffectiveBackColor(row, col) == controls::palette::kMark;
+}
+
 bool SortByHeader(controls::FlexGrid& grid, std::int32_t& lastSort) {
   const int col = grid.MouseCol();
   if (grid.MouseRow() != 0 || col < 0 || col > grid.Cols() - 1 || grid.Rows() < 2) return false;

@@ -17,6 +17,10 @@ void PaintRow(controls::FlexGrid& grid, int row, int firstCol, controls::Colour 
 /// Throws 30009 or 30010 where the grid has no such cell.
 bool IsRowMarked(controls::FlexGrid& grid, int row, int col);
 
+/// Whether a data row is marked, its first cell that is not fixed being yellow; false for any other
+/// row. Moves nothing.
+bool IsMarked(const controls::FlexGrid& grid, int row);
+
 /// Sorts by the header cell under the mouse, that column and all to its right as keys, the
 /// direction turned over by every call through `lastSort` (7 ascending, 8 descending, 0 before the
 /// first). Marks move with their rows. Leaves the current block from the first non-fixed column to
