@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <ctime>
 #include <memory>
 #include <random>
 #include <stdexcept>
@@ -15,6 +16,7 @@
 
 #include "controls/FlexGrid.h"
 #include "platform/RowSet.h"
+#include "screens/GridFind.h"
 #include "screens/GridPane.h"
 
 namespace {
@@ -294,6 +296,26 @@ void LookUpInVain(benchmark::State& state) {
   }
 }
 
+// A text that no cell holds, typed into the line above: every cell is folded, in slices.
+void FindInVain(benchmark::State& state) {
+  LoneContainer container;
+  FlexGrid grid(container, "flx");
+  FillByRows(grid);
+  screens::GridFind find;
+  double longest = 0;
+  while (state.KeepRunning()) {
+    find.Begin(grid, "ژ", 1);
+    while (find.Reading()) {
+      // On this process's processor, as the other figures.
+      const std::clock_t begin = std::clock();
+      find.ReadOn(grid);
+      const double slice = static_cast<double>(std::clock() - begin) * 1000 / CLOCKS_PER_SEC;
+      longest = std::max(longest, slice);
+    }
+  }
+  state.counters["longestSliceMs"] = longest;
+}
+
 BENCHMARK(ReadIntoStrings)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Fill, byRows, FillByRows)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Fill, byBind, FillByBind)->Unit(benchmark::kMillisecond);
@@ -304,6 +326,7 @@ BENCHMARK(SortNamesAsBytes)->Unit(benchmark::kMillisecond);
 BENCHMARK(ReadAllCells)->Unit(benchmark::kMillisecond);
 BENCHMARK(PaintAPage)->Unit(benchmark::kMillisecond);
 BENCHMARK(LookUpInVain)->Unit(benchmark::kMillisecond);
+BENCHMARK(FindInVain)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

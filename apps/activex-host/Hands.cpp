@@ -85,7 +85,8 @@ constexpr std::pair<Key, WPARAM> kKeys[] = {
     {Key::kSpace, VK_SPACE}, {Key::kEnter, VK_RETURN}, {Key::kEscape, VK_ESCAPE},
     {Key::kUp, VK_UP},       {Key::kDown, VK_DOWN},    {Key::kLeft, VK_LEFT},
     {Key::kHome, VK_HOME},   {Key::kEnd, VK_END},      {Key::kTab, VK_TAB},
-    {Key::kF4, VK_F4},       {Key::kF6, VK_F6},        {Key::kC, 'C'}};
+    {Key::kF4, VK_F4},       {Key::kF6, VK_F6},        {Key::kC, 'C'},
+    {Key::kF, 'F'},          {Key::kY, 'Y'},           {Key::kZ, 'Z'}};
 
 WPARAM VirtualKey(Key key) {
   const auto* const found = std::ranges::find(kKeys, key, &std::pair<Key, WPARAM>::first);

@@ -68,7 +68,8 @@ constexpr std::pair<Key, Qt::Key> kKeys[] = {
     {Key::kSpace, Qt::Key_Space}, {Key::kEnter, Qt::Key_Return}, {Key::kEscape, Qt::Key_Escape},
     {Key::kUp, Qt::Key_Up},       {Key::kDown, Qt::Key_Down},    {Key::kLeft, Qt::Key_Left},
     {Key::kHome, Qt::Key_Home},   {Key::kEnd, Qt::Key_End},      {Key::kTab, Qt::Key_Tab},
-    {Key::kF4, Qt::Key_F4},       {Key::kF6, Qt::Key_F6},        {Key::kC, Qt::Key_C}};
+    {Key::kF4, Qt::Key_F4},       {Key::kF6, Qt::Key_F6},        {Key::kC, Qt::Key_C},
+    {Key::kF, Qt::Key_F},         {Key::kY, Qt::Key_Y},          {Key::kZ, Qt::Key_Z}};
 
 Qt::Key QtKey(const screens::KeyEvent& stroke) {
   if (stroke.key == Key::kText) {

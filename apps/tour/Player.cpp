@@ -137,6 +137,12 @@ std::string Player::CellText(const std::string& list, int row, int column) {
   return cell->Tell().value;
 }
 
+bool Player::IsMarked(const std::string& list, int row) {
+  const ThingPtr cell = Find(Kind::kList, list)->Cell(row, 0);
+  if (!cell) throw Failure("expected more rows in " + Quoted(list));
+  return cell->Tell().selected;
+}
+
 void Player::ClickAt(Point place) {
   hands_.Point(Hands::Mouse::kMove, place);
   hands_.Point(Hands::Mouse::kPress, place);
@@ -180,6 +186,10 @@ void Player::Type(const std::string& field, const std::string& text) {
   Go(field);
   Press(Key::kHome);
   Press(Key::kEnd, 1, {.shift = true});
+  Write(text);
+}
+
+void Player::Write(const std::string& text) {
   for (const std::string& letter : Letters(text)) {
     hands_.Press({letter == " " ? Key::kSpace : Key::kText, {}, letter});
   }

@@ -27,6 +27,7 @@ class Player {
   int Rows(const std::string& list);
   /// Rows begin at 1 below the headings, columns at 0, the first that is shown.
   std::string CellText(const std::string& list, int row, int column);
+  bool IsMarked(const std::string& list, int row);
   std::string Clipboard() { return hands_.Clipboard(); }
   bool UsesOtherPrograms() const { return hands_.UsesOtherPrograms(); }
 
@@ -37,6 +38,8 @@ class Player {
   /// Writes over what the field holds.
   void Type(const std::string& field, const std::string& text);
   void Press(screens::Key key, int times = 1, screens::Modifiers held = {});
+  /// Writes wherever the keyboard is.
+  void Write(const std::string& text);
   /// Drops a field's list or month page down.
   void Open(const std::string& field);
   /// Picks from a field's list, and opens it where it is not open: a desktop that brings a window

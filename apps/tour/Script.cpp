@@ -121,6 +121,21 @@ void AddVisitSteps(Script& script, Player& player) {
     player.ClickCell(kVisits, 2, 1);
     player.Picture("editor-visits");
   });
+  script.Add("A mark is taken back and set again", [&player] {
+    player.Press(Key::kZ, 1, {.control = true});
+    Expect(!player.IsMarked(kVisits, 2), "no mark in the second row");
+    player.Press(Key::kY, 1, {.control = true});
+    Expect(player.IsMarked(kVisits, 2), "the mark again");
+  });
+  script.Add("A day is found in the list", [&player] {
+    const std::string day = player.CellText(kVisits, 3, 2);
+    player.Press(Key::kF, 1, {.control = true});
+    player.Write(day);
+    player.Picture("editor-find");
+    player.Press(Key::kEscape);
+    player.Press(Key::kC, 1, {.control = true});
+    Expect(player.Clipboard() == day, "the keyboard on the day that was found");
+  });
   script.Add("Dragging frames a block, which can be copied", [&player] {
     player.DragRows(kVisits, 1, 2, 1);
     player.Picture("editor-frame");

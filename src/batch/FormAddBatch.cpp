@@ -137,8 +137,8 @@ void FormAddBatch::FormResize() {
 }
 
 void FormAddBatch::ShowCount() {
-  const std::int64_t days = tools::MarkedRows(flxDate.Flex, flxDate.Flex.FixedCols());
-  const std::int64_t customers = tools::MarkedRows(flxCustomer.Flex, flxCustomer.Flex.FixedCols());
+  const std::int64_t days = tools::MarkedRows(flxDate.Flex);
+  const std::int64_t customers = tools::MarkedRows(flxCustomer.Flex);
   lblCount.SetCaption(std::to_string(days) + " روز × " + std::to_string(customers) +
                       " مشتري = " + std::to_string(days * customers) + " ويزيت");
 }

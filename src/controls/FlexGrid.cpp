@@ -42,7 +42,7 @@ void FlexGrid::SetRows(int rows) {
   if (rows < 0) ThrowInvalidProperty();
   if (rows == Rows()) return;
   store_.SetRows(rows);
-  pending_.rows = true;
+  RowsChanged();
   if (fixedRows_ > rows) {
     fixedRows_ = rows;
     pending_.columns = true;
@@ -58,7 +58,8 @@ void FlexGrid::SetCols(int cols) {
   columns_.resize(static_cast<std::size_t>(cols));
   fixedCols_ = std::min(fixedCols_, cols);
   if (stretchCol_ >= cols) stretchCol_ = -1;
-  pending_.columns = pending_.rows = true;
+  pending_.columns = true;
+  RowsChanged();
   KeepSelectionInside();
   Publish();
 }
@@ -236,6 +237,12 @@ void FlexGrid::CellsChanged(int firstRow, int lastRow) {
   Publish();
 }
 
+/// Not merely in another order.
+void FlexGrid::RowsChanged() {
+  ++rowsEdition_;
+  pending_.rows = true;
+}
+
 void FlexGrid::Publish() {
   if (!redraw_) return;
   Pending changes = std::exchange(pending_, {});
@@ -262,7 +269,7 @@ void FlexGrid::Sort(int order) {
 
 void FlexGrid::AddItem(std::string_view text) {
   store_.InsertRow(Rows(), text);
-  pending_.rows = true;
+  RowsChanged();
   Publish();
 }
 
@@ -270,7 +277,7 @@ void FlexGrid::AddItem(std::string_view text, int index) {
   if (index < 0 || index > Rows()) Throw(30002, "Grid does not contain that row");
   if (index < fixedRows_) Throw(30001, "Cannot use AddItem on a fixed row");
   store_.InsertRow(index, text);
-  pending_.rows = true;
+  RowsChanged();
   Publish();
 }
 
@@ -279,7 +286,7 @@ void FlexGrid::RemoveItem(int row) {
   if (row < fixedRows_) Throw(30000, "Cannot do a RemoveItem on a fixed row");
   if (Rows() - fixedRows_ == 1) Throw(30015, "Cannot remove last non-fixed row");
   store_.RemoveRow(row);
-  pending_.rows = true;
+  RowsChanged();
   KeepSelectionInside();
   Publish();
 }
@@ -300,7 +307,8 @@ void FlexGrid::Bind(platform::RowSet rows) {
   row_ = rowSel_ = fixedRows_;
   col_ = colSel_ = fixedCols_;
   KeepSelectionInside();
-  pending_.columns = pending_.rows = pending_.selection = true;
+  pending_.columns = pending_.selection = true;
+  RowsChanged();
   Publish();
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "controls/Control.h"
@@ -140,6 +141,20 @@ class FlexGrid : public Control {
     Button* none = nullptr;
   };
   MarkButtons marking;
+  /// How a screen takes changes of marks back, a gesture of the user's at a time.
+  class MarkSteps {
+   public:
+    virtual ~MarkSteps() = default;
+    /// What is marked between the two is one gesture. May be nested: the outermost counts.
+    virtual void Begin() = 0;
+    virtual void End() = 0;
+    /// Takes the last gesture back, or does it again. Says which rows have changed by it: the first
+    /// and the last of them, none where the last is before the first.
+    virtual std::pair<int, int> Undo() = 0;
+    virtual std::pair<int, int> Redo() = 0;
+  };
+  /// Null where marks are not taken back; lives as long as the buttons.
+  MarkSteps* markSteps = nullptr;
 
   // For the screen. All of it does nothing while the grid is disabled.
 
@@ -171,6 +186,11 @@ class FlexGrid : public Control {
   /// tab or a line break within a text becomes a blank.
   std::string BlockText() const;
 
+  /// Names a row wherever sorting moves it, as long as RowsEdition() stays what it is.
+  std::uint32_t RowName(int row) const { return store_.RowId(row); }
+  /// Another number once rows or columns were added, removed or bound anew.
+  std::uint64_t RowsEdition() const { return rowsEdition_; }
+
   /// Bytes held by texts and bookkeeping.
   std::size_t MemoryBytes() const;
 
@@ -200,12 +220,14 @@ class FlexGrid : public Control {
   void Select(int row, int col, int rowSel, int colSel);
   void KeepSelectionInside();
   void CellsChanged(int firstRow, int lastRow);
+  void RowsChanged();
   void Publish();
   int VisibleCol(int from, int step, int otherwise) const;
 
   FlexGridStore store_{2, 2};
   std::vector<Column> columns_{2};
   Pending pending_;
+  std::uint64_t rowsEdition_ = 0;
   int fixedRows_ = 1;
   int fixedCols_ = 1;
   int row_ = 1;

@@ -28,6 +28,9 @@ class FlexGridStore {
   void SetRows(int rows);
   void SetCols(int cols);
 
+  /// Stays the row's in Reorder; any other change of rows or columns may give it to another one.
+  std::uint32_t RowId(int row) const { return order_[static_cast<std::size_t>(row)]; }
+
   std::string_view Text(int row, int col) const { return texts_.Text(CellAt(row, col)); }
   /// `text` may be a view of this store's own texts. Tells whether the text is another one.
   bool SetText(int row, int col, std::string_view text);

@@ -35,24 +35,19 @@ bool FormMain::IsRowMarked(int row) {
   return tools::IsRowMarked(flxDetail, row, kFirstMarkedCol);
 }
 
-void FormMain::MarkRow(int row) {
-  tools::PaintRow(flxDetail, row, kFirstMarkedCol, controls::palette::kMark);
-}
-
-void FormMain::UnmarkRow(int row) {
-  tools::PaintRow(flxDetail, row, kFirstMarkedCol, flxDetail.BackColor());
+void FormMain::MarkRow(int row, bool marked) {
+  marks_.Note(row, marked);
+  tools::PaintRow(flxDetail, row, kFirstMarkedCol,
+                  marked ? controls::palette::kMark : flxDetail.BackColor());
 }
 
 void FormMain::MarkRows(Marking marking) {
   const tools::BusyGrid busy(module_, flxDetail);
+  const tools::MarkGesture gesture(marks_);
   for (int row = 1; row < flxDetail.Rows(); ++row) {
     const bool mark =
         marking == Marking::kAll || (marking == Marking::kInverse && !IsRowMarked(row));
-    if (mark) {
-      MarkRow(row);
-    } else {
-      UnmarkRow(row);
-    }
+    MarkRow(row, mark);
   }
 }
 
@@ -61,11 +56,7 @@ void FormMain::DetailMouseDown() {
   if (row < 1 || row > flxDetail.Rows() - 1) return;
   if (!cmdAddBatch.Enabled()) return;
   const tools::RedrawOff redrawOff(flxDetail);
-  if (IsRowMarked(row)) {
-    UnmarkRow(row);
-  } else {
-    MarkRow(row);
-  }
+  MarkRow(row, !IsRowMarked(row));
 }
 
 void FormMain::DetailClick() {

@@ -8,7 +8,10 @@ FormMain::FormMain(host::modMain& module)
       sltSupervisor(frameHeader, "sltSupervisor", module),
       sltBranch(frameHeader, "sltBranch", module),
       module_(module),
-      resizeRules_(4000, 4000) {
+      resizeRules_(4000, 4000),
+      marks_(
+          module, flxDetail, [this](int row, bool marked) { MarkRow(row, marked); },
+          [this] { return cmdAddBatch.Enabled(); }) {
   PlaceControls();
 
   cmdNew.onClick = [this] { NewClick(); };
@@ -30,6 +33,7 @@ FormMain::FormMain(host::modMain& module)
   flxDetail.onClick = [this] { DetailClick(); };
   flxDetail.onDblClick = [this] { DetailDblClick(); };
   flxDetail.marking = {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone};
+  flxDetail.markSteps = &marks_;
 }
 
 namespace {

@@ -16,6 +16,7 @@
 #include "host/modMain.h"
 #include "search/FormSearch.h"
 #include "tools/FormPrint.h"
+#include "tools/MarkHistory.h"
 #include "tools/ResizeRules.h"
 
 namespace editor {
@@ -156,8 +157,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   // DetailGrid.cpp
   enum class Marking { kAll, kNone, kInverse };
   bool IsRowMarked(int row);
-  void MarkRow(int row);
-  void UnmarkRow(int row);
+  void MarkRow(int row, bool marked);
   void MarkRows(Marking marking);
   void DetailMouseDown();
   void DetailClick();
@@ -171,6 +171,7 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   std::unique_ptr<tools::FormPrint> printForm_;
   std::string installDirectory_;
   Mode mode_ = Mode::kEmpty;
+  tools::MarkHistory marks_;
   std::int32_t lastSort_ = 0;
 };
 

@@ -1,5 +1,6 @@
 // What a screen reader is told of the grid. Its parts are all cells of the columns that are shown,
-// row by row from the headings on; none of them is kept, so that long lists cost nothing.
+// row by row from the headings on; none of them is kept, so that long lists cost nothing. Behind
+// them comes the line in which a text is looked for, while it is open.
 
 #include <algorithm>
 #include <string>
@@ -20,8 +21,12 @@ std::vector<int> GridPane::ShownCols() const {
   return shown;
 }
 
-int GridPane::PartCount() const {
+int GridPane::CellParts() const {
   return grid_ == nullptr ? 0 : grid_->Rows() * static_cast<int>(ShownCols().size());
+}
+
+int GridPane::PartCount() const {
+  return CellParts() + (grid_ != nullptr && line_.IsOpen() ? FindLine::kParts : 0);
 }
 
 int GridPane::PartOf(GridGeometry::Cell cell) const {
@@ -45,6 +50,7 @@ GridGeometry::Cell GridPane::FocusedCell() const {
 }
 
 int GridPane::FocusedPart() const {
+  if (grid_ != nullptr && line_.IsOpen()) return CellParts() + FindLine::kFieldPart;
   if (grid_ == nullptr || grid_->Cols() == 0) return -1;
   const GridGeometry::Cell cell = FocusedCell();
   return IsDataRow(cell.row) ? PartOf(cell) : -1;
@@ -73,7 +79,15 @@ Accessible GridPane::Describe() const {
   return told;
 }
 
+Accessible GridPane::DescribeField() const {
+  return line_.DescribePart(FindLine::kFieldPart, Describe().name, focused_);
+}
+
 Accessible GridPane::DescribePart(int part) const {
+  const int inLine = part - CellParts();
+  if (inLine >= 0 && part < PartCount()) {
+    return line_.DescribePart(inLine, Describe().name, focused_);
+  }
   const auto cell = grid_ == nullptr ? std::nullopt : CellOf(part);
   if (!cell) return {};
   const auto [row, col] = *cell;
@@ -101,6 +115,7 @@ Accessible GridPane::DescribePart(int part) const {
 
 int GridPane::PartAt(Point place) const {
   if (grid_ == nullptr || !Rect{0, 0, size_.width, size_.height}.Contains(place)) return -1;
+  if (line_.Contains(place)) return CellParts() + line_.PartAt(place);
   return PartOf(geometry_.CellAt(place));
 }
 
@@ -113,6 +128,10 @@ std::string GridPane::ActionOn(int row) const {
 }
 
 void GridPane::Act(int part) {
+  if (part >= CellParts() && part < PartCount()) {
+    if (host_.Enabled()) line_.Act(part - CellParts());
+    return;
+  }
   const auto cell = grid_ == nullptr ? std::nullopt : CellOf(part);
   if (!cell || !host_.Enabled()) return;
   host_.TakeFocus();

@@ -20,7 +20,8 @@ void GridGeometry::MeasureColumns(Size view, const Scale& scale) {
   }
 }
 
-void GridGeometry::MeasureRows(int rowHeight, int headingHeight) {
+void GridGeometry::MeasureRows(int rowHeight, int headingHeight, int top) {
+  top_ = top;
   rowHeight_ = rowHeight;
   headingHeight_ = headingHeight;
   KeepInside();
@@ -45,13 +46,13 @@ int GridGeometry::FixedWidth() const {
   return fixed > 0 ? columns_[static_cast<std::size_t>(fixed) - 1].end : 0;
 }
 
-int GridGeometry::FixedHeight() const {
+int GridGeometry::FixedBottom() const {
   const int fixed = grid_.FixedRows();
-  return fixed == 0 ? 0 : headingHeight_ + (fixed - 1) * rowHeight_;
+  return top_ + (fixed == 0 ? 0 : headingHeight_ + (fixed - 1) * rowHeight_);
 }
 
 int GridGeometry::PageRows() const {
-  return std::max(1, (Height() - FixedHeight()) / rowHeight_);
+  return std::max(1, (Height() - FixedBottom()) / rowHeight_);
 }
 
 int GridGeometry::MostRowsAbove() const {
@@ -87,8 +88,8 @@ bool GridGeometry::Reveal(int row, int col) {
 
 int GridGeometry::RowTop(int row) const {
   const int fixed = grid_.FixedRows();
-  if (row >= fixed) return FixedHeight() + (row - fixed - above_) * rowHeight_;
-  return row <= 0 ? 0 : headingHeight_ + (row - 1) * rowHeight_;
+  if (row >= fixed) return FixedBottom() + (row - fixed - above_) * rowHeight_;
+  return row <= 0 ? top_ : top_ + headingHeight_ + (row - 1) * rowHeight_;
 }
 
 int GridGeometry::LastRowInSight() const {
@@ -115,7 +116,7 @@ std::vector<int> GridGeometry::ColumnsInSight(bool fixed) const {
 }
 
 Rect GridGeometry::Room(bool fixedCols, bool withFixedRows) const {
-  return {0, withFixedRows ? 0 : FixedHeight(), Width() - (fixedCols ? 0 : FixedWidth()),
+  return {0, withFixedRows ? top_ : FixedBottom(), Width() - (fixedCols ? 0 : FixedWidth()),
           std::min(Height(), RowsBottom())};
 }
 
@@ -130,7 +131,7 @@ Rect GridGeometry::CellPlace(int row, int col) const {
 
 GridGeometry::Cell GridGeometry::CellAt(Point place) const {
   const int fixedRows = grid_.FixedRows();
-  const int below = std::max(0, place.y) - FixedHeight();
+  const int below = std::max(0, place.y) - FixedBottom();
   int row = below >= 0 ? fixedRows + above_ + below / rowHeight_
                        : std::max(0, fixedRows - 1 - (-below - 1) / rowHeight_);
   row = place.y >= RowsBottom() ? grid_.Rows() : std::min(row, grid_.Rows());
@@ -144,7 +145,7 @@ GridGeometry::Cell GridGeometry::CellAt(Point place) const {
 }
 
 std::optional<int> GridGeometry::BorderAt(Point place, int reach) const {
-  if (place.y < 0 || place.y >= FixedHeight()) return std::nullopt;
+  if (place.y < top_ || place.y >= FixedBottom()) return std::nullopt;
   for (const bool fixed : {true, false}) {
     for (const int col : ColumnsInSight(fixed)) {
       if (std::abs(place.x - ColumnPlace(col).left) <= reach) return col;

@@ -12,7 +12,8 @@ namespace screens {
 /// Where the cells of a grid lie in its pane: from right to left, column 0 at the right edge, fixed
 /// rows and columns in place, the others scrolled by whole rows and, across, by pixels. Only rows
 /// that the pane has room for as a whole are in sight, but at least one. The first row, where it is
-/// fixed, may be higher: its headings have as many lines as they need.
+/// fixed, may be higher: its headings have as many lines as they need. Above them all may be room
+/// for something else.
 ///
 /// The widths of the columns are taken by Measure; rows and counts are asked of the grid each time,
 /// so that nothing of a grid is asked for that it has not got any more.
@@ -29,8 +30,8 @@ class GridGeometry {
   /// Takes the pane's size and the columns' widths; the stretched column takes the room that is
   /// left. MeasureRows follows.
   void MeasureColumns(Size view, const Scale& scale);
-  /// Scrolls back as far as there is nothing to show.
-  void MeasureRows(int rowHeight, int headingHeight);
+  /// Scrolls back as far as there is nothing to show. The rows begin at `top`.
+  void MeasureRows(int rowHeight, int headingHeight, int top = 0);
   /// Scrolls back where the rows became fewer.
   void KeepInside();
 
@@ -41,7 +42,9 @@ class GridGeometry {
   int Width() const { return view_.width; }
   int Height() const { return view_.height; }
   int FixedWidth() const;
-  int FixedHeight() const;
+  int Top() const { return top_; }
+  /// Where the fixed rows end.
+  int FixedBottom() const;
   int ColumnWidth(int col) const;
   /// Width of all columns together.
   int ColumnsWidth() const { return columns_.empty() ? 0 : columns_.back().end; }
@@ -60,7 +63,7 @@ class GridGeometry {
 
   int LastRowInSight() const;
   /// Where the room of the rows ends; what is left below shows nothing.
-  int RowsBottom() const { return FixedHeight() + PageRows() * rowHeight_; }
+  int RowsBottom() const { return FixedBottom() + PageRows() * rowHeight_; }
   int RowTop(int row) const;
   /// Left and right edge of a column over the whole height.
   Rect ColumnPlace(int col) const;
@@ -93,6 +96,7 @@ class GridGeometry {
   Size view_;
   int rowHeight_ = 19;
   int headingHeight_ = 19;
+  int top_ = 0;
   int above_ = 0;
   int across_ = 0;
 };

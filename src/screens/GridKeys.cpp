@@ -48,6 +48,23 @@ void DropLetter(std::string& utf8) {
   if (!utf8.empty()) utf8.pop_back();
 }
 
+/// Makes what is marked while it lives one step to take back, also where the pane is left by its
+/// grid meanwhile.
+class Gesture {
+ public:
+  explicit Gesture(FlexGrid::MarkSteps* steps) : steps_(steps) {
+    if (steps_ != nullptr) steps_->Begin();
+  }
+  ~Gesture() {
+    if (steps_ != nullptr) steps_->End();
+  }
+  Gesture(const Gesture&) = delete;
+  Gesture& operator=(const Gesture&) = delete;
+
+ private:
+  FlexGrid::MarkSteps* steps_;
+};
+
 /// Gives the grid back its block, with the drawing off meanwhile.
 class BlockKept {
  public:
@@ -85,20 +102,16 @@ class BlockKept {
 
 bool GridPane::PressKey(const KeyEvent& event) {
   if (grid_ == nullptr || event.modifiers.alt) return false;
+  if (line_.IsOpen()) return PressKeyInFind(event);
   if (Walk(event)) return true;
-  const bool shift = event.modifiers.shift;
-  if (event.modifiers.control) {
-    if (event.key != Key::kC && event.key != Key::kInsert) return PressMarkButton(event.key);
-    host_.CopyToClipboard(grid_->BlockText());
-    return true;
-  }
+  if (event.modifiers.control) return PressWithControl(event);
   switch (event.key) {
     case Key::kEnter:
       return Open();
     case Key::kF6:
       return SortByCurrentColumn();
     case Key::kSpace:
-      if (grid_->onMouseDown) return MarkRows(shift);
+      if (grid_->onMouseDown) return MarkRows(event.modifiers.shift);
       return LookUp((typing_ ? sought_ : "") + " ", false);
     case Key::kText:
       return LookUp((typing_ ? sought_ : "") + event.text, false);
@@ -121,6 +134,41 @@ bool GridPane::Walk(const KeyEvent& event) {
   EndLookUp();
   grid_->PressKey(*key, event.modifiers.shift, geometry_.PageRows());
   Reveal(grid_->RowSel(), grid_->ColSel());
+  return true;
+}
+
+bool GridPane::PressWithControl(const KeyEvent& event) {
+  switch (event.key) {
+    case Key::kC:
+    case Key::kInsert:
+      host_.CopyToClipboard(grid_->BlockText());
+      return true;
+    case Key::kF:
+      return OpenFind();
+    case Key::kZ:
+      return ChangeMarksBack(event.modifiers.shift);
+    case Key::kY:
+      return ChangeMarksBack(true);
+    default:
+      return PressMarkButton(event.key);
+  }
+}
+
+/// The last gesture's marks, or with `again` those that were taken back.
+bool GridPane::ChangeMarksBack(bool again) {
+  FlexGrid::MarkSteps* const steps = grid_->markSteps;
+  if (steps == nullptr) return false;
+  EndLookUp();
+  std::pair<int, int> changed;
+  {
+    const BlockKept kept(grid_);
+    changed = again ? steps->Redo() : steps->Undo();
+  }
+  if (grid_ == nullptr || changed.second < changed.first) return true;
+  // Seen by whoever did it.
+  const auto [first, last] = changed;
+  const bool above = last < grid_->FixedRows() + geometry_.RowsAbove();
+  if (above || first > geometry_.LastRowInSight()) Reveal(first, -1);
   return true;
 }
 
@@ -148,6 +196,7 @@ bool GridPane::MarkRows(bool block) {
   bool allMarked = true;
   for (int row = first; row <= last && allMarked; ++row) allMarked = IsMarked(row);
   const BlockKept kept(grid_);
+  const Gesture gesture(grid_->markSteps);
   for (int row = first; grid_ != nullptr && row <= last && row < grid_->Rows(); ++row) {
     if (IsMarked(row) != allMarked) continue;
     grid_->MouseDown(row, grid_->FixedCols(), static_cast<int>(MouseButton::kLeft), 0);

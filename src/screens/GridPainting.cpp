@@ -58,6 +58,7 @@ void GridPane::Paint(Surface& surface, const Rect& dirty) const {
   if (grid_->Rows() <= grid_->FixedRows()) PaintEmptyText(surface);
   if (focused_) PaintBlockFrame(surface);
   if (typing_) PaintLookUp(surface);
+  if (line_.IsOpen()) line_.Paint(surface, focused_);
 }
 
 void GridPane::PaintColumns(Surface& surface, const Rect& dirty, bool fixed) const {
@@ -110,6 +111,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   TextStyle style;
   style.colour = colour;
   style.side = SideOf(grid_->ColAlignment(col));
+  if (IsDataRow(row) && find_.Holds(text)) PaintFound(surface, text, room, style.side);
   if (heading && room.Height() >= 2 * host_.LineHeight()) {
     PaintHeading(surface, text, room, style);
   } else if (text.find_first_of("\r\n") == std::string_view::npos) {
@@ -117,6 +119,19 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   } else {
     surface.Text(OnOneLine(text), room, style);
   }
+}
+
+/// A label around the text; of a mark's ground is enough left to be seen.
+void GridPane::PaintFound(Surface& surface, std::string_view text, const Rect& room,
+                          Side side) const {
+  const Scale scale = host_.GetScale();
+  const int margin = scale.Design(kTextMargin) - 1;
+  const int width = std::min(room.Width(), host_.TextWidth(OnOneLine(text), Weight::kNormal));
+  int right = room.right;
+  if (side == Side::kLeft) right = room.left + width;
+  if (side == Side::kCentre) right = (room.left + room.right + width) / 2;
+  surface.RoundBox({right - width - margin, room.top + 1, right + margin, room.bottom - 1},
+                   scale.Design(3), palette::kAccentGround, palette::kAccent);
 }
 
 /// In one line or two, in the middle of its higher cell.
@@ -172,7 +187,7 @@ void GridPane::PaintBlockFrame(Surface& surface) const {
 void GridPane::PaintEmptyText(Surface& surface) const {
   if (grid_->EmptyText().empty()) return;
   // Near the headings, where the rows would begin.
-  const int top = geometry_.FixedHeight() + geometry_.RowHeight();
+  const int top = geometry_.FixedBottom() + geometry_.RowHeight();
   surface.Text(grid_->EmptyText(), {0, top, size_.width, top + geometry_.RowHeight()},
                {.colour = palette::kMutedText, .side = Side::kCentre});
 }
@@ -201,6 +216,7 @@ void GridPane::PaintLookUp(Surface& surface) const {
 /// What a cell does not show all of.
 Tip GridPane::TipAt(Point place) const {
   if (grid_ == nullptr) return {};
+  if (line_.Contains(place)) return line_.TipAt(place);
   const auto [row, col] = geometry_.CellAt(place);
   Tip tip{geometry_.CellPlace(row, col), {}};
   if (tip.place.Empty()) return tip;

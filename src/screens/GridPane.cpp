@@ -35,11 +35,13 @@ void GridPane::Changed(const Change& change) {
       RepaintAll();
       break;
   }
+  if (line_.IsOpen()) FindAfter(change);
   AnnounceChange(change);
 }
 
 void GridPane::Resized(Size size) {
   size_ = size;
+  line_.Resized(size.width);
   Measure();
 }
 
@@ -48,7 +50,7 @@ void GridPane::Measure() {
   const Scale scale = host_.GetScale();
   const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), host_.LineHeight() + 2);
   geometry_.MeasureColumns(size_, scale);
-  geometry_.MeasureRows(rowHeight, HeadingHeight(rowHeight));
+  geometry_.MeasureRows(rowHeight, HeadingHeight(rowHeight), line_.Height());
   UpdateScrollBars();
   RepaintAll();
 }

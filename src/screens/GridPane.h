@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "controls/FlexGrid.h"
+#include "screens/FindLine.h"
+#include "screens/GridFind.h"
 #include "screens/GridGeometry.h"
 #include "screens/Pane.h"
 
@@ -16,9 +18,14 @@ namespace screens {
 /// Keys: arrows, pages, Home and End move the current cell, with Shift they frame a block; a blank
 /// presses the mouse on the current row, so that a list which marks its rows marks it, with Shift
 /// on all rows of the block; Enter is the double-click; F6 clicks the heading of the current
-/// column; Ctrl+A, I and D press the list's buttons of that meaning; Ctrl+C copies the block.
-/// Letters look the current column up: the next row that begins with them, else that holds them,
-/// folded as for any look-up; F3 goes on, Esc ends it.
+/// column; Ctrl+A, I and D press the list's buttons of that meaning; Ctrl+Z takes the last change
+/// of marks back, Ctrl+Y or Ctrl+Shift+Z does it again; Ctrl+C copies the block. Letters look the
+/// current column up: the next row that begins with them, else that holds them, folded as for any
+/// look-up; F3 goes on, Esc ends it.
+///
+/// Ctrl+F opens a line above the rows, whose field then has the keyboard: what is typed there is
+/// looked for in all columns of all rows from the current one on, and the first row found becomes
+/// current. Enter or F3 goes on, with Shift back; Esc closes the line.
 class GridPane : public Pane {
  public:
   /// `grid` lives until Detach.
@@ -34,10 +41,12 @@ class GridPane : public Pane {
   bool PressKey(const KeyEvent& event) override;
   void FocusChanged(bool focused) override;
   void Tick() override;
+  void Edited() override;
   void Scrolled(Axis axis, int place) override;
   Cursor CursorAt(Point place) const override;
   Tip TipAt(Point place) const override;
   Accessible Describe() const override;
+  Accessible DescribeField() const override;
   int PartCount() const override;
   Accessible DescribePart(int part) const override;
   int PartAt(Point place) const override;
@@ -77,18 +86,34 @@ class GridPane : public Pane {
 
   // GridKeys.cpp
   bool Walk(const KeyEvent& event);
+  bool PressWithControl(const KeyEvent& event);
   bool PressMarkButton(Key key);
+  bool ChangeMarksBack(bool again);
   bool MarkRows(bool block);
   bool Open();
   bool SortByCurrentColumn();
   bool LookUp(std::string sought, bool goOn);
   bool EndLookUp();
 
+  // GridFinding.cpp
+  bool OpenFind();
+  void CloseFind();
+  void PressInFind(FindLine::Button button);
+  bool PressKeyInFind(const KeyEvent& event);
+  void FindAnew(bool jump);
+  void FindAfter(const controls::Change& change);
+  void ReadOn();
+  void FindOn(bool back);
+  void JumpTo(int row);
+  void TellFound();
+  void UpdateTimer();
+
   // GridPainting.cpp
   void PaintColumns(Surface& surface, const Rect& dirty, bool fixed) const;
   void PaintCell(Surface& surface, int row, int col) const;
   void PaintHeading(Surface& surface, std::string_view text, const Rect& room,
                     const TextStyle& style) const;
+  void PaintFound(Surface& surface, std::string_view text, const Rect& room, Side side) const;
   void PaintBlockFrame(Surface& surface) const;
   void PaintEmptyText(Surface& surface) const;
   void PaintLookUp(Surface& surface) const;
@@ -102,6 +127,7 @@ class GridPane : public Pane {
 
   // GridAccessible.cpp
   std::vector<int> ShownCols() const;
+  int CellParts() const;
   int PartOf(GridGeometry::Cell cell) const;
   std::optional<GridGeometry::Cell> CellOf(int part) const;
   GridGeometry::Cell FocusedCell() const;
@@ -128,6 +154,12 @@ class GridPane : public Pane {
   std::string sought_;   // what F3 looks for
   bool typing_ = false;  // letters go on with it
   bool found_ = true;
+
+  FindLine line_{host_, [this](FindLine::Button button) { PressInFind(button); }};
+  GridFind find_;
+  bool jumps_ = false;      // to the first row found
+  bool scrollsOn_ = false;  // the mouse drags outside of the cells
+  int timer_ = 0;           // milliseconds
 };
 
 }  // namespace screens

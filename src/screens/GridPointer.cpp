@@ -14,8 +14,6 @@ constexpr int kBorderReach = 4;
 constexpr int kDragReach = 4;
 constexpr int kColumnStep = 40;
 
-constexpr int kAutoScrollMilliseconds = 50;
-
 int ShiftNumber(const Modifiers& held) {
   return (held.shift ? 1 : 0) | (held.control ? 2 : 0) | (held.alt ? 4 : 0);
 }
@@ -24,6 +22,7 @@ int ShiftNumber(const Modifiers& held) {
 
 void GridPane::Pointer(const PointerEvent& event) {
   if (grid_ == nullptr) return;
+  if (line_.IsOpen() && pressing_ == Pressing::kNothing && line_.Pointer(event)) return;
   switch (event.action) {
     case PointerEvent::Action::kPress:
       Press(event);
@@ -87,14 +86,15 @@ void GridPane::Move(const PointerEvent& event) {
     if (!dragging_) return;
     DragTo(event.place);
     const bool inside = Rect{0, 0, size_.width, size_.height}.Contains(event.place);
-    host_.SetTimer(inside ? 0 : kAutoScrollMilliseconds);
+    scrollsOn_ = !inside;
+    UpdateTimer();
   }
 }
 
 /// Where the mouse is outside of the cells, the nearest one in sight counts.
 void GridPane::DragTo(Point place) {
   lastDrag_ = place;
-  const int top = geometry_.FixedHeight();
+  const int top = geometry_.FixedBottom();
   const int right = std::max(0, size_.width - 1);
   const int bottom = std::max(top, geometry_.RowsBottom() - 1);
   const auto [row, col] =
@@ -104,11 +104,12 @@ void GridPane::DragTo(Point place) {
 }
 
 void GridPane::Tick() {
-  if (grid_ == nullptr || pressing_ != Pressing::kCells) return host_.SetTimer(0);
+  if (grid_ != nullptr && find_.Reading()) return ReadOn();
+  if (grid_ == nullptr || !scrollsOn_) return UpdateTimer();
   int above = geometry_.RowsAbove();
   int across = geometry_.Across();
   const int step = host_.GetScale().Design(kColumnStep);
-  if (lastDrag_.y < geometry_.FixedHeight()) --above;
+  if (lastDrag_.y < geometry_.FixedBottom()) --above;
   if (lastDrag_.y >= size_.height) ++above;
   if (lastDrag_.x < 0) across += step;
   if (lastDrag_.x >= size_.width) across -= step;
@@ -121,14 +122,16 @@ void GridPane::Release(Point place) {
   PointerLost();
   if (pressing == Pressing::kNothing || pressing == Pressing::kBorder) return;
   // A heading that the mouse has left is not meant any more.
-  if (pressing == Pressing::kHeading && place.y >= geometry_.FixedHeight()) return;
+  if (pressing == Pressing::kHeading && place.y >= geometry_.FixedBottom()) return;
   grid_->Click();
 }
 
 void GridPane::PointerLost() {
+  line_.PointerLost();
   if (pressing_ == Pressing::kNothing) return;
   pressing_ = Pressing::kNothing;
-  host_.SetTimer(0);
+  scrollsOn_ = false;
+  UpdateTimer();
 }
 
 Cursor GridPane::CursorAt(Point place) const {

@@ -68,7 +68,10 @@ enum class Key {
   kA,
   kC,
   kD,
-  kI
+  kF,
+  kI,
+  kY,
+  kZ
 };
 
 struct KeyEvent {
@@ -103,7 +106,11 @@ struct Tip {
 class TextField {
  public:
   virtual ~TextField() = default;
+  /// Shows it there.
   virtual void Move(const Rect& place) = 0;
+  /// Until it is moved it is as if the pane had none, and the keyboard, where it has it, goes to
+  /// the pane itself.
+  virtual void Hide() = 0;
   virtual std::string Text() const = 0;
   /// Is not told by Edited. The caret stays where it was, as far as the text goes; without the
   /// keyboard the text's beginning is shown.
@@ -206,8 +213,11 @@ class Pane {
   virtual Tip TipAt(Point /*place*/) const { return {}; }
 
   /// The pane as a screen reader knows it, and what is in it. Parts are numbered from 0; those of a
-  /// table by rows, headings included.
+  /// table by rows, headings included, what else there is in it behind them.
   virtual Accessible Describe() const { return {}; }
+  /// What the field in it goes by: the pane itself, unless the field is one of its parts. Then it
+  /// is the last of them.
+  virtual Accessible DescribeField() const { return Describe(); }
   virtual int PartCount() const { return 0; }
   virtual Accessible DescribePart(int /*part*/) const { return {}; }
   /// -1 where there is none.

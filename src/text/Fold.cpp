@@ -101,28 +101,33 @@ std::string LatinDigits(std::string_view s) {
 }
 
 std::string FoldForLookup(std::string_view s) {
-  std::string result;
-  result.reserve(s.size());
+  std::string folded;
+  FoldForLookup(s, folded);
+  return folded;
+}
+
+void FoldForLookup(std::string_view s, std::string& folded) {
+  folded.clear();
+  folded.reserve(s.size());
   bool blankWaits = false;
   while (!s.empty()) {
     const Character character = TakeCharacter(s);
     if (IsUnseen(character.code)) continue;
     if (IsBlank(character.code)) {
-      blankWaits = !result.empty();
+      blankWaits = !folded.empty();
       continue;
     }
-    if (blankWaits) result += ' ';
+    if (blankWaits) folded += ' ';
     blankWaits = false;
     if (const char digit = LatinDigit(character.code); digit != '\0') {
-      result += digit;
+      folded += digit;
     } else if (IsBetween(character.code, U'A', U'Z')) {
-      result += static_cast<char>(character.code - U'A' + U'a');
+      folded += static_cast<char>(character.code - U'A' + U'a');
     } else {
       const std::string_view letter = GroupLetter(character.code);
-      result += letter.empty() ? character.bytes : letter;
+      folded += letter.empty() ? character.bytes : letter;
     }
   }
-  return result;
 }
 
 }  // namespace text

@@ -13,5 +13,7 @@ std::string LatinDigits(std::string_view s);
 /// heh, all digits Latin, Latin letters small, zero-width and direction marks, tatweel and harakat
 /// dropped, runs of blanks as one, no blanks at the ends.
 std::string FoldForLookup(std::string_view s);
+/// The same, written over `folded`: many texts in turn take no memory each.
+void FoldForLookup(std::string_view s, std::string& folded);
 
 }  // namespace text

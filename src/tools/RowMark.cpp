@@ -26,11 +26,15 @@ bool IsRowMarked(controls::FlexGrid& grid, int row, int col) {
   return grid.CellBackColor() == controls::palette::kMark;
 }
 
-int MarkedRows(const controls::FlexGrid& grid, int col) {
+bool IsMarked(const controls::FlexGrid& grid, int row) {
+  const int col = grid.FixedCols();
+  return row >= grid.FixedRows() && row < grid.Rows() && col < grid.Cols() &&
+         grid.EffectiveBackColor(row, col) == controls::palette::kMark;
+}
+
+int MarkedRows(const controls::FlexGrid& grid) {
   int count = 0;
-  for (int row = 1; row < grid.Rows(); ++row) {
-    if (grid.EffectiveBackColor(row, col) == controls::palette::kMark) ++count;
-  }
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) count += IsMarked(grid, row) ? 1 : 0;
   return count;
 }
 

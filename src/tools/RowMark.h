@@ -17,8 +17,11 @@ void PaintRow(controls::FlexGrid& grid, int row, int firstCol, controls::Colour 
 /// Throws 30009 or 30010 where the grid has no such cell.
 bool IsRowMarked(controls::FlexGrid& grid, int row, int col);
 
-/// How many rows are marked, as IsRowMarked tells, without moving the current cell.
-int MarkedRows(const controls::FlexGrid& grid, int col);
+/// Whether a data row is marked, its first cell that is not fixed being yellow; false for any other
+/// row. Moves nothing.
+bool IsMarked(const controls::FlexGrid& grid, int row);
+/// How many rows are marked.
+int MarkedRows(const controls::FlexGrid& grid);
 
 /// Sorts by the header cell under the mouse, that column and all to its right as keys, the
 /// direction turned over by every call through `lastSort` (7 ascending, 8 descending, 0 before the

@@ -17,7 +17,9 @@ constexpr controls::Twips kButtonHeight = 330;
 }  // namespace
 
 comFlex::comFlex(controls::Container& parent, std::string name, host::modMain& module)
-    : Frame(parent, std::move(name), {}, Border::kNone), module_(module) {
+    : Frame(parent, std::move(name), {}, Border::kNone),
+      module_(module),
+      history_(module, Flex, [this](int row, bool marked) { Mark(row, marked); }) {
   // The captions are bare signs.
   cmdSelectAll.SetToolTip("انتخاب همه");
   cmdSelectNone.SetToolTip("لغو انتخاب همه");
@@ -34,39 +36,34 @@ comFlex::comFlex(controls::Container& parent, std::string name, host::modMain& m
   Flex.onMouseDown = [this](int, int) { FlexMouseDown(); };
   Flex.onClick = [this] { SortByHeader(Flex, lastSort_); };
   Flex.marking = {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone};
+  Flex.markSteps = &history_;
 }
 
 bool comFlex::IsSelected(std::int32_t inRow) {
   return IsRowMarked(Flex, inRow, Flex.FixedCols());
 }
 
-void comFlex::MarkRow(std::int32_t row) {
-  PaintRow(Flex, row, Flex.FixedCols(), controls::palette::kMark);
-  if (Selected) Selected(row);
-}
-
-void comFlex::UnmarkRow(std::int32_t row) {
-  PaintRow(Flex, row, Flex.FixedCols(), Flex.BackColor());
-  if (UnSelected) UnSelected(row);
+void comFlex::Mark(std::int32_t row, bool marked) {
+  history_.Note(row, marked);
+  PaintRow(Flex, row, Flex.FixedCols(), marked ? controls::palette::kMark : Flex.BackColor());
+  const std::function<void(std::int32_t)>& raise = marked ? Selected : UnSelected;
+  if (raise) raise(row);
 }
 
 void comFlex::ToggleRow(std::int32_t row) {
-  if (IsSelected(row)) {
-    UnmarkRow(row);
-  } else {
-    MarkRow(row);
-  }
+  Mark(row, !IsSelected(row));
 }
 
 void comFlex::MarkRows(Marking marking) {
   const BusyGrid busy(module_, Flex);
+  const MarkGesture gesture(history_);
   for (std::int32_t row = 1; row < Flex.Rows(); ++row) {
     switch (marking) {
       case Marking::kAll:
-        MarkRow(row);
+        Mark(row, true);
         break;
       case Marking::kNone:
-        UnmarkRow(row);
+        Mark(row, false);
         break;
       case Marking::kInverse:
         ToggleRow(row);
@@ -77,7 +74,8 @@ void comFlex::MarkRows(Marking marking) {
 
 void comFlex::SetMarks(const std::vector<std::int32_t>& rows, bool marked) {
   const BusyGrid busy(module_, Flex);
-  for (const std::int32_t row : rows) marked ? MarkRow(row) : UnmarkRow(row);
+  const MarkGesture gesture(history_);
+  for (const std::int32_t row : rows) Mark(row, marked);
 }
 
 void comFlex::FlexMouseDown() {

@@ -8,6 +8,7 @@
 #include "controls/Controls.h"
 #include "controls/FlexGrid.h"
 #include "host/modMain.h"
+#include "tools/MarkHistory.h"
 
 namespace tools {
 
@@ -45,13 +46,13 @@ class comFlex : public controls::Frame {
 
  private:
   enum class Marking { kAll, kNone, kInverse };
-  void MarkRow(std::int32_t row);
-  void UnmarkRow(std::int32_t row);
+  void Mark(std::int32_t row, bool marked);
   void ToggleRow(std::int32_t row);
   void MarkRows(Marking marking);
   void FlexMouseDown();
 
   host::modMain& module_;
+  MarkHistory history_;
   std::int32_t lastSort_ = 0;
 };
 

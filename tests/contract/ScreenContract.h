@@ -367,6 +367,36 @@ TEST_F(GridTest, Keys_OfTheToolkit_ReachThePane) {
   EXPECT_THAT(events, ElementsAre("double", "down 10", "click"));
 }
 
+TEST_F(GridTest, FieldOfTheFindLine_HasTheKeyboardWhileItIsOpenAndGivesItBack) {
+  form.cmdOK.onClick = [&] { events.emplace_back("OK"); };
+  form.cmdCancel.onClick = [&] { events.emplace_back("Cancel"); };
+  const Place before = At(3, 2);
+  Press({Key::kF}, Held::kControl);
+  EXPECT_EQ(Focused(), "flx");
+  EXPECT_GT(At(3, 2).y, before.y + 10);
+  Type("عل ");
+  EXPECT_EQ(grid.Row(), 2);
+  EXPECT_EQ(Shown(grid), "عل ");
+  Undo();
+  EXPECT_NE(Shown(grid), "عل ") << "the field's";
+  Press({Key::kTab});
+  EXPECT_EQ(Focused(), "cmdCancel");
+  Press({Key::kTab}, Held::kShift);
+  EXPECT_EQ(Focused(), "flx");
+  Retype("b");
+  EXPECT_EQ(grid.Row(), 3);
+  MouseOnGrid(Mouse::kPress, At(5, 2));
+  MouseOnGrid(Mouse::kRelease, At(5, 2));
+  Type("b");
+  EXPECT_EQ(Shown(grid), "bb") << "it has kept the keyboard";
+  Press({Key::kEnter, Key::kDown, Key::kEscape, Key::kDown});
+  EXPECT_EQ(grid.Row(), 7);
+  EXPECT_EQ(At(3, 2), before);
+  Press({Key::kEscape});
+  EXPECT_THAT(events, ElementsAre("down 10", "click", "Cancel"));
+  EXPECT_EQ(Focused(), "flx");
+}
+
 TEST_F(GridTest, EmptiedOrUnloaded_FromItsOwnEvent_IsHarmless) {
   grid.onDblClick = [&] { form.Unload(); };
   const Place cell = At(1, 2);

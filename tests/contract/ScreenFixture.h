@@ -107,7 +107,8 @@ enum class Key {
   kHome,
   kEnd,
   kBackspace,
-  kC
+  kC,
+  kF
 };
 enum class Held { kNothing, kShift, kControl };
 enum class Mouse { kPress, kMove, kRelease, kDoubleClick };

@@ -42,6 +42,27 @@ TEST_F(DetailGridTest, Marks_FollowTheButtonsTheMouseAndTheSort) {
   EXPECT_THAT(MarkedRows(), IsEmpty()) << "a final program's visits cannot be picked";
 }
 
+TEST_F(DetailGridTest, Undo_OfMarks_WorksWhereTheFormMarksAndEndsWithAnotherProgram) {
+  controls::FlexGrid::MarkSteps& steps = *form.flxDetail.markSteps;
+  Press(2);
+  form.cmdSelectInverse.Click();
+  Press(0, 5);
+  Press(0, 5);
+  steps.Undo();
+  EXPECT_THAT(Column(5)[static_cast<std::size_t>(MarkedRows().at(0)) - 1], "b");
+  form.cmdAddBatch.SetEnabled(false);
+  steps.Redo();
+  EXPECT_THAT(MarkedRows(), testing::SizeIs(1)) << "nothing is marked now";
+  form.cmdAddBatch.SetEnabled(true);
+  steps.Redo();
+  EXPECT_THAT(MarkedRows(), testing::SizeIs(3));
+  form.View(40);
+  steps.Undo();
+  EXPECT_THAT(MarkedRows(), IsEmpty());
+  steps.Redo();
+  EXPECT_THAT(MarkedRows(), IsEmpty());
+}
+
 TEST_F(DetailGridTest, DeleteSelected_ReadsRowsAfterTheyShifted) {
   outside.components.WillAnswer({Answer::kNo, Answer::kClosed});  // only a plain no stops
   Block(3, 1);

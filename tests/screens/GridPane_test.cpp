@@ -329,6 +329,39 @@ TEST_F(GridPaneTest, Space_OnHeadingOrBlock_MarksTheFirstRowOrThoseWithoutAMarkE
   EXPECT_TRUE(grid.Redraw());
 }
 
+TEST_F(GridPaneTest, ControlZ_TakesAWholeFrameOfMarksBackAndKeepsTheBlock) {
+  struct Steps : FlexGrid::MarkSteps {
+    void Begin() override { note("begin"); }
+    void End() override { note("end"); }
+    std::pair<int, int> Undo() override { return note("undo"); }
+    std::pair<int, int> Redo() override { return note("redo"); }
+    std::function<std::pair<int, int>(const char*)> note;
+  } steps;
+  steps.note = [this](const char* what) {
+    events.emplace_back(what);
+    if (std::string_view(what).ends_with("do")) At(700, 2);
+    return std::pair(700, 900);
+  };
+  EXPECT_FALSE(Strike(Key::kZ, kControl)) << "this list takes nothing back";
+  grid.markSteps = &steps;
+  At(2, 2);
+  grid.SetRowSel(3);
+  Strike(Key::kSpace, kShift);
+  EXPECT_THAT(std::exchange(events, {}),
+              ElementsAre("begin", "down 10 2,1", "click 2,1", "down 10 3,1", "click 3,1", "end"));
+  Strike(Key::kZ, kControl);
+  Strike(Key::kZ, {.shift = true, .control = true});
+  Strike(Key::kY, kControl);
+  EXPECT_THAT(events, ElementsAre("undo", "redo", "redo"));
+  EXPECT_EQ(Block(), "2,2 to 3,2");
+  EXPECT_FALSE(pane.CellPlace(700, 2).Empty()) << "what has changed is seen";
+
+  events.clear();
+  grid.onMouseDown = [this](int, int) { pane.Detach(); };
+  Strike(Key::kSpace);
+  EXPECT_THAT(events, ElementsAre("begin", "end")) << "the form may show the list again";
+}
+
 TEST_F(GridPaneTest, Letters_LookTheCurrentColumnUp) {
   int row = 1;
   for (const char* name : {"زهرا", "علي رضایی", "رضا", "كریم", "رضایی", "علی"}) {

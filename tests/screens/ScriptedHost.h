@@ -35,7 +35,11 @@ struct ScriptedHost : PaneHost {
   void Announce(Tidings what, int part) override { announced.emplace_back(what, part); }
 
   struct ScriptedField : TextField {
-    void Move(const Rect& to) override { place = to; }
+    void Move(const Rect& to) override {
+      place = to;
+      hidden = false;
+    }
+    void Hide() override { hidden = true; }
     std::string Text() const override { return text; }
     void SetText(const std::string& to) override { text = to; }
     void SelectAll() override { ++selected; }
@@ -43,6 +47,7 @@ struct ScriptedHost : PaneHost {
     Rect place;
     std::string text;
     int selected = 0;
+    bool hidden = true;
     bool locked = false;
   };
   struct ScriptedPopup;

@@ -105,6 +105,80 @@ TEST_F(comFlexTest, SetMarks_ofSomeRows_marksThemInOneGoAndRaisesForEach) {
   EXPECT_THAT(Raised(), ElementsAre("+1", "+3", "-2", "-3"));
 }
 
+TEST_F(comFlexTest, Undo_withASortInBetween_changesTheRowsOfEachGestureBackAndTellsOfEach) {
+  Fill({{"c", "1"}, {"a", "2"}, {"b", "3"}});
+  controls::FlexGrid::MarkSteps& steps = *list.getFlex().markSteps;
+  Press(1, 1);
+  list.cmdSelectInverse.Click();
+  ClickAt(0, 1);  // a b c
+  EXPECT_THAT(Yellow(), ElementsAre(1, 2));
+  Raised();
+  EXPECT_EQ(steps.Undo(), std::pair(1, 3));
+  EXPECT_THAT(Raised(), ElementsAre("-1", "-2", "+3"));
+  EXPECT_EQ(steps.Undo(), std::pair(3, 3));
+  EXPECT_THAT(Yellow(), IsEmpty());
+  EXPECT_EQ(steps.Undo(), std::pair(0, -1)) << "there is no more";
+  ClickAt(0, 1);  // c b a
+  steps.Redo();
+  EXPECT_THAT(Yellow(), ElementsAre(1));
+  steps.Redo();
+  EXPECT_THAT(Yellow(), ElementsAre(2, 3));
+  steps.Undo();
+  list.cmdSelectAll.Click();
+  Raised();
+  EXPECT_EQ(steps.Redo(), std::pair(0, -1)) << "another gesture came in between";
+  steps.Undo();
+  EXPECT_THAT(Raised(), ElementsAre("-2", "-3")) << "the first row was marked before";
+}
+
+TEST_F(comFlexTest, Undo_ofManyGestures_endsAtTheOldestOfFiftyOrWhereRowsBecameOthers) {
+  Fill({{"a", "1"}, {"b", "2"}});
+  controls::FlexGrid& grid = list.getFlex();
+  grid.markSteps->Begin();
+  for (const int row : {1, 2}) Press(row, 1);
+  grid.markSteps->End();
+  grid.markSteps->Undo();
+  EXPECT_THAT(Yellow(), IsEmpty()) << "one gesture";
+  for (int i = 0; i < 51; ++i) Press(1, 1);
+  for (int i = 0; i < 60; ++i) grid.markSteps->Undo();
+  EXPECT_THAT(Yellow(), ElementsAre(1)) << "the first of them is forgotten";
+
+  const std::function<void()> changes[] = {[&] { grid.AddItem("\tc\t3"); },
+                                           [&] { grid.RemoveItem(2); }, [&] { grid.SetCols(4); },
+                                           [&] {
+                                             Fill({{"a", "1"}, {"b", "2"}});
+                                           },
+                                           [&] {
+                                             grid.Bind(platform::RowSet({"x", "y"}));
+                                           }};
+  for (const auto& change : changes) {
+    list.cmdSelectAll.Click();
+    list.cmdSelectNone.Click();
+    change();
+    Raised();
+    grid.markSteps->Undo();
+    grid.markSteps->Redo();
+    EXPECT_THAT(Raised(), IsEmpty());
+  }
+}
+
+TEST_F(comFlexTest, Undo_whereAListenerFails_goesOnWithTheSameGesture) {
+  Fill({{"a", "1"}, {"b", "2"}, {"c", "3"}});
+  const auto fails = [](std::int32_t row) {
+    if (row == 2) throw platform::RuntimeError(5, "away");
+  };
+  list.Selected = fails;
+  EXPECT_EQ(platform::ResumeNext([&] { list.cmdSelectAll.Click(); }), 5);
+  EXPECT_THAT(Yellow(), ElementsAre(1, 2));
+  list.UnSelected = fails;
+  EXPECT_EQ(platform::ResumeNext([&] { list.Flex.markSteps->Undo(); }), 5);
+  list.UnSelected = nullptr;
+  list.SetMarks({3}, true);
+  list.Flex.markSteps->Undo();
+  EXPECT_THAT(Yellow(), IsEmpty());
+  EXPECT_TRUE(list.Flex.Redraw());
+}
+
 TEST_F(comFlexTest, IsSelected_yellowFromUserOrHost_isTrueAndTheRowBecomesCurrent) {
   Fill({{"a", "1"}, {"b", "2"}});
   controls::FlexGrid& grid = list.getFlex();

@@ -115,7 +115,7 @@ void TellScreenReader(PaneView& view, Tidings what, int part) {
 void NameField(PaneView& view) {
   QWidget& field = view.KeyReceiver();
   if (&field == &view || view.ContentOrNull() == nullptr) return;
-  const Accessible told = view.Content().Describe();
+  const Accessible told = view.Content().DescribeField();
   const QString name = ToQString(told.name);
   const QString description = ToQString(told.description);
   // Each of the two is told to readers, whether it is another one or not.

@@ -34,12 +34,12 @@ PointerEvent::Action ActionOf(QEvent::Type type) {
 }
 
 /// Of screens::Key, from kEnter on.
-constexpr int kKeys[] = {Qt::Key_Return, Qt::Key_Escape,   Qt::Key_Backspace, Qt::Key_Insert,
-                         Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,      Qt::Key_Right,
-                         Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,      Qt::Key_End,
-                         Qt::Key_Tab,    Qt::Key_F3,       Qt::Key_F4,        Qt::Key_F6,
-                         Qt::Key_A,      Qt::Key_C,        Qt::Key_D,         Qt::Key_I};
-static_assert(std::size(kKeys) == static_cast<int>(Key::kI) - static_cast<int>(Key::kEnter) + 1);
+constexpr int kKeys[] = {
+    Qt::Key_Return, Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Insert,   Qt::Key_Up,   Qt::Key_Down,
+    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_PageUp,    Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End,
+    Qt::Key_Tab,    Qt::Key_F3,     Qt::Key_F4,        Qt::Key_F6,       Qt::Key_A,    Qt::Key_C,
+    Qt::Key_D,      Qt::Key_F,      Qt::Key_I,         Qt::Key_Y,        Qt::Key_Z};
+static_assert(std::size(kKeys) == static_cast<int>(Key::kZ) - static_cast<int>(Key::kEnter) + 1);
 
 /// kText for a key that has no name.
 Key KeyOf(int key) {
@@ -51,7 +51,7 @@ Key KeyOf(int key) {
 }
 
 bool IsLetter(Key key) {
-  return key == Key::kA || key == Key::kC || key == Key::kD || key == Key::kI;
+  return key >= Key::kA && key <= Key::kZ;
 }
 
 }  // namespace

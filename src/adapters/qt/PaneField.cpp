@@ -27,7 +27,20 @@ PaneField::PaneField(PaneView& view) : QLineEdit(&view), view_(view) {
 }
 
 void PaneField::Move(const screens::Rect& place) {
-  setGeometry(view_.OnViewport(place));
+  // Beside a frame and scroll bars.
+  setGeometry(view_.OnViewport(place).translated(view_.viewport()->pos()));
+  hidden_ = false;
+  view_.setFocusProxy(this);
+  show();
+}
+
+void PaneField::Hide() {
+  const bool focused = hasFocus();
+  hidden_ = true;
+  view_.setFocusProxy(nullptr);
+  // Else Qt would give the keyboard to the next control.
+  if (focused) view_.setFocus(Qt::OtherFocusReason);
+  hide();
 }
 
 std::string PaneField::Text() const {

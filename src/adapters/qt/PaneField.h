@@ -16,6 +16,8 @@ class PaneField : public QLineEdit, public screens::TextField {
   explicit PaneField(PaneView& view);
 
   void Move(const screens::Rect& place) override;
+  void Hide() override;
+  bool InUse() const { return !hidden_; }
   std::string Text() const override;
   void SetText(const std::string& text) override;
   void SelectAll() override { selectAll(); }
@@ -39,6 +41,7 @@ class PaneField : public QLineEdit, public screens::TextField {
 
   PaneView& view_;
   bool setting_ = false;
+  bool hidden_ = false;
 };
 
 }  // namespace adapters::qt

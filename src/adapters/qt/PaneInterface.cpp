@@ -34,7 +34,12 @@ Accessible PaneInterface::Told(int part) const {
 
 int PaneInterface::PartCount() const {
   const screens::Pane* const pane = Pane();
-  return pane == nullptr ? 0 : pane->PartCount();
+  if (pane == nullptr) return 0;
+  const int count = pane->PartCount();
+  // The field that is a part is there by itself.
+  const bool hasPart =
+      HasField() && count > 0 && pane->DescribePart(count - 1).role == Role::kField;
+  return hasPart ? count - 1 : count;
 }
 
 QAccessibleInterface* PaneInterface::Part(int part) {

@@ -152,8 +152,12 @@ QRect PaneView::OnViewport(const screens::Rect& place) const {
       .toAlignedRect();
 }
 
+bool PaneView::HasField() const {
+  return field_ != nullptr && field_->InUse();
+}
+
 QWidget& PaneView::KeyReceiver() {
-  return field_ != nullptr ? static_cast<QWidget&>(*field_) : *this;
+  return HasField() ? static_cast<QWidget&>(*field_) : *this;
 }
 
 void PaneView::PassSize() {
@@ -235,7 +239,7 @@ bool PaneView::event(QEvent* event) {
     return true;
   }
   // Qt would move on at once.
-  if (event->type() == QEvent::KeyPress && field_ == nullptr && hasFocus()) {
+  if (event->type() == QEvent::KeyPress && !HasField() && hasFocus()) {
     const auto* key = static_cast<QKeyEvent*>(event);
     const bool tab = key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab;
     if (tab && PressKey(*key)) return true;
@@ -245,7 +249,7 @@ bool PaneView::event(QEvent* event) {
 
 void PaneView::keyPressEvent(QKeyEvent* event) {
   // Also what a field or a control in it had no use for comes by here, on its way to the form.
-  event->setAccepted(field_ == nullptr && hasFocus() && PressKey(*event));
+  event->setAccepted(!HasField() && hasFocus() && PressKey(*event));
 }
 
 void PaneView::PassFocus(const QFocusEvent& event) {

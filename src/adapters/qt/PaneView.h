@@ -88,6 +88,7 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
   std::chrono::sys_days Today() const override { return surroundings_.clock.Today(); }
   void Announce(screens::Tidings what, int part) override;
 
+  bool HasField() const;
   /// As large in device pixels as the window's is in Qt's.
   QFont PaneFont() const;
   screens::Size InDevicePixels(const QSize& size) const;

@@ -33,11 +33,18 @@ void EditField::TakeFont() {
 }
 
 void EditField::Move(const screens::Rect& place) {
+  hidden_ = false;
   // It writes at its top.
   const int height = std::min(look_.LineHeight(), place.Height());
   const int top = place.top + (place.Height() - height) / 2;
   SetWindowPos(Handle(), nullptr, place.left, top, place.Width(), height,
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void EditField::Hide() {
+  hidden_ = true;
+  if (Focused()) SetFocus(view_.Handle());
+  ShowWindow(Handle(), SW_HIDE);
 }
 
 std::string EditField::Text() const {

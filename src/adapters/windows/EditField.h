@@ -17,6 +17,8 @@ class EditField : public Window, public screens::TextField {
   /// Hidden until it is moved.
   EditField(ErrorGuard& guard, const Theme& look, PaneView& view);
   void Move(const screens::Rect& place) override;
+  void Hide() override;
+  bool InUse() const { return !hidden_; }
   std::string Text() const override;
   void SetText(const std::string& text) override;
   void SelectAll() override { SendMessageW(Handle(), EM_SETSEL, 0, -1); }
@@ -43,6 +45,7 @@ class EditField : public Window, public screens::TextField {
 
   const Theme& look_;
   PaneView& view_;
+  bool hidden_ = false;
   bool showing_ = false;  // the text comes from the pane, not from the keys
 };
 

@@ -348,7 +348,8 @@ HRESULT WindowAccessible::accDoDefaultAction(VARIANT child) {
 HRESULT WindowAccessible::put_accValue(VARIANT child, BSTR value) {
   return On(child, [&](const Accessible& told) -> HRESULT {
     const HWND field = Target();
-    if (child.lVal != CHILDID_SELF || field == window_) return DISP_E_MEMBERNOTFOUND;
+    const bool isField = told.role == Role::kField || told.role == Role::kComboBox;
+    if (!isField || field == window_) return DISP_E_MEMBERNOTFOUND;
     if (!told.enabled || told.readOnly) return E_ACCESSDENIED;
     return SetWindowTextW(field, value == nullptr ? L"" : value) ? S_OK : E_FAIL;
   });

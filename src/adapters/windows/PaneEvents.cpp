@@ -26,10 +26,11 @@ screens::Modifiers ModifiersOf(WPARAM held) {
 }
 
 /// Of screens::Key, from kEnter on.
-constexpr WPARAM kKeys[] = {VK_RETURN, VK_ESCAPE, VK_BACK, VK_INSERT, VK_UP,  VK_DOWN, VK_LEFT,
-                            VK_RIGHT,  VK_PRIOR,  VK_NEXT, VK_HOME,   VK_END, VK_TAB,  VK_F3,
-                            VK_F4,     VK_F6,     'A',     'C',       'D',    'I'};
-static_assert(std::size(kKeys) == static_cast<int>(Key::kI) - static_cast<int>(Key::kEnter) + 1);
+constexpr WPARAM kKeys[] = {VK_RETURN, VK_ESCAPE, VK_BACK,  VK_INSERT, VK_UP,   VK_DOWN,
+                            VK_LEFT,   VK_RIGHT,  VK_PRIOR, VK_NEXT,   VK_HOME, VK_END,
+                            VK_TAB,    VK_F3,     VK_F4,    VK_F6,     'A',     'C',
+                            'D',       'F',       'I',      'Y',       'Z'};
+static_assert(std::size(kKeys) == static_cast<int>(Key::kZ) - static_cast<int>(Key::kEnter) + 1);
 
 /// Null for a key that has no name or comes as a character too.
 std::optional<Key> KeyOf(WPARAM key) {
@@ -227,7 +228,7 @@ bool PaneView::OnCharacter(WPARAM unit) {
 
 /// The pane has the keyboard while its field has.
 void PaneView::OnFocus(bool focused, HWND other) {
-  if (field_ && focused && GetFocus() == Handle()) {
+  if (HasField() && focused && GetFocus() == Handle()) {
     SetFocus(field_->Handle());
     return;
   }
@@ -271,7 +272,7 @@ bool PaneView::ShowPointer() const {
 }
 
 std::wstring PaneView::ShownText() const {
-  if (field_) return TextOf(field_->Handle());
+  if (HasField()) return TextOf(field_->Handle());
   const screens::Accessible described = pane_->Describe();
   return Wide(described.value.empty() ? described.name : described.value);
 }

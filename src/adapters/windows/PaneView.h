@@ -17,7 +17,8 @@ namespace adapters::windows {
 class PaneView : public Window, private screens::PaneHost {
  public:
   /// Where the keyboard goes for this pane: its field, where it has one.
-  HWND FocusTarget() const { return field_ ? field_->Handle() : Handle(); }
+  HWND FocusTarget() const { return HasField() ? field_->Handle() : Handle(); }
+  bool HasField() const { return field_ && field_->InUse(); }
   ~PaneView() override { pane_.reset(); }
 
   /// The pane in it.

@@ -65,7 +65,7 @@ void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
   constexpr Qt::Key kKeys[] = {Qt::Key_Return,   Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_F4,
                                Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left, Qt::Key_PageUp,
                                Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End,  Qt::Key_Backspace,
-                               Qt::Key_C};
+                               Qt::Key_C,        Qt::Key_F};
   for (const Key key : keys) {
     // Keyboards have a name of their own for it.
     const bool back = key == Key::kTab && held == Held::kShift;

@@ -61,7 +61,7 @@ void ScreenTest::ShowForm() {
 void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
   // As in the enumerations.
   constexpr WPARAM kKeys[] = {VK_RETURN, VK_ESCAPE, VK_TAB,  VK_F4,  VK_UP,   VK_DOWN, VK_LEFT,
-                              VK_PRIOR,  VK_NEXT,   VK_HOME, VK_END, VK_BACK, 'C'};
+                              VK_PRIOR,  VK_NEXT,   VK_HOME, VK_END, VK_BACK, 'C',     'F'};
   constexpr int kHeld[] = {0, VK_SHIFT, VK_CONTROL};
   BYTE state[256]{};
   if (held != Held::kNothing) state[kHeld[static_cast<int>(held)]] = 0x80;
