@@ -77,6 +77,7 @@ void PopupWindow::BeginWatching() {
   if (open == this) return;
   if (open != nullptr) PostMessageW(open->Handle(), kLeave, 0, 0);
   open = this;
+  formPlace_ = WindowArea(form_);
   const DWORD thread = GetCurrentThreadId();
   presses_ = SetWindowsHookExW(WH_GETMESSAGE, &PopupWindow::WatchPresses, nullptr, thread);
   moves_ = SetWindowsHookExW(WH_CALLWNDPROC, &PopupWindow::WatchMoves, nullptr, thread);
@@ -103,9 +104,10 @@ LRESULT CALLBACK PopupWindow::WatchMoves(int code, WPARAM wParam, LPARAM lParam)
   const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
   if (code == HC_ACTION && open != nullptr && sent.hwnd == open->form_ &&
       sent.message == WM_WINDOWPOSCHANGED) {
-    constexpr UINT kStays = SWP_NOMOVE | SWP_NOSIZE;
-    const UINT flags = reinterpret_cast<const WINDOWPOS*>(sent.lParam)->flags;
-    if ((flags & kStays) != kStays || (flags & SWP_HIDEWINDOW) != 0) {
+    // It may have been put where it stood already.
+    const bool hidden =
+        (reinterpret_cast<const WINDOWPOS*>(sent.lParam)->flags & SWP_HIDEWINDOW) != 0;
+    if (hidden || WindowArea(open->form_) != open->formPlace_) {
       PostMessageW(open->Handle(), kLeave, 0, 0);
     }
   }

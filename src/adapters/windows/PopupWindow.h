@@ -29,6 +29,7 @@ class PopupWindow : public PaneView, public screens::Popup {
   PaneView& owner_;
   screens::PopupKind kind_;
   HWND form_;
+  screens::Rect formPlace_;  // when the popup came up
   HHOOK presses_ = nullptr;
   HHOOK moves_ = nullptr;
 };
