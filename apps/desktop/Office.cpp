@@ -15,6 +15,7 @@
 #include "adapters/qt/Services.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "calendar/Gregorian.h"
+#include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
 #include "demo/ServerOffice.h"
 #include "host/modMain.h"
@@ -77,9 +78,22 @@ demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
   return sample;
 }
 
+/// Of an option that names one.
+std::string ChosenOffice(const Options& options) {
+  return options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
+}
+
+void BringUpToDate(const std::string& office) {
+  const auto update = demo::BringUpToDate(office, [](const std::string& folder) {
+    CopyTemplates(QDir(QString::fromStdString(folder)));
+  });
+  if (!update) return;
+  std::cout << "The office's file was of version " << update->from << " and is of version "
+            << demo::kOfficeVersion << " now; as it was: " << update->copy << std::endl;
+}
+
 /// A file that is not there is told with the way to make one.
 void RequireFile(const std::string& connectionString) {
-  if (!connectionString.starts_with(kEmbedded)) return;
   const std::string path = connectionString.substr(kEmbedded.size());
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored)) return;
@@ -153,14 +167,22 @@ void LoadSample(const Options& options) {
 }
 
 std::string OfficeToOpen(const Options& options, const std::string& made) {
-  if (options.connect.empty() && options.database.empty()) {
-    EnsureSampleOffice(made, options);
-    return std::string(kEmbedded) + made;
+  const bool named = !options.connect.empty() || !options.database.empty();
+  if (!named) EnsureSampleOffice(made, options);
+  const std::string office = named ? ChosenOffice(options) : std::string(kEmbedded) + made;
+  if (office.starts_with(kEmbedded)) {
+    RequireFile(office);
+    BringUpToDate(office.substr(kEmbedded.size()));
   }
-  const std::string chosen =
-      options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
-  RequireFile(chosen);
-  return chosen;
+  return office;
+}
+
+std::string OfficeFile(const Options& options) {
+  const bool named = !options.connect.empty() || !options.database.empty();
+  const std::string office =
+      named ? ChosenOffice(options) : std::string(kEmbedded) + SampleOfficePath(options);
+  RequireFile(office);
+  return office.substr(kEmbedded.size());
 }
 
 bool ReplayStatements(const Options& options) {
