@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -107,13 +108,25 @@ void RequireFile(const std::string& connectionString) {
 
 }  // namespace
 
+Connections::Connections(const Options& options, platform::Progress* progress)
+    : progress_(progress) {
+  if (options.logFile.empty()) return;
+  const auto now = [] {
+    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+  };
+  log_ = std::make_shared<adapters::log::StatementLog>(options.logFile, now, std::cerr);
+}
+
 std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
+  std::unique_ptr<platform::Connection> made;
   if (connectionString.starts_with(kEmbedded)) {
-    return std::make_unique<adapters::sqlite::SqliteConnection>(
+    made = std::make_unique<adapters::sqlite::SqliteConnection>(
         connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
+  } else {
+    made = std::make_unique<adapters::odbc::OdbcConnection>(
+        connectionString, outages_.Of(connectionString), progress_);
   }
-  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
-                                                          outages_.Of(connectionString), progress_);
+  return adapters::log::Logged(std::move(made), connectionString, log_);
 }
 
 std::string SampleOfficePath(const Options& options) {
@@ -159,7 +172,7 @@ void LoadSample(const Options& options) {
     const std::string schema = ReadAll(":/sqlserver/schema.sql");
     const std::string functions = ReadAll(":/sqlserver/functions.sql");
     const std::string procedures = ReadAll(":/sqlserver/procedures.sql");
-    const auto server = Connections().Create(options.connect);
+    const auto server = Connections(options).Create(options.connect);
     demo::LoadServerOffice(*server, {schema, functions, procedures, options.collation}, sample,
                            std::cout);
   }
@@ -188,7 +201,7 @@ std::string OfficeFile(const Options& options) {
 bool ReplayStatements(const Options& options) {
   const std::string script = ReadAll(QString::fromStdString(options.replayFile));
   const std::string target = OfficeToOpen(options, {});
-  const auto connection = Connections().Create(target);
+  const auto connection = Connections(options).Create(target);
   // One that cannot be reached says so once, not for every statement.
   connection->Execute("Select 1 as Reached");
   return Replay(script, *connection, std::cout);

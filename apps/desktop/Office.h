@@ -5,6 +5,7 @@
 #include <string>
 
 #include "Options.h"
+#include "adapters/log/StatementLog.h"
 #include "adapters/server/ServerConnection.h"
 #include "platform/Connection.h"
 #include "platform/Progress.h"
@@ -15,13 +16,15 @@ namespace desktop {
 /// string SQL Server through ODBC.
 class Connections : public platform::ConnectionFactory {
  public:
-  /// `progress` shows statements that take long; null where nobody waits.
-  explicit Connections(platform::Progress* progress = nullptr) : progress_(progress) {}
+  /// Statements are logged where the options say. `progress` shows those that take long; null where
+  /// nobody waits.
+  explicit Connections(const Options& options, platform::Progress* progress = nullptr);
   std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
   bool Busy() const override { return progress_ != nullptr && progress_->UnderWay(); }
 
  private:
   platform::Progress* progress_;
+  std::shared_ptr<adapters::log::StatementLog> log_;
   adapters::server::Outages outages_;
 };
 

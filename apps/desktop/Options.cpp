@@ -123,6 +123,8 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
       options.backupFile = value();
     } else if (option == "--check") {
       options.check = true;
+    } else if (option == "--log") {
+      options.logFile = value();
     } else if (option == "--customers") {
       options.customers = Number(option, value(), 1, 1'000'000);
     } else if (option == "--user") {
@@ -186,6 +188,9 @@ const char* HelpText() {
                      is there is replaced once the copy is whole and checked
   --check            tell what is wrong with the database file (damage, rows that refer to none,
                      tables other than this program's, visits that stand twice) and end
+  --log FILE         write each statement, how long it took, how many rows it gave and what it failed
+                     with to FILE, which becomes FILE.1 when it has 10 MB; without it, to the file
+                     that the environment variable DISTPROMOTER_LOG names, if any
   --windows ...      as the first option: the Windows control in its trial container, under Wine;
                      what follows goes to the container, --help too
   --help             this text

@@ -28,6 +28,7 @@ struct Options {
   std::string exportTemplate;  // of a PDF, by title or file name; empty: the first one
   std::string backupFile;      // where the backup goes; empty: none
   bool check = false;          // tell what is wrong with the database
+  std::string logFile;         // where statements are logged; empty: nowhere
   bool help = false;
 };
 

@@ -100,7 +100,8 @@ std::chrono::milliseconds Uptime() {
 class Desktop {
  public:
   explicit Desktop(const desktop::Options& options)
-      : excel_(WorkbookPlace(options), clock_,
+      : connections_(options, &waiting_),
+        excel_(WorkbookPlace(options), clock_,
                options.tourDirectory.empty() ? OpenWorkbook : adapters::xlsx::XlsxExcel::Opener()) {
     // The pictures of a tour are always the same.
     if (options.tourDirectory.empty()) screen_.RememberPlaces(places_);
@@ -117,7 +118,7 @@ class Desktop {
   adapters::qt::QtClock clock_;
   adapters::qt::QtScreen screen_{guard_, clock_};
   screens::ProgressForm waiting_{screen_, Uptime};  // for statements, also those of an export
-  desktop::Connections connections_{&waiting_};
+  desktop::Connections connections_;
   screens::Components components_{guard_, screen_, connections_};
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
@@ -283,6 +284,8 @@ int main(int argc, char* argv[]) {
     options = desktop::ParseOptions({argv + 1, argv + argc}, !variable.empty());
     HidePasswords(argc, argv);
     ReadConnection(options, variable);
+    const char* const log = std::getenv("DISTPROMOTER_LOG");
+    if (options.logFile.empty() && log != nullptr) options.logFile = log;
     if (!options.help) desktop::RequireEmbedded(options);
   } catch (const desktop::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());

@@ -1,4 +1,4 @@
-// What an administrator does with the office's file: the host's --backup and --check.
+// What an administrator does: the host's --backup and --check on the office's file, and its log.
 
 #include <gmock/gmock.h>
 #include <sys/wait.h>
@@ -116,6 +116,27 @@ TEST_F(Upkeep, Check_TellsEachFindingInWords) {
   Damage();
   EXPECT_EQ(Check(), 1);
   EXPECT_THAT(said_, HasSubstr("Damaged: "));
+}
+
+TEST_F(Upkeep, Log_WantedByOptionOrEnvironment_HoldsTheStatements) {
+  std::ofstream(folder_.File("script.sql")) << "Select 7 as Seven\ngo\nSelect x From tblNowhere";
+  const std::string replay =
+      "--replay " + folder_.File("script.sql") + " --database " + office_ + " ";
+  const std::string log = folder_.File("work.log");
+  EXPECT_EQ(Host(replay + "--log " + log), 1);
+  const std::string replayed = said_;
+  EXPECT_THAT(Content(log), AllOf(HasSubstr("\t1 rows\t\tSelect 7 as Seven\n"),
+                                  HasSubstr("\t\terror 208: "), HasSubstr("\tSelect x From tbl")));
+  fs::remove(log);
+  setenv("DISTPROMOTER_LOG", log.c_str(), 1);
+  EXPECT_EQ(Host(replay), 1);
+  unsetenv("DISTPROMOTER_LOG");
+  EXPECT_THAT(Content(log), HasSubstr("Select 7 as Seven"));
+
+  EXPECT_EQ(Host(replay), 1);
+  EXPECT_EQ(said_, replayed);
+  EXPECT_EQ(Host(replay + "--log " + folder_.File("none/work.log")), 1);
+  EXPECT_THAT(said_, AllOf(HasSubstr("The log cannot be written"), HasSubstr("1 ran, 1 failed")));
 }
 
 TEST_F(Upkeep, CommandLine_OfNoUse_EndsWithTwo) {
