@@ -6,8 +6,10 @@
 
 #include "demo/Database.h"
 #include "demo/Network.h"
+#include "demo/OfficeVersion.h"
 #include "demo/Programs.h"
 #include "demo/Random.h"
+#include "demo/ReportTemplates.h"
 #include "demo/Schema.h"
 #include "platform/RuntimeError.h"
 
@@ -62,15 +64,11 @@ class UnfinishedFile {
   fs::path path_;
 };
 
-/// The files are those in demo/templates.
 void WriteReportTemplates(Database& database) {
-  constexpr int kFormType = 3308;
   Insert report(database, "tblZomirReportTemplate", "FormTypeID, Title, FilePath");
-  report.Row({kFormType, "برنامه با ويزيتها به تفکيک روز", "program-by-day.html"});
-  report.Row({kFormType, "برگه راه بازارياب", "promoter-day-sheet.html"});
-  report.Row({kFormType, "تقويم ماهانه بازارياب", "promoter-month.html"});
-  report.Row({kFormType, "خلاصه ويزيت ها", "visit-summary.html"});
-  report.Row({kFormType, "پوشش مسيرها", "path-coverage.html"});
+  for (const ShippedTemplate& shipped : kShippedTemplates) {
+    report.Row({kTemplateFormType, shipped.title, shipped.file});
+  }
 }
 
 void FillOffice(Database& database, const SampleOptions& options) {
@@ -78,6 +76,7 @@ void FillOffice(Database& database, const SampleOptions& options) {
   // The file is nobody's until it is whole: no journal is needed to take anything back.
   database.Execute("PRAGMA journal_mode = OFF; PRAGMA foreign_keys = ON; BEGIN");
   database.Execute(OfficeSchema());
+  database.Execute(OfficeMark());
   Insert(database, "tblZomirBasePath", "ID, BasePath")
       .Row({1, options.basePath.empty() ? Value(std::nullopt) : Value(options.basePath)});
   WriteReportTemplates(database);

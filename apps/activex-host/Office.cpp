@@ -5,18 +5,42 @@
 #include <shlobj.h>
 
 #include <cstdio>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Services.h"
 #include "adapters/windows/Wide.h"
 #include "apps/activex/Databases.h"
+#include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
 #include "host/modMain.h"
+#include "platform/RuntimeError.h"
 
 namespace activexhost {
 
 using adapters::windows::Utf8;
 using adapters::windows::Wide;
+
+namespace {
+
+/// Those beside the program; what is there already may be the user's own work and stays.
+void PutTemplates(const std::string& folder) {
+  namespace fs = std::filesystem;
+  for (const fs::directory_entry& carried :
+       fs::directory_iterator(Wide(ProgramFolder() + "templates"))) {
+    const fs::path place = fs::path(Wide(folder)) / carried.path().filename();
+    if (fs::exists(place)) continue;
+    std::error_code error;
+    fs::copy_file(carried.path(), place, error);
+    if (error) {
+      throw platform::RuntimeError(75, error.message() + ": " + Utf8(place.wstring()));
+    }
+  }
+}
+
+}  // namespace
 
 std::string ProgramFolder() {
   wchar_t path[MAX_PATH];
@@ -43,6 +67,16 @@ void EnsureSampleOffice(const std::string& path) {
   options.today = adapters::windows::WinClock().Today();
   options.basePath = ProgramFolder() + "templates\\";
   demo::CreateSampleOffice(path, options);
+}
+
+void BringUpToDate(const std::string& connectionString) {
+  constexpr std::string_view kEmbedded = "sqlite:";
+  if (!connectionString.starts_with(kEmbedded)) return;
+  const auto update = demo::BringUpToDate(connectionString.substr(kEmbedded.size()), PutTemplates);
+  if (!update) return;
+  std::printf("The office's file was of version %d and is of version %d now; as it was: %s\n",
+              update->from, demo::kOfficeVersion, update->copy.c_str());
+  std::fflush(stdout);
 }
 
 std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {

@@ -138,6 +138,7 @@ int Run(const Options& options) {
   const std::string tourFolder = touring ? FullFolder(options.tourFolder) : std::string();
   activexhost::Login login;
   login.connectionString = OfficeFor(options, tourFolder);
+  activexhost::BringUpToDate(login.connectionString);
   login.user = options.user;
   login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
   // For the control: the pictures of a tour are always the same.

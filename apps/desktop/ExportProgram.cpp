@@ -71,7 +71,7 @@ void ExportPdf(const Options& options, Connections& connections,
 
 void ExportProgram(const Options& options) {
   RequirePlace(options.exportFile);
-  Connections connections;
+  Connections connections(options);
   const adapters::qt::QtClock clock;
   adapters::qt::QtFileSystem files;
   const std::string connectionString = OfficeToOpen(options, SampleOfficePath(options));

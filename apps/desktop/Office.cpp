@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
@@ -15,6 +16,7 @@
 #include "adapters/qt/Services.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "calendar/Gregorian.h"
+#include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
 #include "demo/ServerOffice.h"
 #include "host/modMain.h"
@@ -77,9 +79,22 @@ demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
   return sample;
 }
 
+/// Of an option that names one.
+std::string ChosenOffice(const Options& options) {
+  return options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
+}
+
+void BringUpToDate(const std::string& office) {
+  const auto update = demo::BringUpToDate(office, [](const std::string& folder) {
+    CopyTemplates(QDir(QString::fromStdString(folder)));
+  });
+  if (!update) return;
+  std::cout << "The office's file was of version " << update->from << " and is of version "
+            << demo::kOfficeVersion << " now; as it was: " << update->copy << std::endl;
+}
+
 /// A file that is not there is told with the way to make one.
 void RequireFile(const std::string& connectionString) {
-  if (!connectionString.starts_with(kEmbedded)) return;
   const std::string path = connectionString.substr(kEmbedded.size());
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored)) return;
@@ -93,13 +108,25 @@ void RequireFile(const std::string& connectionString) {
 
 }  // namespace
 
+Connections::Connections(const Options& options, platform::Progress* progress)
+    : progress_(progress) {
+  if (options.logFile.empty()) return;
+  const auto now = [] {
+    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
+  };
+  log_ = std::make_shared<adapters::log::StatementLog>(options.logFile, now, std::cerr);
+}
+
 std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
+  std::unique_ptr<platform::Connection> made;
   if (connectionString.starts_with(kEmbedded)) {
-    return std::make_unique<adapters::sqlite::SqliteConnection>(
+    made = std::make_unique<adapters::sqlite::SqliteConnection>(
         connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
+  } else {
+    made = std::make_unique<adapters::odbc::OdbcConnection>(
+        connectionString, outages_.Of(connectionString), progress_);
   }
-  return std::make_unique<adapters::odbc::OdbcConnection>(connectionString,
-                                                          outages_.Of(connectionString), progress_);
+  return adapters::log::Logged(std::move(made), connectionString, log_);
 }
 
 std::string SampleOfficePath(const Options& options) {
@@ -145,7 +172,7 @@ void LoadSample(const Options& options) {
     const std::string schema = ReadAll(":/sqlserver/schema.sql");
     const std::string functions = ReadAll(":/sqlserver/functions.sql");
     const std::string procedures = ReadAll(":/sqlserver/procedures.sql");
-    const auto server = Connections().Create(options.connect);
+    const auto server = Connections(options).Create(options.connect);
     demo::LoadServerOffice(*server, {schema, functions, procedures, options.collation}, sample,
                            std::cout);
   }
@@ -153,20 +180,28 @@ void LoadSample(const Options& options) {
 }
 
 std::string OfficeToOpen(const Options& options, const std::string& made) {
-  if (options.connect.empty() && options.database.empty()) {
-    EnsureSampleOffice(made, options);
-    return std::string(kEmbedded) + made;
+  const bool named = !options.connect.empty() || !options.database.empty();
+  if (!named) EnsureSampleOffice(made, options);
+  const std::string office = named ? ChosenOffice(options) : std::string(kEmbedded) + made;
+  if (office.starts_with(kEmbedded)) {
+    RequireFile(office);
+    BringUpToDate(office.substr(kEmbedded.size()));
   }
-  const std::string chosen =
-      options.connect.empty() ? std::string(kEmbedded) + options.database : options.connect;
-  RequireFile(chosen);
-  return chosen;
+  return office;
+}
+
+std::string OfficeFile(const Options& options) {
+  const bool named = !options.connect.empty() || !options.database.empty();
+  const std::string office =
+      named ? ChosenOffice(options) : std::string(kEmbedded) + SampleOfficePath(options);
+  RequireFile(office);
+  return office.substr(kEmbedded.size());
 }
 
 bool ReplayStatements(const Options& options) {
   const std::string script = ReadAll(QString::fromStdString(options.replayFile));
   const std::string target = OfficeToOpen(options, {});
-  const auto connection = Connections().Create(target);
+  const auto connection = Connections(options).Create(target);
   // One that cannot be reached says so once, not for every statement.
   connection->Execute("Select 1 as Reached");
   return Replay(script, *connection, std::cout);

@@ -79,8 +79,11 @@ void CheckTogether(const Options& options) {
     throw UsageError("--replay wants --connect or --database, which say where to.");
   }
   if (options.tourByKeys && !tour) throw UsageError("--keys wants --tour.");
-  if (options.loadSample + replay + tour + !options.exportFile.empty() > 1) {
-    throw UsageError("--load-sample, --replay, --export and --tour exclude each other.");
+  if (options.loadSample + replay + tour + !options.exportFile.empty() +
+          !options.backupFile.empty() + options.check >
+      1) {
+    throw UsageError(
+        "--load-sample, --replay, --export, --backup, --check and --tour exclude each other.");
   }
   CheckExport(options);
 }
@@ -116,6 +119,12 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
       options.exportFile = value();
     } else if (option == "--template") {
       options.exportTemplate = value();
+    } else if (option == "--backup") {
+      options.backupFile = value();
+    } else if (option == "--check") {
+      options.check = true;
+    } else if (option == "--log") {
+      options.logFile = value();
     } else if (option == "--customers") {
       options.customers = Number(option, value(), 1, 1'000'000);
     } else if (option == "--user") {
@@ -137,6 +146,12 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
   }
   CheckTogether(options);
   return options;
+}
+
+void RequireEmbedded(const Options& options) {
+  if (options.backupFile.empty() && !options.check) return;
+  if (options.connect.empty() || options.connect.starts_with("sqlite:")) return;
+  throw UsageError("--backup and --check are for a database file; a server has its own ways.");
 }
 
 const char* HelpText() {
@@ -169,15 +184,22 @@ const char* HelpText() {
                      the new one is whole
   --template NAME    with --export to a .pdf: the report template, by its title or its file's name;
                      without it the first one of the office
+  --backup FILE      copy the database file, while others work on it, to FILE and end; a FILE that
+                     is there is replaced once the copy is whole and checked
+  --check            tell what is wrong with the database file (damage, rows that refer to none,
+                     tables other than this program's, visits that stand twice) and end
+  --log FILE         write each statement, how long it took, how many rows it gave and what it failed
+                     with to FILE, which becomes FILE.1 when it has 10 MB; without it, to the file
+                     that the environment variable DISTPROMOTER_LOG names, if any
   --windows ...      as the first option: the Windows control in its trial container, under Wine;
                      what follows goes to the container, --help too
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of
 customers and --sample-date. A tour without --database or --connect plays on an office of its own,
-which is dropped afterwards. --tour, --load-sample, --replay and --export need no display. The exit
-status is 0, 1 when something failed, which the last lines on the standard error tell, and 2 for a
-command line that cannot be understood.
+which is dropped afterwards. --tour, --load-sample, --replay, --export, --backup and --check need no
+display. The exit status is 0, 1 when something failed, which the last lines on the standard error
+tell, or --check found something, and 2 for a command line that cannot be understood.
 )";
 }
 

@@ -26,6 +26,9 @@ struct Options {
   std::int32_t exportProgram = 0;
   std::string exportFile;      // where it goes; empty: nothing is exported
   std::string exportTemplate;  // of a PDF, by title or file name; empty: the first one
+  std::string backupFile;      // where the backup goes; empty: none
+  bool check = false;          // tell what is wrong with the database
+  std::string logFile;         // where statements are logged; empty: nowhere
   bool help = false;
 };
 
@@ -38,6 +41,10 @@ class UsageError : public std::runtime_error {
 /// `arguments` without the program's name; `hasVariable`: the environment has a connection string,
 /// which counts where neither an option nor a tour names a database. Throws UsageError.
 Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable);
+
+/// Throws UsageError when the options want an embedded database and `connect`, as it has been read,
+/// is a server.
+void RequireEmbedded(const Options& options);
 
 /// What --help prints.
 const char* HelpText();

@@ -22,6 +22,7 @@
 #include "Office.h"
 #include "Options.h"
 #include "Tour.h"
+#include "Upkeep.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/Places.h"
 #include "adapters/qt/QtScreen.h"
@@ -99,7 +100,8 @@ std::chrono::milliseconds Uptime() {
 class Desktop {
  public:
   explicit Desktop(const desktop::Options& options)
-      : excel_(WorkbookPlace(options), clock_,
+      : connections_(options, &waiting_),
+        excel_(WorkbookPlace(options), clock_,
                options.tourDirectory.empty() ? OpenWorkbook : adapters::xlsx::XlsxExcel::Opener()) {
     // The pictures of a tour are always the same.
     if (options.tourDirectory.empty()) screen_.RememberPlaces(places_);
@@ -116,7 +118,7 @@ class Desktop {
   adapters::qt::QtClock clock_;
   adapters::qt::QtScreen screen_{guard_, clock_};
   screens::ProgressForm waiting_{screen_, Uptime};  // for statements, also those of an export
-  desktop::Connections connections_{&waiting_};
+  desktop::Connections connections_;
   screens::Components components_{guard_, screen_, connections_};
   adapters::qt::QtKeyboard keyboard_;
   adapters::qt::QtFileDialog fileDialog_;
@@ -199,10 +201,15 @@ int Run(QApplication& application, const desktop::Options& options) {
 /// What is done on the terminal, without screens.
 int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
   const QCoreApplication application(argc, argv);
-  if (!options.loadSample) {
+  if (options.check) return desktop::CheckOffice(options) ? EXIT_SUCCESS : EXIT_FAILURE;
+  if (!options.replayFile.empty()) {
     return desktop::ReplayStatements(options) ? EXIT_SUCCESS : EXIT_FAILURE;
   }
-  desktop::LoadSample(options);
+  if (options.loadSample) {
+    desktop::LoadSample(options);
+  } else {
+    desktop::BackUpOffice(options);
+  }
   return EXIT_SUCCESS;
 }
 
@@ -235,11 +242,15 @@ int RunExport(int argc, char* argv[], const desktop::Options& options) {
   return EXIT_SUCCESS;
 }
 
+bool IsUpkeep(const desktop::Options& options) {
+  return options.check || !options.backupFile.empty();
+}
+
 /// For the sample office and for copied lists.
 bool NeedsHome(const desktop::Options& options) {
   if (!options.replayFile.empty() || !options.tourDirectory.empty()) return false;
   const bool named = !options.database.empty() || !options.connect.empty();
-  return options.exportFile.empty() || !named;
+  return !named || (options.exportFile.empty() && !IsUpkeep(options));
 }
 
 /// Every user of the machine can list the arguments of a running program.
@@ -273,6 +284,9 @@ int main(int argc, char* argv[]) {
     options = desktop::ParseOptions({argv + 1, argv + argc}, !variable.empty());
     HidePasswords(argc, argv);
     ReadConnection(options, variable);
+    const char* const log = std::getenv("DISTPROMOTER_LOG");
+    if (options.logFile.empty() && log != nullptr) options.logFile = log;
+    if (!options.help) desktop::RequireEmbedded(options);
   } catch (const desktop::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
@@ -284,7 +298,6 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
-  const bool replay = !options.replayFile.empty();
   if (NeedsHome(options) && qEnvironmentVariableIsEmpty("HOME")) {
     // Qt would take the root folder for it.
     std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);
@@ -292,8 +305,8 @@ int main(int argc, char* argv[]) {
   }
   try {
     if (!options.exportFile.empty()) return RunExport(argc, argv, options);
-    return options.loadSample || replay ? RunOnTerminal(argc, argv, options)
-                                        : RunOnScreen(argc, argv, options);
+    const bool terminal = options.loadSample || !options.replayFile.empty() || IsUpkeep(options);
+    return terminal ? RunOnTerminal(argc, argv, options) : RunOnScreen(argc, argv, options);
   } catch (const platform::RuntimeError& error) {
     std::fprintf(stderr, "Error %d: %s\n", error.Number(), error.what());
   } catch (const std::exception& error) {

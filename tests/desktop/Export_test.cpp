@@ -104,7 +104,7 @@ TEST_F(Export, Visits_StandUnderTheirHeadingsByDatePromoterAndSequence) {
 TEST_F(Export, Template_IsFoundByItsTitleOrFileAndElseTheFirst) {
   const demo::PlainDatabase::Rows listed = demo::PlainDatabase(file).Query(
       "SELECT Title, FilePath FROM tblZomirReportTemplate WHERE FormTypeID = 3308 ORDER BY ID");
-  ASSERT_EQ(listed.size(), 2U);
+  ASSERT_GE(listed.size(), 2U);
   const std::string base = folder.File("templates/");
   for (const auto& row : listed) files.files[base + row[1]] = "";
   EXPECT_EQ(Template(""), base + listed[0][1]);

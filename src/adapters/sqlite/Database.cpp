@@ -27,12 +27,6 @@ void RequireFile(const std::string& path) {
   }
 }
 
-void Run(sqlite3* database, const char* sql, const std::string& path) {
-  if (sqlite3_exec(database, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    throw LastError(database, path);
-  }
-}
-
 DatabaseHandle Open(const std::string& name, int flags, std::chrono::milliseconds busyTimeout,
                     Watch* watch, const std::string& path) {
   sqlite3* opened = nullptr;
@@ -55,9 +49,7 @@ void RequireOffice(sqlite3* database, const std::string& path) {
                                             "SELECT 1 FROM sqlite_schema WHERE lower(name) = "
                                             "'tblzomiruserpermission'",
                                             path);
-  const int result = sqlite3_step(statement.get());
-  if (result == SQLITE_ROW) return;
-  if (result != SQLITE_DONE) throw LastError(database, path);
+  if (Step(statement, path)) return;
   throw MakeError(kCannotOpenDatabase, "پايگاه داده " + Quoted(path) +
                                            " از اين سامانه نيست. Cannot open database. (it has "
                                            "no table tblZomirUserPermission)");
@@ -135,6 +127,40 @@ StatementHandle Prepare(sqlite3* database, std::string_view sql, const std::stri
     throw LastError(database, file);
   }
   return StatementHandle(prepared);
+}
+
+bool Step(const StatementHandle& statement, const std::string& file) {
+  const int result = sqlite3_step(statement.get());
+  if (result == SQLITE_ROW || result == SQLITE_DONE) return result == SQLITE_ROW;
+  throw LastError(sqlite3_db_handle(statement.get()), file);
+}
+
+std::string_view ColumnText(const StatementHandle& statement, int column) {
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column));
+  if (bytes == nullptr) return {};
+  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), column))};
+}
+
+void Run(sqlite3* database, const std::string& sql, const std::string& file) {
+  if (sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+    throw LastError(database, file);
+  }
+}
+
+std::vector<std::string> IntegrityFaults(sqlite3* database, const std::string& file) {
+  std::vector<std::string> faults;
+  const StatementHandle check = Prepare(database, "PRAGMA integrity_check", file);
+  int result = sqlite3_step(check.get());
+  for (; result == SQLITE_ROW; result = sqlite3_step(check.get())) {
+    faults.emplace_back(ColumnText(check, 0));
+  }
+  if ((result & 0xFF) == SQLITE_CORRUPT) {
+    faults.emplace_back(sqlite3_errmsg(database));  // too much to go on
+  } else if (result != SQLITE_DONE) {
+    throw LastError(database, file);
+  }
+  if (faults == std::vector<std::string>{"ok"}) faults.clear();
+  return faults;
 }
 
 }  // namespace adapters::sqlite

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace adapters::sqlite {
 
@@ -46,5 +47,17 @@ std::filesystem::path PathOf(const std::string& utf8);
 
 /// Compiles one statement of SQLite's own dialect; `file` is named in the error.
 StatementHandle Prepare(sqlite3* database, std::string_view sql, const std::string& file);
+
+/// Goes to the statement's next row; false behind the last.
+bool Step(const StatementHandle& statement, const std::string& file);
+
+/// A column of the row, empty for NULL; lives until the next step.
+std::string_view ColumnText(const StatementHandle& statement, int column);
+
+/// Runs statements of SQLite's own dialect that give no rows.
+void Run(sqlite3* database, const std::string& sql, const std::string& file);
+
+/// What SQLite finds damaged, in its words, a line each; none in a file that is whole.
+std::vector<std::string> IntegrityFaults(sqlite3* database, const std::string& file);
 
 }  // namespace adapters::sqlite
