@@ -1,9 +1,5 @@
 #include "adapters/windows/AdoEvents.h"
 
-#include <windows.h>
-
-#include <ocidl.h>
-
 #include <array>
 #include <span>
 

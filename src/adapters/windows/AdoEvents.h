@@ -1,5 +1,9 @@
 #pragma once
 
+#include <windows.h>
+
+#include <ocidl.h>
+
 #include <cstdint>
 #include <optional>
 
