@@ -99,6 +99,8 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
     };
     if (option == "--help" || option == "-h") {
       options.help = true;
+    } else if (option == "--version") {
+      options.version = true;
     } else if (option == "--database") {
       options.database = value();
     } else if (option == "--connect") {
@@ -140,7 +142,7 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
 }
 
 const char* HelpText() {
-  return R"(./run [options]        opens the promoter program editor
+  return R"(promoter-desktop [options]   opens the promoter program editor; in a checkout, ./run [options]
 
   --database FILE    a database file to work on, instead of the sample office
   --connect SOURCE   another database to work on, by a connection string, ODBC's or OLE DB's, for
@@ -171,6 +173,7 @@ const char* HelpText() {
                      without it the first one of the office
   --windows ...      as the first option: the Windows control in its trial container, under Wine;
                      what follows goes to the container, --help too
+  --version          the version and the commit that it was built from
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of

@@ -27,6 +27,7 @@ struct Options {
   std::string exportFile;      // where it goes; empty: nothing is exported
   std::string exportTemplate;  // of a PDF, by title or file name; empty: the first one
   bool help = false;
+  bool version = false;
 };
 
 /// The command line cannot be understood; what() is one line for the user.

@@ -30,6 +30,7 @@
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "apps/connection/ConnectionOption.h"
+#include "apps/version/Version.h"
 #include "module/Module.h"
 #include "screens/Components.h"
 #include "screens/ProgressForm.h"
@@ -66,9 +67,8 @@ void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
   if (message.startsWith("This plugin does not support")) return;
   if (message.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) return;
   if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty()) {
-    std::fputs(
-        "The display cannot be opened: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-        stderr);
+    std::fputs("The display cannot be opened: set DISPLAY, or see all of it with --tour DIR.\n",
+               stderr);
     std::_Exit(EXIT_FAILURE);
   }
   previousHandler(type, context, message);
@@ -209,8 +209,7 @@ int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
 int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   if (!HasDisplay()) {
     if (options.tourDirectory.empty()) {
-      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-                 stderr);
+      std::fputs("There is no display: set DISPLAY, or see all of it with --tour DIR.\n", stderr);
       return EXIT_FAILURE;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -259,7 +258,7 @@ std::string TakeVariable() {
 }
 
 void ReadConnection(desktop::Options& options, const std::string& variable) {
-  if (options.connect.empty() || options.help) return;
+  if (options.connect.empty() || options.help || options.version) return;
   if (options.connect == "-") options.connect = desktop::ReadHiddenLine("Connection string: ");
   options.connect = connection::ConnectionOf(options.connect, variable);
 }
@@ -282,6 +281,10 @@ int main(int argc, char* argv[]) {
   }
   if (options.help) {
     std::fputs(desktop::HelpText(), stdout);
+    return EXIT_SUCCESS;
+  }
+  if (options.version) {
+    std::fputs(version::Line(kApplication).c_str(), stdout);
     return EXIT_SUCCESS;
   }
   const bool replay = !options.replayFile.empty();
