@@ -19,6 +19,7 @@
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
 #include "apps/connection/ConnectionOption.h"
+#include "apps/version/Version.h"
 #include "platform/RuntimeError.h"
 #include "text/Secrets.h"
 
@@ -41,6 +42,7 @@ constexpr char kHelp[] =
   --tour DIR         play a whole day by itself and save a picture of every screen in DIR
   --keys             with --tour: play it by keys alone, without the mouse
   --make-office FILE make a sample office in FILE and end
+  --version          the version and the commit it was built from
   --help             this text
 )";
 
@@ -52,6 +54,7 @@ struct Options {
   bool tourByKeys = false;
   std::string newOffice;
   bool help = false;
+  bool version = false;
   std::string mistake;  // a line for the user
 };
 
@@ -67,6 +70,8 @@ Options Parse(const std::vector<std::string>& arguments) {
     const bool hasValue = i + 1 < arguments.size();
     if (option == "--help") {
       options.help = true;
+    } else if (option == "--version") {
+      options.version = true;
     } else if (option == "--keys") {
       options.tourByKeys = true;
     } else if (!hasValue) {
@@ -187,6 +192,10 @@ int main() {
   const Options options = Parse(Arguments());
   if (options.help) {
     terminal.Say(kHelp);
+    return EXIT_SUCCESS;
+  }
+  if (options.version) {
+    terminal.Say(version::Line("activex-host"));
     return EXIT_SUCCESS;
   }
   if (!options.mistake.empty()) {

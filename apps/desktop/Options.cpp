@@ -102,6 +102,8 @@ Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable
     };
     if (option == "--help" || option == "-h") {
       options.help = true;
+    } else if (option == "--version") {
+      options.version = true;
     } else if (option == "--database") {
       options.database = value();
     } else if (option == "--connect") {
@@ -155,7 +157,7 @@ void RequireEmbedded(const Options& options) {
 }
 
 const char* HelpText() {
-  return R"(./run [options]        opens the promoter program editor
+  return R"(promoter-desktop [options]   opens the promoter program editor; in a checkout, ./run [options]
 
   --database FILE    a database file to work on, instead of the sample office
   --connect SOURCE   another database to work on, by a connection string, ODBC's or OLE DB's, for
@@ -193,6 +195,7 @@ const char* HelpText() {
                      that the environment variable DISTPROMOTER_LOG names, if any
   --windows ...      as the first option: the Windows control in its trial container, under Wine;
                      what follows goes to the container, --help too
+  --version          the version and the commit that it was built from
   --help             this text
 
 The sample office is made on the first run and kept in your data folder, one for each number of

@@ -30,6 +30,7 @@ struct Options {
   bool check = false;          // tell what is wrong with the database
   std::string logFile;         // where statements are logged; empty: nowhere
   bool help = false;
+  bool version = false;
 };
 
 /// The command line cannot be understood; what() is one line for the user.

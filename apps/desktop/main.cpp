@@ -31,6 +31,7 @@
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "apps/connection/ConnectionOption.h"
+#include "apps/version/Version.h"
 #include "module/Module.h"
 #include "screens/Components.h"
 #include "screens/ProgressForm.h"
@@ -67,9 +68,8 @@ void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
   if (message.startsWith("This plugin does not support")) return;
   if (message.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) return;
   if (type == QtFatalMsg && QGuiApplication::platformName().isEmpty()) {
-    std::fputs(
-        "The display cannot be opened: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-        stderr);
+    std::fputs("The display cannot be opened: set DISPLAY, or see all of it with --tour DIR.\n",
+               stderr);
     std::_Exit(EXIT_FAILURE);
   }
   previousHandler(type, context, message);
@@ -216,8 +216,7 @@ int RunOnTerminal(int argc, char* argv[], const desktop::Options& options) {
 int RunOnScreen(int argc, char* argv[], const desktop::Options& options) {
   if (!HasDisplay()) {
     if (options.tourDirectory.empty()) {
-      std::fputs("There is no display: set DISPLAY, or see all of it with ./run --tour DIR.\n",
-                 stderr);
+      std::fputs("There is no display: set DISPLAY, or see all of it with --tour DIR.\n", stderr);
       return EXIT_FAILURE;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
@@ -270,7 +269,7 @@ std::string TakeVariable() {
 }
 
 void ReadConnection(desktop::Options& options, const std::string& variable) {
-  if (options.connect.empty() || options.help) return;
+  if (options.connect.empty() || options.help || options.version) return;
   if (options.connect == "-") options.connect = desktop::ReadHiddenLine("Connection string: ");
   options.connect = connection::ConnectionOf(options.connect, variable);
 }
@@ -298,6 +297,14 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
+<<<<<<< HEAD
+=======
+  if (options.version) {
+    std::fputs(version::Line(kApplication).c_str(), stdout);
+    return EXIT_SUCCESS;
+  }
+  const bool replay = !options.replayFile.empty();
+>>>>>>> winpkg
   if (NeedsHome(options) && qEnvironmentVariableIsEmpty("HOME")) {
     // Qt would take the root folder for it.
     std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);

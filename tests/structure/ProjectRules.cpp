@@ -43,11 +43,14 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("apps/tour", "text screens", true),
       // What a host's command line may say of a connection.
       Rule("apps/connection", "", true),
+      // What every program says of itself.
+      Rule("apps/version", "", true),
       // Composition roots: the only ones that see both the module and the adapters.
       Rule("apps/activex", plain + "screens report module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
       Rule("apps/*",
-           forms + "screens report module adapters/* demo apps/connection apps/tour apps/activex",
+           forms + "screens report module adapters/* demo apps/connection apps/tour apps/version "
+                   "apps/activex",
            true),
   };
   return rules;

@@ -38,7 +38,7 @@ class StandIn : public ComObject<IDispatch> {
   /// Takes every member that On does not know; the name of a writing ends in "=", that of a call in
   /// "()".
   using Other = std::function<Variant(const std::string& name, const Arguments& arguments)>;
-  void OnOther(Other other) { other_ = std::move(other); }
+  void OnOther(Other answer) { other_ = std::move(answer); }
 
   /// Interfaces besides automation's: null for one that it has not.
   std::function<IUnknown*(REFIID id)> other;
