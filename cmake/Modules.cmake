@@ -4,7 +4,7 @@
 add_library(promoter_flags INTERFACE)
 target_compile_options(promoter_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
-  -Wnull-dereference -Wold-style-cast -Werror)
+  -Wnull-dereference -Wold-style-cast $<$<BOOL:${PROMOTER_WERROR}>:-Werror>)
 
 function(promoter_instrument)
   if(PROMOTER_FUZZ OR PROMOTER_SANITIZE)
@@ -36,7 +36,8 @@ endfunction()
 
 # promoter_library(<folder> [SOURCE_DIR <dir>] [DEPENDS <folder>...] [LINK <target>...])
 # All .cpp files of src/<folder> as one static library; a folder of headers alone is an interface
-# library. Includes are written from src/ ("platform/Connection.h").
+# library. Includes are written from src/ ("platform/Connection.h"). Whoever takes an installed one
+# calls it DistPromoterProg::<folder>, DistPromoterProg::adapters_sqlite.
 function(promoter_library folder)
   cmake_parse_arguments(ARG "" "SOURCE_DIR" "DEPENDS;LINK" ${ARGN})
   promoter_target_name(${folder} name)
@@ -52,7 +53,7 @@ function(promoter_library folder)
   set(scope PUBLIC)
   if(units)
     add_library(${name} STATIC ${sources})
-    target_link_libraries(${name} PRIVATE promoter_flags)
+    target_link_libraries(${name} PRIVATE $<BUILD_INTERFACE:promoter_flags>)
     if(PROMOTER_COVERAGE AND NOT folder MATCHES "^(adapters/|demo)")
       # Without it a function of a header that nobody calls leaves no trace to be missed by.
       target_compile_options(${name} PRIVATE -fkeep-inline-functions)
@@ -61,7 +62,11 @@ function(promoter_library folder)
     add_library(${name} INTERFACE)
     set(scope INTERFACE)
   endif()
-  target_include_directories(${name} ${scope} ${include})
+  target_include_directories(${name} ${scope} "$<BUILD_INTERFACE:${include}>"
+    $<INSTALL_INTERFACE:include/distpromoterprog>)
+  target_compile_features(${name} ${scope} cxx_std_20)
+  string(REPLACE "/" "_" exported ${folder})
+  set_target_properties(${name} PROPERTIES EXPORT_NAME ${exported})
   foreach(dependency ${ARG_DEPENDS})
     promoter_target_name(${dependency} target)
     target_link_libraries(${name} ${scope} ${target})

@@ -5,6 +5,9 @@ if(NOT EXISTS ${PROMOTER_SQLITE}/sqlite3.c)
   message(FATAL_ERROR "There is no ${PROMOTER_SQLITE}/sqlite3.c; scripts/fetch-sqlite fetches it.")
 endif()
 enable_language(C RC)
+# From which archives something came along: scripts/notices reads it there.
+file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/maps)
+add_link_options(-Wl,-Map,${PROJECT_BINARY_DIR}/maps/$<TARGET_PROPERTY:NAME>.map)
 add_library(promoter_sqlite3 STATIC ${PROMOTER_SQLITE}/sqlite3.c)
 target_include_directories(promoter_sqlite3 SYSTEM PUBLIC ${PROMOTER_SQLITE})
 target_compile_definitions(promoter_sqlite3 PRIVATE SQLITE_OMIT_LOAD_EXTENSION

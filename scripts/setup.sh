@@ -1,4 +1,4 @@
-# What ./run and ./test share; sourced by both. Everything that a step prints goes into $log, which
+# What ./run, ./test and ./package share; sourced by each. Everything that a step prints goes into $log, which
 # is shown only when the step fails. Messages go to stderr: stdout belongs to the program.
 # shellcheck shell=bash disable=SC2034
 
@@ -9,7 +9,11 @@ run_packages=(g++ cmake ninja-build ccache qt6-base-dev libsqlite3-dev unixodbc-
   libxlsxwriter-dev qt6-translations-l10n fonts-dejavu-core)
 # Needed besides by the tests and the benchmark programs.
 test_packages=(libgtest-dev libgmock-dev libbenchmark-dev libicu-dev clang-format unzip
-  poppler-utils libsqliteodbc python3 sqlfluff xvfb at-spi2-core dbus-daemon python3-pyatspi)
+  poppler-utils libsqliteodbc man-db python3 sqlfluff xvfb at-spi2-core dbus-daemon python3-pyatspi)
+
+# Needed besides to make packages, and to try them.
+package_packages=(dpkg-dev file git python3)
+try_packages=(debootstrap xz-utils)
 
 # Needed to build the Windows control, and besides to run it under Wine.
 windows_packages=(cmake ninja-build ccache g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix

@@ -3,11 +3,13 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QTest>
 #include <QThread>
 #include <QWindow>
 #include <algorithm>
@@ -80,6 +82,26 @@ Qt::Key QtKey(const screens::KeyEvent& stroke) {
   return found->second;
 }
 
+/// Goes on without a loop of its own, whose depth would be taken for a modal window's.
+void Wait(int milliseconds) {
+  const QDeadlineTimer end(milliseconds);
+  do {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, static_cast<int>(end.remainingTime()));
+    QThread::msleep(1);
+  } while (!end.hasExpired());
+}
+
+/// To a widget's window, which passes it on as it does what the window system sends.
+void SendKey(QWindow& window, int key, const QString& text, Qt::KeyboardModifiers held) {
+  const QPointer<QWindow> still(&window);
+  for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+    if (still == nullptr) return;
+    QKeyEvent event(type, key, held, text);
+    QCoreApplication::sendEvent(still, &event);
+    QCoreApplication::processEvents();
+  }
+}
+
 }  // namespace
 
 Hands::Hands(tour::Play play, Open open) : tour::Hands(play, std::move(open)) {
@@ -123,16 +145,31 @@ void Hands::MoveMouse(Mouse action, screens::Point place) {
   const QPoint inside = target->mapFromGlobal(at);
   Leave(*target);
   pointed_ = target->childAt(inside);
+  const auto send = [this, at, inside, still = QPointer<QWindow>(window)](QEvent::Type type) {
+    if (still == nullptr) return;
+    const bool move = type == QEvent::MouseMove;
+    if (!move) held_ = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, inside, at, move ? Qt::NoButton : Qt::LeftButton, held_, {});
+    QCoreApplication::sendEvent(still, &event);
+  };
   switch (action) {
-    case Mouse::kPress:
-      return QTest::mousePress(window, Qt::LeftButton, {}, inside);
     case Mouse::kMove:
-      return QTest::mouseMove(window, inside);
-    case Mouse::kRelease:
-      return QTest::mouseRelease(window, Qt::LeftButton, {}, inside);
+      send(QEvent::MouseMove);
+      break;
     case Mouse::kDoubleClick:
-      return QTest::mouseDClick(window, Qt::LeftButton, {}, inside);
+      send(QEvent::MouseButtonPress);
+      send(QEvent::MouseButtonRelease);
+      send(QEvent::MouseButtonDblClick);
+      send(QEvent::MouseButtonRelease);
+      break;
+    case Mouse::kPress:
+      send(QEvent::MouseButtonPress);
+      break;
+    case Mouse::kRelease:
+      send(QEvent::MouseButtonRelease);
+      break;
   }
+  QCoreApplication::processEvents();
 }
 
 void Hands::Press(const screens::KeyEvent& stroke) {
@@ -141,9 +178,8 @@ void Hands::Press(const screens::KeyEvent& stroke) {
   held.setFlag(Qt::ShiftModifier, stroke.modifiers.shift);
   held.setFlag(Qt::ControlModifier, stroke.modifiers.control);
   held.setFlag(Qt::AltModifier, stroke.modifiers.alt);
-  QTest::sendKeyEvent(QTest::Click, QGuiApplication::focusWindow(), QtKey(stroke),
-                      stroke.key == Key::kSpace ? QStringLiteral(" ") : ToQString(stroke.text),
-                      held);
+  SendKey(*QGuiApplication::focusWindow(), QtKey(stroke),
+          stroke.key == Key::kSpace ? QStringLiteral(" ") : ToQString(stroke.text), held);
 }
 
 void Hands::Picture(int windows, const std::string& path) {
@@ -175,7 +211,7 @@ void Hands::ResizeFront(double factor) {
   if (front == nullptr) throw Failure("expected a window");
   front->resize(front->size() * factor);
   // A window manager answers.
-  QTest::qWait(kAnswer);
+  Wait(kAnswer);
 }
 
 void Hands::SaveAs(const std::string& path) {
@@ -186,7 +222,8 @@ void Hands::SaveAs(const std::string& path) {
   // Of an earlier tour: the program would ask whether to replace it.
   QFile::remove(ToQString(path));
   name->setText(ToQString(path));
-  QTest::keyClick(name, Qt::Key_Return);
+  QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QCoreApplication::sendEvent(name, &enter);
 }
 
 std::string Hands::Clipboard() {

@@ -32,6 +32,7 @@ class Hands : public tour::Hands {
   void Leave(const QWidget& window);
 
   QPointer<QWidget> pointed_;
+  Qt::MouseButtons held_;
 };
 
 }  // namespace desktop

@@ -1,6 +1,6 @@
 # Writes the commit that the folder FROM stands at into the source file TO, unless it is there: from
-# git, or from the file "commit" of a source archive, else "unknown". Files that were
-# changed since are told by a "+".
+# git, or from the file "commit" of a source archive, else "unknown". Files that were changed since
+# are told by a "+".
 set(commit)
 # A folder inside of somebody else's checkout is none of it.
 if(EXISTS ${FROM}/.git)
@@ -13,7 +13,7 @@ if(EXISTS ${FROM}/.git)
   endif()
 endif()
 if(NOT commit)
-  # git archive puts the commit into it.
+  # git archive puts the commit and its time into it.
   file(STRINGS ${FROM}/apps/version/commit commit LIMIT_COUNT 1 REGEX "^[0-9a-f]+$")
 endif()
 if(NOT commit)
