@@ -2,33 +2,16 @@
 
 #include <windows.h>
 
-#include <array>
 #include <utility>
 
 #include "adapters/server/StatementLimit.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/PagePrinting.h"
-#include "adapters/windows/Wide.h"
+#include "adapters/windows/Settings.h"
 
 namespace adapters::windows {
 
 namespace {
-
-constexpr const wchar_t* kSettings = L"Software\\DistPromoterProg";
-
-/// The programmatic id of the suite's engine; empty where none is named.
-std::string EngineName() {
-  std::array<wchar_t, 128> name{};
-  for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
-    auto bytes = static_cast<DWORD>(sizeof name);
-    if (RegGetValueW(root, kSettings, L"ReportEngine", RRF_RT_REG_SZ, nullptr, name.data(),
-                     &bytes) == ERROR_SUCCESS &&
-        name[0] != L'\0') {
-      return Utf8(name.data());
-    }
-  }
-  return {};
-}
 
 class SuiteEngine : public platform::ReportEngine {
  public:
@@ -70,7 +53,7 @@ WinReports::WinReports(platform::ConnectionFactory& connections, platform::FileS
                .savePdf = nullptr} {}
 
 std::unique_ptr<platform::ReportEngine> WinReports::Create() {
-  const std::string name = EngineName();
+  const std::string name = Setting(L"ReportEngine");
   if (name.empty()) return TemplateReports::Create();
   return std::make_unique<SuiteEngine>(Dispatch::Create(name));
 }
