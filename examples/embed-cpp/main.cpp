@@ -40,7 +40,7 @@ void PrintProgram(const std::string& file, int program) {
   control.View(program);  // false in every case; what fails throws
 
   editor::FormMain& editor = module.Editor();
-  std::printf("program:     %s\n", editor.txtCode.Text().c_str());
+  std::printf("program:     %s\n", editor.txtID.Text().c_str());
   std::printf("branch:      %s\n", editor.sltBranch.DisplayText().c_str());
   std::printf("description: %s\n", editor.txtDescription.Text().c_str());
   const platform::RowSet visits =
