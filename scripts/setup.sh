@@ -88,6 +88,16 @@ gather() {
   sed 's/$/\r/' "$root/scripts/remove.cmd" >"$to/remove.cmd"
 }
 
+# make_installer VERSION LISTS FILE: the Windows installer of what the lists name; both builds are
+# configured.
+make_installer() {
+  makensis -V2 -WX -INPUTCHARSET UTF8 "-DVERSION=$1" "-DLISTS=$2" "-DOUT=$3" \
+    "-DNUMBERS=$(printf '%s.0.0.0' "$1" | cut -d. -f1-4)" \
+    "-DCOMPANY=$(cached windows64 PROMOTER_COMPANY)" \
+    "-DCOPYRIGHT=$(cached windows64 PROMOTER_COPYRIGHT)" \
+    "-DICON=$root/resources/promoter.ico" "$root/packaging/windows/installer.nsi"
+}
+
 # cached PRESET VARIABLE: the variable's value in the preset's build folder.
 cached() {
   sed -n "s/^$2:[A-Z]*=//p" "$root/build/$1/CMakeCache.txt" 2>/dev/null

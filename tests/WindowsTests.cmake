@@ -38,7 +38,7 @@ function(promoter_wine_folder_test folder)
 endfunction()
 
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
-promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids)
+promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids version)
 target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp
   adapters/windows/StandIn.cpp)
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
@@ -46,8 +46,12 @@ target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
 # Wine shows the whole file system as its drive Z.
 target_compile_definitions(apps_activex_test PRIVATE
   PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>"
-  PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt")
-add_dependencies(apps_activex_test promoter-activex)
+  PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt"
+  PROMOTER_CONTAINER="Z:$<TARGET_FILE:promoter-activex-host>"
+  PROMOTER_VERSION="${PROJECT_VERSION}"
+  PROMOTER_COMPANY="${PROMOTER_COMPANY}"
+  PROMOTER_COPYRIGHT="${PROMOTER_COPYRIGHT}")
+add_dependencies(apps_activex_test promoter-activex promoter-activex-host)
 
 add_test(NAME late_bound COMMAND ${control_tests}/late-bound.sh ${PROJECT_SOURCE_DIR}
   ${CMAKE_BINARY_DIR}/wine/late_bound $<TARGET_FILE:promoter-activex>
