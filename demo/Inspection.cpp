@@ -101,12 +101,14 @@ void FollowReferences(sqlite3* database, const std::string& file, Findings& find
       Prepare(database, "SELECT \"table\", rowid, parent FROM pragma_foreign_key_check", file);
   while (Step(rows, file)) {
     const std::string table(ColumnText(rows, 0));
-    const std::string row(ColumnText(rows, 1));  // empty where a table does not number its rows
+    const std::string row(ColumnText(rows, 1));  // none where a table does not number its rows
     const std::string parent(ColumnText(rows, 2));
-    findings.Add((row.empty() ? "سطري" : "سطر " + row) + " از " + table + " به سطري از " + parent +
-                     " اشاره مي كند كه نيست.",
-                 (row.empty() ? "A row" : "Row " + row) + " of " + table + " refers to a row of " +
-                     parent + " that is not there.");
+    std::string sentence("سطري از ");
+    sentence.append(table).append(" به سطري از ").append(parent).append(" اشاره مي كند كه نيست.");
+    std::string words("A row of ");
+    words.append(table).append(" refers to a row of ").append(parent).append(" that is not there.");
+    if (!row.empty()) words.append(" (rowid ").append(row).append(")");
+    findings.Add(sentence, words);
   }
 }
 
