@@ -118,9 +118,11 @@ QAccessibleInterface* PaneInterface::childAt(int x, int y) const {
       return QAccessible::queryAccessibleInterface(child);
     }
   }
-  if (Pane() == nullptr) return nullptr;
-  const QPoint at = View()->viewport()->mapFromGlobal(QPoint(x, y));
-  return const_cast<PaneInterface*>(this)->Part(Pane()->PartAt(View()->ToPane(at)));
+  PaneView* const view = View();
+  const screens::Pane* const pane = Pane();
+  if (view == nullptr || pane == nullptr) return nullptr;
+  const QPoint at = view->viewport()->mapFromGlobal(QPoint(x, y));
+  return const_cast<PaneInterface*>(this)->Part(pane->PartAt(view->ToPane(at)));
 }
 
 /// The viewport between a frame and what stands in it is nothing of its own.
@@ -135,9 +137,8 @@ QAccessibleInterface* PaneInterface::parent() const {
 }
 
 QAccessibleInterface* PaneInterface::focusChild() const {
-  if (Pane() != nullptr && HasKeyboard()) {
-    QAccessibleInterface* const part =
-        const_cast<PaneInterface*>(this)->Part(Pane()->FocusedPart());
+  if (const screens::Pane* const pane = Pane(); pane != nullptr && HasKeyboard()) {
+    auto* const part = const_cast<PaneInterface*>(this)->Part(pane->FocusedPart());
     if (part != nullptr) return part;
   }
   return QAccessibleWidget::focusChild();
