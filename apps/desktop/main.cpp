@@ -285,7 +285,7 @@ int main(int argc, char* argv[]) {
     ReadConnection(options, variable);
     const char* const log = std::getenv("DISTPROMOTER_LOG");
     if (options.logFile.empty() && log != nullptr) options.logFile = log;
-    if (!options.help) desktop::RequireEmbedded(options);
+    if (!options.help && !options.version) desktop::RequireEmbedded(options);
   } catch (const desktop::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
@@ -297,14 +297,10 @@ int main(int argc, char* argv[]) {
     std::fputs(desktop::HelpText(), stdout);
     return EXIT_SUCCESS;
   }
-<<<<<<< HEAD
-=======
   if (options.version) {
     std::fputs(version::Line(kApplication).c_str(), stdout);
     return EXIT_SUCCESS;
   }
-  const bool replay = !options.replayFile.empty();
->>>>>>> winpkg
   if (NeedsHome(options) && qEnvironmentVariableIsEmpty("HOME")) {
     // Qt would take the root folder for it.
     std::fputs("HOME is not set: the sample office and copied lists have no place.\n", stderr);
