@@ -118,7 +118,10 @@ std::string OfficeFor(const Options& options, const std::string& tourFolder) {
   if (!variable.empty() && tourFolder.empty()) return connection::ConnectionOf("env", variable);
   const std::string path =
       tourFolder.empty() ? activexhost::SampleOfficePath() : tourFolder + "\\office.db";
-  if (!tourFolder.empty()) DeleteFileW(Wide(path).c_str());
+  if (!tourFolder.empty()) {
+    // A tour that was stopped left its log: read with another office it would damage that.
+    for (const char* part : {"", "-wal", "-shm"}) DeleteFileW(Wide(path + part).c_str());
+  }
   activexhost::EnsureSampleOffice(path);
   return "sqlite:" + path;
 }
