@@ -28,7 +28,6 @@ class comFlex : public controls::Frame {
   /// one gesture. Throws 30009 at a row that does not exist; what comes before it is done.
   void SetMarks(const std::vector<std::int32_t>& rows, bool marked);
 
-
   /// A row has just been marked or unmarked; raised for every row that a command touches, also for
   /// one that was so before.
   std::function<void(std::int32_t row)> Selected;
