@@ -43,8 +43,7 @@ class WatchedDay : public OfficeDay {
     if (name == "cmdAddBatch" && actions.rbegin()[1].name != name) {
       EXPECT_EQ(Editor().lblAdded.Caption(), "6 ويزيت افزوده شد.");
       Press(Editor().cmdAddBatch);
-      EXPECT_EQ(Editor().lblAdded.Caption(),
-                "ويزيتي افزوده نشد؛ 6 ويزيت از پيش در برنامه بود.");
+      EXPECT_EQ(Editor().lblAdded.Caption(), "ويزيتي افزوده نشد؛ 6 ويزيت از پيش در برنامه بود.");
     }
   }
   void Use(controls::Form& form) override {
