@@ -1,5 +1,7 @@
 #include "adapters/windows/StandInAdo.h"
 
+#include <ocidl.h>
+
 #include <algorithm>
 #include <memory>
 
