@@ -1,6 +1,7 @@
 #include "adapters/windows/StandInAdo.h"
 
 #include <ocidl.h>
+#include <olectl.h>
 
 #include <algorithm>
 #include <memory>
