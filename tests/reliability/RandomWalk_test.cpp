@@ -24,7 +24,7 @@ namespace reliability {
 namespace {
 
 #ifdef PROMOTER_SANITIZED
-constexpr long kSteps = 10'000;
+constexpr long kSteps = 30'000;
 #else
 constexpr long kSteps = 100'000;
 #endif
