@@ -98,10 +98,7 @@ WPARAM VirtualKey(Key key) {
 
 std::vector<std::unique_ptr<tour::Thing>> Hands::Windows() {
   std::vector<std::unique_ptr<tour::Thing>> things;
-  std::vector<HWND> windows = ShownWindows();
-  // A list lies over its form; Wine may tell them the other way round once the form was raised.
-  std::ranges::stable_partition(windows, [](HWND window) { return !HasCaption(window); });
-  for (const HWND window : windows) {
+  for (const HWND window : ShownWindows()) {
     if (auto thing = MakeThing(window)) things.push_back(std::move(thing));
   }
   return things;
