@@ -63,8 +63,9 @@ void PopupWindow::Show(screens::Size size) {
   const int gap = note ? Look().GetScale().Design(kNoteGap) : 0;
   const screens::Rect place =
       screens::PopupPlace(FromRECT(control), size, gap, RoomOf(kind_, owner_.Handle()));
-  SetWindowPos(Handle(), HWND_TOP, place.left, place.top, place.Width(), place.Height(),
-               SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  // A form that is raised after its list came up must not cover it.
+  SetWindowPos(Handle(), note ? HWND_TOP : HWND_TOPMOST, place.left, place.top, place.Width(),
+               place.Height(), SWP_NOACTIVATE | SWP_SHOWWINDOW);
   if (!note) BeginWatching();
 }
 
