@@ -1,0 +1,25 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "support/TestFolder.h"
+
+namespace support {
+
+/// A long text must be what stands in an approved file. What came instead is left in the folder for
+/// passing files; once it is looked at and right it takes the place of the approved one.
+inline void ExpectApproved(const std::string& file, const std::string& text) {
+  const std::string approved = Content(file);
+  if (approved == text) return;
+  const auto differs = std::ranges::mismatch(approved, text).in2;
+  const std::string came =
+      testing::TempDir() + std::filesystem::path(file).filename().string() + ".came";
+  std::ofstream(came, std::ios::binary) << text;
+  ADD_FAILURE() << "differs from line " << 1 + std::count(text.begin(), differs, '\n') << ": diff "
+                << file << " " << came;
+}
+
+}  // namespace support
