@@ -14,7 +14,7 @@ using screens::MonthBrowser;
 using screens::MonthPage;
 using testing::ElementsAre;
 using Part = MonthBrowser::Part;
-using Key = MonthBrowser::Key;
+using screens::Key;
 
 SolarHijriDate Date(std::string_view text) {
   return SolarHijriDate::FromText(text).value();
@@ -77,14 +77,14 @@ TEST_F(MonthBrowserTest, Keys_MoveTheCursorAndItsPageAsFarAsTheCalendarGoes) {
   };
   for (const auto& each : kCases) {
     Open(each.from);
-    browser.PressKey(each.key, each.control);
+    EXPECT_TRUE(browser.PressKey({each.key, {.control = each.control}, {}}));
     EXPECT_EQ(browser.Cursor().Text(), each.to) << each.from;
     EXPECT_TRUE(browser.Page().InMonth(browser.Cursor())) << each.from;
   }
   EXPECT_TRUE(events.empty());
   Open("1404/02/15");
-  browser.PressKey(Key::kPick, false);
-  browser.PressKey(Key::kClose, false);
+  browser.PressKey({Key::kEnter, {}, {}});
+  browser.PressKey({Key::kEscape, {}, {}});
   EXPECT_THAT(events, ElementsAre("closed", "1404/02/15", "closed"));
 }
 

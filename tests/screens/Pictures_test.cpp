@@ -197,7 +197,7 @@ TEST_F(Pictures, Grid_MarkedSoughtAndFramed_IsAsApproved) {
   Then("letters not found", flx.pane, size);
   flx.Strike(Key::kF, {.control = true});
   flx.Retype("رضا");
-  Then("found", flx.pane, size);
+  Take("found", flx.pane, size);
   flx.Mouse(Action::kPress, {15, 10});
   Then("a button of the line pressed", flx.pane, size);
   flx.Mouse(Action::kMove, {45, 10});
