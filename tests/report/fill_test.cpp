@@ -19,19 +19,6 @@ using testing::HasSubstr;
 /// The rows written for each statement; anything else is the database's error.
 struct Answers {
   using Table = std::vector<std::vector<std::string>>;  // columns first; "~" is NULL
-
-  /// The rows of `statement` from `first` on, at most `most`.
-  platform::RowSet Some(const std::string& statement, std::size_t first, std::size_t most) const {
-    const Table& table = tables.at(statement);
-    platform::RowSet rows(table.front());
-    for (std::size_t row = first + 1; row < table.size() && rows.RowCount() < most; ++row) {
-      for (const std::string& cell : table[row]) {
-        cell == "~" ? rows.AppendNull() : rows.Append(cell);
-      }
-    }
-    return rows;
-  }
-
   std::map<std::string, Table> tables;
   int statements = 0;
   std::size_t rowsRead = 0;
@@ -47,46 +34,37 @@ class Rows : public platform::Connection {
   platform::RowSet Execute(std::string_view) override { throw std::logic_error("read whole"); }
   std::unique_ptr<platform::RowReader> Open(std::string_view statement) override {
     ++answers_.statements;
-    if (!answers_.tables.contains(std::string(statement))) {
+    const auto table = answers_.tables.find(std::string(statement));
+    if (table == answers_.tables.end()) {
       throw platform::RuntimeError(208, "Invalid object name 'x'.");
     }
-    return std::make_unique<Reader>(answers_, std::string(statement));
+    return std::make_unique<Reader>(answers_, table->second);
   }
   std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
     return 0;
   }
 
  private:
-  class Reader : public platform::RowReader {
-   public:
-    Reader(Answers& answers, std::string statement)
-        : answers_(answers),
-          statement_(std::move(statement)),
-          columns_(answers.Some(statement_, 0, 0).Columns()) {}
-    const std::vector<std::string>& Columns() const override { return columns_; }
+  struct Reader : platform::RowReader {
+    Reader(Answers& all, const Answers::Table& table) : answers(all), rest(table) {}
+    const std::vector<std::string>& Columns() const override { return rest.front(); }
     bool Read(platform::RowSet& rows, std::size_t most) override {
-      if (!rows.ReturnsRows()) rows = platform::RowSet(columns_);
-      if (given_ >= answers_.failAtRow) {
-        answers_.failAtRow = std::numeric_limits<std::size_t>::max();
-        throw platform::RuntimeError(answers_.failure);
+      if (!rows.ReturnsRows()) rows = platform::RowSet(Columns());
+      if (given >= answers.failAtRow) {
+        answers.failAtRow = std::numeric_limits<std::size_t>::max();
+        throw platform::RuntimeError(answers.failure);
       }
-      const platform::RowSet some = answers_.Some(statement_, given_, most);
-      for (std::size_t row = 0; row < some.RowCount(); ++row) {
-        for (std::size_t column = 0; column < columns_.size(); ++column) {
-          const auto cell = some.Cell(row, column);
-          cell ? rows.Append(*cell) : rows.AppendNull();
+      for (; most > 0 && given + 1 < rest.size(); --most, ++answers.rowsRead) {
+        for (const std::string& cell : rest[++given]) {
+          cell == "~" ? rows.AppendNull() : rows.Append(cell);
         }
       }
-      given_ += some.RowCount();
-      answers_.rowsRead += some.RowCount();
-      return some.RowCount() == most;
+      return most == 0;
     }
 
-   private:
-    Answers& answers_;
-    std::string statement_;
-    std::vector<std::string> columns_;
-    std::size_t given_ = 0;
+    Answers& answers;
+    Answers::Table rest;
+    std::size_t given = 0;
   };
   Answers& answers_;
 };
