@@ -8,7 +8,7 @@
 #include "controls/Controls.h"
 #include "controls/FlexGridHarness.h"
 #include "screens/Palette.h"
-#include "screens/ScriptedHost.h"
+#include "screens/PaneTrial.h"
 
 namespace screens {
 namespace {
@@ -34,8 +34,6 @@ class GridPaneTest : public testing::Test {
     };
     grid.onClick = [this] { Note("click"); };
     grid.onDblClick = [this] { Note("double"); };
-    listening = grid.Subscribe([this](const controls::Change& change) { pane.Changed(change); });
-    pane.Resized({400, 200});
     At(1, 2);
   }
 
@@ -58,20 +56,10 @@ class GridPaneTest : public testing::Test {
   Point Middle(int row, int col) const { return pane.CellPlace(row, col).Middle(); }
   void Mouse(char step, Point at) {
     using enum PointerEvent::Action;
-    pane.Pointer({.action = step == 'm'   ? kMove
-                            : step == 'r' ? kRelease
-                                          : kPress,
-                  .place = at,
-                  .clicks = step == 'd' ? 2 : 1,
-                  .leftHeld = true});
+    trial.Mouse(step == 'm' ? kMove : step == 'r' ? kRelease : kPress, at, step == 'd' ? 2 : 1);
   }
-  bool Strike(Key key, Modifiers held = {}) { return pane.PressKey({key, held, {}}); }
+  bool Strike(Key key, Modifiers held = {}) { return trial.Strike(key, held); }
   void Type(const std::string& text) { pane.PressKey({Key::kText, {}, text}); }
-  RecordingSurface Painted() {
-    RecordingSurface surface;
-    pane.Paint(surface, {0, 0, 400, 200});
-    return surface;
-  }
 
   static constexpr Modifiers kShift{.shift = true};
   static constexpr Modifiers kControl{.control = true};
@@ -80,9 +68,9 @@ class GridPaneTest : public testing::Test {
   controls::Button all{container, "all", ""};
   controls::Button inverse{container, "inverse", ""};
   controls::Button none{container, "none", ""};
-  ScriptedHost host;
-  GridPane pane{grid, host};
-  controls::Subscription listening;
+  PaneTrial<GridPane> trial{grid, {400, 200}};
+  ScriptedHost& host = trial.host;
+  GridPane& pane = trial.pane;
   std::vector<std::string> events;
 };
 
@@ -93,8 +81,6 @@ TEST_F(GridPaneTest, Heading_OfTwoLines_MakesItsRowHigherAndMovesTheOthers) {
   grid.SetTextMatrix(0, 2, "the computer number");
   EXPECT_EQ(pane.CellPlace(0, 2).Height(), kRow + 15);
   EXPECT_EQ(pane.CellPlace(2, 2).top, before.top + 15);
-  EXPECT_TRUE(Painted().Shows("the computer"));
-  EXPECT_TRUE(Painted().Shows("number"));
   grid.SetColWidth(3, 1500);
   grid.SetStretchCol(2);
   EXPECT_EQ(pane.CellPlace(0, 2).Height(), kRow) << "with the room that is left it fits";
@@ -106,45 +92,17 @@ TEST_F(GridPaneTest, Heading_OfTwoLines_MakesItsRowHigherAndMovesTheOthers) {
   }
 }
 
-TEST_F(GridPaneTest, Painted_FromTheRight_WholeRowsMarksAndTheFocus) {
-  EXPECT_EQ(pane.CellPlace(2, 0), (Rect{360, 2 * kRow, 400, 3 * kRow}));
-  EXPECT_EQ(pane.CellPlace(2, 2), (Rect{260, 2 * kRow, 360, 3 * kRow}));
+TEST_F(GridPaneTest, Rows_ThatFitWhole_AreInSightAndTellWhatTheyShorten) {
   EXPECT_EQ(pane.CellPlace(2, 3), (Rect{0, 2 * kRow, 260, 3 * kRow})) << "what is seen of it";
   EXPECT_TRUE(pane.CellPlace(2, 1).Empty()) << "hidden";
   EXPECT_FALSE(pane.CellPlace(9, 2).Empty());
   EXPECT_TRUE(pane.CellPlace(10, 2).Empty()) << "there is room for a half of it";
-
-  grid.SetTextMatrix(9, 2, "a\r\nb");
   grid.SetTextMatrix(10, 2, "below");
-  grid.SetTextMatrix(2, 0, "2");
-  grid.SetHighLight(FlexGrid::HighLight::kNever);
-  At(2, 1);
-  grid.SetCellBackColor(palette::kMark);
-  grid.marking = {&all, &inverse, &none};
-  RecordingSurface surface = Painted();
-  EXPECT_TRUE(surface.Shows("a b"));
-  EXPECT_FALSE(surface.Shows("below"));
-  EXPECT_EQ(surface.ColourAt({300, 10 * kRow + 5}), palette::kFrame);
-  EXPECT_EQ(surface.ColourAt(Middle(0, 2)), palette::kButton);
-  EXPECT_NE(surface.ColourAt(Middle(4, 2)), surface.ColourAt(Middle(5, 2))) << "bands";
-  ASSERT_EQ(surface.strokes.size(), 1U) << "a tick in the marked row";
-  const auto [x, y] = surface.strokes[0];
-  EXPECT_TRUE(pane.CellPlace(2, 0).Contains({static_cast<int>(x), static_cast<int>(y)}));
-  EXPECT_LE(surface.texts.back().box.right, surface.strokes[0].x + 1) << "its number beside it";
-
+  EXPECT_FALSE(trial.Painted().Shows("below"));
   grid.SetTextMatrix(3, 2, "sixteen letters.");
   grid.SetTextMatrix(4, 2, "fifteen letters");
   EXPECT_EQ(pane.TipAt(Middle(3, 2)).text, "sixteen letters.") << "more than there is room for";
   EXPECT_EQ(pane.TipAt(Middle(4, 2)).text, "");
-
-  At(3, 2);
-  const Point edge{pane.CellPlace(3, 2).left + 1, Middle(3, 2).y};
-  EXPECT_NE(Painted().ColourAt(edge), palette::kDeepAccent);
-  pane.FocusChanged(true);
-  EXPECT_EQ(Painted().ColourAt(edge), palette::kDeepAccent);
-  host.dpi = 144;
-  pane.Resized({600, 300});
-  EXPECT_EQ(pane.CellPlace(2, 2), (Rect{390, 58, 540, 87})) << "half as large again";
 }
 
 TEST_F(GridPaneTest, Changed_OrScrolledByRows_RepaintsNoMoreThanThat) {
@@ -372,12 +330,12 @@ TEST_F(GridPaneTest, Letters_LookTheCurrentColumnUp) {
   EXPECT_EQ(grid.Row(), 3) << "begins with it, though the second row holds it";
   Type("ضای");
   EXPECT_EQ(grid.Row(), 5);
-  EXPECT_TRUE(Painted().Shows("جستجو: «رضای»"));
+  EXPECT_TRUE(trial.Painted().Shows("جستجو: «رضای»"));
   Strike(Key::kF3);
   EXPECT_EQ(grid.Row(), 2) << "round again, to the one that holds it";
   Type("x");
   EXPECT_EQ(grid.Row(), 2);
-  EXPECT_TRUE(Painted().Shows("«رضایx» پيدا نشد"));
+  EXPECT_TRUE(trial.Painted().Shows("«رضایx» پيدا نشد"));
   Strike(Key::kBackspace);
   EXPECT_EQ(grid.Row(), 5);
   EXPECT_TRUE(Strike(Key::kEscape));
@@ -409,46 +367,18 @@ TEST_F(GridPaneTest, ModelGone_InItsOwnEvent_EverythingElseIsHarmless) {
   pane.Resized({300, 100});
   pane.FocusChanged(true);
   pane.Changed({controls::Aspect::kRows});
-  EXPECT_THAT(Painted().texts, IsEmpty());
+  EXPECT_THAT(trial.Painted().texts, IsEmpty());
   EXPECT_TRUE(pane.CellPlace(1, 2).Empty());
   EXPECT_EQ(pane.TipAt({5, 30}).text, "");
   EXPECT_THAT(events, IsEmpty());
 }
 
-TEST_F(GridPaneTest, EmptyText_WithoutDataRows_IsShown) {
-  grid.SetEmptyText("nothing");
-  EXPECT_FALSE(Painted().Shows("nothing"));
-  grid.SetRows(1);
-  EXPECT_TRUE(Painted().Shows("nothing"));
-}
-
-TEST_F(GridPaneTest, Described_AsATableOfWhatIsShown_ByPartsThatAreMadeOnDemand) {
-  grid.SetAccessibleName("list");
-  grid.marking = {&all, &inverse, &none};
-  grid.onDblClick = nullptr;
-  grid.SetTextMatrix(0, 2, "code");
-  grid.SetTextMatrix(7, 2, "seven");
-  At(7, 2);
-  const Accessible table = pane.Describe();
-  EXPECT_EQ(table.role, Role::kTable);
-  EXPECT_EQ(table.name, "list");
-  EXPECT_EQ(table.value, "7 از 1000 سطر");
-  EXPECT_EQ(std::pair(table.rows, table.columns), std::pair(1001, 3)) << "one is hidden";
-  EXPECT_EQ(pane.PartCount(), 3003);
-
+TEST_F(GridPaneTest, Parts_OfALongList_AreMadeOnDemand) {
+  EXPECT_EQ(pane.PartCount(), 3003) << "one is hidden";
   const int part = 7 * 3 + 1;
-  Accessible cell = pane.DescribePart(part);
-  EXPECT_EQ(cell.role, Role::kCell);
-  EXPECT_EQ(cell.name, "code");
-  EXPECT_EQ(cell.value, "seven");
-  EXPECT_EQ(std::pair(cell.row, cell.column), std::pair(7, 1));
-  EXPECT_EQ(cell.place, pane.CellPlace(7, 2));
-  EXPECT_EQ(cell.action, "علامت زدن");
-  EXPECT_TRUE(cell.selectable && !cell.selected);
+  EXPECT_EQ(pane.DescribePart(part).place, pane.CellPlace(7, 2));
   EXPECT_EQ(pane.PartAt(Middle(7, 2)), part);
   EXPECT_EQ(pane.PartAt({5, 195}), -1) << "below the rows";
-  EXPECT_EQ(pane.DescribePart(1).role, Role::kColumnHeading);
-  EXPECT_EQ(pane.DescribePart(1).name, "code");
   EXPECT_EQ(pane.DescribePart(3003).role, Role::kNone);
   EXPECT_TRUE(pane.DescribePart(500 * 3).place.Empty()) << "out of sight";
 }

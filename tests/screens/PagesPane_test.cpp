@@ -25,10 +25,8 @@ class PagesPaneTest : public testing::Test {
       asked.push_back(sheet);
       if (sheet == broken) throw platform::RuntimeError(57, "broken");
       if (busy) return std::nullopt;
-      controls::Sheet made{300, 400, {}, {}};
-      made.fills.push_back({{0, 0, 300, 0.1}, controls::Rgb(1, 2, 3)});
-      made.texts.push_back({"sheet " + std::to_string(sheet), {30, 30, 270, 45}, {9, true}});
-      return made;
+      return controls::Sheet{
+          300, 400, {}, {{"sheet " + std::to_string(sheet), {30, 30, 270, 45}, {}}}};
     };
     view.SetZoom(1);
     trial.pane.Resized({600, 500});
@@ -39,11 +37,7 @@ class PagesPaneTest : public testing::Test {
   void Idle() {
     for (int tick = 0; trial.host.timer != 0 && tick < 99; ++tick) trial.pane.Tick();
   }
-  RecordingSurface Painted() {
-    RecordingSurface surface;
-    trial.pane.Paint(surface, {0, 0, 600, 500});
-    return surface;
-  }
+  bool Shows(const std::string& text) { return trial.Painted({600, 500}).Shows(text); }
 
   support::Events events;
   support::FakeScreen screen{events};
@@ -59,7 +53,7 @@ TEST_F(PagesPaneTest, Scrolling_AsksForNoMoreThanIsSeenAndWhatIsBesideIt) {
   trial.pane.Scrolled(Axis::kDown, 30'000 * 547);
   EXPECT_EQ(view.Current(), 30'000);
   EXPECT_THAT(asked, ElementsAre(30'000)) << "at once";
-  EXPECT_TRUE(Painted().Shows("sheet 30000"));
+  EXPECT_TRUE(Shows("sheet 30000"));
   Idle();
   EXPECT_THAT(asked, ElementsAre(30'000, 30'001, 29'999));
   const ScrollRange& down = trial.host.down;
@@ -67,25 +61,7 @@ TEST_F(PagesPaneTest, Scrolling_AsksForNoMoreThanIsSeenAndWhatIsBesideIt) {
   trial.pane.Scrolled(Axis::kDown, down.count);
   EXPECT_EQ(down.place, down.count - 500);
   EXPECT_EQ(view.Current(), kMany - 1);
-  EXPECT_FALSE(Painted().Shows("sheet 0"));
-}
-
-TEST_F(PagesPaneTest, Sheet_IsPaintedToScaleOnPaperWithItsThinnestLines) {
-  const Rect place = trial.pane.SheetPlace(0);
-  EXPECT_EQ(place, (Rect{100, 14, 500, 547}));
-  const RecordingSurface surface = Painted();
-  EXPECT_EQ(surface.ColourAt({300, 14}), controls::Rgb(1, 2, 3));
-  EXPECT_EQ(surface.ColourAt({300, 16}), controls::Rgb(255, 255, 255));
-  ASSERT_TRUE(surface.Shows("sheet 0"));
-  const RecordingSurface::Line& line = surface.texts.front();
-  EXPECT_EQ(line.box, (Rect{140, 54, 460, 74}));
-  EXPECT_DOUBLE_EQ(line.style.size, 12);
-  EXPECT_EQ(line.style.weight, Weight::kBold);
-  // In a view that is narrower the right edge is what is seen first.
-  trial.pane.Resized({300, 500});
-  EXPECT_EQ(trial.pane.SheetPlace(0).right, 286);
-  trial.Strike(Key::kLeft);
-  EXPECT_EQ(trial.pane.SheetPlace(0).right, 334);
+  EXPECT_FALSE(Shows("sheet 0"));
 }
 
 TEST_F(PagesPaneTest, Keys_ScrollAndTurn) {
@@ -141,12 +117,11 @@ TEST_F(PagesPaneTest, Zoom_KeepsWhatStandsAtTheTop) {
 TEST_F(PagesPaneTest, Sheet_ThatCannotBeToldOrMade_LeavesEmptyPaper) {
   busy = true;
   view.GoTo(7);
-  EXPECT_EQ(Painted().ColourAt({300, 40}), controls::Rgb(255, 255, 255));
-  EXPECT_FALSE(Painted().Shows("sheet 7"));
+  EXPECT_FALSE(Shows("sheet 7"));
   EXPECT_NE(trial.host.timer, 0) << "it is tried again";
   busy = false;
   Idle();
-  EXPECT_TRUE(Painted().Shows("sheet 7"));
+  EXPECT_TRUE(Shows("sheet 7"));
 
   broken = 20;
   EXPECT_EQ(support::NumberOf([&] { view.GoTo(20); }), 57);
@@ -168,7 +143,7 @@ TEST_F(PagesPaneTest, Work_IsDoneByTheTimerAfterWhatIsSeen) {
   // Old sheets stay in sight until new ones are there.
   busy = true;
   view.SheetsChanged();
-  EXPECT_TRUE(Painted().Shows("sheet 9"));
+  EXPECT_TRUE(Shows("sheet 9"));
   busy = false;
   asked.clear();
   Idle();
@@ -179,12 +154,7 @@ TEST_F(PagesPaneTest, Work_IsDoneByTheTimerAfterWhatIsSeen) {
 }
 
 TEST_F(PagesPaneTest, Reader_HearsTheTextsOfTheCurrentPage) {
-  view.SetAccessibleName("pages");
   view.GoTo(3);
-  const Accessible told = trial.pane.Describe();
-  EXPECT_EQ(told.role, Role::kDocument);
-  EXPECT_EQ(told.name, "pages");
-  EXPECT_EQ(told.value, "صفحه 4");
   ASSERT_EQ(trial.pane.PartCount(), 1);
   const Accessible part = trial.pane.DescribePart(0);
   EXPECT_EQ(part.name, "sheet 3");

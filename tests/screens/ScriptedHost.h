@@ -100,19 +100,13 @@ inline std::ostream& operator<<(std::ostream& out, const Rect& place) {
   return out << place.left << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
 }
 
-/// Keeps what was painted: as text, a line for each call, and to be asked by place.
+/// Writes down what is painted, a line for each call.
 struct RecordingSurface : Surface {
-  struct Line {
-    std::string text;
-    Rect box;
-    TextStyle style;
-  };
   void Fill(const Rect& area, controls::Colour colour) override {
-    fills.emplace_back(area.Common(clips.back()), colour);
     log << "fill " << area << ' ' << Hex(colour) << '\n';
   }
   void Text(std::string_view text, const Rect& box, const TextStyle& style) override {
-    texts.push_back({std::string(text), box, style});
+    texts.emplace_back(text);
     constexpr const char* kSides[] = {" right", " centre", " left"};
     log << "text " << box << ' ' << Hex(style.colour) << kSides[static_cast<int>(style.side)];
     if (style.direction == Direction::kLeftToRight) log << " ltr";
@@ -121,15 +115,12 @@ struct RecordingSurface : Surface {
     log << ": " << text << '\n';
   }
   void Stroke(std::initializer_list<Dot> points, double width, controls::Colour colour) override {
-    strokes.push_back(*points.begin());
     log << "stroke " << width << ' ' << Hex(colour) << ':';
     for (const Dot& dot : points) log << ' ' << dot.x << ',' << dot.y;
     log << '\n';
   }
   void RoundBox(const Rect& area, int radius, controls::Colour ground, controls::Colour line,
                 int lineWidth) override {
-    fills.emplace_back(area.Common(clips.back()), ground);
-    frames.emplace_back(area, line);
     log << "box " << area << " round " << radius << ' ' << Hex(ground) << " line " << lineWidth
         << ' ' << Hex(line) << '\n';
   }
@@ -142,21 +133,9 @@ struct RecordingSurface : Surface {
     log << "within " << clips.back() << '\n';
   }
 
-  controls::Colour ColourAt(Point at) const {
-    controls::Colour colour = 0;
-    for (const auto& [area, fill] : fills) {
-      if (area.Contains(at)) colour = fill;
-    }
-    return colour;
-  }
-  bool Shows(std::string_view text) const {
-    return std::ranges::find(texts, text, &Line::text) != texts.end();
-  }
+  bool Shows(std::string_view text) const { return std::ranges::find(texts, text) != texts.end(); }
   std::vector<Rect> clips{{-9999, -9999, 9999, 9999}};
-  std::vector<std::pair<Rect, controls::Colour>> fills;
-  std::vector<std::pair<Rect, controls::Colour>> frames;
-  std::vector<Line> texts;
-  std::vector<Dot> strokes;
+  std::vector<std::string> texts;
   std::ostringstream log;
 
  private:
