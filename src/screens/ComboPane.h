@@ -23,8 +23,6 @@ class ComboPane : public PaneOfKind<controls::ComboBox, FieldPane>, private List
   void PopupLeft() override { drop_.Close(); }
   Accessible Describe() const override;
 
-  const DropDown& Drop() const { return drop_; }
-
  protected:
   void Toggle() override;
   void PressInside() override { Act(-1); }

@@ -26,15 +26,12 @@ class DatePane : public PaneOfKind<controls::DateBox, FieldPane> {
   Tip TipAt(Point place) const override;
   Accessible Describe() const override;
 
-  bool PageOpen() const { return popup_ && popup_->Visible(); }
-  /// Null until it was opened.
-  const MonthPane* Page() const { return page_; }
-
  protected:
   void Toggle() override;
 
  private:
   using Typing = controls::DateBox::Typing;
+  bool PageOpen() const { return popup_ && popup_->Visible(); }
   void ClosePage();
   void MakePage();
   /// Gives a typed text to the model. False when it was refused: note and border then say so.
@@ -43,7 +40,7 @@ class DatePane : public PaneOfKind<controls::DateBox, FieldPane> {
   void ShowDate();
 
   std::unique_ptr<Popup> popup_;
-  MonthPane* page_ = nullptr;
+  MonthPane* page_ = nullptr;  // null until it was opened
   bool edited_ = false;
 };
 

@@ -27,8 +27,6 @@ class SelectorPane : public PaneOfKind<controls::Selector, FieldPane>, private L
   void PopupLeft() override { Close(Leaving::kSettle); }
   Accessible Describe() const override;
 
-  const DropDown& Drop() const { return drop_; }
-
  protected:
   void Toggle() override;
 

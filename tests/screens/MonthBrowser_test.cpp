@@ -10,11 +10,10 @@
 namespace {
 
 using calendar::SolarHijriDate;
+using screens::Key;
 using screens::MonthBrowser;
 using screens::MonthPage;
 using testing::ElementsAre;
-using Part = MonthBrowser::Part;
-using screens::Key;
 
 SolarHijriDate Date(std::string_view text) {
   return SolarHijriDate::FromText(text).value();
@@ -48,10 +47,6 @@ class MonthBrowserTest : public testing::Test {
     browser.onPicked = [this](const SolarHijriDate& day) { events.push_back(day.Text()); };
   }
   void Open(std::string_view chosen) { browser.Open(Date(chosen), Date("1404/06/31")); }
-  void Click(const MonthBrowser::Spot& spot) {
-    browser.Press(spot);
-    browser.Release(spot);
-  }
   MonthBrowser browser;
   std::vector<std::string> events;
 };
@@ -86,43 +81,6 @@ TEST_F(MonthBrowserTest, Keys_MoveTheCursorAndItsPageAsFarAsTheCalendarGoes) {
   browser.PressKey({Key::kEnter, {}, {}});
   browser.PressKey({Key::kEscape, {}, {}});
   EXPECT_THAT(events, ElementsAre("closed", "1404/02/15", "closed"));
-}
-
-TEST_F(MonthBrowserTest, PressAndRelease_OnOnePart_AreAClick) {
-  const std::pair<Part, const char*> kTurns[] = {{Part::kYearBack, "1403/02/15"},
-                                                 {Part::kMonthBack, "1404/01/15"},
-                                                 {Part::kMonthOn, "1404/03/15"},
-                                                 {Part::kYearOn, "1405/02/15"},
-                                                 {Part::kNone, "1404/02/15"}};
-  for (const auto& [part, day] : kTurns) {
-    Open("1404/02/15");
-    Click({part});
-    EXPECT_EQ(browser.Cursor().Text(), day);
-  }
-  browser.Press({Part::kDay, 1, 0});
-  browser.Release({Part::kDay, 1, 1});
-  browser.Release({Part::kDay, 1, 0});  // a release of its own
-  EXPECT_TRUE(events.empty());
-  Click({Part::kDay, 0, 0});
-  Click({Part::kToday});
-  EXPECT_THAT(events, ElementsAre("closed", "1404/01/30", "closed", "1404/06/31"));
-}
-
-TEST_F(MonthBrowserTest, Hover_FindsItsPartAndPaintsForAnotherOne) {
-  using Spot = MonthBrowser::Spot;
-  int painted = 0;
-  browser.onChange = [&] { ++painted; };
-  for (const Spot& spot : {Spot{Part::kToday}, Spot{Part::kDay, 5, 6}, Spot{}}) {
-    for (int twice = 0; twice < 2; ++twice) {
-      browser.Hover(MonthBrowser::Find([&](const Spot& at) { return at == spot; }));
-    }
-    EXPECT_EQ(browser.Hovered(), spot);
-  }
-  EXPECT_EQ(painted, 3);
-  Open("1404/02/15");
-  EXPECT_EQ(browser.Hovered(), Spot{});
-  EXPECT_EQ(browser.TodayText(), "امروز: " + browser.Today().Text());
-  EXPECT_EQ(browser.Today(), Date("1404/06/31"));
 }
 
 }  // namespace

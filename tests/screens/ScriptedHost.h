@@ -191,7 +191,9 @@ inline std::vector<std::string> PictureOf(const Pane& pane, Size size) {
   pane.Paint(surface, {0, 0, size.width, size.height});
   surface.log << "told: " << Told(pane.Describe());
   for (int part = 0; part < std::min(kMostParts, pane.PartCount()); ++part) {
-    surface.log << "  " << Told(pane.DescribePart(part));
+    const Accessible told = pane.DescribePart(part);
+    const bool there = told.place.Empty() || pane.PartAt(told.place.Middle()) == part;
+    surface.log << (there ? "  " : "  not found there: ") << Told(told);
   }
   std::vector<std::string> lines;
   std::istringstream text(surface.log.str());

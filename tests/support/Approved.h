@@ -13,6 +13,7 @@ namespace support {
 /// passing files; once it is looked at and right it takes the place of the approved one.
 inline void ExpectApproved(const std::string& file, const std::string& text) {
   const std::string approved = Content(file);
+  EXPECT_FALSE(approved.empty()) << "no approved file " << file;
   if (approved == text) return;
   const auto differs = std::ranges::mismatch(approved, text).in2;
   const std::string came =
