@@ -192,26 +192,6 @@ TEST(Pages, Row_HigherThanAPage_GoesOnWithEveryWord) {
   EXPECT_THAT(words, ElementsAreArray(expected));
 }
 
-TEST(Pages, Text_BreaksAtWordsAndWithinThoseThatAreTooWide) {
-  const std::pair<const char*, std::vector<std::string>> kCases[] = {
-      // 42.5 points hold ten letters.
-      {"aaaa bbbb cccc", {"aaaa bbbb", "cccc"}},
-      {"  aaaa\n  bbbb<br> c ", {"aaaa bbbb", "c"}},
-      {"aaaaaaaaaaaaaaa bb", {"aaaaaaaaaa", "aaaaa bb"}},
-      {"aaaa <b>bbbb cccc</b>", {"aaaa", "bbbb", "cccc"}},
-      {"aaaaaa<b>bbbbbb</b> c", {"aaaaaa", "bbbb", "bb", "c"}},
-      {"aaaa&nbsp;bbbb&nbsp;c", {"aaaa\u00A0bbbb\u00A0", "c"}},
-      {"<span style='white-space: nowrap'>aaaa bbbb cccc</span>", {"aaaa bbbb cccc"}},
-      {"a<div>b</div>c", {"a", "b", "c"}},
-  };
-  for (const auto& [text, lines] : kCases) {
-    EXPECT_THAT(Words("<table cellpadding=0 width='42.5pt'><tr><td>" + std::string(text) +
-                      "</td></tr></table>"),
-                ElementsAreArray(lines))
-        << text;
-  }
-}
-
 TEST(Pages, Styles_TheMoreSpecialAndLaterWin) {
   const std::pair<const char*, controls::Colour> kCases[] = {
       {"td { color: red } .a { color: blue } td { color: lime }", 0xFF0000},

@@ -156,6 +156,10 @@ void Session::TellChanges(std::string& transcript) {
                   std::to_string(part) + "\n";
   }
   Shown now = Now();
+  for (auto& [what, text] : now) {  // a line each
+    std::erase(text, '\r');
+    std::ranges::replace(text, '\n', '|');
+  }
   for (const auto& each : now) {
     if (std::ranges::find(before_, each) != before_.end()) continue;
     transcript += "  " + each.first + ": " + each.second + "\n";

@@ -32,6 +32,8 @@ class Session {
   Session(controls::Control& control, Size size) : trial(control, size) { trial.host.timer = 0; }
 
   void Replay(const std::string& name);
+  /// One thing that is done.
+  void Do(const std::string& line);
 
   /// What happens elsewhere because of it.
   void Hear(const std::string& what) { heard_.push_back(what); }
@@ -45,7 +47,6 @@ class Session {
 
  private:
   using Shown = std::vector<std::pair<std::string, std::string>>;
-  void Do(const std::string& line);
   bool PressKeys(std::string name);
   void Mouse(const std::string& what, const std::string& at);
   Point PlaceOf(const std::string& text) const;

@@ -19,6 +19,8 @@ namespace {
 
 using controls::FlexGrid;
 
+constexpr int kRow = 19;
+
 class Sessions : public testing::Test {
  protected:
   /// What every session knows of its control.
@@ -40,16 +42,7 @@ class GridSessions : public Sessions {
     for (auto* button : {&all, &inverse, &none}) {
       button->onClick = [this, button] { session.Hear(button->Name()); };
     }
-    grid.onMouseDown = [this](int button, int shift) {
-      Hear("down " + std::to_string(10 * button + shift));
-      if (!marks) return;
-      const int row = grid.MouseRow();
-      grid.SetRow(row);
-      grid.SetCol(1);
-      grid.SetCellBackColor(grid.CellBackColor() == palette::kMark ? 0 : palette::kMark);
-    };
-    grid.onClick = [this] { Hear("click"); };
-    grid.onDblClick = [this] { Hear("double"); };
+    Listen();
     session.cellPlace = [this](int row, int col) { return Pane().CellPlace(row, col); };
     session.alsoShown = [this] { return Shown(); };
     Enable(session, grid);
@@ -83,25 +76,59 @@ class GridSessions : public Sessions {
       marks = true;
       grid.marking = {&all, &inverse, &none};
     });
+    cell("listen", [this](int, int, const std::string&) { Listen(); });
     cell("silent", [this](int, int, const std::string&) {
       grid.onMouseDown = nullptr;
       grid.onDblClick = nullptr;
+    });
+    steps.note = [this](const std::string& what) {
+      session.Hear(what);
+      if (what.ends_with("do")) session.Do("at 700,2");
+      return std::pair(700, 900);
+    };
+    cell("steps", [this](int, int, const std::string&) { grid.markSteps = &steps; });
+    cell("detaches", [this](int, int, const std::string&) {
+      grid.onMouseDown = [this](int, int) { session.trial.pane.Detach(); };
     });
     cell("cursor", [this](int x, int y, const std::string&) {
       session.Hear(Pane().CursorAt({x, y}) == Cursor::kColumnBorder ? "border" : "arrow");
     });
   }
 
-  const GridPane& Pane() const { return dynamic_cast<const GridPane&>(session.trial.pane); }
+  GridPane& Pane() { return dynamic_cast<GridPane&>(session.trial.pane); }
+  void Listen() {
+    grid.onMouseDown = [this](int button, int shift) {
+      Hear("down " + std::to_string(10 * button + shift));
+      if (!marks) return;
+      const int row = grid.MouseRow();
+      grid.SetRow(row);
+      grid.SetCol(1);
+      grid.SetCellBackColor(grid.CellBackColor() == palette::kMark ? 0 : palette::kMark);
+    };
+    grid.onClick = [this] { Hear("click"); };
+    grid.onDblClick = [this] { Hear("double"); };
+  }
+  Point Middle(int row, int col) { return Pane().CellPlace(row, col).Middle(); }
+  void ShowLongList() {
+    grid.SetRows(1001);
+    grid.SetCols(4);
+    for (const auto& [col, width] : {std::pair{0, 600}, {1, 0}, {2, 1500}, {3, 7500}}) {
+      grid.SetColWidth(col, width);
+    }
+    session.Do("at 1,2");
+  }
   static std::string Cell(int row, int col) {
     return std::to_string(row) + "," + std::to_string(col);
   }
   void Hear(const std::string& what) {
     session.Hear(what + " " + Cell(grid.MouseRow(), grid.MouseCol()));
   }
-  std::vector<std::pair<std::string, std::string>> Shown() {
+  std::string Block() const {
     const std::string from = Cell(grid.Row(), grid.Col());
     const std::string to = Cell(grid.RowSel(), grid.ColSel());
+    return from == to ? from : from + " to " + to;
+  }
+  std::vector<std::pair<std::string, std::string>> Shown() {
     const bool inSight = !Pane().CellPlace(grid.RowSel(), grid.ShownCol(grid.ColSel())).Empty();
     std::string marked;
     for (int row = 1; row < std::min(20, grid.Rows()) && marks; ++row) {
@@ -109,7 +136,7 @@ class GridSessions : public Sessions {
     }
     const int parts = Pane().PartCount();
     const bool finds = Pane().DescribeField().place != Rect{} && !session.trial.host.field.hidden;
-    return {{"block", from == to ? from : from + " to " + to},
+    return {{"block", Block()},
             {"in sight", inSight ? "yes" : "no"},
             {"marked", marked},
             {"width of 2", std::to_string(std::lround(grid.ColWidth(2)))},
@@ -122,6 +149,13 @@ class GridSessions : public Sessions {
             {"found", finds ? Pane().DescribePart(parts - FindLine::kParts).name : ""}};
   }
 
+  struct Steps : FlexGrid::MarkSteps {
+    void Begin() override { note("begin"); }
+    void End() override { note("end"); }
+    std::pair<int, int> Undo() override { return note("undo"); }
+    std::pair<int, int> Redo() override { return note("redo"); }
+    std::function<std::pair<int, int>(const std::string&)> note;
+  } steps;
   FlexGrid grid{form, "flx"};
   controls::Button all{form, "all", ""};
   controls::Button inverse{form, "inverse", ""};
@@ -131,13 +165,7 @@ class GridSessions : public Sessions {
 };
 
 TEST_F(GridSessions, LongList_ByMouseWheelKeysAndLetters_DoesWhatTheApprovedOneDoes) {
-  grid.SetRows(1001);
-  grid.SetCols(4);
-  for (const auto& [col, width] : {std::pair{0, 600}, {1, 0}, {2, 1500}, {3, 7500}}) {
-    grid.SetColWidth(col, width);
-  }
-  grid.SetRow(1);
-  grid.SetCol(2);
+  ShowLongList();
   session.Replay("grid");
 }
 
@@ -156,6 +184,61 @@ TEST_F(GridSessions, FindLine_AsTheApprovedOne) {
   grid.SetCol(1);
   session.trial.pane.FocusChanged(true);
   session.Replay("find");
+}
+
+TEST_F(GridSessions, Rows_ThatFitWhole_AreInSightAndTellWhatTheyShorten) {
+  ShowLongList();
+  EXPECT_EQ(Pane().CellPlace(2, 3), (Rect{0, 2 * kRow, 260, 3 * kRow})) << "what is seen of it";
+  EXPECT_TRUE(Pane().CellPlace(2, 1).Empty()) << "hidden";
+  EXPECT_FALSE(Pane().CellPlace(9, 2).Empty());
+  EXPECT_TRUE(Pane().CellPlace(10, 2).Empty()) << "there is room for a half of it";
+  grid.SetTextMatrix(10, 2, "below");
+  EXPECT_FALSE(session.trial.Painted().Shows("below"));
+  grid.SetTextMatrix(3, 2, "sixteen letters.");
+  grid.SetTextMatrix(4, 2, "fifteen letters");
+  EXPECT_EQ(Pane().TipAt(Middle(3, 2)).text, "sixteen letters.") << "more than there is room for";
+  EXPECT_EQ(Pane().TipAt(Middle(4, 2)).text, "");
+}
+
+TEST_F(GridSessions, Changed_OrScrolledByRows_RepaintsNoMoreThanThat) {
+  ShowLongList();
+  const auto height = [&] {
+    int pixels = 0;
+    for (const Rect& area : std::exchange(session.trial.host.repainted, {}))
+      pixels += area.Height();
+    return pixels;
+  };
+  height();
+  grid.SetTextMatrix(5, 2, "x");
+  EXPECT_NEAR(height(), kRow, 4);
+  grid.SetTextMatrix(900, 2, "x");
+  EXPECT_EQ(height(), 0) << "out of sight";
+  session.Do("at 3,2");
+  EXPECT_NEAR(height(), 2 * kRow, 8) << "where the block was and is";
+  Pane().Scrolled(Axis::kDown, 2);
+  EXPECT_EQ(session.trial.host.scrolled, -2 * kRow);
+  EXPECT_EQ(height(), 0);
+}
+
+TEST_F(GridSessions, FindLine_TellsItsFieldAndKeys) {
+  ShowLongList();
+  grid.SetAccessibleName("list");
+  session.trial.Strike(Key::kF, {.control = true});
+  EXPECT_EQ(Pane().DescribeField().name, "جستجو در list");
+  EXPECT_EQ(Pane().FocusedPart(), Pane().PartCount() - 1);
+  EXPECT_EQ(Pane().TipAt(Pane().DescribePart(Pane().PartCount() - 3).place.Middle()).text,
+            "بعدي (Enter)");
+}
+
+TEST_F(GridSessions, Parts_OfALongList_AreMadeOnDemand) {
+  ShowLongList();
+  EXPECT_EQ(Pane().PartCount(), 3003) << "one is hidden";
+  const int part = 7 * 3 + 1;
+  EXPECT_EQ(Pane().DescribePart(part).place, Pane().CellPlace(7, 2));
+  EXPECT_EQ(Pane().PartAt(Middle(7, 2)), part);
+  EXPECT_EQ(Pane().PartAt({5, 195}), -1) << "below the rows";
+  EXPECT_EQ(Pane().DescribePart(3003).role, Role::kNone);
+  EXPECT_TRUE(Pane().DescribePart(500 * 3).place.Empty()) << "out of sight";
 }
 
 struct Cities : controls::LookupSource {
