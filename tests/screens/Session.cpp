@@ -52,6 +52,8 @@ void Session::Do(const std::string& line) {
   } else if (what == "pick") {
     Pane& list = *trial.host.popup->pane;
     trial.Click(list, list.DescribePart(std::stoi(rest)).place.Middle());
+  } else if (what == "hover") {
+    trial.host.popup->pane->Pointer({PointerEvent::Action::kMove, PlaceOf(rest)});
   } else if (what == "wheel") {
     WheelEvent event;
     int times = 1;
@@ -74,11 +76,35 @@ void Session::Do(const std::string& line) {
   } else if (what == "scroll") {
     const Axis axis = rest.starts_with("down") ? Axis::kDown : Axis::kAcross;
     pane.Scrolled(axis, std::stoi(rest.substr(rest.find(' '))));
+  } else if (what == "picture") {
+    TakePicture(rest);
+  } else if (what == "resize") {
+    std::istringstream(rest) >> size_.width >> size_.height;
+    pane.Resized(size_);
+  } else if (what == "dpi") {
+    trial.host.dpi = std::stod(rest);
   } else if (what == "gone") {
     pane.Detach();
   } else if (!PressKeys(what)) {
     Mouse(what, rest);
   }
+}
+
+void Session::TakePicture(const std::string& of) {
+  const ScriptedHost::ScriptedPopup* const other = of == "list"   ? trial.host.popup
+                                                   : of == "note" ? trial.host.note
+                                                                  : nullptr;
+  const std::vector<std::string> now =
+      other == nullptr ? PictureOf(trial.pane, size_) : PictureOf(*other->pane, other->size);
+  const auto tell = [this](const auto& lines, const auto& others, const char* sign) {
+    for (const std::string& line : lines) {
+      if (std::ranges::count(lines, line) != std::ranges::count(others, line)) Hear(sign + line);
+    }
+  };
+  std::vector<std::string>& last = pictures_[of];
+  tell(last, now, "- ");
+  tell(now, last, "+ ");
+  last = now;
 }
 
 /// False for what is no key.

@@ -20,8 +20,11 @@ namespace screens {
 ///   Ctrl+Shift+PageDown       a key; "the form's" where the pane has no use for it
 ///   type TEXT, retype TEXT    letter by letter; in place of the field's text
 ///   press PLACE, move, release, click, double   a place is "x y", or "row,column" of a grid
-///   pick N                    clicks a part of what has dropped down
+///   pick N, hover PLACE       clicks a part of what has dropped down, moves there
 ///   wheel UP LEFT LINES TIMES the first alone, or more; Shift behind them
+///   picture, picture list, picture note   what is painted and told to a screen reader of the pane,
+///                             of what has dropped down, of the note; only what is new or gone
+///   resize WIDTH HEIGHT, dpi N
 ///   focus, leave, lost, away, tick, idle, act N, scroll down N, scroll across N, gone
 ///
 /// and what else the test names.
@@ -29,7 +32,7 @@ class Session {
  public:
   using Command = std::function<void(const std::string& rest)>;
 
-  Session(controls::Control& control, Size size) : trial(control, size) { trial.host.timer = 0; }
+  Session(controls::Control& control, Size size) : trial(control, size), size_(size) {}
 
   void Replay(const std::string& name);
   /// One thing that is done.
@@ -50,9 +53,12 @@ class Session {
   bool PressKeys(std::string name);
   void Mouse(const std::string& what, const std::string& at);
   Point PlaceOf(const std::string& text) const;
+  void TakePicture(const std::string& of);
   Shown Now();
   void TellChanges(std::string& transcript);
 
+  Size size_;
+  std::map<std::string, std::vector<std::string>> pictures_;  // the last ones
   Shown before_;
   std::vector<std::string> heard_;
 };

@@ -13,6 +13,7 @@
 #include "screens/PagesPane.h"
 #include "screens/Palette.h"
 #include "screens/Session.h"
+#include "text/Text.h"
 
 namespace screens {
 namespace {
@@ -77,6 +78,7 @@ class GridSessions : public Sessions {
       grid.marking = {&all, &inverse, &none};
     });
     cell("listen", [this](int, int, const std::string&) { Listen(); });
+    cell("shut", [this](int, int, const std::string&) { grid.onDblClick = nullptr; });
     cell("silent", [this](int, int, const std::string&) {
       grid.onMouseDown = nullptr;
       grid.onDblClick = nullptr;
@@ -167,6 +169,19 @@ class GridSessions : public Sessions {
 TEST_F(GridSessions, LongList_ByMouseWheelKeysAndLetters_DoesWhatTheApprovedOneDoes) {
   ShowLongList();
   session.Replay("grid");
+}
+
+TEST_F(GridSessions, ListOfAllLooks_AsTheApprovedOne) {
+  grid.SetCols(4);
+  for (const auto& [col, width] : {std::pair{0, 600}, {1, 0}, {2, 1500}, {3, 3000}}) {
+    grid.SetColWidth(col, width);
+  }
+  grid.SetColAlignment(0, FlexGrid::Alignment::kCentreCentre);
+  grid.SetColAlignment(3, FlexGrid::Alignment::kLeftCentre);
+  grid.SetHighLight(FlexGrid::HighLight::kWithFocus);
+  grid.rowTextColour = [](int row) { return row == 2 ? palette::kHoliday : 0; };
+  grid.SetEmptyText("nothing");
+  session.Replay("list");
 }
 
 TEST_F(GridSessions, FindLine_AsTheApprovedOne) {
@@ -311,7 +326,11 @@ TEST_F(Sessions, DateAndItsMonthPage_AsTheApprovedOnes) {
 }
 
 TEST_F(Sessions, TextChoiceButtonAndCheck_AsTheApprovedOnes) {
+  controls::Label label(form, "lbl", "سال : ");
   controls::TextBox text(form, "txt");
+  label.SetNamed(&text);
+  label.SetAccessKey("س");
+  text.SetToolTip("چهار رقم");
   text.SetLatinDigits(true);
   text.SetSelectAllOnFocus(true);
   text.onChange = [&] {
@@ -336,18 +355,40 @@ TEST_F(Sessions, TextChoiceButtonAndCheck_AsTheApprovedOnes) {
   cmb.Replay("combo");
 
   controls::Button button(form, "cmd", "ثبت");
+  button.SetAccessKey("ث");
+  button.SetToolTip("ثبت برنامه");
   Session cmd(button, {200, 25});
   button.onClick = [&] { cmd.Hear("click"); };
   Enable(cmd, button);
   cmd.Replay("button");
 
   controls::CheckBox box(form, "chk", "فعال");
+  box.SetAccessKey("ل");
   Session chk(box, {200, 25});
+  Enable(chk, box);
   box.onClick = [&] { chk.Hear("click"); };
   chk.commands["stubborn"] = [&](const std::string&) {
     box.onClick = [&] { box.SetChecked(false); };
   };
   chk.Replay("check");
+}
+
+TEST_F(Sessions, LabelsFrameAndBar_AsTheApprovedOnes) {
+  controls::Frame frame(form, "fra", "مناطق");
+  Session fra(frame, {200, 25});
+  Enable(fra, frame);
+  fra.Replay("frame");
+  controls::Label label(frame, "lbl", "یک دو سه");
+  Session lbl(label, {200, 25});
+  Enable(lbl, label);
+  lbl.commands["look"] = [&](const std::string& look) {
+    label.SetLook(static_cast<controls::Label::Look>(std::stoi(look)));
+  };
+  lbl.Replay("label");
+  controls::ProgressBar bar(frame, "bar");
+  Session progress(bar, {200, 25});
+  progress.commands["share"] = [&](const std::string& share) { bar.SetShare(std::stod(share)); };
+  progress.Replay("bar");
 }
 
 TEST_F(Sessions, Pages_AsTheApprovedOnes) {
@@ -362,7 +403,12 @@ TEST_F(Sessions, Pages_AsTheApprovedOnes) {
     session.Hear("asks for " + std::to_string(sheet));
     if (sheet == broken) throw platform::RuntimeError(57, "broken");
     if (busy) return std::nullopt;
-    return controls::Sheet{300, 400, {}, {{std::to_string(sheet), {30, 30, 270, 45}, {}}}};
+    return controls::Sheet{
+        300,
+        400,
+        {{{0, 0, 300, 0.1}, controls::Rgb(1, 2, 3)}},
+        {{std::to_string(sheet), {30, 30, 270, 45}, {9, true}},
+         {"left", {30, 50, 60, 65}, {8}, 0, controls::SheetText::Side::kLeft, false}}};
   };
   session.alsoShown = [&] {
     std::string seen;
@@ -384,9 +430,6 @@ TEST_F(Sessions, Pages_AsTheApprovedOnes) {
   };
   session.commands["fit"] = [&](const std::string& how) {
     view.SetFit(how == "sheet" ? controls::PageView::Fit::kSheet : controls::PageView::Fit::kWidth);
-  };
-  session.commands["resize"] = [&](const std::string& width) {
-    session.trial.pane.Resized({std::stoi(width), 500});
   };
   session.commands["go"] = [&](const std::string& sheet) {
     try {
