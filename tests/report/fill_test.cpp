@@ -147,8 +147,7 @@ TEST_F(ReportFillTest, Formula_OnlyNameIsWholeNumber_Read) {
   }
 }
 
-// Each template in the file: "== what it shows", its text, "--" and what comes of it. The head that
-// all have is left out; one that begins with "<!--" is whole.
+// The head that all have is left out; a template that begins with "<!--" is whole.
 TEST_F(ReportFillTest, Templates_AreFilledOrRefusedAsApproved) {
   Answers::Table table{{"Promoter", "FarsiVisitDate", "Name"}};
   for (const auto& [name, dates] : std::map<std::string, std::vector<std::string>>{
@@ -166,24 +165,8 @@ TEST_F(ReportFillTest, Templates_AreFilledOrRefusedAsApproved) {
   }
   rows.tables["select spring 7"].push_back({"مريم", "1404/01/31", "e"});
   rows.tables["select odd 7"] = {{"Notes"}, {"<b>\"a\" & 'b'{{ID}}"}};
-  const std::string file = "tests/report/templates.txt";
-  std::istringstream approved(support::Content(file));
-  std::string came;
-  std::string text;
-  bool given = false;
-  for (std::string line; std::getline(approved, line);) {
-    if (line.starts_with("== ")) {
-      came += line + "\n";
-      text.clear();
-      given = true;
-    } else if (given && line == "--") {
-      came += text + "--\n" + OutcomeOf(text) + "\n";
-      given = false;
-    } else if (given) {
-      text += line + "\n";
-    }
-  }
-  support::ExpectApproved(file, came);
+  support::ExpectOutcomes("tests/report/templates.txt",
+                          [this](const std::string& text) { return OutcomeOf(text); });
 }
 
 TEST_F(ReportFillTest, Queries_ThatFail_TellFileQueryAndTheDatabasesWords) {

@@ -180,8 +180,11 @@ inline std::string Told(const Accessible& told) {
                                     {"read only", told.readOnly}}) {
     if (holds) line << ", " << what;
   }
-  line << " at " << told.place << '\n';
-  return line.str();
+  line << " at " << told.place;
+  std::string text = line.str();
+  std::erase(text, '\r');
+  std::ranges::replace(text, '\n', '|');
+  return text + "\n";
 }
 
 /// What a pane of this size paints and tells, its first parts included, a line each.

@@ -67,8 +67,9 @@ class GridSessions : public Sessions {
       grid.SetRowSel(row);
       grid.SetColSel(col);
     });
-    cell("text",
-         [this](int row, int col, const std::string& text) { grid.SetTextMatrix(row, col, text); });
+    cell("text", [this](int row, int col, const std::string& text) {
+      grid.SetTextMatrix(row, col, text::Replace(text, "\\n", "\r\n"));
+    });
     cell("width", [this](int col, int width, const std::string&) { grid.SetColWidth(col, width); });
     cell("rows", [this](int rows, int, const std::string&) { grid.SetRows(rows); });
     cell("stretch", [this](int col, int, const std::string&) { grid.SetStretchCol(col); });
