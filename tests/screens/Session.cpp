@@ -43,7 +43,7 @@ void Session::Do(const std::string& line) {
   const std::string what = line.substr(0, blank);
   const std::string rest = line.substr(std::min(blank + 1, line.size()));
   Pane& pane = trial.pane;
-  if (const auto command = commands.find(what); command != commands.end()) {
+  if (const auto command = commands_.find(what); command != commands_.end()) {
     command->second(rest);
   } else if (what == "type") {
     trial.Type(rest);

@@ -41,8 +41,13 @@ class Session {
   /// What happens elsewhere because of it.
   void Hear(const std::string& what) { heard_.push_back(what); }
 
+  /// What the test names: something that is done, and with what stands behind it.
+  void On(const std::string& name, std::function<void()> command) {
+    commands_[name] = [command = std::move(command)](const std::string&) { command(); };
+  }
+  void On(const std::string& name, Command command) { commands_[name] = std::move(command); }
+
   PaneTrial<Pane> trial;
-  std::map<std::string, Command> commands;
   /// What there is to see besides what every pane has: a word and its text.
   std::function<std::vector<std::pair<std::string, std::string>>()> alsoShown;
   /// Where a cell is.
@@ -58,6 +63,7 @@ class Session {
   void TellChanges(std::string& transcript);
 
   Size size_;
+  std::map<std::string, Command> commands_;
   std::map<std::string, std::vector<std::string>> pictures_;  // the last ones
   Shown before_;
   std::vector<std::string> heard_;

@@ -26,8 +26,8 @@ class Sessions : public testing::Test {
  protected:
   /// What every session knows of its control.
   static void Enable(Session& session, controls::Control& control) {
-    session.commands["disable"] = [&](const std::string&) { control.SetEnabled(false); };
-    session.commands["enable"] = [&](const std::string&) { control.SetEnabled(true); };
+    session.On("disable", [&] { control.SetEnabled(false); });
+    session.On("enable", [&] { control.SetEnabled(true); });
   }
   support::Events events;
   support::FakeScreen screen{events};
@@ -48,7 +48,7 @@ class GridSessions : public Sessions {
     session.alsoShown = [this] { return Shown(); };
     Enable(session, grid);
     const auto cell = [this](const char* name, auto action) {
-      session.commands[name] = [action](const std::string& rest) {
+      session.On(name, [action](const std::string& rest) {
         std::istringstream in(rest);
         int row = 0;
         int col = 0;
@@ -57,7 +57,7 @@ class GridSessions : public Sessions {
         in >> row >> comma >> col;
         std::getline(in >> std::ws, text);
         action(row, col, text);
-      };
+      });
     };
     cell("at", [this](int row, int col, const std::string&) {
       grid.SetRow(row);
@@ -295,10 +295,9 @@ TEST_F(Sessions, Selector_AsTheApprovedOne) {
       }
     };
   };
-  session.commands["server"] = [&](const std::string& how) { cities.failing = how == "silent"; };
-  session.commands["select"] =
-      guarded([&](const std::string& id) { selector.Select(std::stoi(id)); });
-  session.commands["open"] = guarded([&](const std::string&) { session.trial.Strike(Key::kF4); });
+  session.On("server", [&](const std::string& how) { cities.failing = how == "silent"; });
+  session.On("select", guarded([&](const std::string& id) { selector.Select(std::stoi(id)); }));
+  session.On("open", guarded([&](const std::string&) { session.trial.Strike(Key::kF4); }));
   session.Replay("selector");
 }
 
@@ -308,12 +307,10 @@ TEST_F(Sessions, DateAndItsMonthPage_AsTheApprovedOnes) {
   session.trial.host.today = calendar::SolarHijriDate::FromYearMonthDay(1404, 6, 31)->Days();
   session.alsoShown = [&] { return std::vector{std::pair(std::string("date"), box.Text())}; };
   Enable(session, box);
-  session.commands["set"] = [&](const std::string& date) { box.SetText(date); };
-  session.commands["listen"] = [&](const std::string&) {
-    box.onChange = [&] { session.Hear("changed " + box.Text()); };
-  };
-  session.commands["endnote"] = [&](const std::string&) { session.trial.host.note->pane->Tick(); };
-  session.commands["page"] = [&](const std::string& at) {
+  session.On("set", [&](const std::string& date) { box.SetText(date); });
+  session.On("listen", [&] { box.onChange = [&] { session.Hear("changed " + box.Text()); }; });
+  session.On("endnote", [&] { session.trial.host.note->pane->Tick(); });
+  session.On("page", [&](const std::string& at) {
     std::istringstream in(at);
     Point down;
     Point up;
@@ -322,7 +319,7 @@ TEST_F(Sessions, DateAndItsMonthPage_AsTheApprovedOnes) {
     Pane& page = *session.trial.host.popup->pane;
     page.Pointer({PointerEvent::Action::kPress, down});
     page.Pointer({PointerEvent::Action::kRelease, up});
-  };
+  });
   session.Replay("date");
 }
 
@@ -342,9 +339,7 @@ TEST_F(Sessions, TextChoiceButtonAndCheck_AsTheApprovedOnes) {
     return std::vector{
         std::pair(std::string("all selected"), std::to_string(txt.trial.host.field.selected))};
   };
-  txt.commands["paste"] = [&](const std::string&) {
-    txt.Hear("pasted " + txt.trial.pane.Pasted("۳\r\n۴"));
-  };
+  txt.On("paste", [&] { txt.Hear("pasted " + txt.trial.pane.Pasted("۳\r\n۴")); });
   Enable(txt, text);
   txt.Replay("text");
 
@@ -368,9 +363,7 @@ TEST_F(Sessions, TextChoiceButtonAndCheck_AsTheApprovedOnes) {
   Session chk(box, {200, 25});
   Enable(chk, box);
   box.onClick = [&] { chk.Hear("click"); };
-  chk.commands["stubborn"] = [&](const std::string&) {
-    box.onClick = [&] { box.SetChecked(false); };
-  };
+  chk.On("stubborn", [&] { box.onClick = [&] { box.SetChecked(false); }; });
   chk.Replay("check");
 }
 
@@ -382,13 +375,13 @@ TEST_F(Sessions, LabelsFrameAndBar_AsTheApprovedOnes) {
   controls::Label label(frame, "lbl", "یک دو سه");
   Session lbl(label, {200, 25});
   Enable(lbl, label);
-  lbl.commands["look"] = [&](const std::string& look) {
+  lbl.On("look", [&](const std::string& look) {
     label.SetLook(static_cast<controls::Label::Look>(std::stoi(look)));
-  };
+  });
   lbl.Replay("label");
   controls::ProgressBar bar(frame, "bar");
   Session progress(bar, {200, 25});
-  progress.commands["share"] = [&](const std::string& share) { bar.SetShare(std::stod(share)); };
+  progress.On("share", [&](const std::string& share) { bar.SetShare(std::stod(share)); });
   progress.Replay("bar");
 }
 
@@ -419,32 +412,30 @@ TEST_F(Sessions, Pages_AsTheApprovedOnes) {
     return std::vector<std::pair<std::string, std::string>>{
         {"seen", seen}, {"zoom", std::to_string(view.Zoom())}, {"current sheet at", sheet.str()}};
   };
-  session.commands["guess"] = [&](const std::string&) {
-    view.onGoLast = [&] { session.Hear("the last, please"); };
-  };
-  session.commands["busy"] = [&](const std::string& is) { busy = is == "yes"; };
-  session.commands["breaks"] = [&](const std::string& at) { broken = std::stoi(at); };
-  session.commands["others"] = [&](const std::string&) { view.SheetsChanged(); };
-  session.commands["zoom"] = [&](const std::string& to) { view.SetZoom(std::stod(to)); };
-  session.commands["turn"] = [&](const std::string& up) {
+  session.On("guess", [&] { view.onGoLast = [&] { session.Hear("the last, please"); }; });
+  session.On("busy", [&](const std::string& is) { busy = is == "yes"; });
+  session.On("breaks", [&](const std::string& at) { broken = std::stoi(at); });
+  session.On("others", [&] { view.SheetsChanged(); });
+  session.On("zoom", [&](const std::string& to) { view.SetZoom(std::stod(to)); });
+  session.On("turn", [&](const std::string& up) {
     session.trial.pane.Wheel({.up = std::stod(up), .modifiers = {.control = true}});
-  };
-  session.commands["fit"] = [&](const std::string& how) {
+  });
+  session.On("fit", [&](const std::string& how) {
     view.SetFit(how == "sheet" ? controls::PageView::Fit::kSheet : controls::PageView::Fit::kWidth);
-  };
-  session.commands["go"] = [&](const std::string& sheet) {
+  });
+  session.On("go", [&](const std::string& sheet) {
     try {
       view.GoTo(std::stoi(sheet));
     } catch (const platform::RuntimeError& error) {
       session.Hear("error " + std::to_string(error.Number()));
     }
-  };
-  session.commands["work"] = [&](const std::string&) {
+  });
+  session.On("work", [&] {
     view.SetWork([&] {
       session.Hear("works");
       if (++work == 3) view.SetWork(nullptr);
     });
-  };
+  });
   view.SetZoom(1);
   session.Replay("pages");
 }
