@@ -33,7 +33,7 @@ class Extender final : public IDispatch {
 
 /// Where the control stands in the container's window: its client, in-place and control site in
 /// one. Lives as long as the container, whatever references are held.
-class Site final : public IOleClientSite,
+class Site : public IOleClientSite,
                    public IOleInPlaceSite,
                    public IOleControlSite,
                    public IPropertyNotifySink {

@@ -103,18 +103,23 @@ inline Node Named(const Node& within, LONG role, const std::string& name) {
   return {};
 }
 
-inline BOOL CALLBACK AddShown(HWND window, LPARAM list) {
-  if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-  return TRUE;
+/// The shown windows of this thread.
+inline std::vector<HWND> ShownWindows() {
+  std::vector<HWND> windows;
+  const auto add = [](HWND window, LPARAM list) -> BOOL {
+    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&windows));
+  return windows;
 }
 
-/// The shown window of this thread whose title begins so; null for none.
+/// The shown window whose title begins so; null for none.
 inline HWND FindForm(const std::string& title) {
-  std::vector<HWND> windows;
-  EnumThreadWindows(GetCurrentThreadId(), &AddShown, reinterpret_cast<LPARAM>(&windows));
-  const auto found = std::ranges::find_if(
-      windows, [&](HWND each) { return Utf8(adapters::windows::TextOf(each)).starts_with(title); });
-  return found == windows.end() ? nullptr : *found;
+  for (const HWND each : ShownWindows()) {
+    if (Utf8(adapters::windows::TextOf(each)).starts_with(title)) return each;
+  }
+  return nullptr;
 }
 
 /// The window of a button on a form.

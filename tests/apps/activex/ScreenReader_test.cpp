@@ -2,17 +2,19 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <cstdio>
+
 #include <fstream>
-#include <functional>
+#include <map>
 
 #include "Container.h"
 #include "Found.h"
 #include "LoadedLibrary.h"
-#include "demo/SampleOffice.h"
+#include "adapters/windows/Loop.h"
 
 namespace {
 
+using adapters::windows::Once;
+using adapters::windows::PumpUntil;
 using test::ClientOf;
 using test::FindForm;
 using test::Named;
@@ -22,26 +24,13 @@ using test::Number;
 constexpr LONG kRowsTold = 3;  // of a table
 
 std::string WordFor(LONG role) {
-  switch (role) {
-    case ROLE_SYSTEM_DIALOG:
-      return "window";
-    case ROLE_SYSTEM_GROUPING:
-      return "group";
-    case ROLE_SYSTEM_STATICTEXT:
-      return "label";
-    case ROLE_SYSTEM_TEXT:
-      return "field";
-    case ROLE_SYSTEM_PUSHBUTTON:
-      return "button";
-    case ROLE_SYSTEM_CHECKBUTTON:
-      return "check box";
-    case ROLE_SYSTEM_COMBOBOX:
-      return "combo box";
-    case ROLE_SYSTEM_TABLE:
-      return "table";
-    default:
-      return "role " + std::to_string(role);
-  }
+  static const std::map<LONG, std::string> words{
+      {ROLE_SYSTEM_DIALOG, "window"},      {ROLE_SYSTEM_GROUPING, "group"},
+      {ROLE_SYSTEM_STATICTEXT, "label"},   {ROLE_SYSTEM_TEXT, "field"},
+      {ROLE_SYSTEM_PUSHBUTTON, "button"},  {ROLE_SYSTEM_CHECKBUTTON, "check box"},
+      {ROLE_SYSTEM_COMBOBOX, "combo box"}, {ROLE_SYSTEM_TABLE, "table"}};
+  const auto found = words.find(role);
+  return found == words.end() ? "role " + std::to_string(role) : found->second;
 }
 
 LONG ColumnsOf(const Node& table) {
@@ -114,64 +103,32 @@ void EnterDate(const Node& form, const char* name, const wchar_t* date) {
   Named(form, ROLE_SYSTEM_COMBOBOX, "بازارياب").TakeFocus();
 }
 
-/// The batch form is modal: what is done on it is done by a timer, which is given nothing else.
-std::vector<std::string> heard;
-int step = 0;
-
-void CALLBACK Listen(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND window = FindForm("افزودن ويزيت به برنامه بازارياب");
-  if (window == nullptr) return;
-  const Node form{ClientOf(window)};
-  switch (step++) {
-    case 0:
-      EnterDate(form, "از تاريخ", L"1404/09/01");
-      EnterDate(form, "تا تاريخ", L"1404/09/05");
-      Named(form, ROLE_SYSTEM_TABLE, "مناطق").Part(2).Press();
-      break;
-    case 1:
-      Tell(form, "", heard);
-      Named(form, ROLE_SYSTEM_PUSHBUTTON, "انصراف").Press();
-      break;
-    default:
-      break;
-  }
-  if (step == 2) KillTimer(nullptr, timer);
-}
-
-class ScreenReader : public test::LoadedLibrary {
- protected:
-  ScreenReader() {
-    std::remove(kOffice);
-    demo::CreateSampleOffice(kOffice,
-                             {.customers = 60,
-                              .today = std::chrono::year(2025) / std::chrono::November / 22,
-                              .basePath = {}});
-  }
-  ~ScreenReader() override { std::remove(kOffice); }
-  static constexpr char kOffice[] = "screen-reader-test.db";
-};
+using ScreenReader = test::OfficeTest;
 
 TEST_F(ScreenReader, BatchForm_OpenedAndFilledThroughMsaa_TellsWhatEveryDesktopTells) {
   test::Container container;
-  auto control = New();
-  test::As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
-  Late(control).Put("UserID", std::int32_t{1});
+  auto control = NewFor(1, container);
   Late(control).Call("View", {std::int32_t{13}});
   const Node editor{ClientOf(FindForm("برنامه بازارياب"))};
   const Node visits = Named(editor, ROLE_SYSTEM_TABLE, "ويزيت ها");
   ASSERT_TRUE(visits.object);
   visits.Part(ColumnsOf(visits) + 1).Press();
-  SetTimer(nullptr, 0, 100, Listen);
-
-  MSG message;
-  const ULONGLONG giveUp = GetTickCount64() + 20'000;
-  const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-  while ((step < 2 || FindForm("افزودن ويزيت به برنامه بازارياب") != nullptr) &&
-         GetTickCount64() < giveUp && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    DispatchMessageW(&message);
-  }
-  KillTimer(nullptr, tick);
+  // The batch form is modal.
+  std::vector<std::string> heard;
+  const auto batchForm = [] { return FindForm("افزودن ويزيت به برنامه بازارياب"); };
+  const auto isUp = [&] { return batchForm() != nullptr; };
+  Once(isUp, [&] {
+    const Node form{ClientOf(batchForm())};
+    EnterDate(form, "از تاريخ", L"1404/09/01");
+    EnterDate(form, "تا تاريخ", L"1404/09/05");
+    Named(form, ROLE_SYSTEM_TABLE, "مناطق").Part(2).Press();
+    Once(isUp, [&] {
+      const Node filled{ClientOf(batchForm())};
+      Tell(filled, "", heard);
+      Named(filled, ROLE_SYSTEM_PUSHBUTTON, "انصراف").Press();
+    });
+  });
+  PumpUntil([&] { return !heard.empty() && !isUp(); });
 
   std::vector<std::string> wanted;
   std::ifstream file(PROMOTER_BATCH_FORM);
