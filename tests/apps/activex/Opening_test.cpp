@@ -6,8 +6,8 @@
 
 #include "ByRefLong.h"
 #include "Container.h"
-#include "Found.h"
 #include "LoadedLibrary.h"
+#include "adapters/windows/Found.h"
 #include "adapters/windows/Loop.h"
 
 namespace {

@@ -7,8 +7,8 @@
 #include <map>
 
 #include "Container.h"
-#include "Found.h"
 #include "LoadedLibrary.h"
+#include "adapters/windows/Found.h"
 #include "adapters/windows/Loop.h"
 
 namespace {
