@@ -7,7 +7,7 @@
 #include "ByRefLong.h"
 #include "Container.h"
 #include "LoadedLibrary.h"
-#include "adapters/windows/Found.h"
+#include "Named.h"
 #include "adapters/windows/Loop.h"
 
 namespace {
@@ -21,7 +21,6 @@ using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
 using test::Container;
-using test::FindButton;
 using test::FindForm;
 
 using Opening = test::OfficeTest;
@@ -35,8 +34,12 @@ constexpr char kEditor[] = "برنامه بازارياب";
 
 /// Whom the editor shows as the one who makes the program.
 std::string Creator() {
-  const test::Node form{test::ClientOf(FindForm(kEditor))};
-  return test::Named(form, ROLE_SYSTEM_COMBOBOX, "ايجاد كننده").Value();
+  const auto form = activexhost::MakeThing(FindForm(kEditor));
+  return test::Named(*form, screens::Role::kComboBox, "ايجاد كننده").value;
+}
+
+HWND ButtonOfEditor(const char* caption) {
+  return test::WindowNamed(FindForm(kEditor), screens::Role::kButton, caption);
 }
 
 HWND OwnerOfEditor() {
@@ -99,7 +102,7 @@ TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnless
     auto control = NewFor(1, container);
     const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("View", {std::int32_t{1}});
-    PostClick(FindButton(FindForm(kEditor), "جستجو"));
+    PostClick(ButtonOfEditor("جستجو"));
     const auto searching = [] { return FindForm("جستجوي برنامه بازارياب"); };
     Once([&] { return searching() != nullptr; },
          [&] {
@@ -202,7 +205,7 @@ TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
                            {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
     const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("ClearShow");
-    PostClick(FindButton(FindForm(kEditor), "جديد"));
+    PostClick(ButtonOfEditor("جديد"));
     Pump();
     if (c.windowGone) DestroyWindow(FindForm(kEditor));
     asked = 0;
