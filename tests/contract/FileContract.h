@@ -26,6 +26,7 @@ class FileTest : public testing::Test {
     made->WriteLineBreak();
     return made;
   }
+  std::string Content() const { return support::Content(onDisk); }
   /// The error that `action` ends with, which names the path.
   template <typename Action>
   void ExpectError(int number, const std::string& path, Action action) {
@@ -39,7 +40,7 @@ class FileTest : public testing::Test {
   }
 
   const support::TestFolder folder;
-  const std::filesystem::path file = folder.Path() / u8"گ.txt";
+  const std::filesystem::path onDisk = folder.Path() / u8"گ.txt";
   const std::string name = folder.File("گ.txt");
   const std::unique_ptr<platform::FileSystem> files = MakeFileSystem();
 };
@@ -55,15 +56,15 @@ TEST_F(FileTest, TextFile_IsUtf16LittleEndianWithMarkAndCrLf) {
   };
   for (const auto& [text, bytes] : cases) {
     Written(text)->Close();
-    EXPECT_EQ(support::Content(file), "\xFF\xFE" + bytes + std::string("\r\0\n\0", 4));
+    EXPECT_EQ(Content(), "\xFF\xFE" + bytes + std::string("\r\0\n\0", 4));
   }
   EXPECT_TRUE(files->FileExists(name));
 }
 
 TEST_F(FileTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {
-  std::ofstream(file) << "the old one";
+  std::ofstream(onDisk) << "the old one";
   Written(std::string(1 << 20, 'x'));
-  EXPECT_EQ(support::Content(file), "the old one");
+  EXPECT_EQ(Content(), "the old one");
   EXPECT_EQ(folder.FileCount(), 1) << "nothing half is left";
   const auto made = files->CreateTextFile(name);
   std::string expected("\xFF\xFE");
@@ -72,7 +73,7 @@ TEST_F(FileTest, TextFile_OverAnExistingOne_TakesItsPlaceOnlyWhenClosed) {
     for (std::size_t i = 0; i < length; ++i) expected.append("n\0", 2);
   }
   made->Close();
-  EXPECT_TRUE(support::Content(file) == expected);
+  EXPECT_TRUE(Content() == expected);
 }
 
 TEST_F(FileTest, TextFile_ThatCannotBe_IsAClearError) {
@@ -91,7 +92,7 @@ TEST_F(FileTest, TextFile_ThatCannotBe_IsAClearError) {
 TEST_F(FileTest, ReadFile_GivesTheBytesOrSaysWhichFileIsNot) {
   std::string bytes(200'000, 'x');
   bytes += std::string("\0\r\n\x1A\xFF\xD9\x8A", 7);
-  std::ofstream(file, std::ios::binary) << bytes;
+  std::ofstream(onDisk, std::ios::binary) << bytes;
   EXPECT_TRUE(files->ReadFile(name) == bytes);
   std::ofstream(folder.File("empty")).close();
   EXPECT_EQ(files->ReadFile(folder.File("empty")), "");

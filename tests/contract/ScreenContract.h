@@ -283,6 +283,17 @@ TEST_F(GridTest, Keys_OfTheToolkit_ReachThePane) {
   EXPECT_THAT(events, ElementsAre("double", "down 10", "click"));
 }
 
+TEST_F(GridTest, WithoutRowsOrColumns_TakesMouseAndKeys) {
+  const Place cell = At(1, 1);
+  grid.SetRows(0);
+  Mouse(PointerAction::kPress, cell);
+  EXPECT_EQ(grid.MouseRow(), 0);
+  Press({Key::kDown});
+  grid.SetCols(0);
+  Settle();
+  EXPECT_THAT(events, testing::Each("down 10"));
+}
+
 TEST_F(GridTest, FieldOfTheFindLine_HasTheKeyboardWhileItIsOpenAndGivesItBack) {
   form.cmdCancel.onClick = [&] { events.emplace_back("Cancel"); };
   const int before = At(3, 1).y;
