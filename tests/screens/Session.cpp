@@ -14,12 +14,12 @@ constexpr const char* kKeys[] = {"Space", "Enter", "Escape", "Backspace", "Inser
 constexpr const char* kTidings[] = {"focus",   "name",   "value", "selection",
                                     "content", "opened", "closed"};
 
-std::string Bar(const ScrollRange& range) {
+}  // namespace
+
+std::string Session::Bar(const ScrollRange& range) {
   return std::to_string(range.place) + " of " + std::to_string(range.count) + ", " +
          std::to_string(range.page) + " seen";
 }
-
-}  // namespace
 
 void Session::Replay(const std::string& name) {
   const std::string file = "tests/screens/sessions/" + name + ".txt";

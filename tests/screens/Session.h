@@ -41,6 +41,7 @@ class Session {
   /// What happens elsewhere because of it.
   void Hear(const std::string& what) { heard_.push_back(what); }
 
+  static std::string Bar(const ScrollRange& range);
   /// What the test names: something that is done, and with what stands behind it.
   void On(const std::string& name, std::function<void()> command) {
     commands_[name] = [command = std::move(command)](const std::string&) { command(); };

@@ -350,6 +350,15 @@ TEST_F(Sessions, TextChoiceButtonAndCheck_AsTheApprovedOnes) {
   Enable(cmb, combo);
   cmb.Replay("combo");
 
+  controls::ComboBox hours(form, "cmbLong");
+  for (int hour = 0; hour < 30; ++hour) hours.AddItem(std::to_string(hour));
+  Session many(hours, {200, 25});
+  many.alsoShown = [&] {
+    const auto* const list = many.trial.host.popup;
+    return std::vector{std::pair(std::string("list"), list ? Session::Bar(list->host.down) : "")};
+  };
+  many.Replay("long-list");
+
   controls::Button button(form, "cmd", "ثبت");
   button.SetAccessKey("ث");
   button.SetToolTip("ثبت برنامه");
