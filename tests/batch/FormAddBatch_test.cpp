@@ -167,8 +167,11 @@ TEST_F(FormAddBatchTest, Commit_ReturnsPickedDaysCustomersAndNotes) {
   EXPECT_THAT(outside.components.messages,
               testing::Each(Message{
                   "اطلاع", "اگر برنامه اي تکراري باشد، بازنويسي نخواهد شد. آيا ادامه ميدهيد؟", 1}));
-  EXPECT_EQ(form.sltPromoter.StandingCondition(),
-            " ID in (select x.PromoterID from tblSaleSupervisorPromoter x where x.SupervisorID=3)");
+  outside.database.SetDefaultColumns({"ID", "Name"});
+  form.sltPromoter.LoadList();
+  EXPECT_THAT(outside.database.Log().back(),
+              testing::EndsWith(" where ID in (select x.PromoterID from tblSaleSupervisorPromoter "
+                                "x where x.SupervisorID=3)"));
 }
 
 TEST_F(FormAddBatchTest, Commit_NamesOnlyTheFirstThingMissing) {

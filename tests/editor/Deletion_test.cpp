@@ -26,7 +26,7 @@ TEST_F(EditorTest, Delete_FailingAtAnyCall_IsNamedAndLeavesTheProgram_ButTheLogI
     } else {
       EXPECT_EQ(First(call, outside.database.Log()), kCalls);
       EXPECT_THAT(Said(), ElementsAre(kQuestion));
-      EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+      EXPECT_EQ(StateOf(form), "");
     }
   }
 }

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "editor/FormMain.h"
+#include "editor/EditorState.h"
 #include "support/ScriptedPlatform.h"
 #include "support/SelectorReads.h"
 
@@ -81,15 +81,6 @@ class EditorTest : public testing::Test {
   }
   /// The messages shown since they were asked for last.
   std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
-  std::vector<std::string> EnabledControls() {
-    std::vector<std::string> names;
-    for (const controls::Control* control : support::AllControls(form)) {
-      if (FindEnabledIn(control->Name()) != nullptr && control->Enabled()) {
-        names.push_back(control->Name());
-      }
-    }
-    return names;
-  }
   std::vector<std::string> Column(int col) {
     std::vector<std::string> texts;
     for (int row = 1; row < form.flxDetail.Rows(); ++row) {

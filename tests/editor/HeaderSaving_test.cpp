@@ -59,7 +59,7 @@ TEST_F(NewHeaderTest, Save_RefusedByTheDatabase_KeepsWhatWasTyped) {
     form.txtDescription.SetText(typed);
     form.cmdTempSave.Click();
     EXPECT_THAT(Said(), ElementsAre(Message{"خطا در ثبت", "Unclosed quotation mark", 0}));
-    EXPECT_EQ(form.CurrentMode(), Mode::kCreate);
+    EXPECT_EQ(StateOf(form), "(ايجاد)");
     EXPECT_EQ(form.txtDescription.Text(), typed);
     EXPECT_THAT(outside.database.Statements(kInsertBeginning).back(), testing::EndsWith(end));
   }
@@ -95,7 +95,7 @@ TEST_F(EditorTest, Cancel_GoesBackOnlyOnYes) {
   EXPECT_EQ(form.txtDescription.Text(), "يادداشت");
   form.cmdNew.Click();
   form.cmdCancel.Click();
-  EXPECT_EQ(form.CurrentMode(), Mode::kEmpty);
+  EXPECT_EQ(StateOf(form), "");
   EXPECT_EQ(Said().front(), (Message{"انصراف از ثبت", "آيا مطمئن هستيد؟", 1}));
 }
 
