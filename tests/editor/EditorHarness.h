@@ -19,16 +19,12 @@ using support::Exact;
 using support::Holding;
 using support::Message;
 using support::RowSetOf;
+using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 inline const Message kRefused{"خطا", "شما به انجام اين عمليات مجاز نيستيد.", 0};
 
-/// The call that asks for a right.
-inline std::string Asks(const std::string& permission) {
-  return "spZomirHasPermission(@UserID=1, @FormPermissionID=" + permission + ")";
-}
 /// The call that logs what happened to program 40.
 inline std::string Logs(const std::string& event, const std::string& whatHappened) {
   return "dbo.spZomirInsertFormAction(@EventID=" + event +
@@ -88,12 +84,10 @@ class EditorTest : public testing::Test {
     }
     return texts;
   }
-  std::vector<int> MarkedRows() {
+  std::vector<int> MarkedRows() const {
     std::vector<int> rows;
-    for (int row = 1; row < form.flxDetail.Rows(); ++row) {
-      if (form.flxDetail.EffectiveBackColor(row, 1) == controls::palette::kMark) {
-        rows.push_back(row);
-      }
+    for (int row = 0; row < form.flxDetail.Rows(); ++row) {
+      if (tools::IsMarked(form.flxDetail, row)) rows.push_back(row);
     }
     return rows;
   }
