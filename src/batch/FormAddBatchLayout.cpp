@@ -26,26 +26,26 @@ void FormAddBatch::PlaceControls() {
   // fields of the filters fill the room between the others and the buttons.
   // clang-format off
   layout_.Set({
-      // control         left   top  width  height
-      {sltPromoter,     {9960,  150, 4500},        {.left = 1},                                    "ب", {lblPromoter, 900}},
-      {flxRegion,       {11250, 660, 4200,  2850}, {.width = 0.4, .left = 0.6, .height = 0.25},    {},  "مناطق"},
-      {flxPath,         {5700,  660, 5430,  2850}, {.width = 0.4, .left = 0.2, .height = 0.25},    {},  "مسيرها"},
-      {datDateFrom,     {3060,  150, 1740},        {.width = 0.06, .left = 0.14},                  "ز", {lblDateFrom, 660}},
-      {datDateTo,       {390,   150, 1740},        {.width = 0.06, .left = 0.08},                  "ا", {lblDateTo, 660}},
-      {flxDate,         {150,   660, 5430,  2850}, {.width = 0.2, .height = 0.25},                 {},  "روزها"},
-      {frameFilter,     {150,  3630, 15300, 1380}, {.width = 1, .top = 0.25}},
-      {txtCodeFrom,     {12800, 330, 1560},        {.left = 1},                                    "ك", {lblCodeFrom, 700}},
-      {txtCodeTo,       {10445, 330, 1560},        {.left = 1},                                    "د", {lblCodeTo, 525}},
-      {txtName,         {1830,  330, 7745},        {.width = 1},                                   "ن", {lblName, 600}},
-      {cmdSearch,       {150,   330, 1500},        {},                                             "ت"},
-      {sltCustomer,     {10445, 825, 3915},        {.left = 1},                                    "م", {lblCustomer, 700}},
-      {sltBranch,       {6395,  825, 3180},        {.width = 0.5, .left = 0.5},                    "ع", {lblBranch, 600}},
-      {sltWorkActivity, {1830,  825, 3320},        {.width = 0.5},                                 "و", {lblWorkActivity, 975}},
-      {cmdNewsearch,    {150,   825, 1500},        {},                                             "ج"},
-      {flxCustomer,     {150,  5130, 15300, 3840}, {.width = 1, .height = 0.75, .top = 0.25},      {},  "مشتريان"},
-      {txtNotes,        {3210, 9075, 11550},       {.width = 1, .top = 1},                         "ش", {lblNotes, 600}},
-      {cmdAdd,          {1560, 9075, 1320},        {.top = 1},                                     "ث"},
-      {cmdCancel,       {150,  9075, 1320},        {.top = 1},                                     "ف"},
+      // control        left   top  width  height  grows: width, left, height, top
+      {sltPromoter,     { 9960,  150,  4500},       {0, 1},             "ب", {lblPromoter, 900}},
+      {flxRegion,       {11250,  660,  4200, 2850}, {0.4, 0.6, 0.25},   {}, "مناطق"},
+      {flxPath,         { 5700,  660,  5430, 2850}, {0.4, 0.2, 0.25},   {}, "مسيرها"},
+      {datDateFrom,     { 3060,  150,  1740},       {0.06, 0.14},       "ز", {lblDateFrom, 660}},
+      {datDateTo,       {  390,  150,  1740},       {0.06, 0.08},       "ا", {lblDateTo, 660}},
+      {flxDate,         {  150,  660,  5430, 2850}, {0.2, 0, 0.25},     {}, "روزها"},
+      {frameFilter,     {  150, 3630, 15300, 1380}, {1, 0, 0, 0.25}},
+      {txtCodeFrom,     {12800,  330,  1560},       {0, 1},             "ك", {lblCodeFrom, 700}},
+      {txtCodeTo,       {10445,  330,  1560},       {0, 1},             "د", {lblCodeTo, 525}},
+      {txtName,         { 1830,  330,  7745},       {1},                "ن", {lblName, 600}},
+      {cmdSearch,       {  150,  330,  1500},       {},                 "ت"},
+      {sltCustomer,     {10445,  825,  3915},       {0, 1},             "م", {lblCustomer, 700}},
+      {sltBranch,       { 6395,  825,  3180},       {0.5, 0.5},         "ع", {lblBranch, 600}},
+      {sltWorkActivity, { 1830,  825,  3320},       {0.5},              "و", {lblWorkActivity, 975}},
+      {cmdNewsearch,    {  150,  825,  1500},       {},                 "ج"},
+      {flxCustomer,     {  150, 5130, 15300, 3840}, {1, 0, 0.75, 0.25}, {}, "مشتريان"},
+      {txtNotes,        { 3210, 9075, 11550},       {1, 0, 0, 1},       "ش", {lblNotes, 600}},
+      {cmdAdd,          { 1560, 9075,  1320},       {0, 0, 0, 1},       "ث"},
+      {cmdCancel,       {  150, 9075,  1320},       {0, 0, 0, 1},       "ف"},
   });
   // clang-format on
   datTemp.SetVisible(false);

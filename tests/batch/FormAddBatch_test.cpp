@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/ScriptedPlatform.h"
-#include "support/SelectorReads.h"
 
 namespace {
 
@@ -97,12 +96,6 @@ TEST_F(FormAddBatchTest, Load_EndsTheRangeWithTheMonthAndListsEveryDay) {
   form.datDateFrom.SetText("9377/12/28");  // beyond the range, then up to the calendar's end
   form.datDateTo.SetText("9377/12/29");
   EXPECT_THAT(Column(form.flxDate, 0), ElementsAre("روز", "9377/12/28", "9377/12/29"));
-  EXPECT_THAT(support::SelectorReads(form, outside.database),
-              testing::UnorderedElementsAre(
-                  "sltPromoter office: vwSalePromoterMajor vwSalePromoterMinor",
-                  "sltCustomer office: vwOrganizationMajor vwOrganizationMinor",
-                  "sltBranch office: vwAccountBranchMajor vwAccountBranchMinor",
-                  "sltWorkActivity office: vwZomirWorkActivityMajor vwZomirWorkActivityMinor"));
 }
 
 TEST_F(FormAddBatchTest, Weekday_TurnsAllItsDaysAndTheCountGoesAlong) {

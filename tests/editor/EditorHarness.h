@@ -9,7 +9,6 @@
 
 #include "editor/EditorState.h"
 #include "support/ScriptedPlatform.h"
-#include "support/SelectorReads.h"
 
 namespace editor {
 

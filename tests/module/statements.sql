@@ -4,6 +4,12 @@ Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1
 go
 Select getdate() as today
 go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select getdate() as today
+go
 select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
 go
 Select ID, Name from vwUserMinor where ID=1
@@ -12,6 +18,10 @@ Select ID, Name from vwSaleSupervisorMinor where ID=1
 go
 -- cmdNew
 -- calls spZomirHasPermission 1 330801
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
 -- pick in sltSupervisor
 Select * from vwSaleSupervisorMajor
 go
@@ -25,6 +35,10 @@ go
 Select SCOPE_IDENTITY() as newID
 go
 -- calls dbo.spZomirInsertFormAction 330801 3308 1 510
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
 select * from tblDistributionPromoterProgram Where ID=15
 go
 select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
@@ -35,10 +49,68 @@ Select ID, Name from vwAccountBranchMinor where ID=2
 go
 -- cmdEdit
 -- calls spZomirHasPermission 1 330802
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
+-- pick in sltBranch
+Select * from vwAccountBranchMajor
+go
+-- cmdCancel
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
+-- cmdEdit
+-- calls spZomirHasPermission 1 330802
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
+-- pick in sltBranch
+Select * from vwAccountBranchMajor
+go
 -- cmdTempSave
+-- calls spZomirHasPermission 1 330805
 update tblDistributionPromoterProgram  Set CreatorID=1, BranchID=2, SupervisorID=4, Notes='برنامه نو', Code=NULL Where ID=15
 go
 -- calls dbo.spZomirInsertFormAction 330804 3308 1 510
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
 -- cmdAddBatch
 Select distinct r.Description as RegionName, r.ID   from tblDistributionPathPromoters inner join tblDistributionPath p on PathID=p.ID inner join tblDistributionRegion r on r.ID = p.RegionID  where EmployeeID=-1
 go
@@ -60,6 +132,8 @@ Select ID, Code , ltrim(rtrim(isnull(FirstName,'')+' '+isnull(Name,''))) as 'Nam
 go
 insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence) select 15, 19 , substring(convert(varchar,d.ID), 1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2) , dbo.getEnglishDate(substring(convert(varchar,d.ID), 1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2)) , o.ID, 'it''s new', ROW_NUMBER() OVER(ORDER BY d.id, o.ID ASC) AS aRow  from  dbo.fnZomirStringToTable('14040901,14040902,14040903') d , dbo.fnZomirStringToTable('3,5') o  left outer join tblDistributionOrganization do on o.ID=do.OrganizationID  where not exists(select pd.* from tblDistributionPromoterProgramDetail pd  where pd.ProgramID=15 and pd.PromoterID=19 and replace(pd.FarsiVisitDate,'/','')=convert(varchar,d.ID)  and pd.CustomerID=o.ID) 
 go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
 -- reopen
 select x.ID from dbo.fnZomirStringToTable('14040901') x
 go
@@ -72,14 +146,58 @@ delete tblDistributionPromoterProgramDetail  where ProgramID=15 and PromoterID=1
 go
 delete tblDistributionPromoterProgramDetail  where ProgramID=15 and PromoterID=19 and FarsiVisitDate like '1404/09/03'
 go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+-- cmdEdit
+-- calls spZomirHasPermission 1 330802
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
+-- pick in sltBranch
+Select * from vwAccountBranchMajor
+go
 -- cmdFinalSave
 -- calls spZomirHasPermission 1 330806
 update tblDistributionPromoterProgram  Set CreatorID=1, BranchID=2, SupervisorID=4, Notes='برنامه نو', Code=ID Where ID=15
+go
+-- calls dbo.spZomirInsertFormAction 330804 3308 1 510
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
 go
 -- cmdSearch
 Select  TOP 1000 ID as 'شماره رايانه اي' , (Select x.Name from vwSalePromoterMajor x where x.ID=PromoterID) as 'بازارياب' , FarsiVisitDate as 'تاريخ ويزيت' , (Select x.Code from tblOrganization x where x.ID=CustomerID) as 'كد مشتري' , (Select ltrim(rtrim(isnull(x.FirstName,'')+' '+isnull(x.Name,''))) from tblOrganization x where x.ID=CustomerID) as 'نام مشتري' , (Select r.Description from tblDistributionRegion r inner join tblDistributionPath p on p.RegionID=r.ID where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'منطقه' , (Select p.Name from tblDistributionPath p where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'مسير' , p.Notes as 'شرح' , FarsiCreateDate as 'تاريخ ايجاد' , (Select x.Name from vwEmployeeMajor x Where x.ID=SupervisorID) as 'مدير برنامه' , (Select x.Name from vwAccountBranchMajor x where x.ID=BranchID) as 'شعبه'  from tblDistributionPromoterProgram p left outer join tblDistributionPromoterProgramDetail pd on p.ID=pd.ProgramID   Where 1=1 order by pd.VisitDate, 2, 4
 go
 Select ID as 'شماره رايانه اي' , (Select x.Name from vwSalePromoterMajor x where x.ID=PromoterID) as 'بازارياب' , FarsiVisitDate as 'تاريخ ويزيت' , (Select x.Code from tblOrganization x where x.ID=CustomerID) as 'كد مشتري' , (Select ltrim(rtrim(isnull(x.FirstName,'')+' '+isnull(x.Name,''))) from tblOrganization x where x.ID=CustomerID) as 'نام مشتري' , (Select r.Description from tblDistributionRegion r inner join tblDistributionPath p on p.RegionID=r.ID where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'منطقه' , (Select p.Name from tblDistributionPath p where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'مسير' , p.Notes as 'شرح' , FarsiCreateDate as 'تاريخ ايجاد' , (Select x.Name from vwEmployeeMajor x Where x.ID=SupervisorID) as 'مدير برنامه' , (Select x.Name from vwAccountBranchMajor x where x.ID=BranchID) as 'شعبه'  from tblDistributionPromoterProgram p left outer join tblDistributionPromoterProgramDetail pd on p.ID=pd.ProgramID   Where 1=1 and ID = 15 order by pd.VisitDate, 2, 4
+go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
 go
 -- cmdPreview
 Select * from tblZomirReportTemplate where FormTypeID = 3308
@@ -92,6 +210,18 @@ Select distinct x.DocumentID from tblAccountDocumentDetail x Where x.FormTypeID=
 go
 Update tblDistributionPromoterProgram Set Code=null Where ID=15
 go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=15
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=15 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=4
+go
+Select ID, Name from vwAccountBranchMinor where ID=2
+go
 -- cmdDelete
 -- calls spZomirHasPermission 1 330803
 Delete tblDistributionPromoterProgramDetail Where ProgramID=15
@@ -101,7 +231,18 @@ go
 Delete tblDistributionPromoterProgram Where ID=15
 go
 -- calls dbo.spZomirInsertFormAction 330803 3308 1 510
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwSaleSupervisorMinor where ID=1
+go
 -- view
+-- calls spZomirHasPermission 1 111
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
 select * from tblDistributionPromoterProgram Where ID=1
 go
 select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
@@ -120,6 +261,7 @@ go
 Select x.AssetGroupAccountID from tblAssetGroup x Where x.ID=1
 go
 -- cmdBackToTemp
+-- calls spZomirHasPermission 1 330807
 Select distinct x.DocumentID from tblAccountDocumentDetail x Where x.FormTypeID= 3308 and x.FormID=1
 go
 Delete tblAccountDocumentDetail Where DocumentID=1
@@ -132,10 +274,52 @@ Delete tblAccountDocument Where ID=2
 go
 Update tblDistributionPromoterProgram Set Code=null Where ID=1
 go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+select * from tblDistributionPromoterProgram Where ID=1
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwAccountBranchMinor where ID=1
+go
 -- close box
+-- calls spZomirHasPermission 1 111
+Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1 
+go
+Select getdate() as today
+go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+-- calls spZomirHasPermission 1 330801
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
 Select * from vwUserMajor
 go
+Select * from vwSaleSupervisorMajor
+go
+Select ID, Name from vwAccountBranchMinor where ID=1
+go
+Select * from vwAccountBranchMajor
+go
+-- calls spZomirHasPermission 1 330805
 insert into tblDistributionPromoterProgram (CreatorID, CreateDate, FarsiCreateDate, BranchID, SupervisorID, Notes) values (1, 'TODAY','TODAY' ,1,1,'برنامه')
+go
+Select SCOPE_IDENTITY() as newID
+go
+-- calls dbo.spZomirInsertFormAction 330801 3308 1 510
+Select getdate() as today
+go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=-1 group by PromoterID, VisitDate, FarsiVisitDate, Notes
 go
 select * from tblDistributionPromoterProgram Where ID=16
 go
@@ -150,6 +334,10 @@ go
 Select ID, Name from vwOrganizationMinor where ID=1
 go
 Select * from vwOrganizationMajor
+go
+Select ID, Name from vwAccountBranchMinor where ID=1
+go
+Select * from vwAccountBranchMajor
 go
 Select ID, Name from vwZomirWorkActivityMinor where ID=1
 go
@@ -169,11 +357,31 @@ Select ID, Code , ltrim(rtrim(isnull(FirstName,'')+' '+isnull(Name,''))) as 'Nam
 go
 insert into tblDistributionPromoterProgramDetail(ProgramID, PromoterID, FarsiVisitDate, VisitDate, CustomerID, Notes, Sequence) select 16, 7 , substring(convert(varchar,d.ID), 1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2) , dbo.getEnglishDate(substring(convert(varchar,d.ID), 1,4)+'/'+substring(convert(varchar,d.ID),5,2)+'/'+substring(convert(varchar,d.ID),7,2)) , o.ID, null, ROW_NUMBER() OVER(ORDER BY d.id, o.ID ASC) AS aRow  from  dbo.fnZomirStringToTable('14040901') d , dbo.fnZomirStringToTable('7') o  left outer join tblDistributionOrganization do on o.ID=do.OrganizationID  where not exists(select pd.* from tblDistributionPromoterProgramDetail pd  where pd.ProgramID=16 and pd.PromoterID=7 and replace(pd.FarsiVisitDate,'/','')=convert(varchar,d.ID)  and pd.CustomerID=o.ID) 
 go
+select PromoterID , (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName , VisitDate, FarsiVisitDate, Notes, count(*) as cnt from tblDistributionPromoterProgramDetail  Where ProgramID=16 group by PromoterID, VisitDate, FarsiVisitDate, Notes
+go
+Select ID, Name from vwUserMinor where ID=1
+go
+Select * from vwUserMajor
+go
 Select ID, Name from vwDistributionPromoterProgramMinor where ID=1
 go
 Select * from vwDistributionPromoterProgramMajor
 go
+Select ID, Name from vwSaleSupervisorMinor where ID=1
+go
+Select * from vwSaleSupervisorMajor
+go
+Select ID, Name from vwSalePromoterMinor where ID=1
+go
 Select * from vwSalePromoterMajor
+go
+Select ID, Name from vwOrganizationMinor where ID=1
+go
+Select * from vwOrganizationMajor
+go
+Select ID, Name from vwAccountBranchMinor where ID=1
+go
+Select * from vwAccountBranchMajor
 go
 Select ID as 'شماره رايانه اي' , (Select x.Name from vwSalePromoterMajor x where x.ID=PromoterID) as 'بازارياب' , FarsiVisitDate as 'تاريخ ويزيت' , (Select x.Code from tblOrganization x where x.ID=CustomerID) as 'كد مشتري' , (Select ltrim(rtrim(isnull(x.FirstName,'')+' '+isnull(x.Name,''))) from tblOrganization x where x.ID=CustomerID) as 'نام مشتري' , (Select r.Description from tblDistributionRegion r inner join tblDistributionPath p on p.RegionID=r.ID where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'منطقه' , (Select p.Name from tblDistributionPath p where p.ID in (Select do.PathID from tblDistributionOrganization do where do.OrganizationID=CustomerID)) as 'مسير' , p.Notes as 'شرح' , FarsiCreateDate as 'تاريخ ايجاد' , (Select x.Name from vwEmployeeMajor x Where x.ID=SupervisorID) as 'مدير برنامه' , (Select x.Name from vwAccountBranchMajor x where x.ID=BranchID) as 'شعبه'  from tblDistributionPromoterProgram p left outer join tblDistributionPromoterProgramDetail pd on p.ID=pd.ProgramID   Where 1=1 and ID = 16 and CreatorID = 1 and ProgramID = 16 and SupervisorID= 1 and PromoterID = 7 and CustomerID = 7 and BranchID= 1 and p.Notes like '%نام%' and CreateDate = 'TODAY' and VisitDate = '20251122' order by pd.VisitDate, 2, 4
 go
