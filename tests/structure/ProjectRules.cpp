@@ -45,12 +45,13 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("apps/connection", "platform host", true),
       // What every program says of itself.
       Rule("apps/version", "", true),
+      Rule("apps/about", "text controls screens apps/version", true),
       // Composition roots: the only ones that see both the module and the adapters.
       Rule("apps/activex", plain + "screens report module adapters/*", true),
       // The trial container takes the control's databases, nothing else of it.
       Rule("apps/*",
-           forms + "screens report module adapters/* demo apps/connection apps/tour apps/version "
-                   "apps/activex",
+           forms + "screens report module adapters/* demo apps/about apps/connection apps/tour "
+                   "apps/version apps/activex",
            true),
   };
   return rules;
