@@ -162,7 +162,7 @@ class OfficeDay : public Office {
       if (fault_.number == platform::kUserInterrupt) {
         Do(name, act);
         EXPECT_THAT(actions.back().told, testing::Each(testing::Not(testing::HasSubstr("خطا"))));
-        // As required, a frame over rows that have moved up ends in an error of the grid.
+        // A block over rows that have moved up ends in an error of the grid.
         const bool mayEnd = name == "cmdDeleteSelected" && actions.back().error == 381;
         EXPECT_TRUE(actions.back().error == 0 || mayEnd) << name << " " << actions.back().error;
       }
