@@ -41,8 +41,8 @@ const std::vector<LayerRule>& ProjectRules() {
       Rule("demo", "text calendar platform adapters/*", true),
       // A user's day, told without a screen.
       Rule("apps/tour", "text screens", true),
-      // What a host's command line may say of a connection.
-      Rule("apps/connection", "", true),
+      // What a host's command line may say of a connection, and whom it tells of a user.
+      Rule("apps/connection", "platform host", true),
       // What every program says of itself.
       Rule("apps/version", "", true),
       Rule("apps/about", "text controls screens apps/version", true),
