@@ -48,7 +48,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
       cells[static_cast<std::size_t>(row)].push_back(WithoutBreaks(text));
     }
   }
-  outside.fileDialog.chosen = "list.txt";
+  outside.desktop.chosen = "list.txt";
   outside.screen.OnModalForm<tools::FormSendToTextFile>([&](tools::FormSendToTextFile& dialog) {
     dialog.txtDelimiter.SetText(delimiter);
     dialog.chkHeader.SetChecked(headers);

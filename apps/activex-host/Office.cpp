@@ -10,7 +10,7 @@
 #include <system_error>
 
 #include "adapters/windows/Com.h"
-#include "adapters/windows/Services.h"
+#include "adapters/windows/Desktop.h"
 #include "adapters/windows/Wide.h"
 #include "apps/activex/Databases.h"
 #include "demo/OfficeVersion.h"
@@ -64,7 +64,7 @@ void EnsureSampleOffice(const std::string& path) {
   std::printf("Making a sample office in %s ...\n", path.c_str());
   std::fflush(stdout);
   demo::SampleOptions options;
-  options.today = adapters::windows::WinClock().Today();
+  options.today = adapters::windows::WinDesktop().Today();
   options.basePath = ProgramFolder() + "templates\\";
   demo::CreateSampleOffice(path, options);
 }

@@ -13,7 +13,7 @@
 
 #include "Replay.h"
 #include "adapters/odbc/OdbcConnection.h"
-#include "adapters/qt/Services.h"
+#include "adapters/qt/Desktop.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "calendar/Gregorian.h"
 #include "demo/OfficeVersion.h"
@@ -74,7 +74,7 @@ QDir DataFolder() {
 demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
   demo::SampleOptions sample;
   sample.customers = options.customers;
-  sample.today = options.sampleDate.value_or(adapters::qt::QtClock().Today());
+  sample.today = options.sampleDate.value_or(adapters::qt::QtDesktop().Today());
   sample.basePath = templates.absolutePath().toStdString() + "/";
   return sample;
 }

@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "calendar/SolarHijriDate.h"
 #include "controls/Controls.h"
 #include "controls/DateBox.h"
 #include "controls/FlexGrid.h"
@@ -18,18 +17,11 @@
 #include "controls/Selector.h"
 #include "platform/RuntimeError.h"
 #include "support/ErrorNumber.h"
+#include "support/Fakes.h"
 
 namespace contract {
 
 using support::NumberOf;
-
-/// 1404/02/15, a Monday.
-struct SpringClock : platform::Clock {
-  std::chrono::sys_days Today() const override {
-    return calendar::SolarHijriDate::FromYearMonthDay(1404, 2, 15)->Days();
-  }
-  int MinutesSinceMidnight() const override { return 600; }
-};
 
 /// Cities, or the one that is asked for by "ID=".
 struct CitySource : controls::LookupSource {
@@ -182,7 +174,7 @@ class ScreenTest : public testing::Test {
   std::string Copied();
 
   struct Adapter;
-  SpringClock clock;
+  support::FakeDesktop desktop;
   CitySource cities;
   std::unique_ptr<Adapter> adapter;
   controls::Screen& screen;

@@ -6,7 +6,7 @@ namespace {
 TEST_F(EditorTest, ClearShow_FirstUse_LoadsOnceAndOpensEmpty) {
   EXPECT_FALSE(form.ClearShow());
   EXPECT_FALSE(form.ClearShow());
-  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429"));
+  EXPECT_THAT(outside.desktop.loaded, ElementsAre("00000429"));
   EXPECT_THAT(outside.database.Statements("vwZomirBasePath"),
               ElementsAre("Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath "
                           "Where ID=1 "));
@@ -122,7 +122,7 @@ TEST_F(EditorTest, Dialogs_EditorClosedAndReopened_KeepTheirContentsUntilAllIsUn
   module.SetContext({.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "other"});
   form.View(40);
   use("", "14");
-  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(5))
+  EXPECT_THAT(outside.desktop.loaded, testing::SizeIs(5))
       << "the editor thrice, the batch form twice";
   EXPECT_THAT(support::SelectorReads(form, outside.database),
               ElementsAre("sltCreator other: vwUserMajor vwUserMinor",

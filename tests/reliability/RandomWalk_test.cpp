@@ -87,8 +87,8 @@ class RandomWalk : public module::OfficeTest {
   }
 
   void TopStep() {
-    outside.fileDialog.chosen = std::string(dice_.Of(kFiles));
-    if (outside.fileDialog.chosen->empty()) outside.fileDialog.chosen.reset();
+    outside.desktop.chosen = std::string(dice_.Of(kFiles));
+    if (outside.desktop.chosen->empty()) outside.desktop.chosen.reset();
     if (!Editor().Visible()) {
       outside.screen.hostIsModal = dice_.OneIn(10);
       Act("open", [&] {
@@ -331,7 +331,7 @@ class RandomWalk : public module::OfficeTest {
 
  private:
   Dice dice_{static_cast<std::uint64_t>(Setting("PROMOTER_WALK_SEED", 1404))};
-  AnyHand hand_{dice_, outside.clock.today,
+  AnyHand hand_{dice_, outside.desktop.today,
                 [this](const std::string& what, const AnyHand::Action& act) { Act(what, act); }};
   std::vector<std::vector<std::int32_t>> granted_;  // by action, the innermost last
   std::deque<std::string> trail_;

@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QSaveFile>
 #include <cstdint>
 #include <utility>
@@ -110,14 +109,6 @@ std::string QtFileSystem::ReadFile(const std::string& path) {
 
 std::unique_ptr<platform::TextFile> QtFileSystem::CreateTextFile(const std::string& path) {
   return std::make_unique<SavedTextFile>(ToQString(path));
-}
-
-void QtLauncher::Start(const std::string& commandLine) {
-  QStringList arguments = QProcess::splitCommand(ToQString(commandLine));
-  const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
-  if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
-    throw platform::RuntimeError(kFileNotFound, "File not found: " + ToUtf8(program), "QtLauncher");
-  }
 }
 
 }  // namespace adapters::qt

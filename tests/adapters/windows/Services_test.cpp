@@ -1,4 +1,4 @@
-#include "adapters/windows/Services.h"
+#include "adapters/windows/Desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -115,9 +115,9 @@ TEST(ComExcel, Application_ThatIsNotThere_IsToldAs429) {
 TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_EQ(WindowsFilter("Text|*.txt|All|*.*"), std::wstring(L"Text\0*.txt\0All\0*.*\0\0", 20));
   EXPECT_EQ(WindowsFilter("فايل متني"), std::wstring(L"فايل متني\0*.*\0\0", 15));
-  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("\"no such program.exe\" /s"); }), 53);
-  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("cmd.exe /c exit"); }), 0);
-  EXPECT_GE(WinKeyboard().GetVersion() & 0xFFU, 5U);
+  EXPECT_EQ(NumberOf([] { WinDesktop().Start("\"no such program.exe\" /s"); }), 53);
+  EXPECT_EQ(NumberOf([] { WinDesktop().Start("cmd.exe /c exit"); }), 0);
+  EXPECT_GE(WinDesktop().GetVersion() & 0xFFU, 5U);
 }
 
 /// Presses the Save button of the save dialog that is up, and leaves it where it is up a while
@@ -140,7 +140,7 @@ TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
   const fs::path path = fs::path(folder) / L"ليست.txt";
   std::ofstream(path) << "x";
   const UINT_PTR timer = SetTimer(nullptr, 0, 1000, &PressSave);
-  EXPECT_EQ(SaveDialog().ShowSave(Utf8(path.wstring()), "فايل متني"), Utf8(path.wstring()));
+  EXPECT_EQ(WinDesktop().ShowSave(Utf8(path.wstring()), "فايل متني"), Utf8(path.wstring()));
   KillTimer(nullptr, timer);
 }
 
@@ -151,14 +151,14 @@ class ReportsTest : public testing::Test, platform::ConnectionFactory {
   }
 
   const std::string folder = testing::TempDir();
-  WinClock clock;
+  WinDesktop desktop;
   Theme theme;
   ErrorGuard guard;
-  WinScreen screen{guard, clock, theme};
+  WinScreen screen{guard, desktop, theme};
   support::FakeProgress progress;
   ScriptingFileSystem files;
   std::vector<std::string> log;
-  WinReports reports{*this, files, clock, guard, theme, screen, progress};
+  WinReports reports{*this, files, desktop, guard, theme, screen, progress};
 };
 
 TEST_F(ReportsTest, Letters_AreAsWideAtEverySize) {

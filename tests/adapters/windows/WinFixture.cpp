@@ -49,7 +49,7 @@ namespace contract {
 using namespace adapters::windows;
 
 ScreenTest::ScreenTest()
-    : adapter(std::make_unique<Adapter>(clock, cities)), screen(adapter->screen) {}
+    : adapter(std::make_unique<Adapter>(desktop, cities)), screen(adapter->screen) {}
 
 ScreenTest::~ScreenTest() = default;
 
