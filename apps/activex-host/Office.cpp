@@ -35,7 +35,8 @@ void PutTemplates(const std::string& folder) {
     std::error_code error;
     fs::copy_file(carried.path(), place, error);
     if (error) {
-      throw platform::RuntimeError(75, error.message() + ": " + Utf8(place.wstring()));
+      throw platform::RuntimeError(platform::kPathFileAccess,
+                                   error.message() + ": " + Utf8(place.wstring()));
     }
   }
 }

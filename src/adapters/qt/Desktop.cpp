@@ -13,7 +13,6 @@ namespace adapters::qt {
 
 namespace {
 
-constexpr std::int32_t kFileNotFound = 53;
 constexpr qint64 kUnixEpochJulianDay = 2440588;
 
 }  // namespace
@@ -63,7 +62,8 @@ void QtDesktop::Start(const std::string& commandLine) {
   QStringList arguments = QProcess::splitCommand(ToQString(commandLine));
   const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
   if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
-    throw platform::RuntimeError(kFileNotFound, "File not found: " + ToUtf8(program), "QtDesktop");
+    throw platform::RuntimeError(platform::kFileNotFound, "File not found: " + ToUtf8(program),
+                                 "QtDesktop");
   }
 }
 

@@ -17,7 +17,6 @@ namespace adapters::windows {
 
 namespace {
 
-constexpr std::int32_t kFileNotFound = 53;
 constexpr std::size_t kPathUnits = 32768;
 
 SYSTEMTIME Now() {
@@ -91,10 +90,11 @@ void WinDesktop::Start(const std::string& commandLine) {
                       &process)) {
     const DWORD code = GetLastError();
     const bool missing = code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
-    throw platform::RuntimeError(missing ? kFileNotFound : platform::kInvalidProcedureCall,
-                                 (missing ? "File not found: " : "Not started: ") + commandLine +
-                                     " (" + SystemText(HRESULT_FROM_WIN32(code)) + ")",
-                                 "WinDesktop");
+    throw platform::RuntimeError(
+        missing ? platform::kFileNotFound : platform::kInvalidProcedureCall,
+        (missing ? "File not found: " : "Not started: ") + commandLine + " (" +
+            SystemText(HRESULT_FROM_WIN32(code)) + ")",
+        "WinDesktop");
   }
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
