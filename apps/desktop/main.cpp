@@ -88,7 +88,8 @@ adapters::xlsx::XlsxExcel::Place WorkbookPlace(const desktop::Options& options) 
 void OpenWorkbook(const std::string& path) {
   if (QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)))) return;
   throw platform::RuntimeError(
-      53, "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
+      platform::kFileNotFound,
+      "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
 }
 
 std::chrono::milliseconds Uptime() {
@@ -280,7 +281,7 @@ int main(int argc, char* argv[]) {
     const char* const log = std::getenv("DISTPROMOTER_LOG");
     if (options.logFile.empty() && log != nullptr) options.logFile = log;
     if (!options.help && !options.version) desktop::RequireEmbedded(options);
-  } catch (const desktop::UsageError& error) {
+  } catch (const options::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
   } catch (const connection::ConnectionMissing& error) {
