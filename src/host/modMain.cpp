@@ -29,7 +29,7 @@ constexpr std::int32_t kFrameBackColor = 15791353;
 constexpr std::uint32_t kMajorVersionMask = 0xFF;
 constexpr std::size_t kDateTextLength = 10;
 
-/// One more for as long as it lives.
+/// Counts a message among those that are up, for as long as it is.
 class Counted {
  public:
   explicit Counted(int& count) : count_(count) { ++count_; }

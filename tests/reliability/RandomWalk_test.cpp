@@ -137,8 +137,8 @@ class RandomWalk : public module::OfficeTest {
       EXPECT_FALSE(error.Description().empty());
       failed = true;
     }
-    // As required, a delete that fails in the middle keeps what it deleted and reads nothing anew;
-    // the user was told.
+    // Each deletion is a statement of its own: one that fails in the middle leaves those before it
+    // done and the list as it was, and the user was told.
     EXPECT_TRUE(wasStale || !gridIsStale_ || failed || !outside.components.messages.empty());
     granted_.pop_back();
   }
