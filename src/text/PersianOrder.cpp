@@ -85,13 +85,14 @@ static_assert(kRanks.low[0x649] > kRanks.low[0x648] && kRanks.low[0x649] < 0xFF,
 std::uint32_t NextWeight(std::string_view s, std::size_t& at) {
   const std::size_t begin = at;
   const char32_t c = TakeCharacter(s, at);
-  if (c == kReplacement && at == begin + 1) {
+  std::uint8_t rank = 0;
+  if (c < kRanks.low.size()) {
+    rank = kRanks.low[c];
+  } else if (c - 0x2000 < kRanks.punctuation.size()) {
+    rank = kRanks.punctuation[c - 0x2000];
+  } else if (c == kReplacement && at == begin + 1) {
     return kUnranked | (kBrokenByte + static_cast<unsigned char>(s[begin]));
   }
-  const std::uint8_t rank = c < kRanks.low.size() ? kRanks.low[c]
-                            : c - 0x2000 < kRanks.punctuation.size()
-                                ? kRanks.punctuation[c - 0x2000]
-                                : std::uint8_t{0};
   return rank != 0 ? rank : kUnranked | c;
 }
 
