@@ -21,8 +21,10 @@ if(TARGET promoter-desktop)
     DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT host)
   install(DIRECTORY demo/templates DESTINATION ${CMAKE_INSTALL_DATADIR}/promoter-desktop
     COMPONENT host)
-  install(FILES README.md CHANGELOG.md DESTINATION ${doc} COMPONENT host)
-  install(DIRECTORY docs DESTINATION ${doc} COMPONENT host PATTERN architecture.md EXCLUDE)
+  # As they lie here, since they point to each other.
+  install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${doc} COMPONENT host)
+  install(FILES demo/README.md DESTINATION ${doc}/demo COMPONENT host)
+  install(DIRECTORY docs examples DESTINATION ${doc} COMPONENT host)
   # scripts/notices writes them; the licence is the owner's to give.
   install(FILES ${made}/THIRD-PARTY-NOTICES ${made}/copyright DESTINATION ${doc} COMPONENT host OPTIONAL)
 endif()

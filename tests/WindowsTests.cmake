@@ -3,7 +3,9 @@
 # starts empty.
 set(control_tests ${CMAKE_CURRENT_SOURCE_DIR}/apps/activex)
 add_test(NAME library_inspected
-  COMMAND ${control_tests}/inspect.sh ${CMAKE_OBJDUMP} $<TARGET_FILE:promoter-activex>)
+  COMMAND ${control_tests}/inspect.sh ${CMAKE_OBJDUMP} $<TARGET_FILE:promoter-activex>
+    $<TARGET_FILE:promoter-activex-host> ${PROJECT_VERSION} ${PROMOTER_COMPANY}
+    ${PROMOTER_COPYRIGHT})
 if(PROMOTER_ARCH STREQUAL i686)
   return()
 endif()
@@ -38,24 +40,22 @@ function(promoter_wine_folder_test folder)
 endfunction()
 
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
-promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids version)
+promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids oleacc)
 target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp
+  ${PROJECT_SOURCE_DIR}/apps/activex-host/PropertyBag.cpp ${PROJECT_SOURCE_DIR}/apps/activex-host/Site.cpp
+  ${PROJECT_SOURCE_DIR}/apps/activex-host/Things.cpp
   adapters/windows/StandIn.cpp)
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
 target_compile_definitions(apps_activex_test PRIVATE
   PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>"
-  PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt"
-  PROMOTER_CONTAINER="Z:$<TARGET_FILE:promoter-activex-host>"
-  PROMOTER_VERSION="${PROJECT_VERSION}"
-  PROMOTER_COMPANY="${PROMOTER_COMPANY}"
-  PROMOTER_COPYRIGHT="${PROMOTER_COPYRIGHT}")
-add_dependencies(apps_activex_test promoter-activex promoter-activex-host)
+  PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt")
+add_dependencies(apps_activex_test promoter-activex)
 
 add_test(NAME late_bound COMMAND ${control_tests}/late-bound.sh ${PROJECT_SOURCE_DIR}
   ${CMAKE_BINARY_DIR}/wine/late_bound $<TARGET_FILE:promoter-activex>
-  $<TARGET_FILE:promoter-activex-host>)
+  $<TARGET_FILE:promoter-activex-host> ${PROJECT_VERSION})
 # A planner's whole day in the control's windows, by mouse and by keys, on sample offices of its own.
 promoter_wine_test(tour COMMAND $<TARGET_FILE:promoter-activex-host>
   --tour Z:${CMAKE_BINARY_DIR}/tour)

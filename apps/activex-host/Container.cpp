@@ -23,6 +23,7 @@ enum Command {
   kViewCommand,
   kBagCommand,
   kAnotherCommand,
+  kAboutCommand,
   kExitCommand,
   kNumberField
 };
@@ -51,6 +52,7 @@ HMENU MakeMenu() {
   AppendMenuW(commands, MF_STRING, kBagCommand, L"&Properties");
   AppendMenuW(commands, MF_SEPARATOR, 0, nullptr);
   AppendMenuW(commands, MF_STRING, kAnotherCommand, L"&Another window");
+  AppendMenuW(commands, MF_STRING, kAboutCommand, L"A&bout");
   AppendMenuW(commands, MF_STRING, kExitCommand, L"E&xit");
   const HMENU menu = CreateMenu();
   AppendMenuW(menu, MF_POPUP, reinterpret_cast<UINT_PTR>(commands), L"&Control");
@@ -59,8 +61,7 @@ HMENU MakeMenu() {
 
 }  // namespace
 
-Container::Container(const Login& login, std::function<void()> another)
-    : another_(std::move(another)) {
+Container::Container(const Login& login, MenuCalls calls) : calls_(std::move(calls)) {
   bag_.Set(L"UserID", login.user);
   bag_.Set(L"EmployeeID", login.employee);
   bag_.Set(L"OLEConnectionString", login.connectionString);
@@ -177,7 +178,10 @@ void Container::OnCommand(int command) {
       });
       break;
     case kAnotherCommand:
-      ShowingErrors(another_);
+      ShowingErrors(calls_.another);
+      break;
+    case kAboutCommand:
+      calls_.about();
       break;
     case kExitCommand:
       PostMessageW(window_, WM_CLOSE, 0, 0);

@@ -19,13 +19,19 @@ struct Login {
   std::string connectionString;  // UTF-8
 };
 
+/// What the menu of a container asks of the program.
+struct MenuCalls {
+  std::function<void()> another;  // one more such window
+  std::function<void()> about;    // what the program is
+};
+
 /// A window with one control on it, which a program of the suite would be. The control comes from
 /// the registry where it is registered, else from the library beside the program.
 class Container {
  public:
-  /// Makes the window, hidden, and the control on it, with its properties from the bag. `another`
-  /// is to open one more such window. Throws RuntimeError.
-  Container(const Login& login, std::function<void()> another);
+  /// Makes the window, hidden, and the control on it, with its properties from the bag. Throws
+  /// RuntimeError.
+  Container(const Login& login, MenuCalls calls);
   ~Container();
   Container(const Container&) = delete;
   Container& operator=(const Container&) = delete;
@@ -49,7 +55,7 @@ class Container {
   template <typename Action>
   void ShowingErrors(Action&& action);
 
-  std::function<void()> another_;
+  MenuCalls calls_;
   HWND window_ = nullptr;
   HWND number_ = nullptr;  // the field with the program's number
   PropertyBag bag_;

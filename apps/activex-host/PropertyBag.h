@@ -15,7 +15,7 @@ namespace activexhost {
 
 /// The container's document: the properties of its control, by key. Lives as long as its owner,
 /// whatever references are held.
-class PropertyBag final : public IPropertyBag {
+class PropertyBag : public IPropertyBag {
  public:
   void Set(const std::wstring& key, adapters::windows::Variant value);
   /// What the control has stored, as lines "key=value".

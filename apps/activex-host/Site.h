@@ -33,10 +33,10 @@ class Extender final : public IDispatch {
 
 /// Where the control stands in the container's window: its client, in-place and control site in
 /// one. Lives as long as the container, whatever references are held.
-class Site final : public IOleClientSite,
-                   public IOleInPlaceSite,
-                   public IOleControlSite,
-                   public IPropertyNotifySink {
+class Site : public IOleClientSite,
+             public IOleInPlaceSite,
+             public IOleControlSite,
+             public IPropertyNotifySink {
  public:
   explicit Site(HWND window) : window_(window) {}
   Extender& ControlExtender() { return extender_; }

@@ -27,6 +27,10 @@ class StandIns {
   StandIns(const StandIns&) = delete;
   StandIns& operator=(const StandIns&) = delete;
 
+  /// Where the components show themselves, with words of the program's own.
+  adapters::windows::WinScreen& Screen() { return screen_; }
+  adapters::windows::ErrorGuard& Guard() { return guard_; }
+
  private:
   struct Registration {
     HKEY root;

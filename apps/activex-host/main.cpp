@@ -18,6 +18,7 @@
 #include "Terminal.h"
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
+#include "apps/about/About.h"
 #include "apps/connection/ConnectionOption.h"
 #include "apps/options/Arguments.h"
 #include "apps/version/Version.h"
@@ -88,12 +89,18 @@ Options Parse(const std::vector<std::string>& arguments) {
   return options;
 }
 
-/// As Windows writes it, made when it is not there.
-std::string FullFolder(const std::string& folder) {
-  const std::wstring given = Wide(folder);
+/// As Windows writes it.
+std::wstring FullPath(const std::string& path) {
+  const std::wstring given = Wide(path);
   std::wstring full(GetFullPathNameW(given.c_str(), 0, nullptr, nullptr), L'\0');
   full.resize(
       GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return full;
+}
+
+/// Made when it is not there.
+std::string FullFolder(const std::string& folder) {
+  const std::wstring full = FullPath(folder);
   CreateDirectoryW(full.c_str(), nullptr);
   return Utf8(full);
 }
@@ -116,6 +123,16 @@ std::string OfficeFor(const Options& options, const std::string& tourFolder) {
   }
   activexhost::EnsureSampleOffice(path);
   return "sqlite:" + path;
+}
+
+about::Facts FactsOf(const std::string& office) {
+  constexpr std::string_view kEmbedded = "sqlite:";
+  about::Facts facts{.program = "activex-host", .toolkit = {}, .office = office, .notices = {}};
+  if (office.starts_with(kEmbedded)) facts.office = Utf8(FullPath(office.substr(kEmbedded.size())));
+  const std::wstring notices =
+      FullPath(activexhost::ProgramFolder() + "..\\THIRD-PARTY-NOTICES.txt");
+  if (GetFileAttributesW(notices.c_str()) != INVALID_FILE_ATTRIBUTES) facts.notices = Utf8(notices);
+  return facts;
 }
 
 using Containers = std::list<activexhost::Container>;
@@ -143,10 +160,14 @@ int Run(const Options& options) {
   login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
   // For the control: the pictures of a tour are always the same.
   if (touring) SetEnvironmentVariableW(L"DISTPROMOTER_FORGET_PLACES", L"1");
-  const activexhost::StandIns standIns;
+  activexhost::StandIns standIns;
+  const auto tellAbout = [&] {
+    standIns.Guard().Run([&] { about::Show(standIns.Screen(), FactsOf(login.connectionString)); });
+  };
   Containers containers;
   const std::function<void()> open = [&] {
-    const HWND window = containers.emplace_back(login, open).Window();
+    const HWND window =
+        containers.emplace_back(login, activexhost::MenuCalls{open, tellAbout}).Window();
     const int place = 20 + 200 * static_cast<int>(containers.size() - 1);
     SetWindowPos(window, nullptr, place, place, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     ShowWindow(window, SW_SHOWNORMAL);

@@ -105,7 +105,7 @@ void RequireFile(const std::string& connectionString) {
       platform::kFileNotFound,
       "فايل پايگاه داده «\u202A" + path +
           "\u202C» پيدا نشد؛ با فرمان زير دفتري نمونه در آن ساخته مي شود. File not found; to make "
-          "a sample office in it: ./run --load-sample --connect \"sqlite:" +
+          "a sample office in it: promoter-desktop --load-sample --connect \"sqlite:" +
           path + "\"");
 }
 

@@ -174,8 +174,8 @@ const char* HelpText() {
   --log FILE         write each statement, how long it took, how many rows it gave and what it failed
                      with to FILE, which becomes FILE.1 when it has 10 MB; without it, to the file
                      that the environment variable DISTPROMOTER_LOG names, if any
-  --windows ...      as the first option: the Windows control in its trial container, under Wine;
-                     what follows goes to the container, --help too
+  --windows ...      of ./run alone, as the first option: the Windows control in its trial container,
+                     under Wine; what follows goes to the container, --help too
   --version          the version and the commit that it was built from
   --help             this text
 

@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <optional>
 
+#include "About.h"
 #include "EndSignals.h"
 #include "ExportProgram.h"
 #include "HiddenLine.h"
@@ -111,6 +112,7 @@ class Desktop {
   adapters::qt::ErrorGuard& Guard() { return guard_; }
   module::Module& Module() { return module_; }
   host::DistPromoterProg& Control() { return control_; }
+  adapters::qt::QtScreen& Screen() { return screen_; }
   platform::ConnectionFactory& Connections() { return connections_; }
 
  private:
@@ -153,8 +155,13 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options,
       control.ClearShow();
     }
   });
-  const bool open = desktop.Module().Editor().Visible();
+  editor::FormMain& editor = desktop.Module().Editor();
+  const bool open = editor.Visible();
   desktop.Guard().SetProgramGoesOn(open);
+  if (open) {
+    desktop::OfferAbout(*desktop.Screen().WindowOf(editor), desktop.Screen(), desktop.Guard(),
+                        connectionString);
+  }
   return open;
 }
 

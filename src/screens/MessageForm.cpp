@@ -77,7 +77,7 @@ MessageForm::MessageForm(controls::Screen& screen, Message message)
 void MessageForm::SetUpButtons() {
   const bool question = message_.kind == MessageKind::kQuestion;
   cmdNo.SetVisible(question);
-  cmdCopy.SetVisible(message_.kind == MessageKind::kError);
+  cmdCopy.SetVisible(message_.kind == MessageKind::kError || !message_.technical.empty());
   cmdYes.SetAccessKey(question ? "ب" : "ت");
   cmdNo.SetAccessKey("خ");
   cmdCopy.SetAccessKey("ر");

@@ -17,7 +17,8 @@ struct Message {
 };
 
 /// The suite's message window: information with one button, a question with yes and no, or an
-/// error, whose texts can be copied. As large as its texts.
+/// error. The texts of an error, and those with a technical one, can be copied. As large as its
+/// texts.
 class MessageForm : public controls::Form {
  public:
   MessageForm(controls::Screen& screen, Message message);

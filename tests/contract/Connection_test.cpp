@@ -7,12 +7,12 @@
 #include <array>
 #include <clocale>
 #include <cstdlib>
-#include <filesystem>
 
 #include "adapters/odbc/OdbcConnection.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "platform/RuntimeError.h"
 #include "support/Lines.h"
+#include "support/TestFolder.h"
 #include "text/Text.h"
 
 // What every engine behind platform::Connection promises. A SQL Server is tried where the variable
@@ -53,9 +53,7 @@ constexpr std::array kProcedures{
     "@Description, @UserID, @EventDate, @FarsiEventDate, @EventTime)",
 };
 
-std::unique_ptr<platform::Connection> Connect(Engine engine, const std::string& file) {
-  if (engine == Engine::kEmbedded)
-    return std::make_unique<adapters::sqlite::SqliteConnection>("sqlite:" + file);
+std::unique_ptr<platform::Connection> ByOdbc(const std::string& file) {
   // This driver has no wide entry points: the driver manager translates by the locale.
   std::setlocale(LC_CTYPE, "C.UTF-8");
   return std::make_unique<adapters::odbc::OdbcConnection>("Driver=SQLite3;Database=" + file);
@@ -74,17 +72,15 @@ class ConnectionContract : public testing::TestWithParam<Engine> {
       for (const char* table : kTables) Make(table);
       for (const char* procedure : kProcedures) Make(procedure);
     } else {
-      std::string pattern = (std::filesystem::temp_directory_path() / "contract-XXXXXX").string();
-      folder_ = mkdtemp(pattern.data());
-      const std::string file = (folder_ / "office.db").string();
-      connection = Connect(Engine::kOdbcSqlite, file);
+      const std::string file = folder_.File("office.db");
+      connection = ByOdbc(file);
       for (const char* table : kTables) Make(table);
-      connection = Connect(GetParam(), file);
+      if (IsNarrow()) return;
+      connection = std::make_unique<adapters::sqlite::SqliteConnection>("sqlite:" + file);
     }
   }
 
   void TearDown() override {
-    std::filesystem::remove_all(folder_);
     if (!IsServer()) return;
     for (const std::string& made : made_) EXPECT_EQ(ErrorOf("drop " + made), 0) << made;
   }
@@ -142,40 +138,31 @@ class ConnectionContract : public testing::TestWithParam<Engine> {
 
   std::string prefix_ = "tblZomir";
   std::string procedures_ = "spZomir";
-  std::filesystem::path folder_;
+  support::TestFolder folder_;
   std::vector<std::string> made_;  // "table NAME", "procedure NAME"
 };
 
 TEST_P(ConnectionContract, Values_comeOutAsTexts) {
   const std::string day = Time("2025-03-21");
   Execute(
-      "insert into $Value(ID, Number, Amount, Flag, Day, Moment, Words, Notes) values (1, "
-      "-0.5, 1234567.25, 1, " +
-      day + ", " + Time("2025-03-21 08:30:07") +
-      ", 'a', 'b'), "
-      "(2, 100000000, 12.5, 0, " +
-      Time("1899-01-01") + ", " + day +
-      ", '', ''), "
-      "(3, null, null, null, null, null, null, null)");
-  EXPECT_EQ(Rows("select ID, Number, Amount, Flag, Day, Moment, Words, Notes from $Value "
-                 "order by ID"),
-            "1|-0.5|1234567.25|1|2025-03-21|2025-03-21 08:30:07|a|b\n"
-            "2|100000000|12.5|0|1899-01-01|2025-03-21||\n"
-            "3|~|~|~|~|~|~|~");
+      "insert into $Value(ID, Number, Amount, Flag, Day, Moment) values (1, -0.5, 1234567.25, 1, " +
+      day + ", " + Time("2025-03-21 08:30:07") + "), (2, 100000000, 12.5, 0, " +
+      Time("1899-01-01") + ", " + day + "), (3, null, null, null, null, null)");
+  EXPECT_EQ(Rows("select ID, Number, Amount, Flag, Day, Moment from $Value order by ID"),
+            "1|-0.5|1234567.25|1|2025-03-21|2025-03-21 08:30:07\n"
+            "2|100000000|12.5|0|1899-01-01|2025-03-21\n"
+            "3|~|~|~|~|~");
   EXPECT_EQ(Rows("select ID from $Value where Day=" + day), "1");
-  EXPECT_EQ(Rows("select count(*), max(Number), 1, 'a', null from $Value"), "3|100000000|1|a|~");
+  EXPECT_EQ(Rows("select count(*), max(Number), 1, 'a', '', null from $Value"),
+            "3|100000000|1|a||~");
 }
 
 TEST_P(ConnectionContract, Texts_areKeptLetterByLetterAndWhole) {
   std::string persian;
   for (int i = 0; i < 10000; ++i) persian += "نیک\u200Cپی، يك";
-  std::vector<std::string> texts{"نیک\u200Cپی",
-                                 "نيك\u200Cپي",
-                                 "علی کاظمی",
-                                 "علي كاظمي",
-                                 "۱۴۰۴/٠١/01",
-                                 "”3“ it's",
-                                 "a\r\n\tb",
+  std::vector<std::string> texts{"نیک\u200Cپی علی کاظمی ۱۴۰۴/٠١/01",
+                                 "نيك\u200Cپي علي كاظمي",
+                                 "”3“ it's\r\n\tb",
                                  "{d '2025-03-21'} ? :x @y -- /* % _ [",
                                  persian,
                                  std::string(8191, 'x'),
@@ -212,19 +199,12 @@ TEST_P(ConnectionContract, Results_haveTheirColumnsAndRows) {
     EXPECT_FALSE(none.ReturnsRows()) << statement;
     EXPECT_EQ(none.AffectedRows(), affected) << statement;
   }
-  Execute("insert into $Row(Name) values ('n')");
-  for (int i = 0; i < 10; ++i) Execute("insert into $Row(Name) select Name from $Row");
-  const RowSet rows = Execute("select ID, Name from $Row order by ID");
-  ASSERT_EQ(rows.RowCount(), 1024U);
-  for (std::size_t row = 0; row < 1024; ++row) {
-    EXPECT_EQ(rows.Text(row, 0), std::to_string(row + 1));
-    EXPECT_EQ(rows.Text(row, 1), "n");
-  }
 }
 
 TEST_P(ConnectionContract, Reader_givesWhatExecuteGives) {
   Execute("insert into $Row(Name) values ('n')");
   for (int i = 0; i < 9; ++i) Execute("insert into $Row(Name) select Name from $Row");
+  EXPECT_TRUE(Rows("select ID, Name from $Row order by ID").ends_with("\n511|n\n512|n"));
   for (const char* statement : {"select ID, Name, null as Absent from $Row order by ID",
                                 "select ID from $Row where ID < 0", "select 1 as One"}) {
     const RowSet whole = Execute(statement);
@@ -285,8 +265,9 @@ class ServerContract : public ConnectionContract {};
 TEST_P(ServerContract, Identity_isThatOfTheConnectionsLastRow) {
   const std::string identity = "Select SCOPE_IDENTITY() as newID";
   EXPECT_EQ(Rows(identity), "~");
-  Execute("insert into $Row(Name) values ('a')");
-  Execute("insert into $Row(Name) values ('b')");
+  for (const char* name : {"'a'", "'b'"}) {
+    Execute("insert into $Row(Name) values (" + std::string(name) + ")");
+  }
   EXPECT_EQ(Rows(identity), "2");
   EXPECT_EQ(ErrorOf("insert into $Value(ID, Code) values (9, null)"), 515);
   EXPECT_EQ(Rows(identity), "2");
@@ -294,31 +275,27 @@ TEST_P(ServerContract, Identity_isThatOfTheConnectionsLastRow) {
 
 TEST_P(ServerContract, Procedures_takeParametersAndReturnTheirValue) {
   Execute("insert into $UserPermission(UserID, FormPermissionID) values (2, 330801)");
-  const auto allowed = [&](int user, int permission) {
-    return Call("HasPermission", {{"@UserID", user}, {"@FormPermissionID", permission}});
-  };
-  EXPECT_EQ(allowed(2, 330801), 1);
-  EXPECT_EQ(allowed(2, 330802), 0);
-  EXPECT_EQ(allowed(-1, 330801), 0);
-
+  for (const auto& [user, permission, held] :
+       {std::array{2, 330801, 1}, {2, 330802, 0}, {-1, 330801, 0}}) {
+    EXPECT_EQ(Call("HasPermission", {{"@UserID", user}, {"@FormPermissionID", permission}}), held);
+  }
   const std::chrono::sys_days day = std::chrono::year(2025) / 3 / 21;
   for (const char* text : {"”3“ نیک\u200Cپی، علي's", ""}) {
-    const int returned = Call("InsertFormAction", {{"@EventID", 330801},
-                                                   {"@FormCode", "3"},
-                                                   {"@FormTypeID", 3308},
-                                                   {"@Description", text},
-                                                   {"@UserID", 1},
-                                                   {"@EventDate", day},
-                                                   {"@FarsiEventDate", "1404/01/01"},
-                                                   {"@EventTime", 61}});
-    EXPECT_EQ(returned, 0);
+    EXPECT_EQ(Call("InsertFormAction", {{"@EventID", 330801},
+                                        {"@FormCode", "3"},
+                                        {"@FormTypeID", 3308},
+                                        {"@Description", text},
+                                        {"@UserID", 1},
+                                        {"@EventDate", day},
+                                        {"@FarsiEventDate", "1404/01/01"},
+                                        {"@EventTime", 61}}),
+              0);
   }
   EXPECT_EQ(Rows("select * from $FormAction order by ID"),
             "1|330801|3|3308|”3“ نیک\u200Cپی، علي's|1|2025-03-21|1404/01/01|61\n"
             "2|330801|3|3308||1|2025-03-21|1404/01/01|61");
   EXPECT_EQ(ErrorIn([&] { Call("Nowhere", {}); }), 2812);
   EXPECT_EQ(ErrorIn([&] { Call("HasPermission", {{"@UserID", 1}}); }), 201);
-  EXPECT_EQ(allowed(2, 330801), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(On, ServerContract, testing::Values(Engine::kEmbedded, Engine::kSqlServer),

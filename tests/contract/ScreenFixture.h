@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <initializer_list>
 #include <memory>
@@ -15,47 +14,45 @@
 #include "controls/FlexGrid.h"
 #include "controls/Form.h"
 #include "controls/Selector.h"
-#include "platform/RuntimeError.h"
+#include "screens/GridPane.h"
 #include "support/ErrorNumber.h"
 #include "support/Fakes.h"
 
 namespace contract {
 
+using screens::Key;
+using Place = screens::Point;
 using support::NumberOf;
+using PointerAction = screens::PointerEvent::Action;
+
+constexpr screens::Modifiers kShift{.shift = true};
+constexpr screens::Modifiers kControl{.control = true};
 
 /// Cities, or the one that is asked for by "ID=".
 struct CitySource : controls::LookupSource {
   platform::RowSet Lookup(const std::string& /*connection*/, const std::string& what) override {
-    ++lookups;
-    if (failing) throw platform::RuntimeError(-2147467259, "The server does not answer");
     platform::RowSet rows({"ID", "Name"});
-    const char* const names[] = {"مشهد", "نیشابور", "سبزوار", "تهران", "کرج", "شهر ري"};
-    for (int i = 0; i < count; ++i) {
-      const std::string id = std::to_string(i + 1);
+    std::string id = "0";
+    for (const char* name : {"مشهد", "نیشابور", "سبزوار", "تهران", "کرج", "شهر ري"}) {
+      ++id.front();
       if (what.find("ID=") != std::string::npos && !what.ends_with("ID=" + id)) continue;
       rows.Append(id);
-      rows.Append(names[i % 6]);
+      rows.Append(name);
     }
     return rows;
   }
-  int count = 6;
-  int lookups = 0;
-  bool failing = false;
 };
 
 /// Controls of every kind that acts.
 class SampleForm : public controls::Form {
  public:
   SampleForm(controls::Screen& onScreen, controls::LookupSource& source)
-      : Form(onScreen, "SampleForm", Border::kSizable),
-        sltCity(frame, "sltCity", source),
-        sltBranch(frame, "sltBranch", source) {
+      : Form(onScreen, "SampleForm", Border::kSizable), sltCity(frame, "sltCity", source) {
     Resize(10500, 7800);
     SetMinimumSize(7500, 6000);
     int place = 0;
-    for (controls::Control* control :
-         std::vector<controls::Control*>{&txtNumber, &txtName, &chkActive, &cmbReport, &sltCity,
-                                         &sltBranch, &datFrom, &flx, &cmdCancel, &cmdOK}) {
+    for (controls::Control* control : std::initializer_list<controls::Control*>{
+             &txtName, &chkActive, &cmbReport, &sltCity, &datFrom, &flx, &cmdCancel, &cmdOK}) {
       control->Move(place % 5 * 2000 + 300, 300, 1900, 375);
       control->SetTabIndex(place++);
     }
@@ -68,9 +65,7 @@ class SampleForm : public controls::Form {
 
   controls::TextBox txtName{*this, "txtName"};
   controls::Frame frame{*this, "frame", "مشخصات"};
-  controls::TextBox txtNumber{frame, "txtNumber"};
   controls::Selector sltCity;
-  controls::Selector sltBranch;
   controls::DateBox datFrom{frame, "datFrom"};
   controls::ComboBox cmbReport{frame, "cmbReport"};
   controls::CheckBox chkActive{*this, "chkActive", "فعال"};
@@ -86,30 +81,6 @@ class SampleForm : public controls::Form {
   void FormResize() override { ++laidOut; }
 };
 
-enum class Key {
-  kEnter,
-  kEscape,
-  kTab,
-  kF4,
-  kUp,
-  kDown,
-  kLeft,
-  kPageUp,
-  kPageDown,
-  kHome,
-  kEnd,
-  kBackspace,
-  kC,
-  kF
-};
-enum class Held { kNothing, kShift, kControl };
-enum class Mouse { kPress, kMove, kRelease, kDoubleClick };
-struct Place {  // pixels from the left and the top
-  int x = 0;
-  int y = 0;
-  bool operator==(const Place&) const = default;
-};
-
 /// A form on a screen and a person before it. Each screen adapter's tests bring the bodies of what
 /// is only declared here.
 class ScreenTest : public testing::Test {
@@ -120,17 +91,21 @@ class ScreenTest : public testing::Test {
   /// Shows the form modeless, in front.
   void ShowForm();
   /// Keys go to what has the focus, or to its open list or month page.
-  void Press(std::initializer_list<Key> keys, Held held = Held::kNothing);
+  void Press(std::initializer_list<Key> keys, screens::Modifiers held = {});
   void Type(const std::string& text);
   /// Replaces the text of the field that has the focus.
-  void Retype(const std::string& text);
-  /// By keys, as what was typed.
-  void Paste(const std::string& text);
-  void Undo();
+  void Retype(const std::string& text) {
+    Press({Key::kHome});
+    Press({Key::kEnd}, kShift);
+    Press({Key::kBackspace});
+    Type(text);
+  }
+  /// What the clipboard holds, by keys.
+  void Paste();
+  void Undo() { Press({Key::kZ}, kControl); }
   void Click(controls::Control& control);
-  void ClickMonthPage(Place at);
-  void ClickListRow(int row);
-  void MouseOnGrid(Mouse what, Place at, int button = 1, Held held = Held::kNothing);
+  void ClickPopup(Place at);
+  void MouseOnGrid(const screens::PointerEvent& event);
   void TurnWheelOnGrid(int delta);
   /// Waits until a drag below the grid's edge has scrolled on.
   void AwaitAutoScroll();
@@ -145,33 +120,27 @@ class ScreenTest : public testing::Test {
       action(ActiveForm());
     });
   }
-  /// Accepts the message that comes up next; `words` gets its technical text in one line.
-  void AcceptMessage(std::string& words) {
-    OnMessage([this, &words](const controls::Form& message) {
-      words = dynamic_cast<controls::Label&>(*message.FindControl("lblTechnical")).Caption();
-      std::ranges::replace(words, '\n', ' ');
-      Click(*message.FindControl("cmdYes"));
-    });
-  }
   /// Runs `action` from the message loop, whichever runs.
   void Later(std::function<void()> action);
   /// What the message loop does until nothing is left.
   void Settle();
 
+  const screens::Pane& PaneOf(controls::Control& control);
+  /// The pane of the open list or month page; null for none.
+  const screens::Pane* Popup();
   std::string Shown(controls::Control& control);
-  Place WindowSize();
+  std::pair<int, int> WindowSize();
   std::string WindowTitle();
   /// The name of the control that has the keyboard.
   std::string Focused();
-  /// Whether a note says why.
-  bool DateRefused();
-  bool MonthPageOpen();
-  Place DayAt(int week, int weekday);
-  /// How many rows the selector's list has; -1 while it is closed.
-  int ListCount();
+  /// Whether a note says why what was typed is refused.
+  bool Refused();
+  /// The middle of a part of the open list or month page.
+  Place PartAt(int part) { return Popup()->DescribePart(part).place.Middle(); }
   /// The middle of a grid's cell; 0, 0 when nothing of it is in sight.
-  Place At(int row, int col);
-  std::string Copied();
+  Place At(int row, int col) {
+    return dynamic_cast<const screens::GridPane&>(PaneOf(form.flx)).CellPlace(row, col).Middle();
+  }
 
   struct Adapter;
   support::FakeDesktop desktop;

@@ -65,12 +65,14 @@ const std::vector<Rule> kRules{
     {"apps/options", "text", true},
     // What every program says of itself.
     {"apps/version", "", true},
+    {"apps/about", "text controls screens apps/version", true},
     // Composition roots: the only ones that see both the module and the adapters.
     {"apps/activex", kPlain + "screens report module adapters/*", true},
     // The trial container takes the control's databases, nothing else of it.
     {"apps/*",
-     kForms + "screens report module adapters/* demo apps/connection apps/options apps/tour "
-              "apps/version apps/activex",
+     kForms +
+         "screens report module adapters/* demo apps/about apps/connection apps/options apps/tour "
+         "apps/version apps/activex",
      true},
 };
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -21,8 +20,11 @@ inline std::string Content(const std::filesystem::path& file) {
 class TestFolder {
  public:
   TestFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "promoter-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
+    const std::filesystem::path all = std::filesystem::temp_directory_path();
+    for (int number = 0; path_.empty(); ++number) {
+      const auto free = all / ("promoter-" + std::to_string(number));
+      if (std::filesystem::create_directory(free)) path_ = free;
+    }
   }
   ~TestFolder() {
     std::error_code ignored;
@@ -32,7 +34,11 @@ class TestFolder {
   TestFolder& operator=(const TestFolder&) = delete;
 
   const std::filesystem::path& Path() const { return path_; }
-  std::string File(std::string_view name) const { return (path_ / name).string(); }
+  /// Its path in UTF-8.
+  std::string File(std::string_view name) const {
+    const auto whole = (path_ / std::u8string(name.begin(), name.end())).u8string();
+    return {whole.begin(), whole.end()};
+  }
   auto FileCount() const { return std::distance(std::filesystem::directory_iterator(path_), {}); }
 
  private:

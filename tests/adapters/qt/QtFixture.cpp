@@ -25,11 +25,6 @@ PaneView& OpenPopup() {
   return dynamic_cast<PaneView&>(*QApplication::activePopupWidget());
 }
 
-/// On the viewport.
-QRect PartPlace(const PaneView& view, int part) {
-  return view.OnViewport(view.Content().DescribePart(part).place);
-}
-
 QWidget& KeyReceiver() {
   QWidget* popup = QApplication::activePopupWidget();
   return popup ? *popup : *QApplication::focusWidget();
@@ -40,13 +35,9 @@ void SendKey(int key, Qt::KeyboardModifiers modifiers, const QString& text) {
   QApplication::sendEvent(&KeyReceiver(), &event);
 }
 
-Place CentreOf(const QRect& place) {
-  return {place.center().x(), place.center().y()};
-}
-
-Qt::KeyboardModifiers Modifiers(Held held) {
-  if (held == Held::kNothing) return Qt::NoModifier;
-  return held == Held::kShift ? Qt::ShiftModifier : Qt::ControlModifier;
+Qt::KeyboardModifiers Modifiers(screens::Modifiers held) {
+  return (held.shift ? Qt::ShiftModifier : Qt::NoModifier) |
+         (held.control ? Qt::ControlModifier : Qt::NoModifier);
 }
 
 }  // namespace
@@ -60,16 +51,19 @@ void ScreenTest::ShowForm() {
   ASSERT_TRUE(QTest::qWaitForWindowActive(adapter->screen.WindowOf(form)));
 }
 
-void ScreenTest::Press(std::initializer_list<Key> keys, Held held) {
-  // As in the enumeration.
-  constexpr Qt::Key kKeys[] = {Qt::Key_Return,   Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_F4,
-                               Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left, Qt::Key_PageUp,
-                               Qt::Key_PageDown, Qt::Key_Home,   Qt::Key_End,  Qt::Key_Backspace,
-                               Qt::Key_C,        Qt::Key_F};
-  for (const Key key : keys) {
-    // Keyboards have a name of their own for it.
-    const bool back = key == Key::kTab && held == Held::kShift;
-    SendKey(back ? Qt::Key_Backtab : kKeys[static_cast<int>(key)], Modifiers(held), {});
+void ScreenTest::Press(std::initializer_list<Key> keys, screens::Modifiers held) {
+  // As in the enumeration, from kEnter on.
+  constexpr Qt::Key kKeys[] = {Qt::Key_Return, Qt::Key_Escape,   Qt::Key_Backspace, Qt::Key_Insert,
+                               Qt::Key_Up,     Qt::Key_Down,     Qt::Key_Left,      Qt::Key_Right,
+                               Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home,      Qt::Key_End,
+                               Qt::Key_Tab,    Qt::Key_F3,       Qt::Key_F4,        Qt::Key_F6,
+                               Qt::Key_A,      Qt::Key_C,        Qt::Key_D,         Qt::Key_F,
+                               Qt::Key_I,      Qt::Key_Y,        Qt::Key_Z};
+  for (const Key named : keys) {
+    // Keyboards have a name of their own for the way back.
+    const bool back = named == Key::kTab && held.shift;
+    const int at = static_cast<int>(named) - static_cast<int>(Key::kEnter);
+    SendKey(back ? Qt::Key_Backtab : kKeys[at], Modifiers(held), {});
   }
 }
 
@@ -77,43 +71,28 @@ void ScreenTest::Type(const std::string& text) {
   for (const QChar letter : ToQString(text)) SendKey(0, Qt::NoModifier, letter);
 }
 
-void ScreenTest::Retype(const std::string& text) {
-  dynamic_cast<QLineEdit&>(*QApplication::focusWidget()).selectAll();
-  Press({Key::kBackspace});
-  Type(text);
-}
-
-void ScreenTest::Paste(const std::string& text) {
-  QApplication::clipboard()->setText(ToQString(text));
+void ScreenTest::Paste() {
   SendKey(Qt::Key_V, Qt::ControlModifier, "\x16");
-}
-
-void ScreenTest::Undo() {
-  SendKey(Qt::Key_Z, Qt::ControlModifier, "\x1A");
 }
 
 void ScreenTest::Click(controls::Control& control) {
   QTest::mouseClick(adapter->screen.WidgetOf(control)->viewport(), Qt::LeftButton);
 }
 
-void ScreenTest::ClickMonthPage(Place at) {
+void ScreenTest::ClickPopup(Place at) {
   QTest::mouseClick(OpenPopup().viewport(), Qt::LeftButton, {}, QPoint(at.x, at.y));
 }
 
-void ScreenTest::ClickListRow(int row) {
-  PaneView& list = OpenPopup();
-  QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, PartPlace(list, row).center());
-}
-
-void ScreenTest::MouseOnGrid(Mouse what, Place at, int button, Held held) {
-  constexpr QEvent::Type kTypes[] = {QEvent::MouseButtonPress, QEvent::MouseMove,
-                                     QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick};
-  const Qt::MouseButton used = button == 1 ? Qt::LeftButton : Qt::RightButton;
-  const QPoint place(at.x, at.y);
+void ScreenTest::MouseOnGrid(const screens::PointerEvent& what) {
+  const bool press = what.action == PointerAction::kPress;
+  const bool move = what.action == PointerAction::kMove;
+  QEvent::Type type = what.clicks == 2 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+  if (!press) type = move ? QEvent::MouseMove : QEvent::MouseButtonRelease;
+  const auto button = static_cast<Qt::MouseButton>(what.button);
+  const QPoint place(what.place.x, what.place.y);
   QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
-  QMouseEvent event(kTypes[static_cast<int>(what)], place, view.mapToGlobal(place),
-                    what == Mouse::kMove ? Qt::NoButton : used,
-                    what == Mouse::kRelease ? Qt::NoButton : used, Modifiers(held));
+  QMouseEvent event(type, place, view.mapToGlobal(place), move ? Qt::NoButton : button,
+                    press || what.leftHeld ? button : Qt::NoButton, Modifiers(what.modifiers));
   QApplication::sendEvent(&view, &event);
 }
 
@@ -155,13 +134,20 @@ void ScreenTest::Settle() {
   QCoreApplication::processEvents();
 }
 
-std::string ScreenTest::Shown(controls::Control& control) {
-  const PaneWidget& widget = *adapter->screen.WidgetOf(control);
-  const auto* const field = widget.findChild<QLineEdit*>();
-  return field != nullptr ? ToUtf8(field->text()) : widget.Content().Describe().value;
+const screens::Pane& ScreenTest::PaneOf(controls::Control& control) {
+  return adapter->screen.WidgetOf(control)->Content();
 }
 
-Place ScreenTest::WindowSize() {
+const screens::Pane* ScreenTest::Popup() {
+  return QApplication::activePopupWidget() != nullptr ? &OpenPopup().Content() : nullptr;
+}
+
+std::string ScreenTest::Shown(controls::Control& control) {
+  const auto* const field = adapter->screen.WidgetOf(control)->findChild<QLineEdit*>();
+  return field != nullptr ? ToUtf8(field->text()) : PaneOf(control).Describe().value;
+}
+
+std::pair<int, int> ScreenTest::WindowSize() {
   const QSize size = adapter->screen.WindowOf(form)->size();
   return {size.width(), size.height()};
 }
@@ -176,37 +162,13 @@ std::string ScreenTest::Focused() {
   return focus ? ToUtf8(focus->objectName()) : "nothing";
 }
 
-bool ScreenTest::DateRefused() {
+bool ScreenTest::Refused() {
   // Notes are the window's own children, lists are windows.
   const QWidgetList children =
       adapter->screen.WindowOf(form)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
   return std::ranges::any_of(children, [](const QWidget* child) {
     return dynamic_cast<const PanePopup*>(child) != nullptr && child->isVisible();
   });
-}
-
-bool ScreenTest::MonthPageOpen() {
-  return QApplication::activePopupWidget() != nullptr;
-}
-
-int ScreenTest::ListCount() {
-  return QApplication::activePopupWidget() != nullptr ? OpenPopup().Content().PartCount() : -1;
-}
-
-Place ScreenTest::DayAt(int week, int weekday) {
-  return CentreOf(PartPlace(OpenPopup(), 7 * week + weekday));
-}
-
-Place ScreenTest::At(int row, int col) {
-  const PaneWidget& view = *adapter->screen.WidgetOf(form.flx);
-  const auto& pane = dynamic_cast<const screens::GridPane&>(view.Content());
-  const QRect place = view.OnViewport(pane.CellPlace(row, col));
-  return place.isEmpty() ? Place() : CentreOf(place);
-}
-
-std::string ScreenTest::Copied() {
-  // Qt's clipboard may keep the bare line breaks.
-  return ToUtf8(QApplication::clipboard()->text().remove('\r').replace("\n", "\r\n"));
 }
 
 }  // namespace contract

@@ -40,7 +40,7 @@ TEST_F(FileTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
     grid.SetTextMatrix(row, 1, kCells[static_cast<std::size_t>(row) - 1].first);
     grid.SetTextMatrix(row, 2, kCells[static_cast<std::size_t>(mirrored) - 1].first);
   }
-  outside.desktop.chosen = PathOf(kName);
+  outside.desktop.chosen = name;
   outside.components.otherwise = [] { return support::Answer::kYes; };
   const std::pair<std::string, std::u16string> delimiters[] = {
       {";", u";"}, {" ^T ", u"\t"}, {"", u""}, {" | ", u" | "}, {"؛\u200C😀", u"؛\u200C😀"}};
@@ -71,13 +71,13 @@ TEST_F(FileTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
       EXPECT_EQ(Content(), bytes) << typed << headers << newLine;
     }
   }
-  EXPECT_EQ(FileCount(), 1);
+  EXPECT_EQ(folder.FileCount(), 1);
   EXPECT_EQ(outside.components.messages.back(),
-            (support::Message{"اطلاع", "فايل متني با نام «" + PathOf(kName) + "» ذخيره شد."}));
+            (support::Message{"اطلاع", "فايل متني با نام «" + name + "» ذخيره شد."}));
 }
 
 TEST_F(FileTest, FullDiskOrLostFolder_IsAnErrorAndLeavesTheOldFile) {
-  std::ofstream(folder / kName) << "old";
+  std::ofstream(onDisk) << "old";
   // No file may grow beyond a size for the time. What is short waits in memory until the end.
   for (const auto& [largest, length] : {std::pair(1 << 16, 1 << 20), {1 << 12, 3000}}) {
     rlimit before{};
@@ -95,11 +95,11 @@ TEST_F(FileTest, FullDiskOrLostFolder_IsAnErrorAndLeavesTheOldFile) {
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(number, 61) << length;
     EXPECT_EQ(Content(), "old");
-    EXPECT_EQ(FileCount(), 1);
+    EXPECT_EQ(folder.FileCount(), 1);
   }
 
   const auto file = Written(std::string(1 << 20, 'x'));
-  std::filesystem::remove_all(folder);
+  std::filesystem::remove_all(folder.Path());
   try {
     file->Close();
     ADD_FAILURE() << "closed without its folder";

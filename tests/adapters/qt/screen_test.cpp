@@ -112,7 +112,7 @@ TEST_F(QtTest, Form_OnADesktopOfLargerLetters_IsLargerByAsMuch) {
   larger.setPointSizeF(1.5 * designed.pointSizeF());
   QApplication::setFont(larger);
   ShowForm();
-  EXPECT_EQ(WindowSize(), (contract::Place{1050, 780}));
+  EXPECT_EQ(WindowSize(), std::pair(1050, 780));
   EXPECT_EQ(adapter->screen.WidgetOf(form.flx)->width(), 1020);
   EXPECT_NEAR(screen.TextWidth("شماره رايانه اي"), before, before / 20);
   DragWindowTo(1200, 900);

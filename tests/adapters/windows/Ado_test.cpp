@@ -26,12 +26,9 @@ Variant Of(const std::function<void(VARIANT&)>& fill) {
 
 class AdoTest : public testing::Test {
  protected:
-  platform::RuntimeError ErrorOf(const std::string& statement) {
-    return ErrorOf(statement, connection);
-  }
-  platform::RuntimeError ErrorOf(const std::string& statement, AdoConnection& by) {
+  platform::RuntimeError ErrorOf(const std::string& statement, AdoConnection* by = nullptr) {
     try {
-      by.Execute(statement);
+      (by == nullptr ? connection : *by).Execute(statement);
     } catch (const platform::RuntimeError& error) {
       return error;
     }
@@ -192,7 +189,7 @@ class AdoWaitingTest : public AdoTest {
   std::string Cancelled(const std::string& statement) {
     ado.log.clear();
     progress.stopAtCall = 3;
-    const platform::RuntimeError error = ErrorOf(statement, waiting);
+    const platform::RuntimeError error = ErrorOf(statement, &waiting);
     progress.stopAtCall = 0;
     EXPECT_EQ(error.Number(), platform::kUserInterrupt);
     return error.Description();
@@ -213,18 +210,18 @@ TEST_F(AdoWaitingTest, SlowServer_IsAskedAboutUntilItIsDone) {
   EXPECT_GE(progress.advanced.size(), 48U);
   // What a statement ends with without being waited for is in the connection's errors alone.
   ado.failures = {{{"01000", 5701, "Changed database."}, {"42S02", 208, "Invalid object 'x'."}}};
-  EXPECT_EQ(ErrorOf("update", waiting).Number(), 208);
+  EXPECT_EQ(ErrorOf("update", &waiting).Number(), 208);
   ado.failures = {{{"01000", 0, "Printed."}}};
   EXPECT_FALSE(waiting.Execute("print").ReturnsRows());
   ado.answers["rows, then an error"] = {{{"ID"}, {{1}}}, {}};
   ado.failures = {{}, {{"22012", 8134, "Divide by zero."}}};
-  EXPECT_EQ(ErrorOf("rows, then an error", waiting).Number(), 8134);
+  EXPECT_EQ(ErrorOf("rows, then an error", &waiting).Number(), 8134);
   EXPECT_THAT(ado.log, Not(testing::Contains("close")));
   ado.failures = {{{"08S01", 11, "General network error."}}};
-  EXPECT_THAT(ErrorOf("update", waiting).Description(),
+  EXPECT_THAT(ErrorOf("update", &waiting).Description(),
               StartsWith("ارتباط با پايگاه داده قطع شد."));
   ado.failures = {{{"28000", 18456, "Login failed."}}};
-  EXPECT_EQ(ErrorOf("update", waiting).Number(), 18456);
+  EXPECT_EQ(ErrorOf("update", &waiting).Number(), 18456);
   EXPECT_EQ(waiting.Execute("select").Text(2499, 0), "2499");
 }
 

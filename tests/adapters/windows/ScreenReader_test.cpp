@@ -3,10 +3,7 @@
 #include <gmock/gmock.h>
 #include <windows.h>
 
-#include <oleacc.h>
-
-#include "adapters/windows/Com.h"
-#include "adapters/windows/Wide.h"
+#include "adapters/windows/Found.h"
 #include "adapters/windows/WinFixture.h"
 
 namespace adapters::windows {
@@ -21,11 +18,9 @@ HWND box = nullptr;
 
 void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
   if (object != OBJID_CLIENT) return;
-  const std::string where = window == grid ? "grid" : window == box ? "box" : "";
-  std::string what;
-  if (event == EVENT_OBJECT_FOCUS) what = "focus ";
-  if (event == EVENT_OBJECT_STATECHANGE) what = "state ";
-  if (!what.empty()) told.push_back(what + where + " " + std::to_string(child));
+  const std::string where = window == grid ? " grid " : window == box ? " box " : " ";
+  if (event == EVENT_OBJECT_FOCUS) told.push_back("focus" + where + std::to_string(child));
+  if (event == EVENT_OBJECT_STATECHANGE) told.push_back("state" + where + std::to_string(child));
 }
 
 class ScreenReaderTest : public WinScreenTest {
@@ -43,14 +38,6 @@ class ScreenReaderTest : public WinScreenTest {
                             GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
   }
   ~ScreenReaderTest() override { UnhookWinEvent(hook_); }
-
-  static ComPtr<IAccessible> ClientOf(HWND window) {
-    ComPtr<IAccessible> client;
-    AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                               client.OutVoid());
-    return client;
-  }
-  static VARIANT Child(LONG number) { return {{{VT_I4, 0, 0, 0, {.lVal = number}}}}; }
 
  private:
   HWINEVENTHOOK hook_ = nullptr;
@@ -72,32 +59,32 @@ TEST_F(ScreenReaderTest, CellsAndTicks_ThatChange_AreTold) {
 TEST_F(ScreenReaderTest, Cell_AskedForByPlace_IsFoundWhereItStands) {
   form.flx.SetFocus();
   Press({Key::kDown, Key::kLeft});
-  const auto client = ClientOf(grid);
+  const auto client = test::ClientOf(grid);
   Variant focus;
   EXPECT_EQ(client->get_accFocus(focus.Out()), S_OK);
   EXPECT_EQ(focus.Number(), 6);
   LONG left = 0, top = 0, width = 0, height = 0;
-  EXPECT_EQ(client->accLocation(&left, &top, &width, &height, Child(6)), S_OK);
+  EXPECT_EQ(client->accLocation(&left, &top, &width, &height, test::Number(6)), S_OK);
   Variant hit;
   EXPECT_EQ(client->accHitTest(left + width / 2, top + height / 2, hit.Out()), S_OK);
   EXPECT_EQ(hit.Number(), 6);
   BSTR text = nullptr;
-  EXPECT_EQ(client->get_accValue(Child(6), &text), S_OK);
+  EXPECT_EQ(client->get_accValue(test::Number(6), &text), S_OK);
   EXPECT_EQ(Utf8(text), "here");
   SysFreeString(text);
-  EXPECT_EQ(client->get_accValue(Child(9), &text), E_INVALIDARG);
-  EXPECT_EQ(ClientOf(Of(form))->accHitTest(left + 1, top + 1, hit.Out()), S_OK);
+  EXPECT_EQ(client->get_accValue(test::Number(9), &text), E_INVALIDARG);
+  EXPECT_EQ(test::ClientOf(Of(form))->accHitTest(left + 1, top + 1, hit.Out()), S_OK);
   EXPECT_EQ(hit.Type(), VT_DISPATCH) << "the window of the grid";
 }
 
 TEST_F(ScreenReaderTest, Object_HeldBeyondItsWindow_AnswersNothing) {
-  const auto client = ClientOf(grid);
+  const auto client = test::ClientOf(grid);
   form.Unload();
   Settle();
   BSTR text = nullptr;
   LONG count = -1;
-  EXPECT_EQ(client->get_accName(Child(0), &text), CO_E_OBJNOTCONNECTED);
-  EXPECT_EQ(client->accDoDefaultAction(Child(3)), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(client->get_accName(test::Number(0), &text), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(client->accDoDefaultAction(test::Number(3)), CO_E_OBJNOTCONNECTED);
   EXPECT_EQ(client->get_accChildCount(&count), S_OK);
   EXPECT_EQ(count, 0);
 }

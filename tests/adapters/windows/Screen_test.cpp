@@ -4,15 +4,13 @@
 #include "adapters/windows/WinFixture.h"
 #include "contract/ScreenContract.h"
 #include "screens/MessageComponent.h"
-#include "screens/ProgressForm.h"
-#include "support/ErrorNumber.h"
 
 namespace adapters::windows {
 namespace {
 
 using contract::Key;
+using contract::NumberOf;
 using controls::Modality;
-using support::NumberOf;
 
 TEST_F(WinScreenTest, ShowModal_Form_TakesTheInputOfTheOthersAndGivesItBack) {
   const HWND host = Of(adapter->host);
@@ -70,28 +68,21 @@ TEST_F(WinScreenTest, Component_AsAnObjectOfCom_IsReachedByNamesOfAnyCase) {
   EXPECT_EQ(notice.Property("Resualt").Number(), 1);
   EXPECT_EQ(NumberOf([&] { notice.Call("Resualt"); }), 438);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormTpye", 1); }), 438);
-  EXPECT_EQ(NumberOf([&] { notice.Put("Resualt", 1); }), 438);
   EXPECT_EQ(NumberOf([&] { notice.Put("FormType", "x"); }), 13);
 }
 
-TEST_F(WinScreenTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {
+TEST_F(WinScreenTest, WaitingForm_TakesTheInputOfTheOthersAndLetsThemBePainted) {
   ShowForm();
   form.txtName.SetFocus();
   const HWND box = GetFocus();
-  std::chrono::milliseconds now{0};
-  screens::ProgressForm progress(screen, [&now] { return now; });
-  progress.Begin("انتقال", 10);
-  now += std::chrono::seconds(1);
-  ASSERT_TRUE(progress.Advance(2));
+  contract::SampleForm waiting(screen, cities);
+  waiting.Show(Modality::kWaiting);
   EXPECT_FALSE(IsWindowEnabled(Of(form)));
-  EXPECT_EQ(&ActiveForm(), &progress);
   PostMessageW(box, WM_CHAR, L'x', 0);
-  PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 0);
   form.txtName.SetText("یک");
-  now += std::chrono::seconds(1);
-  EXPECT_FALSE(progress.Advance(3));
-  EXPECT_FALSE(GetUpdateRect(Of(form.txtName), nullptr, FALSE)) << "the others are painted";
-  progress.End();
+  screen.Breathe();
+  EXPECT_FALSE(GetUpdateRect(Of(form.txtName), nullptr, FALSE));
+  waiting.Hide();
   EXPECT_TRUE(IsWindowEnabled(Of(form)));
   EXPECT_EQ(GetFocus(), box);
   Settle();
@@ -129,16 +120,17 @@ TEST_F(WinScreenTest, MonthPage_FormClickedOrMoved_Closes) {
   ShowForm();
   form.datFrom.SetFocus();
   SendMessageW(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1 << 29);
-  EXPECT_TRUE(MonthPageOpen()) << "Alt+Down";
-  ClickAt(Of(form.cmdCancel), 5, 5);
-  EXPECT_FALSE(MonthPageOpen());
+  EXPECT_NE(Popup(), nullptr) << "Alt+Down";
+  PostClick(Of(form.cmdCancel));
+  Pump();
+  EXPECT_EQ(Popup(), nullptr);
   EXPECT_TRUE(events.empty()) << "the click was only for the page";
   Press({Key::kF4});
-  EXPECT_TRUE(MonthPageOpen());
+  EXPECT_NE(Popup(), nullptr);
   EXPECT_EQ(Focused(), "datFrom");
   SetWindowPos(Of(form), nullptr, 7, 7, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   Settle();
-  EXPECT_FALSE(MonthPageOpen());
+  EXPECT_EQ(Popup(), nullptr);
 }
 
 TEST_F(WinScreenTest, GridScrolled_EitherWay_MovesTheCellsAndTheThumb) {

@@ -2,20 +2,18 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
 #include <memory>
-#include <sstream>
-#include <utility>
 #include <vector>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
+#include "adapters/windows/Found.h"
+#include "adapters/windows/Loop.h"
 #include "adapters/windows/PageLetters.h"
 #include "adapters/windows/ScriptingFileSystem.h"
 #include "adapters/windows/StandIn.h"
-#include "adapters/windows/Wide.h"
 #include "adapters/windows/WinReports.h"
 #include "adapters/windows/WinScreen.h"
 #include "contract/FileContract.h"
@@ -29,9 +27,9 @@ std::unique_ptr<platform::FileSystem> contract::MakeFileSystem() {
 namespace adapters::windows {
 namespace {
 
-namespace fs = std::filesystem;
 using platform::AutomationValue;
 using support::NumberOf;
+using test::ShownWindows;
 using testing::ElementsAre;
 
 TEST(ComComponents, Members_TakeAndGiveValuesOfEveryKind) {
@@ -120,48 +118,26 @@ TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_GE(WinDesktop().GetVersion() & 0xFFU, 5U);
 }
 
-/// Presses the Save button of the save dialog that is up, and leaves it where it is up a while
-/// later: it must have asked.
-void CALLBACK PressSave(HWND /*window*/, UINT /*message*/, UINT_PTR timer, DWORD /*time*/) {
-  static UINT_PTR pressed = 0;
-  const auto press = [](HWND window, LPARAM button) -> BOOL {
-    if (IsWindowVisible(window)) PostMessageW(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    return TRUE;
-  };
-  const bool again = std::exchange(pressed, timer) == timer;
-  for (const int button : again ? std::vector{IDNO, IDCANCEL} : std::vector{IDOK}) {
-    EnumThreadWindows(GetCurrentThreadId(), press, button);
-  }
-}
-
 TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
-  wchar_t folder[MAX_PATH];
-  GetTempPathW(MAX_PATH, folder);
-  const fs::path path = fs::path(folder) / L"ليست.txt";
-  std::ofstream(path) << "x";
-  const UINT_PTR timer = SetTimer(nullptr, 0, 1000, &PressSave);
-  EXPECT_EQ(WinDesktop().ShowSave(Utf8(path.wstring()), "فايل متني"), Utf8(path.wstring()));
-  KillTimer(nullptr, timer);
+  const support::TestFolder folder;
+  const std::string path = folder.File("ليست.txt");
+  std::ofstream(folder.Path() / L"ليست.txt") << "x";
+  // The dialog's Save; should a question come up, it and the dialog are given up.
+  const auto press = [](std::initializer_list<int> buttons) {
+    for (const int button : buttons) {
+      for (const HWND each : ShownWindows()) PostMessageW(each, WM_COMMAND, button, 0);
+    }
+  };
+  const ULONGLONG begun = GetTickCount64();
+  const auto after = [begun](ULONGLONG wait) {
+    return [=] { return !ShownWindows().empty() && GetTickCount64() > begun + wait; };
+  };
+  Once(after(500), [&] { press({IDOK}); });
+  Once(after(2000), [&] { press({IDNO, IDCANCEL}); });
+  EXPECT_EQ(WinDesktop().ShowSave(path, "فايل متني"), path);
 }
 
-class ReportsTest : public testing::Test, platform::ConnectionFactory {
- protected:
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
-    return std::make_unique<sqlite::SqliteConnection>(connectionString);
-  }
-
-  const std::string folder = testing::TempDir();
-  WinDesktop desktop;
-  Theme theme;
-  ErrorGuard guard;
-  WinScreen screen{guard, desktop, theme};
-  support::FakeProgress progress;
-  ScriptingFileSystem files;
-  std::vector<std::string> log;
-  WinReports reports{*this, files, desktop, guard, theme, screen, progress};
-};
-
-TEST_F(ReportsTest, Letters_AreAsWideAtEverySize) {
+TEST(PageLetters, AreAsWideAtEverySize) {
   const PageLetters letters;
   const double width = letters.Width("برنامه بازارياب", {10, false});
   EXPECT_GT(width, 40);
@@ -172,7 +148,22 @@ TEST_F(ReportsTest, Letters_AreAsWideAtEverySize) {
   EXPECT_NEAR(letters.LineHeight({10, false}), 12, 2);
 }
 
-TEST_F(ReportsTest, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
+struct SqliteFactory : platform::ConnectionFactory {
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    return std::make_unique<sqlite::SqliteConnection>(connectionString);
+  }
+};
+
+TEST(WinReports, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
+  const WinDesktop desktop;
+  const Theme theme;
+  ErrorGuard guard;
+  WinScreen screen{guard, desktop, theme};
+  support::FakeProgress progress;
+  ScriptingFileSystem files;
+  SqliteFactory connections;
+  WinReports reports{connections, files, desktop, guard, theme, screen, progress};
+  std::vector<std::string> log;
   constexpr const wchar_t* kKey = L"Software\\DistPromoterProg";
   RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine", REG_SZ, L"suite.Report", 26);
   EXPECT_EQ(NumberOf([&] { reports.Create(); }), platform::kCannotCreateComponent);

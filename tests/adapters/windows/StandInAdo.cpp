@@ -16,17 +16,13 @@ void Require(bool condition, std::int32_t number, const char* text) {
   if (!condition) throw platform::RuntimeError(number, text, "ADODB");
 }
 
-/// A collection of `count` objects whose members `describe` gives.
-ComPtr<StandIn> Collection(std::size_t count,
-                           const std::function<void(StandIn&, const Variant&)>& describe) {
-  auto collection = StandIn::Make();
-  collection->On("Count", static_cast<std::int32_t>(count));
-  collection->On("Item", [describe](const Arguments& which) {
-    const auto item = StandIn::Make();
-    describe(*item.Get(), which.at(0));
-    return Variant(item.Get());
+/// A collection of the object that is the object itself: the item asked for last is in `which`.
+void AddCollection(StandIn& object, const char* name, const std::shared_ptr<std::size_t>& which) {
+  object.On(name, [&object] { return Variant(&object); });
+  object.On("Item", [&object, which](const Arguments& a) {
+    *which = static_cast<std::size_t>(a.at(0).Number());
+    return Variant(&object);
   });
-  return collection;
 }
 
 /// Two dimensions, (field, row), as GetRows gives them.
@@ -52,50 +48,49 @@ Variant RowsArray(const StandInAdo::Result& result) {
 }  // namespace
 
 /// The one place at which the connection's events can be heard, under the interface of ADO 2.8.
-class StandInAdo::Events : public ComObject<IConnectionPointContainer> {
+class StandInAdo::Events final : public IConnectionPointContainer, public IConnectionPoint {
  public:
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
+    *object = static_cast<IConnectionPointContainer*>(this);
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+  ULONG STDMETHODCALLTYPE Release() override { return 1; }
   HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override {
     return E_NOTIMPL;
   }
   HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID id, IConnectionPoint** point) override {
-    if (id.Data1 != 0x00001400) return CONNECT_E_NOCONNECTION;
-    point_->AddRef();
-    *point = point_.Get();
+    *point = this;
+    return id == kId ? S_OK : CONNECT_E_NOCONNECTION;
+  }
+  HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+    return E_NOTIMPL;
+  }
+  HRESULT STDMETHODCALLTYPE Advise(IUnknown* given, DWORD*) override {
+    return given->QueryInterface(kId, sink_.OutVoid());
+  }
+  HRESULT STDMETHODCALLTYPE Unadvise(DWORD) override {
+    sink_.Reset();
     return S_OK;
   }
+  HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
   void Tell(std::int32_t rows) {
     VARIANT arguments[6]{};
     arguments[5].vt = VT_I4;
     arguments[5].lVal = rows;
     DISPPARAMS parameters{arguments, nullptr, 6, 0};
-    if (point_->sink) {
-      point_->sink->Invoke(5, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
-    }
+    if (!sink_) return;
+    sink_->Invoke(5, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
   }
 
  private:
-  struct Point : ComObject<IConnectionPoint> {
-    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
-      return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Advise(IUnknown* given, DWORD* cookie) override {
-      *cookie = 1;
-      constexpr IID kEvents{
-          0x00001400, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
-      return given->QueryInterface(kEvents, sink.OutVoid());
-    }
-    HRESULT STDMETHODCALLTYPE Unadvise(DWORD) override {
-      sink.Reset();
-      return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
-    ComPtr<IDispatch> sink;
-  };
-  ComPtr<Point> point_ = ComPtr<Point>::Adopt(new Point);
+  static constexpr IID kId{
+      0x00001400, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+  ComPtr<IDispatch> sink_;
 };
 
-StandInAdo::StandInAdo() = default;
+StandInAdo::StandInAdo() : events_(std::make_unique<Events>()) {}
 StandInAdo::~StandInAdo() = default;
 
 bool StandInAdo::Arrive(const std::string& what, bool waitedFor) {
@@ -127,9 +122,8 @@ Variant StandInAdo::MakeConnection() {
   errors_.clear();  // those of the connection before
   const auto made = StandIn::Make();
   const auto work = std::make_shared<int>(0);
-  events_ = ComPtr<Events>::Adopt(new Events);
-  made->other = [events = events_](REFIID id) -> IUnknown* {
-    return id == __uuidof(IConnectionPointContainer) ? events.Get() : nullptr;
+  made->other = [this](REFIID id) -> IConnectionPointContainer* {
+    return id == __uuidof(IConnectionPointContainer) ? events_.get() : nullptr;
   };
   made->OnOther([this](const std::string& property, const Arguments& value) -> Variant {
     log.push_back(property + value.at(0).Text());
@@ -145,15 +139,15 @@ Variant StandInAdo::MakeConnection() {
     log.emplace_back("close");
     open_ = false;
   });
-  made->On("Errors", [this] {
-    const auto errors = Collection(errors_.size(), [this](StandIn& item, const Variant& which) {
-      const Error& error = errors_.at(static_cast<std::size_t>(which.Number()));
-      item.On("SQLState", error.state).On("NativeError", error.native).On("Number", -2147217900);
-      item.On("Description", error.text).On("Source", "Provider");
-    });
-    errors->On("Clear", [this] { errors_.clear(); });
-    return Variant(errors.Get());
-  });
+  const auto which = std::make_shared<std::size_t>(0);
+  const auto error = [=, this]() -> const Error& { return errors_.at(*which); };
+  AddCollection(*made.Get(), "Errors", which);
+  made->On("Count", [this] { return Variant(static_cast<std::int32_t>(errors_.size())); });
+  made->On("Clear", [this] { errors_.clear(); });
+  made->On("SQLState", [=] { return Variant(error().state); });
+  made->On("NativeError", [=] { return Variant(error().native); });
+  made->On("Description", [=] { return Variant(error().text); });
+  made->On("Number", -2147217900).On("Source", "Provider");
   return made.Get();
 }
 
@@ -171,7 +165,6 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
     const bool right = a.size() == 5 && a[1].Object() && a[2].Number() == 0 && a[3].Number() == 1 &&
                        (a[4].Number() & ~16) == 1;
     Require(right, 3001, "Arguments are of the wrong type.");
-    Require(open_, 3709, "The connection cannot be used to perform this operation.");
     const bool later = (a[4].Number() & 16) != 0;
     if (Arrive(a[0].Text(), !later)) *results = answers[a[0].Text()];
     const auto rows = affected.find(a[0].Text());
@@ -180,12 +173,10 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
   });
   LetWork(*made.Get(), work, 4, [=] { return isOpen() ? 1 : 0; });
   made->On("EOF", [=] { return Variant(now().rows.empty()); });
-  made->On("Fields", [=] {
-    const auto fields = Collection(now().columns.size(), [=](StandIn& field, const Variant& which) {
-      field.On("Name", now().columns.at(static_cast<std::size_t>(which.Number())));
-    });
-    return Variant(fields.Get());
-  });
+  const auto which = std::make_shared<std::size_t>(0);
+  AddCollection(*made.Get(), "Fields", which);
+  made->On("Count", [=] { return Variant(static_cast<std::int32_t>(now().columns.size())); });
+  made->On("Name", [=] { return Variant(now().columns.at(*which)); });
   made->On("GetRows", [=](const Arguments& a) {
     Require(!now().rows.empty(), 3021, "Either BOF or EOF is True.");
     std::vector<std::vector<Variant>>& rows = now().rows;
@@ -206,6 +197,8 @@ Variant StandInAdo::MakeRecordset(std::vector<Result> given) {
 Variant StandInAdo::MakeCommand() {
   const auto made = StandIn::Make();
   const auto call = std::make_shared<std::string>("call");
+  const auto parameter = std::make_shared<std::string>();
+  StandIn* const self = made.Get();
   made->OnOther([=](const std::string& property, const Arguments& value) -> Variant {
     *call += " " + property + value.at(0).Text();
     return {};
@@ -213,24 +206,22 @@ Variant StandInAdo::MakeCommand() {
   made->On("ActiveConnection=", [](const Arguments& value) {
     Require(static_cast<bool>(value[0].Object()), 3001, "Arguments are of the wrong type.");
   });
-  made->On("CreateParameter", [](const Arguments& a) {
-    const auto parameter = StandIn::Make();
-    std::string shown = "; " + a.at(0).Text();
-    for (std::size_t i = 1; i < 4; ++i) shown += " " + a.at(i).Text();
-    if (a.at(4).Type() != VT_ERROR) shown += " " + a[4].Text();
-    parameter->On("Shown", shown);
-    return Variant(parameter.Get());
+  made->On("CreateParameter", [=](const Arguments& a) {
+    *parameter = "; " + a.at(0).Text();
+    for (std::size_t i = 1; i < 4; ++i) *parameter += " " + a.at(i).Text();
+    if (a.at(4).Type() != VT_ERROR) *parameter += " " + a[4].Text();
+    return Variant(self);
   });
-  made->On("Parameters", [=, this] {
-    const auto parameters = Collection(0, [this](StandIn& item, const Variant& which) {
-      Require(which.Text() == "@RETURN_VALUE", 3265, "Item cannot be found.");
-      item.On("Value", returned);
-    });
-    parameters->On("Append", [call](const Arguments& a) {
-      *call += Dispatch(a.at(0).Object()).Property("Shown").Text();
-    });
-    return Variant(parameters.Get());
+  made->On("Parameters", [=] { return Variant(self); });
+  made->On("Append", [=](const Arguments& a) {
+    Require(a.at(0).Object().Get() == self, 3001, "Arguments are of the wrong type.");
+    *call += *parameter;
   });
+  made->On("Item", [=](const Arguments& a) {
+    Require(a.at(0).Text() == "@RETURN_VALUE", 3265, "Item cannot be found.");
+    return Variant(self);
+  });
+  made->On("Value", [this] { return Variant(returned); });
   const auto work = std::make_shared<int>(0);
   LetWork(*made.Get(), work, 4, [] { return 0; });
   made->On("Execute", [=, this](const Arguments& a) {

@@ -12,7 +12,8 @@
 namespace adapters::windows {
 
 /// "ADODB.Connection", "ADODB.Recordset" and "ADODB.Command" over written answers, with the
-/// members, argument orders, states and errors of the documented ones.
+/// members, argument orders, states and errors of the documented ones. One object answers for each,
+/// its collections and what was taken from them last.
 class StandInAdo {
  public:
   StandInAdo();
@@ -57,7 +58,7 @@ class StandInAdo {
 
   bool open_ = false;
   std::vector<Error> errors_;
-  ComPtr<Events> events_;
+  std::unique_ptr<Events> events_;
   Component connection_{"ADODB.Connection", [this] { return MakeConnection(); }};
   Component recordset_{"ADODB.Recordset", [this] { return MakeRecordset({}); }};
   Component command_{"ADODB.Command", [this] { return MakeCommand(); }};

@@ -6,11 +6,14 @@
 #include <ole2.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <string>
 
+#include "Container.h"
 #include "DistPromoterProg_h.h"
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
+#include "demo/SampleOffice.h"
 
 namespace test {
 
@@ -66,6 +69,29 @@ class LoadedLibrary : public testing::Test {
   }
 
   HMODULE library_;
+};
+
+/// With a sample office, on a Saturday in its programs' month.
+class OfficeTest : public LoadedLibrary {
+ protected:
+  OfficeTest() {
+    std::remove(kOffice);
+    demo::CreateSampleOffice(kOffice,
+                             {.customers = 60,
+                              .today = std::chrono::year(2025) / std::chrono::November / 22,
+                              .basePath = {}});
+  }
+  ~OfficeTest() override { std::remove(kOffice); }
+  /// A control in the container, for a user of the office.
+  ComPtr<_DistPromoterProg> NewFor(std::int32_t user, Container& container) const {
+    auto control = New();
+    As<IOleObject>(control)->SetClientSite(&container);
+    Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
+    Late(control).Put("UserID", user);
+    return control;
+  }
+
+  static constexpr char kOffice[] = "control-test.db";
 };
 
 }  // namespace test

@@ -2,65 +2,44 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <thread>
 
 #include "ByRefLong.h"
 #include "Container.h"
-#include "Found.h"
 #include "LoadedLibrary.h"
-#include "demo/SampleOffice.h"
+#include "Named.h"
+#include "adapters/windows/Loop.h"
 
 namespace {
 
 using adapters::windows::ComPtr;
+using adapters::windows::Once;
+using adapters::windows::PostClick;
+using adapters::windows::Pump;
+using adapters::windows::PumpUntil;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
 using test::Container;
-using test::FindButton;
 using test::FindForm;
 
-class Opening : public test::LoadedLibrary {
- protected:
-  Opening() {
-    std::remove(kOffice);
-    demo::CreateSampleOffice(kOffice,
-                             {.customers = 50, .today = std::chrono::sys_days{}, .basePath = {}});
-  }
-  ~Opening() override { std::remove(kOffice); }
-  /// A control in the container, for a user of the sample office.
-  ComPtr<_DistPromoterProg> NewFor(std::int32_t user, Container& container) const {
-    auto control = New();
-    As<IOleObject>(control)->SetClientSite(&container);
-    Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
-    Late(control).Put("UserID", user);
-    return control;
-  }
-
-  static constexpr char kOffice[] = "opening-test.db";
-};
-
-int visibleWindows = 0;
-
-BOOL CALLBACK CountVisible(HWND window, LPARAM) {
-  if (IsWindowVisible(window)) ++visibleWindows;
-  return TRUE;
-}
+using Opening = test::OfficeTest;
 
 /// Windows of the module: all of the thread's but the container's.
-int Forms() {
-  visibleWindows = -1;
-  EnumThreadWindows(GetCurrentThreadId(), CountVisible, 0);
-  return visibleWindows;
+std::ptrdiff_t Forms() {
+  return std::ssize(test::ShownWindows()) - 1;
 }
 
 constexpr char kEditor[] = "برنامه بازارياب";
 
 /// Whom the editor shows as the one who makes the program.
 std::string Creator() {
-  const test::Node form{test::ClientOf(FindForm(kEditor))};
-  return test::Named(form, ROLE_SYSTEM_COMBOBOX, "ايجاد كننده").Value();
+  const auto form = activexhost::MakeThing(FindForm(kEditor));
+  return test::Named(*form, screens::Role::kComboBox, "ايجاد كننده").value;
+}
+
+HWND ButtonOfEditor(const char* caption) {
+  return test::WindowNamed(FindForm(kEditor), screens::Role::kButton, caption);
 }
 
 HWND OwnerOfEditor() {
@@ -117,63 +96,37 @@ TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
   EXPECT_EQ(container.References(), 0U);
 }
 
-/// The container's last reference; what hears the timer stands outside of every object.
-_DistPromoterProg* lastReference = nullptr;
-
-void CALLBACK LetGoUnderTheSearch(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND search = FindForm("جستجوي برنامه بازارياب");
-  if (search == nullptr) return;
-  KillTimer(nullptr, timer);
-  lastReference->Release();
-  lastReference = nullptr;
-  PostMessageW(search, WM_CLOSE, 0, 0);
-}
-
 TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnlessShared) {
   for (const bool shared : {false, true}) {
     Container container;
     auto control = NewFor(1, container);
     const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("View", {std::int32_t{1}});
-    const HWND search = FindButton(FindForm(kEditor), "جستجو");
-    ASSERT_NE(search, nullptr);
-    PostMessageW(search, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    PostMessageW(search, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
-    control->AddRef();
-    lastReference = control.Get();
-    control.Reset();
-    SetTimer(nullptr, 0, USER_TIMER_MINIMUM, LetGoUnderTheSearch);
-
-    MSG message;
-    const ULONGLONG giveUp = GetTickCount64() + 20'000;
-    const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-    while (container.References() > 0 && GetTickCount64() < giveUp &&
-           GetMessageW(&message, nullptr, 0, 0) > 0) {
-      DispatchMessageW(&message);
-    }
-    KillTimer(nullptr, tick);
-    EXPECT_EQ(lastReference, nullptr);
+    PostClick(ButtonOfEditor("جستجو"));
+    const auto searching = [] { return FindForm("جستجوي برنامه بازارياب"); };
+    Once([&] { return searching() != nullptr; },
+         [&] {
+           control.Reset();
+           PostMessageW(searching(), WM_CLOSE, 0, 0);
+         });
+    PumpUntil([&] { return container.References() == 0; });
+    EXPECT_FALSE(control);
     EXPECT_EQ(container.References(), 0U);
     EXPECT_EQ(Forms(), shared ? 1 : 0);
     EXPECT_EQ(OwnerOfEditor(), nullptr);
   }
 }
 
-bool closedUnderModal = false;
-
-void CALLBACK CloseTheEditor(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND editor = FindForm(kEditor);
-  if (editor == nullptr) return;
-  KillTimer(nullptr, timer);
-  closedUnderModal = !IsWindowEnabled(GetWindow(editor, GW_OWNER));
-  PostMessageW(editor, WM_CLOSE, 0, 0);
-}
-
 TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
   Container container;
   const auto control = NewFor(1, container);
   As<IOleInPlaceActiveObject>(control)->EnableModeless(FALSE);
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, CloseTheEditor);
+  bool closedUnderModal = false;
+  Once([] { return FindForm(kEditor) != nullptr; },
+       [&] {
+         closedUnderModal = !IsWindowEnabled(OwnerOfEditor());
+         PostMessageW(FindForm(kEditor), WM_CLOSE, 0, 0);
+       });
   EXPECT_FALSE(Late(control).Call("View", {std::int32_t{1}}).Flag());
   EXPECT_TRUE(closedUnderModal);
   EXPECT_EQ(Forms(), 0);
@@ -252,9 +205,8 @@ TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
                            {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
     const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
     Late(control).Call("ClearShow");
-    const HWND button = FindButton(FindForm(kEditor), "جديد");
-    SendMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
-    SendMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+    PostClick(ButtonOfEditor("جديد"));
+    Pump();
     if (c.windowGone) DestroyWindow(FindForm(kEditor));
     asked = 0;
     answer = c.answer;
@@ -290,18 +242,8 @@ TEST_F(Opening, Controls_OfTwoThreads_HaveAnEditorEach) {
   As<IOleObject>(control)->SetClientSite(nullptr);
 }
 
-/// An object that takes the control into itself.
-class Outer final : public test::Stacked<IOleContainer> {
- public:
-  HRESULT STDMETHODCALLTYPE ParseDisplayName(IBindCtx*, LPOLESTR, ULONG*, IMoniker**) override {
-    return E_NOTIMPL;
-  }
-  HRESULT STDMETHODCALLTYPE EnumObjects(DWORD, IEnumUnknown**) override { return E_NOTIMPL; }
-  HRESULT STDMETHODCALLTYPE LockContainer(BOOL) override { return E_NOTIMPL; }
-};
-
 TEST_F(Opening, CreateInstance_IntoAnotherObject_SharesItsIdentity) {
-  Outer outer;
+  test::Bag outer;
   ComPtr<IClassFactory> factory = Factory();
   ComPtr<IOleObject> none;
   EXPECT_EQ(factory->CreateInstance(&outer, IID_IOleObject, none.OutVoid()), CLASS_E_NOAGGREGATION);
@@ -311,7 +253,7 @@ TEST_F(Opening, CreateInstance_IntoAnotherObject_SharesItsIdentity) {
   {
     const auto object = As<IOleObject>(inner);
     EXPECT_EQ(outer.References(), 1U);
-    EXPECT_TRUE(As<IOleContainer>(object));
+    EXPECT_TRUE(As<IPropertyBag>(object));
     EXPECT_FALSE(As<IViewObject2>(object));
   }
   EXPECT_EQ(outer.References(), 0U);

@@ -19,7 +19,7 @@ TEST_F(Persistence, Save_IntoABag_WritesWhatIsNoDefaultInItsOrder) {
   persist->InitNew();
   Bag empty;
   ASSERT_EQ(persist->Save(&empty, TRUE, TRUE), S_OK);
-  EXPECT_EQ(empty.Text(), "");
+  EXPECT_EQ(empty.written, "");
 
   Late(control).Put("EmployeeID", 4);
   Late(control).Put("OLEConnectionString", "sqlite:دفتر.db");
@@ -27,15 +27,15 @@ TEST_F(Persistence, Save_IntoABag_WritesWhatIsNoDefaultInItsOrder) {
   Late(control).Put("UserID", 2);
   Bag full;
   ASSERT_EQ(persist->Save(&full, TRUE, FALSE), S_OK);
-  EXPECT_EQ(full.Text(), "UserID=2;PositionID=3;OLEConnectionString=sqlite:دفتر.db;EmployeeID=4;");
+  EXPECT_EQ(full.written, "UserID=2;PositionID=3;OLEConnectionString=sqlite:دفتر.db;EmployeeID=4;");
 
   Bag texts;
-  texts.values = {{"UserID", "77"}};
+  texts.Set(L"UserID", "77");
   const auto loaded = As<IPersistPropertyBag>(control);
   ASSERT_EQ(loaded->Load(&texts, nullptr), S_OK);
   EXPECT_EQ(Late(control).Property("UserID").Number(), 77);
   EXPECT_EQ(Late(control).Property("EmployeeID").Number(), -1);
-  texts.values = {{"UserID", "many"}};
+  texts.Set(L"UserID", "many");
   EXPECT_EQ(loaded->Load(&texts, nullptr), MAKE_HRESULT(1, FACILITY_CONTROL, 13));
   EXPECT_EQ(full.References() + texts.References(), 0U);
 }

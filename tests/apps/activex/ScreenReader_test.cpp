@@ -2,176 +2,123 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <cstdio>
+
 #include <fstream>
-#include <functional>
+#include <map>
 
 #include "Container.h"
-#include "Found.h"
 #include "LoadedLibrary.h"
-#include "demo/SampleOffice.h"
+#include "Named.h"
+#include "adapters/windows/Loop.h"
 
 namespace {
 
+using adapters::windows::Once;
+using adapters::windows::PumpUntil;
+using screens::Role;
 using test::ClientOf;
 using test::FindForm;
-using test::Named;
-using test::Node;
 using test::Number;
+using test::WindowNamed;
 
-constexpr LONG kRowsTold = 3;  // of a table
+constexpr int kRowsTold = 3;  // of a table
 
-std::string WordFor(LONG role) {
-  switch (role) {
-    case ROLE_SYSTEM_DIALOG:
-      return "window";
-    case ROLE_SYSTEM_GROUPING:
-      return "group";
-    case ROLE_SYSTEM_STATICTEXT:
-      return "label";
-    case ROLE_SYSTEM_TEXT:
-      return "field";
-    case ROLE_SYSTEM_PUSHBUTTON:
-      return "button";
-    case ROLE_SYSTEM_CHECKBUTTON:
-      return "check box";
-    case ROLE_SYSTEM_COMBOBOX:
-      return "combo box";
-    case ROLE_SYSTEM_TABLE:
-      return "table";
-    default:
-      return "role " + std::to_string(role);
-  }
+const char* WordFor(Role role) {
+  static const std::map<Role, const char*> words{
+      {Role::kNone, "window"},        {Role::kGroup, "group"},   {Role::kLabel, "label"},
+      {Role::kField, "field"},        {Role::kButton, "button"}, {Role::kCheckBox, "check box"},
+      {Role::kComboBox, "combo box"}, {Role::kTable, "table"}};
+  return words.contains(role) ? words.at(role) : "another role";
 }
 
-LONG ColumnsOf(const Node& table) {
-  LONG columns = 0;
-  while (columns < table.Count() && table.Part(columns + 1).Role() == ROLE_SYSTEM_COLUMNHEADER) {
-    ++columns;
+std::string StatesOf(std::initializer_list<std::pair<bool, const char*>> states) {
+  std::string text;
+  for (const auto& [is, word] : states) {
+    if (is) text += (text.empty() ? " [" : ", ") + std::string(word);
   }
+  return text.empty() ? text : text + "]";
+}
+
+int ColumnsOf(const tour::Thing& table) {
+  int columns = 0;
+  while (table.Cell(0, columns) != nullptr) ++columns;
   return columns;
 }
 
-std::string Joined(const std::string& before, const std::string& text) {
-  return before.empty() ? text : before + ", " + text;
+void TellRow(const tour::Thing& table, int row, const std::string& indent,
+             std::vector<std::string>& lines) {
+  std::string line = indent + (row == 0 ? "headings: " : "row " + std::to_string(row) + ": ");
+  bool selected = false;
+  bool focused = false;
+  for (int column = 0; column < ColumnsOf(table); ++column) {
+    const screens::Accessible cell = table.Cell(row, column)->Tell();
+    line += (column > 0 ? " | " : "") + (row == 0 ? cell.name : cell.value);
+    selected |= column == 0 && cell.selected;
+    focused |= cell.focused;
+  }
+  lines.push_back(line + StatesOf({{selected, "selected"}, {focused, "focused"}}));
 }
 
-std::string InBrackets(const std::string& states) {
-  return states.empty() ? "" : " [" + states + "]";
-}
-
-void TellTable(const Node& table, const std::string& indent, std::vector<std::string>& lines) {
-  const LONG columns = ColumnsOf(table);
-  const LONG rows = table.Count() / columns - 1;
-  for (LONG row = 0; row <= std::min(rows, kRowsTold); ++row) {
-    std::string line = indent + (row == 0 ? "  headings: " : "  row " + std::to_string(row) + ": ");
-    std::string states;
-    for (LONG column = 1; column <= columns; ++column) {
-      const Node cell = table.Part(row * columns + column);
-      if (column > 1) line += " | ";
-      line += row == 0 ? cell.Name() : cell.Value();
-      if (column == 1 && cell.Is(STATE_SYSTEM_SELECTED)) states = "selected";
-      if (cell.Is(STATE_SYSTEM_FOCUSED)) states = Joined(states, "focused");
-    }
-    lines.push_back(line + InBrackets(states));
-  }
-}
-
-void Tell(const Node& node, const std::string& indent, std::vector<std::string>& lines) {
-  const LONG role = node.Role();
-  std::string line = indent + WordFor(role) + " «" + node.Name() + "»";
-  if (role == ROLE_SYSTEM_TEXT || role == ROLE_SYSTEM_COMBOBOX) {
-    line += " = «" + node.Value() + "»";
-  }
-  if (role == ROLE_SYSTEM_TABLE) {
-    const LONG columns = ColumnsOf(node);
-    line += " " + std::to_string(node.Count() / columns - 1) + " x " + std::to_string(columns);
-  }
-  std::string states;
-  for (const auto& [bit, word] : {std::pair(STATE_SYSTEM_FOCUSED, "focused"),
-                                  {STATE_SYSTEM_CHECKED, "checked"},
-                                  {STATE_SYSTEM_EXPANDED, "expanded"},
-                                  {STATE_SYSTEM_UNAVAILABLE, "disabled"}}) {
-    if (node.Is(bit)) states = Joined(states, word);
-  }
-  line += InBrackets(states);
-  const std::string description = node.Told(&IAccessible::get_accDescription);
-  if (!description.empty()) line += " (" + description + ")";
-  const std::string keys = node.Told(&IAccessible::get_accKeyboardShortcut);
-  if (role == ROLE_SYSTEM_PUSHBUTTON && !keys.empty()) line += " " + keys;
+void Tell(const tour::Thing& thing, const std::string& indent, std::vector<std::string>& lines) {
+  const screens::Accessible told = thing.Tell();
+  const bool table = told.role == Role::kTable;
+  std::string line = indent + WordFor(told.role) + " «" + told.name + "»";
+  if (told.role == Role::kField || told.role == Role::kComboBox) line += " = «" + told.value + "»";
+  if (table) line += " " + std::to_string(thing.Rows()) + " x " + std::to_string(ColumnsOf(thing));
+  line += StatesOf({{told.focused, "focused"},
+                    {told.checked, "checked"},
+                    {told.expanded, "expanded"},
+                    {!told.enabled, "disabled"}});
+  if (!told.description.empty()) line += " (" + told.description + ")";
+  if (told.role == Role::kButton && !told.keys.empty()) line += " " + told.keys;
   lines.push_back(line);
-  if (role == ROLE_SYSTEM_TABLE) return TellTable(node, indent, lines);
-  for (const Node& child : ChildrenOf(node)) Tell(child, indent + "  ", lines);
-}
-
-void EnterDate(const Node& form, const char* name, const wchar_t* date) {
-  const Node field = Named(form, ROLE_SYSTEM_COMBOBOX, name);
-  ASSERT_TRUE(field.object) << name;
-  field.TakeFocus();
-  BSTR text = SysAllocString(date);
-  EXPECT_EQ(field.object->put_accValue(Number(CHILDID_SELF), text), S_OK);
-  SysFreeString(text);
-  Named(form, ROLE_SYSTEM_COMBOBOX, "بازارياب").TakeFocus();
-}
-
-/// The batch form is modal: what is done on it is done by a timer, which is given nothing else.
-std::vector<std::string> heard;
-int step = 0;
-
-void CALLBACK Listen(HWND, UINT, UINT_PTR timer, DWORD) {
-  const HWND window = FindForm("افزودن ويزيت به برنامه بازارياب");
-  if (window == nullptr) return;
-  const Node form{ClientOf(window)};
-  switch (step++) {
-    case 0:
-      EnterDate(form, "از تاريخ", L"1404/09/01");
-      EnterDate(form, "تا تاريخ", L"1404/09/05");
-      Named(form, ROLE_SYSTEM_TABLE, "مناطق").Part(2).Press();
-      break;
-    case 1:
-      Tell(form, "", heard);
-      Named(form, ROLE_SYSTEM_PUSHBUTTON, "انصراف").Press();
-      break;
-    default:
-      break;
+  for (int row = 0; table && row <= std::min(thing.Rows(), kRowsTold); ++row) {
+    TellRow(thing, row, indent + "  ", lines);
   }
-  if (step == 2) KillTimer(nullptr, timer);
+  for (const auto& child : thing.Children()) Tell(*child, indent + "  ", lines);
 }
 
-class ScreenReader : public test::LoadedLibrary {
- protected:
-  ScreenReader() {
-    std::remove(kOffice);
-    demo::CreateSampleOffice(kOffice,
-                             {.customers = 60,
-                              .today = std::chrono::year(2025) / std::chrono::November / 22,
-                              .basePath = {}});
-  }
-  ~ScreenReader() override { std::remove(kOffice); }
-  static constexpr char kOffice[] = "screen-reader-test.db";
-};
+void Press(HWND window, LONG part = CHILDID_SELF) {
+  EXPECT_EQ(ClientOf(window)->accDoDefaultAction(Number(part)), S_OK);
+}
+
+void TakeFocus(HWND window) {
+  EXPECT_EQ(ClientOf(window)->accSelect(SELFLAG_TAKEFOCUS, Number(CHILDID_SELF)), S_OK);
+}
+
+void EnterDate(HWND form, const char* name, const char* date) {
+  const HWND field = WindowNamed(form, Role::kComboBox, name);
+  TakeFocus(field);
+  const adapters::windows::Bstr text(date);
+  EXPECT_EQ(ClientOf(field)->put_accValue(Number(CHILDID_SELF), text.Get()), S_OK);
+  TakeFocus(WindowNamed(form, Role::kComboBox, "بازارياب"));
+}
+
+using ScreenReader = test::OfficeTest;
 
 TEST_F(ScreenReader, BatchForm_OpenedAndFilledThroughMsaa_TellsWhatEveryDesktopTells) {
   test::Container container;
-  auto control = New();
-  test::As<IOleObject>(control)->SetClientSite(&container);
-  Late(control).Put("OLEConnectionString", "sqlite:" + std::string(kOffice));
-  Late(control).Put("UserID", std::int32_t{1});
+  auto control = NewFor(1, container);
   Late(control).Call("View", {std::int32_t{13}});
-  const Node editor{ClientOf(FindForm("برنامه بازارياب"))};
-  const Node visits = Named(editor, ROLE_SYSTEM_TABLE, "ويزيت ها");
-  ASSERT_TRUE(visits.object);
-  visits.Part(ColumnsOf(visits) + 1).Press();
-  SetTimer(nullptr, 0, 100, Listen);
-
-  MSG message;
-  const ULONGLONG giveUp = GetTickCount64() + 20'000;
-  const UINT_PTR tick = SetTimer(nullptr, 0, 100, nullptr);
-  while ((step < 2 || FindForm("افزودن ويزيت به برنامه بازارياب") != nullptr) &&
-         GetTickCount64() < giveUp && GetMessageW(&message, nullptr, 0, 0) > 0) {
-    DispatchMessageW(&message);
-  }
-  KillTimer(nullptr, tick);
+  const HWND visits = WindowNamed(FindForm("برنامه بازارياب"), Role::kTable, "ويزيت ها");
+  Press(visits, ColumnsOf(*activexhost::MakeThing(visits)) + 1);
+  // The batch form is modal.
+  std::vector<std::string> heard;
+  const auto batchForm = [] { return FindForm("افزودن ويزيت به برنامه بازارياب"); };
+  const auto isUp = [&] { return batchForm() != nullptr; };
+  Once(isUp, [&] {
+    EnterDate(batchForm(), "از تاريخ", "1404/09/01");
+    EnterDate(batchForm(), "تا تاريخ", "1404/09/05");
+    Press(WindowNamed(batchForm(), Role::kTable, "مناطق"), 2);
+    Once(isUp, [&] {
+      adapters::windows::Variant role;
+      EXPECT_EQ(ClientOf(batchForm())->get_accRole(Number(CHILDID_SELF), role.Out()), S_OK);
+      EXPECT_EQ(role.Number(), ROLE_SYSTEM_DIALOG);
+      Tell(*activexhost::MakeThing(batchForm()), "", heard);
+      Press(WindowNamed(batchForm(), Role::kButton, "انصراف"));
+    });
+  });
+  PumpUntil([&] { return !heard.empty() && !isUp(); });
 
   std::vector<std::string> wanted;
   std::ifstream file(PROMOTER_BATCH_FORM);
