@@ -185,9 +185,12 @@ BENCHMARK(BM_Search_ClickToColouredGrid)->Unit(benchmark::kMillisecond);
 
 /// The statement through the adapter into a row set, no form.
 void BM_Search_StatementToRowSet(benchmark::State& state) {
-  Desk desk;
-  desk.Search();
-  const std::string& statement = desk.module.DtEn().sqlCommon().Source();
+  support::ScriptedPlatform outside;
+  host::modMain module(outside.Services());
+  search::FormSearch form(module);
+  form.txtID.SetText("14");
+  form.cmdSearch.Click();
+  const std::string statement = outside.database.Log().back();
   adapters::sqlite::SqliteConnection connection("sqlite:" + TheOffice().Path("office.db"));
   for (auto _ : state) benchmark::DoNotOptimize(connection.Execute(statement));
 }

@@ -41,7 +41,7 @@ endfunction()
 
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
 promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids oleacc)
-target_sources(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}/apps/activex/ByRefLong.cpp
+target_sources(apps_activex_test PRIVATE
   ${PROJECT_SOURCE_DIR}/apps/activex-host/PropertyBag.cpp ${PROJECT_SOURCE_DIR}/apps/activex-host/Site.cpp
   ${PROJECT_SOURCE_DIR}/apps/activex-host/Things.cpp
   adapters/windows/StandIn.cpp)

@@ -12,10 +12,8 @@
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Desktop.h"
 #include "adapters/windows/Wide.h"
-#include "apps/activex/Databases.h"
 #include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
-#include "host/modMain.h"
 #include "platform/RuntimeError.h"
 
 namespace activexhost {
@@ -78,14 +76,6 @@ void BringUpToDate(const std::string& connectionString) {
   std::printf("The office's file was of version %d and is of version %d now; as it was: %s\n",
               update->from, demo::kOfficeVersion, update->copy.c_str());
   std::fflush(stdout);
-}
-
-std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user) {
-  const platform::RowSet rows =
-      activex::Databases()
-          .Create(connectionString)
-          ->Execute("select EmployeeID from tblZomirUser where ID=" + std::to_string(user));
-  return rows.RowCount() == 0 ? -1 : host::NumericId(rows.Text(0, 0));
 }
 
 }  // namespace activexhost

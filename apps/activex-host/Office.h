@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 namespace activexhost {
@@ -19,9 +18,5 @@ void EnsureSampleOffice(const std::string& path);
 /// Brings an office's file that an older program made up to date, and says so. Another database is
 /// left as it is. Throws RuntimeError.
 void BringUpToDate(const std::string& connectionString);
-
-/// The employee behind a user of the office, as the suite would tell it at login; -1 when the
-/// office does not know the user. Throws RuntimeError.
-std::int32_t EmployeeOfUser(const std::string& connectionString, std::int32_t user);
 
 }  // namespace activexhost

@@ -19,7 +19,9 @@
 #include "Tour.h"
 #include "adapters/windows/Wide.h"
 #include "apps/about/About.h"
+#include "apps/activex/Databases.h"
 #include "apps/connection/ConnectionOption.h"
+#include "apps/connection/EmployeeOfUser.h"
 #include "apps/options/Arguments.h"
 #include "apps/version/Version.h"
 #include "platform/RuntimeError.h"
@@ -157,7 +159,8 @@ int Run(const Options& options) {
   login.connectionString = OfficeFor(options, tourFolder);
   activexhost::BringUpToDate(login.connectionString);
   login.user = options.user;
-  login.employee = activexhost::EmployeeOfUser(login.connectionString, options.user);
+  activex::Databases databases;
+  login.employee = connection::EmployeeOfUser(databases, login.connectionString, options.user);
   // For the control: the pictures of a tour are always the same.
   if (touring) SetEnvironmentVariableW(L"DISTPROMOTER_FORGET_PLACES", L"1");
   activexhost::StandIns standIns;

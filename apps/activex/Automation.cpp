@@ -85,9 +85,8 @@ HRESULT Automation::InvokeView(WORD kind, const DISPPARAMS& parameters, VARIANT*
   VARIANT reference = id.Reference();
   DISPPARAMS byReference = parameters;
   byReference.rgvarg = &reference;
-  const HRESULT invoked = type_->Invoke(static_cast<_DistPromoterProg*>(this), kView, kind,
-                                        &byReference, result, exception, badArgument);
-  return FAILED(invoked) ? invoked : id.WriteBack();
+  return type_->Invoke(static_cast<_DistPromoterProg*>(this), kView, kind, &byReference, result,
+                       exception, badArgument);
 }
 
 HRESULT Automation::ClearShow(VARIANT_BOOL* opened) noexcept {

@@ -7,7 +7,8 @@
 namespace activex {
 
 /// A Long that a caller passes by reference, in whatever variant it arrived: the number itself, a
-/// reference to a number or text, or a reference to a variant of either kind.
+/// reference to a number or text, or a reference to a variant of either kind. No member changes it,
+/// so nothing is written back.
 class ByRefLong {
  public:
   explicit ByRefLong(VARIANT& argument) : argument_(argument) {}
@@ -15,12 +16,9 @@ class ByRefLong {
   HRESULT Read();
   /// A variant that refers to the number; lives as long as this.
   VARIANT Reference();
-  /// Puts a changed number back to where the argument refers to, in the type that stands there.
-  HRESULT WriteBack();
 
  private:
   VARIANT& argument_;
-  LONG before_ = 0;
   LONG number_ = 0;
 };
 

@@ -210,12 +210,4 @@ bool ReplayStatements(const Options& options) {
   return Replay(script, *connection, std::cout);
 }
 
-std::int32_t EmployeeOfUser(platform::ConnectionFactory& connections,
-                            const std::string& connectionString, std::int32_t user) {
-  const auto connection = connections.Create(connectionString);
-  const platform::RowSet rows =
-      connection->Execute("select EmployeeID from tblZomirUser where ID=" + std::to_string(user));
-  return rows.RowCount() == 0 ? -1 : host::NumericId(rows.Text(0, 0));
-}
-
 }  // namespace desktop

@@ -55,9 +55,4 @@ void LoadSample(const Options& options);
 /// of them ran. Throws RuntimeError when the file cannot be read or the database not be reached.
 bool ReplayStatements(const Options& options);
 
-/// The employee behind a user of the suite, as the suite would tell it at login; -1 when the office
-/// does not know the user. Throws RuntimeError.
-std::int32_t EmployeeOfUser(platform::ConnectionFactory& connections,
-                            const std::string& connectionString, std::int32_t user);
-
 }  // namespace desktop

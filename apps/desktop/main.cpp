@@ -32,6 +32,7 @@
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "apps/connection/ConnectionOption.h"
+#include "apps/connection/EmployeeOfUser.h"
 #include "apps/version/Version.h"
 #include "module/Module.h"
 #include "screens/Components.h"
@@ -147,7 +148,7 @@ bool OpenEditor(Desktop& desktop, const desktop::Options& options,
   desktop.Guard().Run([&] {
     control.SetUserID(options.user);
     control.SetEmployeeID(
-        desktop::EmployeeOfUser(desktop.Connections(), connectionString, options.user));
+        connection::EmployeeOfUser(desktop.Connections(), connectionString, options.user));
     control.SetOLEConnectionString(connectionString);
     if (options.program > 0) {
       control.View(options.program);

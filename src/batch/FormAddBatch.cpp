@@ -3,7 +3,7 @@
 #include "batch/PickedIds.h"
 #include "platform/ResumeNext.h"
 #include "text/Text.h"
-#include "tools/RowMark.h"
+#include "tools/RowMarks.h"
 
 namespace batch {
 
@@ -18,10 +18,9 @@ FormAddBatch::FormAddBatch(host::modMain& module)
       sltWorkActivity(frameFilter, "sltWorkActivity", module),
       flxCustomer(*this, "flxCustomer", module),
       module_(module),
-      resizeRules_(2000, 2000) {
+      layout_(*this, 2000) {
   SetCaption("افزودن ويزيت به برنامه بازارياب");
   PlaceControls();
-  SetGridColumns();
   txtCodeFrom.SetLatinDigits(true);
   txtCodeTo.SetLatinDigits(true);
 
@@ -77,13 +76,11 @@ bool FormAddBatch::FillData(std::int32_t& inProgramID, std::int32_t& inoutPromot
                             std::string& inoutNotes) {
   sltPromoter.Select(inoutPromoterID);
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
   if (!inoutDates.empty()) {
     inoutDates = text::Replace(inoutDates, "/", "");
-    sqlCommon.Open("select x.ID from dbo.fnZomirStringToTable('" + inoutDates + "') x");
+    sqlCommon.Run("select x.ID from dbo.fnZomirStringToTable('" + inoutDates + "') x");
     if (sqlCommon.RecordCount() > 0) {
       flxDate.Flex.SetRows(1);
-      flxDate.Flex.SetCols(3);
       for (; !sqlCommon.Eof(); sqlCommon.MoveNext()) {
         const std::string_view id = sqlCommon.Text("ID");
         datTemp.SetText(std::string(text::Mid(id, 1, 4))
@@ -98,7 +95,7 @@ bool FormAddBatch::FillData(std::int32_t& inProgramID, std::int32_t& inoutPromot
   }
 
   std::string customerIds;
-  sqlCommon.Open(
+  sqlCommon.Run(
       "select CustomerID from tblDistributionPromoterProgramDetail pd where pd.ProgramID=" +
       std::to_string(inProgramID) + " and FarsiVisitDate='" + datTemp.Text() +
       "' and pd.PromoterID=" + std::to_string(inoutPromoterID));
@@ -108,12 +105,10 @@ bool FormAddBatch::FillData(std::int32_t& inProgramID, std::int32_t& inoutPromot
   sqlCommon.Close();
   LoadCustomers("ID in (" + customerIds + ")");
   txtNotes.SetText(inoutNotes);
-  SetDateHeadings();
   return false;
 }
 
 void FormAddBatch::FormLoad() {
-  resizeRules_.Start(Width(), Height());
   module_.SwitchKeyboard();
 
   module_.SetViews(sltCustomer, "vwOrganizationMajor", "vwOrganizationMinor");
@@ -132,7 +127,7 @@ void FormAddBatch::FormLoad() {
 }
 
 void FormAddBatch::FormResize() {
-  resizeRules_.Apply(Width(), Height());
+  layout_.FollowSize();
   PlaceBesideButtons();
 }
 

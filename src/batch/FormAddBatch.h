@@ -10,7 +10,7 @@
 #include "controls/Form.h"
 #include "controls/Selector.h"
 #include "host/modMain.h"
-#include "tools/ResizeRules.h"
+#include "tools/Layout.h"
 #include "tools/comFlex.h"
 
 namespace batch {
@@ -87,20 +87,13 @@ class FormAddBatch : public controls::Form {
   void FormClose() override { cmdCancel.Click(); }
 
  private:
-  static constexpr int kCustomerCols = 11;
-
   // FormAddBatchLayout.cpp
   void PlaceControls();
-  void PlaceFilters();
-  void SetResizeRules();
   void PlaceBesideButtons();
-  void SetGridColumns();
-  void SetCustomerHeadings();
 
   // FormAddBatchDates.cpp
   void FillDateGrid();
   void AddDateRow();
-  void SetDateHeadings();
   void SetUpWeekdays();
   void WeekdayClick(std::string_view weekday);
   std::string GetSelectedDates();
@@ -121,7 +114,7 @@ class FormAddBatch : public controls::Form {
   void Refuse(std::string_view message, controls::Control& control);
 
   host::modMain& module_;
-  tools::ResizeRules resizeRules_;
+  tools::Layout layout_;
   bool committed_ = false;
   controls::Subscription followDates_;
   controls::Subscription followCustomers_;

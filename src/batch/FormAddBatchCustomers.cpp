@@ -1,44 +1,25 @@
 // From the promoter to the customers: regions, paths in the picked regions, and the search.
 
+#include "batch/Columns.h"
 #include "batch/FormAddBatch.h"
 #include "batch/PickedIds.h"
-#include "platform/ResumeNext.h"
 #include "text/Text.h"
 #include "tools/BusyGrid.h"
 
 namespace batch {
 
-namespace {
-
-/// Refills a grid of two columns, name and id, from two fields of an open recordset.
-void FillNamesAndIds(controls::FlexGrid& grid, host::Recordset& rows, std::string_view nameField,
-                     std::string_view heading) {
-  grid.SetRows(1);
-  for (; !rows.Eof(); rows.MoveNext()) {
-    grid.AddItem("");
-    grid.SetTextMatrix(grid.Rows() - 1, 0, rows.Text(nameField));
-    grid.SetTextMatrix(grid.Rows() - 1, 1, rows.Text("ID"));
-  }
-  platform::ResumeNext([&] { grid.SetFixedRows(1); });
-  grid.SetTextMatrix(0, 0, heading);
-}
-
-}  // namespace
-
 void FormAddBatch::PromoterChanged() {
   for (tools::comFlex* grid : {&flxRegion, &flxPath}) grid->Flex.SetRows(1);
   ClearCustomers();
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(
+  sqlCommon.Run(
       "Select distinct r.Description as RegionName, r.ID  "
       " from tblDistributionPathPromoters inner join tblDistributionPath p on PathID=p.ID"
       " inner join tblDistributionRegion r on r.ID = p.RegionID "
       " where EmployeeID=" +
       std::to_string(sltPromoter.SelectedID()));
   const tools::BusyGrid busy(module_, flxRegion.Flex);
-  FillNamesAndIds(flxRegion.Flex, sqlCommon, "RegionName", "عنوان منطقه");
-  sqlCommon.Close();
+  tools::FillRows(flxRegion.Flex, kRegionColumns, sqlCommon);
 }
 
 void FormAddBatch::RegionPicksChanged() {
@@ -46,16 +27,14 @@ void FormAddBatch::RegionPicksChanged() {
       flxRegion, [this](int row) { return std::string(flxRegion.Flex.TextMatrix(row, 1)); });
   if (regions.empty()) regions = "-1";
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(
+  sqlCommon.Run(
       "Select distinct p.Name + ' ('+isnull(r.Description,'')+')'as PathName, p.ID "
       " from tblDistributionPathPromoters inner join tblDistributionPath p on p.ID=PathID"
       " inner join tblDistributionRegion r on r.ID = p.RegionID "
       " where EmployeeID=" +
       std::to_string(sltPromoter.SelectedID()) + " and p.RegionID in (" + regions + ")");
   const tools::BusyGrid busy(module_, flxPath.Flex);
-  FillNamesAndIds(flxPath.Flex, sqlCommon, "PathName", "عنوان مسير");
-  sqlCommon.Close();
+  tools::FillRows(flxPath.Flex, kPathColumns, sqlCommon);
 }
 
 void FormAddBatch::SearchClick() {
@@ -111,35 +90,16 @@ void FormAddBatch::LoadCustomers(std::string_view condition) {
       " where ";
   statement += condition;
 
-  static constexpr std::string_view kFields[] = {
-      "Code",   "Name",     "Address",    "CellPhone",        "Phone1",
-      "Phone2", "PathName", "RegionName", "WorkActivityName", "ID"};
-
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(statement);
-  controls::FlexGrid& grid = flxCustomer.Flex;
-  const tools::BusyGrid busy(module_, grid);
-  grid.SetRows(1);
-  grid.SetEmptyText("مشتري با اين مشخصات يافت نشد");
-  grid.SetCols(kCustomerCols);
-  for (; !sqlCommon.Eof(); sqlCommon.MoveNext()) {
-    grid.AddItem("");
-    const int row = grid.Rows() - 1;
-    int col = 0;
-    grid.SetTextMatrix(row, col++, std::to_string(row));
-    for (const std::string_view field : kFields) {
-      grid.SetTextMatrix(row, col++, sqlCommon.Text(field));
-    }
-  }
-  sqlCommon.Close();
-  platform::ResumeNext([&] { grid.SetFixedRows(1); });
-  SetCustomerHeadings();
+  sqlCommon.Run(statement);
+  const tools::BusyGrid busy(module_, flxCustomer.Flex);
+  flxCustomer.Flex.SetEmptyText("مشتري با اين مشخصات يافت نشد");
+  tools::FillRows(flxCustomer.Flex, kCustomerColumns, sqlCommon);
 }
 
 std::string FormAddBatch::GetSelectedCustomers() {
   return PickedIds(flxCustomer, [this](int row) {
-    return text::DecimalText(host::NumericValue(flxCustomer.Flex.TextMatrix(row, 10)));
+    return text::DecimalText(host::NumericValue(flxCustomer.Flex.TextMatrix(row, kCustomerIdCol)));
   });
 }
 

@@ -22,14 +22,12 @@ void FormAddBatch::FillDateGrid() {
   const tools::BusyGrid busy(module_, flxDate.Flex);
   if (datDateFrom.Text() <= datDateTo.Text()) {
     flxDate.Flex.SetRows(1);
-    flxDate.Flex.SetCols(3);
     for (datTemp.SetText(datDateFrom.Text()); datTemp.Text() <= datDateTo.Text();) {
       AddDateRow();
       // The calendar's last day has no next one.
       if (platform::ResumeNext([this] { datTemp.StepDays(1); }) != 0) break;
     }
   }
-  SetDateHeadings();
 }
 
 void FormAddBatch::AddDateRow() {
@@ -39,14 +37,6 @@ void FormAddBatch::AddDateRow() {
   grid.SetTextMatrix(row, 0, datTemp.Text());
   grid.SetTextMatrix(row, kWeekdayCol, datTemp.WeekdayName());
   grid.SetTextMatrix(row, 2, calendar::MonthName(datTemp.MonthNumber()));
-}
-
-void FormAddBatch::SetDateHeadings() {
-  controls::FlexGrid& grid = flxDate.Flex;
-  platform::ResumeNext([&] { grid.SetFixedRows(1); });
-  platform::ResumeNext([&] { grid.SetTextMatrix(0, 0, "روز"); });
-  platform::ResumeNext([&] { grid.SetTextMatrix(0, 1, "هفته"); });
-  platform::ResumeNext([&] { grid.SetTextMatrix(0, 2, "ماه"); });
 }
 
 void FormAddBatch::SetUpWeekdays() {

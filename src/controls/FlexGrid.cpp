@@ -212,10 +212,6 @@ void FlexGrid::SetBackColor(Colour colour) {
   if (std::exchange(backColor_, colour) != colour) CellsChanged(0, Rows() - 1);
 }
 
-void FlexGrid::SetBandColor(Colour colour) {
-  if (std::exchange(bandColor_, colour) != colour) CellsChanged(0, Rows() - 1);
-}
-
 void FlexGrid::SetHighLight(HighLight highLight) {
   if (std::exchange(highLight_, highLight) == highLight) return;
   pending_.selection = true;
@@ -268,15 +264,7 @@ void FlexGrid::Sort(int order) {
 }
 
 void FlexGrid::AddItem(std::string_view text) {
-  store_.InsertRow(Rows(), text);
-  RowsChanged();
-  Publish();
-}
-
-void FlexGrid::AddItem(std::string_view text, int index) {
-  if (index < 0 || index > Rows()) Throw(30002, "Grid does not contain that row");
-  if (index < fixedRows_) Throw(30001, "Cannot use AddItem on a fixed row");
-  store_.InsertRow(index, text);
+  store_.AddRow(text);
   RowsChanged();
   Publish();
 }
@@ -324,7 +312,7 @@ Colour FlexGrid::EffectiveBackColor(int row, int col) const {
   const Colour colour = store_.ColourAt(row, col);
   if (colour != 0 && colour != backColor_) return colour;
   const bool band = row >= fixedRows_ && (row - fixedRows_) % 2 == 1;
-  return band ? bandColor_ : backColor_;
+  return band ? palette::kGridBand : backColor_;
 }
 
 std::size_t FlexGrid::MemoryBytes() const {

@@ -21,10 +21,9 @@ class Button;
 /// Failures are RuntimeErrors of the grid: 30009 "Invalid Row value" (Row, RowSel), 30010 "Invalid
 /// Col value" (Col, ColSel, ColWidth, ColAlignment), 381 "Subscript out of range" (TextMatrix),
 /// 30016 "FixedRows must be at least one less than Rows value", 30017 likewise for FixedCols and
-/// Cols, 30000 "Cannot do a RemoveItem on a fixed row", 30001 "Cannot use AddItem on a fixed row",
-/// 30002 "Grid does not contain that row", 380 "Invalid property value" (negative counts and
-/// widths, more than 32767 columns, an unknown sort), 7 "Out of memory" (more than 4 GiB of text).
-/// What throws changes nothing.
+/// Cols, 30000 "Cannot do a RemoveItem on a fixed row", 30002 "Grid does not contain that row", 380
+/// "Invalid property value" (negative counts and widths, more than 32767 columns, an unknown sort),
+/// 7 "Out of memory" (more than 4 GiB of text). What throws changes nothing.
 ///
 /// Notifications: kCells names the rows whose texts or colours are others; kRows says that any row
 /// may be another, and comes without kCells. Another number of columns comes as kColumns and kRows.
@@ -92,9 +91,6 @@ class FlexGrid : public Control {
   void SetFillStyle(FillStyle style) { fillStyle_ = style; }
   Colour BackColor() const { return backColor_; }
   void SetBackColor(Colour colour);
-  /// Ground of every second data row whose cells carry no colour but the grid's own.
-  Colour BandColor() const { return bandColor_; }
-  void SetBandColor(Colour colour);
   /// What colour the texts of a data row have on a ground of its own or the grid's; none where it
   /// answers 0.
   std::function<Colour(int row)> rowTextColour;
@@ -110,9 +106,8 @@ class FlexGrid : public Control {
   /// current cell stays where it is. Any other number throws 380.
   void Sort(int order);
 
-  /// Adds a row at the end, or before row `index`; the text's tab-separated parts fill its cells.
+  /// Adds a row at the end; the text's tab-separated parts fill its cells.
   void AddItem(std::string_view text);
-  void AddItem(std::string_view text, int index);
   /// Removes a data row. The last data row cannot be removed (30015 "Cannot remove last non-fixed
   /// row").
   void RemoveItem(int row);
@@ -179,7 +174,8 @@ class FlexGrid : public Control {
 
   // What a view paints, without moving the current cell. Rows and columns must exist.
 
-  /// Colour set on a cell, else the band or ground colour of its row.
+  /// Colour set on a cell; where it is the grid's own or none, palette::kGridBand in every second
+  /// data row.
   Colour EffectiveBackColor(int row, int col) const;
   bool InBlock(int row, int col) const;
   /// The texts of the block, hidden columns left out: tabs between columns, CR LF between rows. A
@@ -237,7 +233,6 @@ class FlexGrid : public Control {
   FillStyle fillStyle_ = FillStyle::kSingle;
   HighLight highLight_ = HighLight::kAlways;
   Colour backColor_ = palette::kGridRow;
-  Colour bandColor_ = palette::kGridBand;
   int stretchCol_ = -1;
   std::string emptyText_;
   int mouseRow_ = -1;

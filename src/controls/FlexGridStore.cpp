@@ -213,16 +213,15 @@ void FlexGridStore::FreeRow(std::uint32_t id) {
   freeIds_.push_back(id);
 }
 
-void FlexGridStore::InsertRow(int row, std::string_view text) {
-  if (IsOwnText(text)) return InsertRow(row, std::string(text));
+void FlexGridStore::AddRow(std::string_view text) {
+  if (IsOwnText(text)) return AddRow(std::string(text));
   CheckCellCount(Rows() + 1, cols_);
   ReserveText(text.size());
   ReserveRows(order_.size() + 1);
-  const std::uint32_t id = TakeFreeId();
-  order_.insert(order_.begin() + row, id);
+  order_.push_back(TakeFreeId());
   for (int col = 0; col < cols_ && !text.empty(); ++col) {
     const std::size_t tab = std::min(text.find('\t'), text.size());
-    WriteCell(texts_.cells[CellIndex(row, col)], text.substr(0, tab));
+    WriteCell(texts_.cells[CellIndex(Rows() - 1, col)], text.substr(0, tab));
     text.remove_prefix(std::min(tab + 1, text.size()));
   }
 }

@@ -46,7 +46,7 @@ class FlexGridStore {
   bool SetColour(int row, int firstCol, int lastCol, Colour colour);
 
   /// The text's tab-separated parts fill the new row's cells; parts without a column are dropped.
-  void InsertRow(int row, std::string_view text);
+  void AddRow(std::string_view text);
   void RemoveRow(int row);
   /// Row i from `firstRow` on becomes what row `firstRow + order[i]` was.
   void Reorder(int firstRow, const std::vector<std::uint32_t>& order);

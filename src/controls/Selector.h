@@ -38,7 +38,6 @@ class Selector : public Control {
   void SetCondition(std::string condition);
   void SetStandingCondition(std::string condition);
   const std::string& Condition() const { return condition_; }
-  const std::string& StandingCondition() const { return standingCondition_; }
 
   /// -1 when nothing is selected.
   std::int32_t SelectedID() const { return selectedId_; }

@@ -43,12 +43,11 @@ void FormMain::InsertBatchDetail(std::int32_t& promoterId, std::string& dates,
   }
   notes = notes.empty() ? "null" : "'" + notes + "'";
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(batch::BatchInsertStatement({.programId = ProgramID(),
-                                              .promoterId = promoterId,
-                                              .dates = dates,
-                                              .customerIds = customerIds,
-                                              .notesLiteral = notes}));
+  sqlCommon.Run(batch::BatchInsertStatement({.programId = ProgramID(),
+                                             .promoterId = promoterId,
+                                             .dates = dates,
+                                             .customerIds = customerIds,
+                                             .notesLiteral = notes}));
   const std::optional<std::int64_t> added = sqlCommon.AffectedRows();
   LoadDetails(programId);
   if (added) lblAdded.SetCaption(WhatWasAdded(*added, IdCount(dates) * IdCount(customerIds)));

@@ -15,22 +15,21 @@ constexpr std::int32_t kEventDeleted = 330803;
 void FormMain::DeleteClick() {
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   try {
-    // Silence on a refused right and the refusal text on a declined question are as required.
+    // A refused right is silent here; who declines reads the text of a refused right. Users of the
+    // suite know both.
     if (!module_.HasPermission(kPermissionDelete)) return;
     if (module_.AskQuestion("حذف", "آيا مطمئن هستيد؟") != host::kYes) {
       module_.ShowMessage("خطا", "شما به انجام اين عمليات مجاز نيستيد.");
       return;
     }
     const std::string id = std::to_string(ProgramID());
-    sqlCommon.CloseIfOpen();
-    sqlCommon.Open("Delete tblDistributionPromoterProgramDetail Where ProgramID=" + id);
-    sqlCommon.Open("Delete tblZomirFormAttachment Where FormTypeID = " +
-                   std::to_string(host::kFormTypeId) + " and FormID = " + id);
-    sqlCommon.Open("Delete tblDistributionPromoterProgram Where ID=" + id);
+    sqlCommon.Run("Delete tblDistributionPromoterProgramDetail Where ProgramID=" + id);
+    sqlCommon.Run("Delete tblZomirFormAttachment Where FormTypeID = " +
+                  std::to_string(host::kFormTypeId) + " and FormID = " + id);
+    sqlCommon.Run("Delete tblDistributionPromoterProgram Where ID=" + id);
   } catch (const platform::RuntimeError& error) {
     module_.ShowMessage("خطا",
                         "به اين فرم برنامه بازارياب وابستگي وجود دارد.\r\n" + error.Description());
-    sqlCommon.CloseIfOpen();
     return;
   }
   platform::ResumeNext([this] { LogAction(kEventDeleted, "حذف شد."); });

@@ -3,68 +3,23 @@
 #include <algorithm>
 
 #include "editor/FormMain.h"
-#include "platform/ResumeNext.h"
 #include "text/Text.h"
 #include "tools/BusyGrid.h"
-#include "tools/RowMark.h"
+#include "tools/Columns.h"
 
 namespace editor {
 
 namespace {
 
-constexpr int kFirstMarkedCol = 1;
 constexpr int kPromoterIdCol = 1;
 constexpr int kFarsiDateCol = 4;
 constexpr int kNotesCol = 5;
 
-/// Removes a data row, the last one too; whatever the grid refuses is ignored.
-void RemoveGridRow(controls::FlexGrid& grid, int row) {
-  if (row < 1 || grid.Rows() <= 1) return;
-  if (grid.Rows() > 2) {
-    platform::ResumeNext([&] { grid.RemoveItem(row); });
-  } else {
-    platform::ResumeNext([&] { grid.SetRows(1); });
-    platform::ResumeNext([&] { grid.SetFixedRows(1); });
-    platform::ResumeNext([&] { grid.SetFixedCols(1); });
-  }
-}
-
 }  // namespace
-
-bool FormMain::IsRowMarked(int row) {
-  return tools::IsRowMarked(flxDetail, row, kFirstMarkedCol);
-}
-
-void FormMain::MarkRow(int row, bool marked) {
-  marks_.Note(row, marked);
-  tools::PaintRow(flxDetail, row, kFirstMarkedCol,
-                  marked ? controls::palette::kMark : flxDetail.BackColor());
-}
-
-void FormMain::MarkRows(Marking marking) {
-  const tools::BusyGrid busy(module_, flxDetail);
-  const tools::MarkGesture gesture(marks_);
-  for (int row = 1; row < flxDetail.Rows(); ++row) {
-    const bool mark =
-        marking == Marking::kAll || (marking == Marking::kInverse && !IsRowMarked(row));
-    MarkRow(row, mark);
-  }
-}
-
-void FormMain::DetailMouseDown() {
-  const int row = flxDetail.MouseRow();
-  if (row < 1 || row > flxDetail.Rows() - 1) return;
-  if (!cmdAddBatch.Enabled()) return;
-  const tools::RedrawOff redrawOff(flxDetail);
-  MarkRow(row, !IsRowMarked(row));
-}
 
 void FormMain::DetailClick() {
   const tools::RedrawOff redrawOff(flxDetail);
-  if (!tools::SortByHeader(flxDetail, lastSort_)) return;
-  for (int row = 1; row < flxDetail.Rows(); ++row) {
-    flxDetail.SetTextMatrix(row, 0, std::to_string(row));
-  }
+  if (marks_.SortByHeader()) tools::NumberRows(flxDetail);
 }
 
 void FormMain::DetailDblClick() {
@@ -96,14 +51,18 @@ void FormMain::DeleteSelectedClick() {
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   for (int row = first; row <= last; ++row) {
     // The row at `first` goes after every delete while `row` advances, so the later rows of a block
-    // are read after they have shifted up. This is the required behaviour.
+    // are read after they have shifted up. The suite's people know it so: rows that are read in
+    // another order would take other visits away.
     const std::int32_t promoterId = host::NumericId(grid.TextMatrix(row, kPromoterIdCol));
     const std::string farsiDate(grid.TextMatrix(row, kFarsiDateCol));
-    sqlCommon.CloseIfOpen();
-    sqlCommon.Open(std::string("delete tblDistributionPromoterProgramDetail ") +
-                   " where ProgramID=" + std::to_string(ProgramID()) + " and PromoterID=" +
-                   std::to_string(promoterId) + " and FarsiVisitDate like '" + farsiDate + "'");
-    RemoveGridRow(flxDetail, first);
+    sqlCommon.Run(std::string("delete tblDistributionPromoterProgramDetail ") +
+                  " where ProgramID=" + std::to_string(ProgramID()) + " and PromoterID=" +
+                  std::to_string(promoterId) + " and FarsiVisitDate like '" + farsiDate + "'");
+    if (grid.Rows() > 2) {
+      flxDetail.RemoveItem(first);
+    } else {
+      flxDetail.SetRows(1);  // a grid does not give its last data row away singly
+    }
   }
   LoadDetails(ProgramID());
 }

@@ -25,9 +25,8 @@ void FormMain::ViewAccountDocClick() {
   }
   std::int32_t documentId = -1;
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open("Select Top 1 DocumentID from tblAccountDocumentDetail Where FormID=" +
-                 text::DecimalText(host::NumericValue(txtID.Text())) + " and FormTypeID=3308");
+  sqlCommon.Run("Select Top 1 DocumentID from tblAccountDocumentDetail Where FormID=" +
+                text::DecimalText(host::NumericValue(txtID.Text())) + " and FormTypeID=3308");
   if (sqlCommon.RecordCount() > 0) documentId = host::NumericId(sqlCommon.Text("DocumentID"));
   sqlCommon.Close();
   if (const auto viewer = CreateDocumentViewer()) {
@@ -63,8 +62,7 @@ bool FormMain::InsertDocumentObject(std::int32_t& inDocID, std::int32_t& inRowNu
   const std::string classId = std::to_string(inClassID);
   const std::string objectId = std::to_string(inObjectID);
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(
+  sqlCommon.Run(
       "insert into tblAccountDocumentObjects (DocumentID, RowNumber, Sequence, ClassID, ObjectID) "
       " Select " +
       documentId + ", " + rowNumber + ", Sequence, " + classId + ", " + objectId +
@@ -74,17 +72,16 @@ bool FormMain::InsertDocumentObject(std::int32_t& inDocID, std::int32_t& inRowNu
       " and not Exists(Select x.* from tblAccountDocumentObjects x where x.ClassID= " + classId +
       " and x.DocumentID=" + documentId + " and x.RowNumber=" + rowNumber + ")");
   if (inClassID == kBranchClassId) {
-    sqlCommon.Open("update tblAccountDocumentDetail set BranchID=" + objectId +
-                   " Where DocumentID=" + documentId + " and RowNumber=" + rowNumber);
+    sqlCommon.Run("update tblAccountDocumentDetail set BranchID=" + objectId +
+                  " Where DocumentID=" + documentId + " and RowNumber=" + rowNumber);
   }
   return false;
 }
 
 std::int32_t FormMain::GetAssetGroupAccountID(std::int32_t inGroupID) {
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open("Select x.AssetGroupAccountID from tblAssetGroup x Where x.ID=" +
-                 std::to_string(inGroupID));
+  sqlCommon.Run("Select x.AssetGroupAccountID from tblAssetGroup x Where x.ID=" +
+                std::to_string(inGroupID));
   const std::int32_t accountId =
       sqlCommon.RecordCount() > 0 ? host::NumericId(sqlCommon.Text("AssetGroupAccountID")) : -1;
   sqlCommon.Close();

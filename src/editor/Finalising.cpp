@@ -17,20 +17,18 @@ void FormMain::BackToTempClick() {
 
   host::Recordset& documents = module_.DtEn().sqlList();
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  documents.CloseIfOpen();
-  documents.Open(
+  documents.Run(
       "Select distinct x.DocumentID from tblAccountDocumentDetail x Where x.FormTypeID= 3308 and "
       "x.FormID=" +
       std::to_string(ProgramID()));
   for (; !documents.Eof(); documents.MoveNext()) {
     const std::string documentId(documents.Text("DocumentID"));
-    sqlCommon.CloseIfOpen();
-    sqlCommon.Open("Delete tblAccountDocumentDetail Where DocumentID=" + documentId);
-    sqlCommon.Open("Delete tblAccountDocument Where ID=" + documentId);
+    sqlCommon.Run("Delete tblAccountDocumentDetail Where DocumentID=" + documentId);
+    sqlCommon.Run("Delete tblAccountDocument Where ID=" + documentId);
   }
   documents.Close();
-  documents.Open("Update tblDistributionPromoterProgram Set Code=null Where ID=" +
-                 std::to_string(ProgramID()));
+  documents.Run("Update tblDistributionPromoterProgram Set Code=null Where ID=" +
+                std::to_string(ProgramID()));
   OpenProgram(ProgramID());
 }
 

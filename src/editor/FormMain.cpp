@@ -8,10 +8,9 @@ FormMain::FormMain(host::modMain& module)
       sltSupervisor(frameHeader, "sltSupervisor", module),
       sltBranch(frameHeader, "sltBranch", module),
       module_(module),
-      resizeRules_(4000, 4000),
-      marks_(
-          module, flxDetail, [this](int row, bool marked) { MarkRow(row, marked); },
-          [this] { return cmdAddBatch.Enabled(); }) {
+      layout_(*this, 4000),
+      marks_(module, flxDetail, {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone},
+             [this] { return cmdAddBatch.Enabled(); }) {
   PlaceControls();
 
   cmdNew.onClick = [this] { NewClick(); };
@@ -25,15 +24,9 @@ FormMain::FormMain(host::modMain& module)
   cmdPreview.onClick = [this] { PreviewClick(); };
   cmdSearch.onClick = [this] { SearchClick(); };
   cmdAddBatch.onClick = [this] { AddBatchClick(); };
-  cmdSelectAll.onClick = [this] { MarkRows(Marking::kAll); };
-  cmdSelectInverse.onClick = [this] { MarkRows(Marking::kInverse); };
-  cmdSelectNone.onClick = [this] { MarkRows(Marking::kNone); };
   cmdDeleteSelected.onClick = [this] { DeleteSelectedClick(); };
-  flxDetail.onMouseDown = [this](int, int) { DetailMouseDown(); };
   flxDetail.onClick = [this] { DetailClick(); };
   flxDetail.onDblClick = [this] { DetailDblClick(); };
-  flxDetail.marking = {&cmdSelectAll, &cmdSelectInverse, &cmdSelectNone};
-  flxDetail.markSteps = &marks_;
 }
 
 namespace {
@@ -69,7 +62,7 @@ void FormMain::SearchClick() {
 }
 
 void FormMain::FormResize() {
-  resizeRules_.Apply(Width(), Height());
+  layout_.FollowSize();
 }
 
 void FormMain::UnloadAll() {
@@ -80,7 +73,7 @@ void FormMain::UnloadAll() {
 }
 
 bool FormMain::MayClose() {
-  const bool headerIsOpen = Visible() && (mode_ == Mode::kEdit || mode_ == Mode::kCreate);
+  const bool headerIsOpen = Visible() && (mode_ & (kEdit | kCreate)) != 0;
   return !headerIsOpen || module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") != host::kNo;
 }
 

@@ -11,13 +11,12 @@
 #include "controls/FlexGrid.h"
 #include "controls/Form.h"
 #include "controls/Selector.h"
-#include "editor/Modes.h"
 #include "host/ProgramEditor.h"
 #include "host/modMain.h"
 #include "search/FormSearch.h"
 #include "tools/FormPrint.h"
-#include "tools/MarkHistory.h"
-#include "tools/ResizeRules.h"
+#include "tools/Layout.h"
+#include "tools/RowMarks.h"
 
 namespace editor {
 
@@ -39,7 +38,6 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   /// false when the user wants to go on with it.
   bool MayClose();
 
-  Mode CurrentMode() const { return mode_; }
   /// For modules that post accounting documents: ties an object of a class to a document's line,
   /// once a class; a branch (class 19) is copied onto the line. Does nothing for ids below 1. The
   /// result is always false.
@@ -100,25 +98,31 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   void FormClose() override;
 
  private:
+  /// What the editor is doing with its program, a bit each.
+  enum Mode : unsigned {
+    kTemporary = 1,  // a program without a code is shown read-only
+    kFinal = 2,      // one with a code is
+    kEdit = 4,       // the header of an existing program may be changed
+    kCreate = 8,     // a new header is being entered
+    kEmpty = 16,     // nothing is loaded
+  };
+
   /// Asks for a right; a refusal is shown to the user.
   bool Permitted(std::int32_t permission);
 
   // FormMainLayout.cpp
   void PlaceControls();
-  void PlaceHeader();
-  void SetTabOrder();
-  void SetResizeRules();
-  void SetDetailColumns();
 
   // Opening.cpp
   void ReadInstallDirectory();
   void ShowForm();
-  void DisableComponents();
+  /// Enters a mode: the caption and what is enabled go by it.
+  void Enter(Mode mode);
   void ShowEmpty();
   void ShowNew();
   void OpenProgram(std::int32_t programId);
   void OpenForEdit(std::int32_t programId);
-  /// Leaves the editor in kEmpty for the caller to set the mode, also when it fails.
+  /// Leaves the editor in kEmpty for the caller to enter a mode, also when it fails.
   void LoadProgram(std::int32_t programId);
   void ClearControls();
   void LoadHeader(std::int32_t programId);
@@ -155,24 +159,18 @@ class FormMain : public controls::Form, public host::ProgramEditor {
                          std::string& notes, bool& viewMode, std::int32_t& supervisor);
 
   // DetailGrid.cpp
-  enum class Marking { kAll, kNone, kInverse };
-  bool IsRowMarked(int row);
-  void MarkRow(int row, bool marked);
-  void MarkRows(Marking marking);
-  void DetailMouseDown();
   void DetailClick();
   void DetailDblClick();
   void DeleteSelectedClick();
 
   host::modMain& module_;
-  tools::ResizeRules resizeRules_;
+  tools::Layout layout_;
   std::unique_ptr<batch::FormAddBatch> batchForm_;
   std::unique_ptr<search::FormSearch> searchForm_;
   std::unique_ptr<tools::FormPrint> printForm_;
   std::string installDirectory_;
-  Mode mode_ = Mode::kEmpty;
-  tools::MarkHistory marks_;
-  std::int32_t lastSort_ = 0;
+  Mode mode_ = kEmpty;
+  tools::RowMarks marks_;
 };
 
 }  // namespace editor

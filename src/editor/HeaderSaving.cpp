@@ -29,7 +29,7 @@ void FormMain::EditClick() {
 
 void FormMain::CancelClick() {
   if (module_.AskQuestion("انصراف از ثبت", "آيا مطمئن هستيد؟") != host::kYes) return;
-  if (mode_ == Mode::kCreate) {
+  if (mode_ == kCreate) {
     ShowEmpty();
   } else {
     OpenProgram(ProgramID());
@@ -37,19 +37,17 @@ void FormMain::CancelClick() {
 }
 
 bool FormMain::SaveProgram(bool inFinal) {
-  host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   try {
     if (!Permitted(inFinal ? kPermissionFinalSave : kPermissionTempSave)) return false;
     const std::string_view notes = text::Trim(txtDescription.Text());
     // Quotes are not doubled: the server refuses such notes and the trap below says so.
     txtDescription.SetTag(notes.empty() ? "NULL" : std::string("'").append(notes).append("'"));
     if (!HeaderIsValid()) return false;
-    if (mode_ == Mode::kCreate) InsertHeader();
-    if (mode_ == Mode::kEdit) UpdateHeader(inFinal);
+    if (mode_ == kCreate) InsertHeader();
+    if (mode_ == kEdit) UpdateHeader(inFinal);
     OpenProgram(ProgramID());
     platform::ResumeNext([this] { cmdNew.SetFocus(); });
   } catch (const platform::RuntimeError& error) {
-    sqlCommon.CloseIfOpen();
     module_.ShowMessage("خطا در ثبت", error.Description());
   }
   return false;
@@ -77,8 +75,7 @@ bool FormMain::HeaderIsValid() {
 
 void FormMain::InsertHeader() {
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(
+  sqlCommon.Run(
       "insert into tblDistributionPromoterProgram "
       "(CreatorID, CreateDate, FarsiCreateDate, BranchID, SupervisorID, Notes)"
       " values (" +
@@ -86,7 +83,7 @@ void FormMain::InsertHeader() {
       calendar::GregorianLiteral(datCreateDate.Value().value()) + "','" + datCreateDate.Text() +
       "' " + "," + std::to_string(sltBranch.SelectedID()) + "," +
       std::to_string(sltSupervisor.SelectedID()) + "," + txtDescription.Tag() + ")");
-  sqlCommon.Open("Select SCOPE_IDENTITY() as newID");
+  sqlCommon.Run("Select SCOPE_IDENTITY() as newID");
   if (sqlCommon.RecordCount() > 0) {
     txtID.SetText(text::DecimalText(host::NumericValue(sqlCommon.Text("newID"))));
   }
@@ -96,13 +93,11 @@ void FormMain::InsertHeader() {
 
 void FormMain::UpdateHeader(bool inFinal) {
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(std::string("update tblDistributionPromoterProgram ") +
-                 " Set CreatorID=" + std::to_string(sltCreator.SelectedID()) +
-                 ", BranchID=" + std::to_string(sltBranch.SelectedID()) +
-                 ", SupervisorID=" + std::to_string(sltSupervisor.SelectedID()) +
-                 ", Notes=" + txtDescription.Tag() + ", Code=" + (inFinal ? "ID" : "NULL") +
-                 " Where ID=" + std::to_string(ProgramID()));
+  sqlCommon.Run(std::string("update tblDistributionPromoterProgram ") +
+                " Set CreatorID=" + std::to_string(sltCreator.SelectedID()) +
+                ", BranchID=" + std::to_string(sltBranch.SelectedID()) + ", SupervisorID=" +
+                std::to_string(sltSupervisor.SelectedID()) + ", Notes=" + txtDescription.Tag() +
+                ", Code=" + (inFinal ? "ID" : "NULL") + " Where ID=" + std::to_string(ProgramID()));
   LogAction(kEventEdited, "اصلاح شد.");
 }
 

@@ -3,12 +3,22 @@
 #include "calendar/Gregorian.h"
 #include "editor/FormMain.h"
 #include "platform/ResumeNext.h"
-#include "text/Text.h"
 #include "tools/BusyGrid.h"
+#include "tools/Columns.h"
 
 namespace editor {
 
 namespace {
+
+constexpr tools::Column kDetailColumns[] = {
+    {"رديف", 800},
+    {"PromoterID", 0, "PromoterID"},
+    {"بازارياب", 3000, "PromoterName"},
+    {"", 0, "VisitDate"},
+    {"تاريخ", 1500, "FarsiVisitDate"},
+    {"شرح", 2000, "Notes", true},
+    {"تعداد مشتري", 1500, "cnt"},
+};
 
 std::chrono::sys_days DateOf(std::string_view text) {
   const auto day = calendar::GregorianFromText(text);
@@ -25,15 +35,14 @@ void FormMain::FormLoad() {
   module_.SetViews(sltSupervisor, "vwSaleSupervisorMajor", "vwSaleSupervisorMinor");
   module_.SetViews(sltBranch, "vwAccountBranchMajor", "vwAccountBranchMinor");
   datToday.SetValue(module_.GetServerDate());
-  SetDetailColumns();
+  tools::SetColumns(flxDetail, kDetailColumns, controls::FlexGrid::Alignment::kCentreCentre);
   ShowEmpty();
 }
 
 void FormMain::ReadInstallDirectory() {
   installDirectory_.clear();
   host::Recordset& rows = module_.DtEn().sqlProgramDetail();
-  rows.CloseIfOpen();
-  rows.Open("Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1 ");
+  rows.Run("Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1 ");
   if (rows.RecordCount() > 0) installDirectory_ = rows.Text("InstallDirectory");
   rows.Close();
 }
@@ -58,29 +67,23 @@ void FormMain::ShowForm() {
   }
 }
 
-void FormMain::DisableComponents() {
-  SetCaption(std::string("برنامه بازارياب ").append(CaptionSuffix(mode_)));
-  const bool temporary = txtCode.Text().empty();
-  const auto enable = [&](const std::vector<controls::Control*>& all) {
-    for (controls::Control* control : all) {
-      if (const EnabledIn* row = FindEnabledIn(control->Name())) {
-        control->SetEnabled(row->Holds(mode_, temporary));
-      }
-    }
-  };
-  enable(Controls());
-  enable(frameHeader.Controls());
+void FormMain::Enter(Mode mode) {
+  mode_ = mode;
+  const char* const suffix = mode == kEdit     ? " (اصلاح)"
+                             : mode == kCreate ? " (ايجاد)"
+                             : mode == kEmpty  ? ""
+                                               : " (مشاهده)";
+  SetCaption(std::string("برنامه بازارياب ") + suffix);
+  layout_.EnableFor(mode);
 }
 
 void FormMain::ShowEmpty() {
-  mode_ = Mode::kEmpty;
-  DisableComponents();
+  Enter(kEmpty);
   ClearControls();
 }
 
 void FormMain::ShowNew() {
-  mode_ = Mode::kCreate;
-  DisableComponents();
+  Enter(kCreate);
   ClearControls();
   // The header's first field that the new program does not bring along.
   platform::ResumeNext([this] { sltBranch.SetFocus(); });
@@ -92,24 +95,22 @@ void FormMain::OpenProgram(std::int32_t programId) {
     return;
   }
   LoadProgram(programId);
-  mode_ = Mode::kView;
-  DisableComponents();
+  Enter(txtCode.Text().empty() ? kTemporary : kFinal);
 }
 
 void FormMain::OpenForEdit(std::int32_t programId) {
   LoadProgram(programId);
-  mode_ = Mode::kEdit;
-  DisableComponents();
+  Enter(kEdit);
   platform::ResumeNext([this] { sltBranch.SetFocus(); });
 }
 
 void FormMain::LoadProgram(std::int32_t programId) {
-  mode_ = Mode::kEmpty;
+  mode_ = kEmpty;
   try {
     ClearControls();
     LoadHeader(programId);
   } catch (...) {
-    DisableComponents();  // else the buttons of the program before would act on half of this one
+    Enter(kEmpty);  // else the buttons of the program before would act on half of this one
     throw;
   }
 }
@@ -128,8 +129,7 @@ void FormMain::ClearControls() {
 
 void FormMain::LoadHeader(std::int32_t programId) {
   host::Recordset& rows = module_.DtEn().sqlProgram();
-  rows.CloseIfOpen();
-  rows.Open("select * from tblDistributionPromoterProgram Where ID=" + std::to_string(programId));
+  rows.Run("select * from tblDistributionPromoterProgram Where ID=" + std::to_string(programId));
   if (rows.RecordCount() < 1) {
     module_.ShowMessage("خطا", "ركورد مورد نظر يافت نشد.");
   } else {
@@ -150,11 +150,9 @@ void FormMain::LoadHeader(std::int32_t programId) {
 void FormMain::LoadDetails(std::int32_t programId) {
   lblAdded.SetCaption("");
   const tools::BusyGrid busy(module_, flxDetail);
-  flxDetail.SetFixedCols(1);
   flxDetail.SetRows(1);
   host::Recordset& rows = module_.DtEn().sqlProgramDetail();
-  rows.CloseIfOpen();
-  rows.Open(
+  rows.Run(
       "select PromoterID "
       ", (Select x.Name from vwEmployeeMajor x where x.ID=PromoterID) as PromoterName "
       ", VisitDate, FarsiVisitDate, Notes"
@@ -162,21 +160,7 @@ void FormMain::LoadDetails(std::int32_t programId) {
       " from tblDistributionPromoterProgramDetail "
       " Where ProgramID=" +
       std::to_string(programId) + " group by PromoterID, VisitDate, FarsiVisitDate, Notes");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    flxDetail.AddItem("");
-    const int row = flxDetail.Rows() - 1;
-    flxDetail.SetTextMatrix(row, 0, std::to_string(row));
-    flxDetail.SetTextMatrix(row, 1, text::DecimalText(host::NumericValue(rows.Text("PromoterID"))));
-    flxDetail.SetTextMatrix(row, 2, rows.Text("PromoterName"));
-    flxDetail.SetTextMatrix(row, 3, rows.Text("VisitDate"));
-    flxDetail.SetTextMatrix(row, 4, rows.Text("FarsiVisitDate"));
-    flxDetail.SetTextMatrix(row, 5, rows.Text("Notes"));
-    flxDetail.SetTextMatrix(row, 6, rows.Text("cnt"));
-  }
-  rows.Close();
-  platform::ResumeNext([this] { flxDetail.SetFixedCols(1); });
-  // Refused by the grid while it has its caption row alone.
-  platform::ResumeNext([this] { flxDetail.SetFixedRows(1); });
+  tools::FillRows(flxDetail, kDetailColumns, rows);
 }
 
 std::int32_t FormMain::ProgramID() const {

@@ -12,30 +12,13 @@ using platform::RuntimeError;
 
 constexpr const char* kSourceName = "Recordset";
 
-void RefuseWhenOpen(bool open) {
-  if (!open) return;
-  throw RuntimeError(platform::kObjectOpen, "Operation is not allowed when the object is open.",
-                     kSourceName);
-}
-
 }  // namespace
 
-void Recordset::SetSource(std::string source) {
-  RefuseWhenOpen(open_);
-  source_ = std::move(source);
-}
-
-void Recordset::Open() {
-  RefuseWhenOpen(open_);
-  platform::RowSet rows = connection_.Execute(source_);
-  open_ = rows.ReturnsRows();
-  rows_ = std::move(rows);
+void Recordset::Run(std::string_view statement) {
+  if (open_) Close();
+  rows_ = connection_.Execute(statement);
+  open_ = rows_.ReturnsRows();
   cursor_ = 0;
-}
-
-void Recordset::Open(std::string source) {
-  SetSource(std::move(source));
-  Open();
 }
 
 void Recordset::Close() {
@@ -54,20 +37,9 @@ bool Recordset::Eof() const {
   return cursor_ >= rows_.RowCount();
 }
 
-void Recordset::MoveFirst() {
-  RequireOpen();
-  cursor_ = 0;
-}
-
 void Recordset::MoveNext() {
   RequireRow();
   ++cursor_;
-}
-
-bool Recordset::IsNull(std::string_view field) const {
-  const std::size_t column = FieldIndex(field);
-  RequireRow();
-  return !rows_.Cell(cursor_, column).has_value();
 }
 
 std::string_view Recordset::Text(std::string_view field) const {

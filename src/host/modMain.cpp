@@ -127,13 +127,10 @@ std::optional<std::int32_t> modMain::ShowNotice(std::string_view title, std::str
 
 bool modMain::LoadReportTemplates(ReportTemplateForm& form) {
   Recordset& templates = DtEn().sqlReportTemplate();
-  templates.CloseIfOpen();
-  templates.SetSource("Select * from tblZomirReportTemplate where FormTypeID = " +
-                      std::to_string(form.DocumnetID()));
-  templates.Open();
+  templates.Run("Select * from tblZomirReportTemplate where FormTypeID = " +
+                std::to_string(form.DocumnetID()));
   const bool found = templates.RecordCount() >= 1;
   if (found) {
-    templates.MoveFirst();
     controls::ComboBox& list = form.cmbReport();
     list.Clear();
     for (; !templates.Eof(); templates.MoveNext()) {
@@ -152,14 +149,11 @@ std::chrono::sys_days modMain::GetServerDate() {
   if (context_.connectionString.empty()) return result;
   ResumeNext([&] {
     Recordset& serverDate = DtEn().sqlProgram();
-    serverDate.CloseIfOpen();
-    serverDate.Open("Select getdate() as today");
+    serverDate.Run("Select getdate() as today");
     if (serverDate.RecordCount() == 0) return;
     const std::string_view today = serverDate.Text("today").substr(0, kDateTextLength);
     result = calendar::GregorianFromText(today).value_or(result);
   });
-  // On its own, so that a failed read does not leave it open.
-  ResumeNext([&] { DtEn().sqlProgram().CloseIfOpen(); });
   return result;
 }
 

@@ -32,7 +32,7 @@ FormSearch::FormSearch(host::modMain& module)
       sltCustomer(frameFilter, "sltCustomer", module),
       sltBranch(frameFilter, "sltBranch", module),
       module_(module),
-      resizeRules_(0, 0),
+      layout_(*this),
       textFileForm_(module) {
   SetCaption("جستجوي برنامه بازارياب");
   txtID.SetLatinDigits(true);
@@ -66,7 +66,7 @@ void FormSearch::FormLoad() {
 }
 
 void FormSearch::FormResize() {
-  resizeRules_.Apply(Width(), Height());
+  layout_.FollowSize();
   spareWidth_.Share();
 }
 
@@ -88,8 +88,6 @@ void FormSearch::NewSearch() {
   datVisit.Clear();
   flxSearch.SetRows(1);
   flxSearch.SetRows(2);
-  flxSearch.SetFixedRows(1);
-  flxSearch.SetFixedCols(1);
 }
 
 void FormSearch::SendToText() {

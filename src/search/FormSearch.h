@@ -10,7 +10,7 @@
 #include "controls/Selector.h"
 #include "host/modMain.h"
 #include "tools/FormSendToTextFile.h"
-#include "tools/ResizeRules.h"
+#include "tools/Layout.h"
 #include "tools/SpareWidth.h"
 
 namespace search {
@@ -63,13 +63,11 @@ class FormSearch : public controls::Form {
  private:
   // FormSearchLayout.cpp
   void PlaceControls();
-  void PlaceFilters();
   void SetUpGrid();
 
   // FormSearchQuery.cpp
   void SearchClick();
   std::string Condition() const;
-  void BindResult();
   void ColourRows();
 
   void ChooseRow();
@@ -79,7 +77,7 @@ class FormSearch : public controls::Form {
                      bool headers);
 
   host::modMain& module_;
-  tools::ResizeRules resizeRules_;
+  tools::Layout layout_;
   tools::SpareWidth spareWidth_{flxSearch};
   tools::FormSendToTextFile textFileForm_;
   bool programChosen_ = false;

@@ -76,24 +76,18 @@ void FormSearch::SearchClick() {
     limit = " TOP 1000 ";
   }
   const tools::BusyGrid busy(module_, flxSearch);
-  flxSearch.SetFixedCols(1);
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.Open(std::string("Select ")
-                     .append(limit)
-                     .append(kFields)
-                     .append(kTables)
-                     .append(" Where ")
-                     .append(condition)
-                     .append(" order by pd.VisitDate, 2, 4"));
+  sqlCommon.Run(std::string("Select ")
+                    .append(limit)
+                    .append(kFields)
+                    .append(kTables)
+                    .append(" Where ")
+                    .append(condition)
+                    .append(" order by pd.VisitDate, 2, 4"));
   flxSearch.Bind(sqlCommon.TakeRows());
-  for (int row = 1; row < flxSearch.Rows(); ++row) {
-    flxSearch.SetTextMatrix(row, 0, std::to_string(row));
-  }
+  tools::NumberRows(flxSearch);
   SetUpGrid();
   ColourRows();
-  flxSearch.SetFixedCols(1);
-  if (flxSearch.Rows() >= 2) flxSearch.SetFixedRows(1);
   spareWidth_.Share();
 }
 

@@ -1,7 +1,7 @@
 #include "tools/FormPrint.h"
 
 #include "platform/ResumeNext.h"
-#include "tools/Placing.h"
+#include "tools/Layout.h"
 
 namespace tools {
 
@@ -9,16 +9,13 @@ FormPrint::FormPrint(host::modMain& module)
     : Form(module.GetServices().screen, "FormPrint", Border::kFixed), module_(module) {
   SetCaption("انتخاب قالب گزارش");
   Resize(6000, 1650);
-  lblReport.Move(4650, 300, 1200, 285);
-  cmbReport_.Move(150, 240, 4410, 375);
-  cmdPrint.Move(1590, 1050, 1320, 420);
-  cmdOk.Move(150, 1050, 1320, 420);
+  Layout(*this).Set({{lblReport, {4650, 300, 1200, 285}},
+                     {cmbReport_, {150, 240, 4410}, {}, "ق", lblReport},
+                     {cmdPrint, {1590, 1050, 1320, 420}, {}, "چ"},
+                     {cmdOk, {150, 1050, 1320, 420}, {}, "ت"}});
   SetDefaultButton(&cmdOk);
   SetEscapeCloses();
   SetFirstFocus(&cmbReport_);
-  SetTabOrder({&cmbReport_, &cmdPrint, &cmdOk});
-  lblReport.SetNamed(&cmbReport_);
-  SetAccessKeys({{lblReport, "ق"}, {cmdPrint, "چ"}, {cmdOk, "ت"}});
   cmdPrint.onClick = [this] { PrintClick(); };
   cmdOk.onClick = [this] { PrintClick(); };
 }
@@ -30,10 +27,8 @@ void FormPrint::PrintClick() {
     return;
   }
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
-  sqlCommon.CloseIfOpen();
-  sqlCommon.SetSource("Select * From tblZomirReportTemplate Where ID = " +
-                      std::to_string(cmbReport_.ItemData(cmbReport_.ListIndex())));
-  sqlCommon.Open();
+  sqlCommon.Run("Select * From tblZomirReportTemplate Where ID = " +
+                std::to_string(cmbReport_.ItemData(cmbReport_.ListIndex())));
   templateFilePath_ = sqlCommon.Text("FilePath");
   sqlCommon.Close();
   Unload();

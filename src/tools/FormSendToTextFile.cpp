@@ -3,14 +3,11 @@
 #include "platform/ResumeNext.h"
 #include "text/Fold.h"
 #include "text/Text.h"
-#include "tools/Placing.h"
+#include "tools/Layout.h"
 
 namespace tools {
 
 namespace {
-
-/// Shown on hovering; inside the box it would be the delimiter of whoever leaves the box alone.
-constexpr std::string_view kTabHint = "^t=Tab";
 
 /// The path, with ".txt" where its name has no ending. Digits alone are none, but part of a date.
 std::string WithEnding(const std::string& path) {
@@ -27,40 +24,26 @@ std::string WithEnding(const std::string& path) {
 FormSendToTextFile::FormSendToTextFile(host::modMain& module)
     : Form(module.GetServices().screen, "FormSendToTextFile", Border::kFixed), module_(module) {
   SetCaption("تهيه فايل متني از روي گزارش");
-  PlaceControls();
+  Resize(7200, 3900);
+  Layout(*this).Set({{lblExcell_1, {150, 150, 6900, 600}},
+                     {lblExcell_2, {5850, 960, 1200, 285}},
+                     {txtDelimiter, {3900, 900, 1860}, {}, "ج", lblExcell_2},
+                     {chkNewLine, {2400, 1410, 4650, 330}, {}, "خ"},
+                     {chkHeader, {2400, 1770, 4650, 330}, {}, "س"},
+                     {chkRemoveMoney, {2400, 2130, 4650, 330}, {}, "م"},
+                     {txtSaveFileName, {150, 2640, 5460}, {}, {}, "نام فايل"},
+                     {cmdSave, {5730, 2640, 1320}, {}, "ذ"},
+                     {cmdOk, {1590, 3300, 1320, 420}, {}, "ت"},
+                     {cmdCancel, {150, 3300, 1320, 420}, {}, "ف"}});
+  SetDefaultButton(&cmdOk);
+  SetCancelButton(&cmdCancel);
+  // Inside the box it would be the delimiter of whoever leaves the box alone.
+  txtDelimiter.SetToolTip("^t=Tab");
   txtDelimiter.SetSelectAllOnFocus(true);
+  txtSaveFileName.SetEnabled(false);  // shows the chosen path; one typed here would not be written
   cmdSave.onClick = [this] { SaveClick(); };
   cmdOk.onClick = [this] { OkClick(); };
   cmdCancel.onClick = [this] { CancelClick(); };
-}
-
-void FormSendToTextFile::PlaceControls() {
-  Resize(7200, 3900);
-  lblExcell_1.Move(150, 150, 6900, 600);
-  lblExcell_2.Move(5850, 960, 1200, 285);
-  txtDelimiter.Move(3900, 900, 1860, 375);
-  txtDelimiter.SetToolTip(std::string(kTabHint));
-  chkNewLine.Move(2400, 1410, 4650, 330);
-  chkHeader.Move(2400, 1770, 4650, 330);
-  chkRemoveMoney.Move(2400, 2130, 4650, 330);
-  cmdSave.Move(5730, 2640, 1320, 375);
-  txtSaveFileName.Move(150, 2640, 5460, 375);
-  txtSaveFileName.SetEnabled(false);  // shows the chosen path; one typed here would not be written
-  cmdOk.Move(1590, 3300, 1320, 420);
-  cmdCancel.Move(150, 3300, 1320, 420);
-  SetDefaultButton(&cmdOk);
-  SetCancelButton(&cmdCancel);
-  SetTabOrder(
-      {&txtDelimiter, &chkNewLine, &chkHeader, &chkRemoveMoney, &cmdSave, &cmdOk, &cmdCancel});
-  lblExcell_2.SetNamed(&txtDelimiter);
-  txtSaveFileName.SetAccessibleName("نام فايل");
-  SetAccessKeys({{lblExcell_2, "ج"},
-                 {chkNewLine, "خ"},
-                 {chkHeader, "س"},
-                 {chkRemoveMoney, "م"},
-                 {cmdSave, "ذ"},
-                 {cmdOk, "ت"},
-                 {cmdCancel, "ف"}});
 }
 
 void FormSendToTextFile::FormLoad() {

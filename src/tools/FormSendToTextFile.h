@@ -43,7 +43,6 @@ class FormSendToTextFile : public controls::Form {
   void FormClose() override { cmdCancel.Click(); }
 
  private:
-  void PlaceControls();
   void SaveClick();
   void OkClick();
   void CancelClick();

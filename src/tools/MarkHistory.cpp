@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "tools/BusyGrid.h"
-#include "tools/RowMark.h"
+#include "tools/RowMarks.h"
 
 namespace tools {
 

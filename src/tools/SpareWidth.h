@@ -1,8 +1,10 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "controls/FlexGrid.h"
+#include "tools/Columns.h"
 
 namespace tools {
 
@@ -12,9 +14,8 @@ class SpareWidth {
  public:
   explicit SpareWidth(controls::FlexGrid& grid) : grid_(grid) {}
 
-  /// The columns were given their widths, which is what they need; those of `sharing` share from
-  /// now on.
-  void Start(const std::vector<int>& sharing);
+  /// The grid was given these columns, with the widths that they need.
+  void Start(std::span<const Column> columns);
   /// Gives every visible sharing column the same part of what the grid has to spare beside a scroll
   /// bar, on top of its own width: what it needs, or what a user dragged it to less the part that
   /// it had then. So the same size of the grid brings the same widths back. Where nothing is to
@@ -23,7 +24,7 @@ class SpareWidth {
   void Share();
 
  private:
-  struct Column {
+  struct Sharing {
     int col;
     controls::Twips needed;
     controls::Twips own;    // without its part of the spare width
@@ -32,7 +33,7 @@ class SpareWidth {
   };
 
   controls::FlexGrid& grid_;
-  std::vector<Column> columns_;
+  std::vector<Sharing> columns_;
   controls::Twips part_ = 0;
 };
 

@@ -8,7 +8,7 @@
 #include "controls/Controls.h"
 #include "controls/FlexGrid.h"
 #include "host/modMain.h"
-#include "tools/MarkHistory.h"
+#include "tools/RowMarks.h"
 
 namespace tools {
 
@@ -24,9 +24,7 @@ class comFlex : public controls::Frame {
   /// Tells whether a row is marked. Moves the grid's current cell to that row, and leaves it there.
   /// Throws 30009 for a row that does not exist.
   bool IsSelected(std::int32_t inRow);
-  /// Marks these rows, or takes their marks away: each as by hand, in this order, all of them as
-  /// one gesture. Throws 30009 at a row that does not exist; what comes before it is done.
-  void SetMarks(const std::vector<std::int32_t>& rows, bool marked);
+  void SetMarks(const std::vector<std::int32_t>& rows, bool marked) { marks_.Set(rows, marked); }
 
   /// A row has just been marked or unmarked; raised for every row that a command touches, also for
   /// one that was so before.
@@ -44,15 +42,7 @@ class comFlex : public controls::Frame {
   void Resized() override;
 
  private:
-  enum class Marking { kAll, kNone, kInverse };
-  void Mark(std::int32_t row, bool marked);
-  void ToggleRow(std::int32_t row);
-  void MarkRows(Marking marking);
-  void FlexMouseDown();
-
-  host::modMain& module_;
-  MarkHistory history_;
-  std::int32_t lastSort_ = 0;
+  RowMarks marks_;
 };
 
 }  // namespace tools

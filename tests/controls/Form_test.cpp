@@ -6,10 +6,6 @@
 #include <cmath>
 
 #include "controls/Controls.h"
-#include "controls/DateBox.h"
-#include "controls/FlexGrid.h"
-#include "controls/PageView.h"
-#include "controls/Selector.h"
 #include "platform/ResumeNext.h"
 #include "support/FakeScreen.h"
 
@@ -134,51 +130,6 @@ TEST_F(FormTest, EndOfControlOrForm_IsForgottenByFormOrScreen) {
   EXPECT_EQ(form.FindControl("brief"), nullptr);
   { SampleForm(screen, calls).Load(); }
   EXPECT_THAT(calls, ElementsAre("load", "unload Sample"));
-}
-
-// What a screen reads of each kind of control, a line each.
-class Describing : public controls::ControlVisitor {
- public:
-  std::vector<std::string> lines;
-  void Visit(controls::Label& c) override { Add(c, "label " + c.Caption()); }
-  void Visit(controls::TextBox& c) override { Add(c, "text " + Flag(c.SelectAllOnFocus())); }
-  void Visit(controls::Button& c) override { Add(c, "button " + c.Caption()); }
-  void Visit(controls::CheckBox& c) override { Add(c, "check " + c.Caption()); }
-  void Visit(controls::ComboBox& c) override { Add(c, "combo"); }
-  void Visit(controls::ProgressBar& c) override { Add(c, "bar"); }
-  void Visit(controls::Frame& c) override {
-    Add(c, "frame " + c.Caption() + Flag(c.BorderStyle() == controls::Frame::Border::kLine));
-    for (controls::Control* part : c.Controls()) part->Accept(*this);
-  }
-  void Visit(controls::DateBox& c) override { Add(c, c.Date()->Text()); }
-  void Visit(controls::Selector& c) override { Add(c, "selector"); }
-  void Visit(controls::FlexGrid& c) override { Add(c, "grid"); }
-  void Visit(controls::PageView& c) override { Add(c, "pages"); }
-
- private:
-  static std::string Flag(bool on) { return on ? "+" : "-"; }
-  void Add(const controls::Control& c, const std::string& line) {
-    lines.push_back(c.Name() + ": " + line + (c.ToolTip().empty() ? "" : " " + c.ToolTip()));
-  }
-};
-
-TEST_F(FormTest, Accept_EveryKind_ShowsAScreenWhatItIs) {
-  controls::CheckBox check{form, "check", "Tick"};
-  controls::DateBox day{form, "day"};
-  controls::ComboBox combo{form, "combo"};
-  controls::FlexGrid grid{form, "grid"};
-  controls::PageView pages{form, "pages"};
-  form.outer.SetSelectAllOnFocus(true);
-  form.outer.SetToolTip("hint");
-  form.brother.SetCaption("b");
-  day.SetText("1404/01/01");
-  Describing seen;
-  for (controls::Control* control : form.Controls()) control->Accept(seen);
-  EXPECT_THAT(seen.lines,
-              ElementsAre("frame: frame +", "inner: text -", "brother: label b",
-                          "outer: text + hint", "ok: button Yes", "check: check Tick",
-                          "day: 1404/01/01", "combo: combo", "grid: grid", "pages: pages"));
-  EXPECT_EQ(form.BorderStyle(), controls::Form::Border::kSizable);
 }
 
 TEST_F(FormTest, EnterAndEscape_WithoutAndWithAButtonForThem_SayWhetherTheyWereUsed) {

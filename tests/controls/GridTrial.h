@@ -44,7 +44,9 @@ inline std::size_t Size(int n) {
 inline std::vector<Cell> RowOf(const FlexGrid& grid, int row) {
   std::vector<Cell> cells;
   for (int col = 0; col < grid.Cols(); ++col) {
-    cells.push_back({std::string(grid.TextMatrix(row, col)), grid.EffectiveBackColor(row, col)});
+    const Colour colour = grid.EffectiveBackColor(row, col);
+    const bool band = colour == controls::palette::kGridBand;  // no cell is coloured so
+    cells.push_back({std::string(grid.TextMatrix(row, col)), band ? 0 : colour});
   }
   return cells;
 }
@@ -133,12 +135,10 @@ struct PlainGrid : Picture {
     });
     return 0;
   }
-  int AddItem(const std::vector<std::string>& parts, int index) {
-    if (index < 0 || index > Rows()) return 30002;
-    if (index < fixedRows) return 30001;
+  int AddItem(const std::vector<std::string>& parts) {
     std::vector<Cell> cells(Size(cols));
     for (std::size_t c = 0; c < std::min(cells.size(), parts.size()); ++c) cells[c].text = parts[c];
-    rows.insert(rows.begin() + index, cells);
+    rows.push_back(cells);
     return 0;
   }
   int RemoveItem(int n) {
@@ -205,7 +205,6 @@ class Trial {
   /// `upto` gives a number from 0 to the one that it is given.
   explicit Trial(std::function<int(int)> upto) : upto_(std::move(upto)) {
     grid_.SetBackColor(0);
-    grid_.SetBandColor(0);
     subscription_ = grid_.Subscribe([this](const controls::Change& change) {
       Require(grid_.Redraw(), "notified while drawing is off");
       Read(grid_, change, shown_);
@@ -297,15 +296,14 @@ class Trial {
           [&] { grid_.SetTextMatrix(row, col, grid_.TextMatrix(from, 0).substr(text.size() / 3)); },
           plain_.SetText(row, col, text.substr(text.size() / 3)));
       Both([&] { grid_.AddItem(grid_.TextMatrix(from, 0)); },
-           plain_.AddItem({plain_.At(from, 0).text}, plain_.Rows()));
+           plain_.AddItem({plain_.At(from, 0).text}));
     }
   }
 
   void AddItem() {
     const std::vector<std::string> parts = {RandomText(), RandomText(), RandomText()};
-    const int index = Upto(2) == 0 ? Near(plain_.Rows()) : plain_.Rows();
-    Both([&] { grid_.AddItem(parts[0] + "\t" + parts[1] + "\t" + parts[2], index); },
-         plain_.AddItem(parts, index));
+    Both([&] { grid_.AddItem(parts[0] + "\t" + parts[1] + "\t" + parts[2]); },
+         plain_.AddItem(parts));
   }
 
   void Paint() {

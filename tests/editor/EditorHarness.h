@@ -7,9 +7,8 @@
 #include <utility>
 #include <vector>
 
-#include "editor/FormMain.h"
+#include "editor/EditorState.h"
 #include "support/ScriptedPlatform.h"
-#include "support/SelectorReads.h"
 
 namespace editor {
 
@@ -19,16 +18,12 @@ using support::Exact;
 using support::Holding;
 using support::Message;
 using support::RowSetOf;
+using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 inline const Message kRefused{"خطا", "شما به انجام اين عمليات مجاز نيستيد.", 0};
 
-/// The call that asks for a right.
-inline std::string Asks(const std::string& permission) {
-  return "spZomirHasPermission(@UserID=1, @FormPermissionID=" + permission + ")";
-}
 /// The call that logs what happened to program 40.
 inline std::string Logs(const std::string& event, const std::string& whatHappened) {
   return "dbo.spZomirInsertFormAction(@EventID=" + event +
@@ -81,15 +76,6 @@ class EditorTest : public testing::Test {
   }
   /// The messages shown since they were asked for last.
   std::vector<Message> Said() { return std::exchange(outside.components.messages, {}); }
-  std::vector<std::string> EnabledControls() {
-    std::vector<std::string> names;
-    for (const controls::Control* control : support::AllControls(form)) {
-      if (FindEnabledIn(control->Name()) != nullptr && control->Enabled()) {
-        names.push_back(control->Name());
-      }
-    }
-    return names;
-  }
   std::vector<std::string> Column(int col) {
     std::vector<std::string> texts;
     for (int row = 1; row < form.flxDetail.Rows(); ++row) {
@@ -97,12 +83,10 @@ class EditorTest : public testing::Test {
     }
     return texts;
   }
-  std::vector<int> MarkedRows() {
+  std::vector<int> MarkedRows() const {
     std::vector<int> rows;
-    for (int row = 1; row < form.flxDetail.Rows(); ++row) {
-      if (form.flxDetail.EffectiveBackColor(row, 1) == controls::palette::kMark) {
-        rows.push_back(row);
-      }
+    for (int row = 0; row < form.flxDetail.Rows(); ++row) {
+      if (tools::IsMarked(form.flxDetail, row)) rows.push_back(row);
     }
     return rows;
   }

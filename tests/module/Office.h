@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,8 +17,8 @@
 #include "adapters/sqlite/Functions.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
+#include "editor/EditorState.h"
 #include "module/Module.h"
-#include "support/AllControls.h"
 #include "support/ScriptedPlatform.h"
 
 namespace module {
@@ -88,15 +89,13 @@ class Office : private platform::ConnectionFactory {
     editor::FormMain& form = Editor();
     EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault) << after;
     EXPECT_TRUE(form.flxDetail.Redraw()) << after;
-    EXPECT_EQ(form.Caption(),
-              "برنامه بازارياب " + std::string(editor::CaptionSuffix(form.CurrentMode())))
-        << after;
-    for (const controls::Control* control : support::AllControls(form)) {
-      const editor::EnabledIn* row = editor::FindEnabledIn(control->Name());
-      if (row == nullptr || control == working) continue;
-      EXPECT_EQ(control->Enabled(), row->Holds(form.CurrentMode(), form.txtCode.Text().empty()))
-          << control->Name() << " after " << after;
+    std::set<std::string> usable = editor::UsableIn(editor::StateOf(form));
+    std::set<std::string> now = editor::UsableNow(form);
+    if (working != nullptr) {
+      usable.erase(working->Name());
+      now.erase(working->Name());
     }
+    EXPECT_EQ(now, usable) << after;
   }
 
   const std::string file;

@@ -150,7 +150,7 @@ class OfficeDay : public Office {
       if (fault_.number == platform::kUserInterrupt) {
         Do(name, act);
         EXPECT_THAT(actions.back().told, testing::Each(testing::Not(testing::HasSubstr("خطا"))));
-        // As required, a frame over rows that have moved up ends in an error of the grid.
+        // A block over rows that have moved up ends in an error of the grid.
         const bool mayEnd = name == "cmdDeleteSelected" && actions.back().error == 381;
         EXPECT_TRUE(actions.back().error == 0 || mayEnd) << name << " " << actions.back().error;
       }
@@ -241,8 +241,7 @@ class OfficeDay : public Office {
   }
 
   void TypedIsKept(const std::string& typed) {
-    if (Editor().CurrentMode() == editor::Mode::kEdit ||
-        Editor().CurrentMode() == editor::Mode::kCreate) {
+    if (Editor().txtDescription.Enabled()) {
       EXPECT_EQ(Editor().txtDescription.Text(), typed) << "what was typed is lost";
     }
   }
@@ -254,7 +253,7 @@ class OfficeDay : public Office {
     Do("view after " + last, [&] { Control().View(std::stoi(id)); });
     EXPECT_THAT(actions.back().told, testing::IsEmpty());
     EXPECT_EQ(Editor().txtID.Text(), id) << last;
-    EXPECT_EQ(Editor().CurrentMode(), editor::Mode::kView) << last;
+    EXPECT_TRUE(editor::IsView(editor::StateOf(Editor()))) << last;
   }
 
   /// The bar is up: a host does not know of it, and windows are painted.

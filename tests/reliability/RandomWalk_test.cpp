@@ -245,7 +245,7 @@ class RandomWalk : public module::OfficeTest {
           << "not asked for: " << statement;
     } else {
       EXPECT_TRUE(statement.find("tblDistributionPromoterProgramDetail") != std::string_view::npos);
-      EXPECT_EQ(Editor().CurrentMode(), editor::Mode::kView) << statement;
+      EXPECT_TRUE(IsView()) << statement;
       EXPECT_EQ(StoredCode(), "") << "a final program: " << statement;
     }
   }
@@ -264,15 +264,14 @@ class RandomWalk : public module::OfficeTest {
   void CheckEditor(const controls::Control* working) {
     if (!Editor().Loaded()) return;
     ExpectInOrder(trail_.back(), working);
-    if (Editor().CurrentMode() == editor::Mode::kView && !Editor().txtID.Text().empty() &&
-        !codeIsStale_) {
+    if (IsView() && !Editor().txtID.Text().empty() && !codeIsStale_) {
       EXPECT_EQ(Editor().txtCode.Text(), StoredCode());
     }
   }
 
   /// The editor's grid beside what a plain statement finds.
   void CheckShownVisits() {
-    if (Editor().CurrentMode() != editor::Mode::kView || !Editor().Visible()) return;
+    if (!IsView() || !Editor().Visible()) return;
     if (gridIsStale_) return;
     std::vector<std::string> shown;
     for (int row = 1; row < Editor().flxDetail.Rows(); ++row) {
@@ -290,6 +289,7 @@ class RandomWalk : public module::OfficeTest {
     EXPECT_THAT(shown, testing::UnorderedElementsAreArray(stored));
   }
 
+  bool IsView() { return editor::IsView(editor::StateOf(Editor())); }
   std::string ShownId() {
     return Editor().txtID.Text().empty() ? std::string("-1") : Editor().txtID.Text();
   }
@@ -311,9 +311,8 @@ class RandomWalk : public module::OfficeTest {
         "INSERT INTO tblAccountDocumentDetail (DocumentID, RowNumber, AccountID, FormTypeID, "
         "FormID) SELECT max(ID), 1, 1, 3308, " +
         ShownId() + " FROM tblAccountDocument");
-    if (Editor().CurrentMode() != editor::Mode::kView ||
-        std::stoi(Cell("SELECT count(*) FROM tblDistributionPromoterProgramDetail")) <
-            kMostVisits) {
+    if (!IsView() || std::stoi(Cell("SELECT count(*) FROM tblDistributionPromoterProgramDetail")) <
+                         kMostVisits) {
       return;
     }
     Stored(

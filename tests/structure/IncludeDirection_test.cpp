@@ -60,8 +60,8 @@ const std::vector<Rule> kRules{
     {"demo", "text calendar platform adapters/*", true},
     // A user's day, told without a screen.
     {"apps/tour", "text screens", true},
-    // What a host's command line may say, of a connection too.
-    {"apps/connection", "", true},
+    // What a host's command line may say of a connection, and whom it tells of a user.
+    {"apps/connection", "platform host", true},
     {"apps/options", "text", true},
     // What every program says of itself.
     {"apps/version", "", true},

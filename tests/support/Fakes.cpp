@@ -5,24 +5,6 @@ namespace support {
 using platform::PropertyValue;
 using platform::RuntimeError;
 
-void FakeDesktop::LoadKeyboardLayout(std::string_view layout) {
-  Tell(beforeCall, "LoadKeyboardLayout");
-  loaded.emplace_back(layout);
-}
-
-void FakeDesktop::Start(const std::string& commandLine) {
-  Tell(beforeCall, "Start");
-  started.push_back(commandLine);
-  if (onStart) onStart();
-}
-
-std::string FakeDesktop::ShowSave(const std::string& begin, std::string_view filter) {
-  Tell(beforeCall, "ShowSave");
-  shown.emplace_back(begin, filter);
-  if (!chosen) throw RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
-  return *chosen;
-}
-
 std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
   class Application : public platform::ExcelApplication {
    public:

@@ -35,18 +35,30 @@ class FakeDesktop : public platform::Desktop {
 
   /// The layouts loaded, in order.
   std::vector<std::string> loaded;
-  void LoadKeyboardLayout(std::string_view layout) override;
+  void LoadKeyboardLayout(std::string_view layout) override {
+    Tell(beforeCall, "LoadKeyboardLayout");
+    loaded.emplace_back(layout);
+  }
 
   /// The path that the user chooses; none cancels the dialog.
   std::optional<std::string> chosen;
   /// Beginning and filter of every dialog shown.
   std::vector<std::pair<std::string, std::string>> shown;
-  std::string ShowSave(const std::string& begin, std::string_view filter) override;
+  std::string ShowSave(const std::string& begin, std::string_view filter) override {
+    Tell(beforeCall, "ShowSave");
+    shown.emplace_back(begin, filter);
+    if (chosen) return *chosen;
+    throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
+  }
 
   /// The command lines started, in order.
   std::vector<std::string> started;
   std::function<void()> onStart;
-  void Start(const std::string& commandLine) override;
+  void Start(const std::string& commandLine) override {
+    Tell(beforeCall, "Start");
+    started.push_back(commandLine);
+    if (onStart) onStart();
+  }
 };
 
 /// A spreadsheet application whose cells the test can read.

@@ -31,9 +31,10 @@ inline Statement Beginning(std::string text) {
   return
       [text = std::move(text)](std::string_view statement) { return statement.starts_with(text); };
 }
-inline Statement Holding(std::string text) {
-  return [text = std::move(text)](std::string_view statement) {
-    return statement.find(text) != std::string_view::npos;
+inline Statement Holding(std::string text, std::string too = {}) {
+  return [text = std::move(text), too = std::move(too)](std::string_view statement) {
+    return statement.find(text) != std::string_view::npos &&
+           statement.find(too) != std::string_view::npos;
   };
 }
 
