@@ -17,7 +17,7 @@
 #include "adapters/sqlite/Functions.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
-#include "editor/EditorState.h"
+#include "module/EditorState.h"
 #include "module/Module.h"
 #include "support/ScriptedPlatform.h"
 
@@ -136,6 +136,7 @@ class Office : private platform::ConnectionFactory {
                                      std::span<const platform::Parameter> parameters) {
     return database.CallProcedure(name, parameters);
   }
+  virtual void Connecting(const std::string& /*connectionString*/) {}
 
  private:
   class Line : public platform::Connection {
@@ -156,7 +157,8 @@ class Office : private platform::ConnectionFactory {
     Office& office_;
     adapters::sqlite::SqliteConnection embedded_;
   };
-  std::unique_ptr<platform::Connection> Create(const std::string& /*connectionString*/) override {
+  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override {
+    Connecting(connectionString);
     return std::make_unique<Line>(*this);
   }
   bool Busy() const override { return waiting.UnderWay(); }

@@ -156,15 +156,14 @@ class OfficeDay : public Office {
       }
       TheNextActionWorks();
     }
-    Done(name);
   }
 
   void Press(controls::Button& button) {
     Do(button.Name(), [&] { button.Click(); });
   }
 
- protected:
-  virtual void Use(controls::Form& form) {
+ private:
+  void Use(controls::Form& form) {
     if (auto* plan = dynamic_cast<batch::FormAddBatch*>(&form)) Plan(*plan);
     if (auto* search = dynamic_cast<search::FormSearch*>(&form)) Search(*search);
     if (auto* text = dynamic_cast<tools::FormSendToTextFile*>(&form)) {
@@ -177,10 +176,6 @@ class OfficeDay : public Office {
     }
     if (form.Visible()) Do("close box", [&] { form.CloseBox(); });
   }
-  /// After every action at the editor.
-  virtual void Done(const std::string& /*name*/) {}
-
- private:
   template <typename Act>
   auto Sent(const std::string& call, const Act& act) {
     actions.back().sent.push_back(call);
