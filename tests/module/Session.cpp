@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
@@ -14,8 +15,6 @@ namespace module {
 namespace {
 
 constexpr const char* kViewer = "comVoucherView.comVoucherView1";
-constexpr int kRowsTold = 5;
-constexpr std::size_t kStoredTold = 12;
 constexpr std::size_t kLongest = 200;
 
 bool IsSelect(std::string_view statement) {
@@ -72,13 +71,13 @@ void Name(const controls::Container& on, const std::string& prefix,
   }
 }
 
-auto Named(const controls::Container& form) {
-  std::vector<std::pair<std::string, controls::Control*>> named;
+}  // namespace
+
+Session::Controls Session::Named(const controls::Form& form) {
+  Controls named;
   Name(form, "", named);
   return named;
 }
-
-}  // namespace
 
 Session::Session() {
   outside.screen.otherwise = [this](controls::Form& form) { StayOn(form); };
@@ -91,6 +90,7 @@ Session::Session() {
   Control().SetOLEConnectionString("office");
   Control().SetPositionID(2);
   Control().SetEmployeeID(3);
+  LearnTheHost();
   LearnTheOffice();
   LearnTheForms();
   Follow(Editor());
@@ -204,10 +204,34 @@ void Session::StayOn(controls::Form& form) {
 
 // What can be done.
 
+void Session::LearnTheHost() {
+  host::DistPromoterProg& host = Control();
+  const auto takes = [&](const char* name, auto let) {
+    On(name, [&host, let](const std::string& value) { let(host, value); });
+  };
+  takes("user", [](auto& to, const std::string& id) { to.SetUserID(std::stoi(id)); });
+  takes("employee", [](auto& to, const std::string& id) { to.SetEmployeeID(std::stoi(id)); });
+  takes("position", [](auto& to, const std::string& id) { to.SetPositionID(std::stoi(id)); });
+  takes("connect", [](auto& to, const std::string& string) { to.SetOLEConnectionString(string); });
+  takes("open", [](auto& to, const std::string&) { to.ClearShow(); });
+  takes("view", [](auto& to, const std::string& id) { to.View(std::stoi(id)); });
+  takes("paint", [](auto& to, const std::string&) { to.Paint(); });
+  takes("init", [](auto& to, const std::string&) { to.InitProperties(); });
+  support::FakePropertyBag& bag = outside.propertyBag;
+  takes("read", [&bag](auto& to, const std::string&) { to.ReadProperties(bag); });
+  takes("write", [this, &bag](auto& to, const std::string&) {
+    bag.keys.clear();
+    to.WriteProperties(bag);
+    for (const std::string& key : bag.keys) {
+      if (!bag.stored.contains(key)) continue;
+      const auto* id = std::get_if<std::int32_t>(&bag.stored[key]);
+      Hear(key + " " + (id ? std::to_string(*id) : std::get<std::string>(bag.stored[key])));
+    }
+  });
+  On("empty", [&bag] { bag.stored.clear(); });
+}
+
 void Session::LearnTheOffice() {
-  On("open", [this] { Control().ClearShow(); });
-  On("view", [this](const std::string& id) { Control().View(std::stoi(id)); });
-  On("connect", [this](const std::string& to) { Control().SetOLEConnectionString(to); });
   On("post", [this](const std::string& ids) {
     std::vector<int> each = Numbers(ids);
     Editor().InsertDocumentObject(each[0], each[1], each[2], each[3], each[4]);
@@ -265,6 +289,7 @@ void Session::LearnTheOffice() {
 
 void Session::LearnTheForms() {
   On("close", [this] { up_.back()->CloseBox(); });
+  On("gone", [this] { up_.back()->Hide(); });
   On("resize",
      [this](const std::string& size) { up_.back()->Resize(Numbers(size)[0], Numbers(size)[1]); });
   On("lists", [this] { ReadLists(); });
@@ -274,6 +299,11 @@ void Session::LearnTheForms() {
     place << control.Left() << "," << control.Top() << " " << control.Width() << " x "
           << control.Height();
     Hear(place.str());
+  });
+  On("listen", [this](const std::string& name) {
+    auto& list = dynamic_cast<tools::comFlex&>(Find(name).Parent());
+    list.Selected = [this](std::int32_t row) { marked_ += " +" + std::to_string(row); };
+    list.UnSelected = [this](std::int32_t row) { marked_ += " -" + std::to_string(row); };
   });
   for (const bool enabled : {true, false}) {
     On(enabled ? "enable" : "disable", [this, enabled](const std::string& name) {
@@ -285,7 +315,7 @@ void Session::LearnTheForms() {
 
 controls::Control& Session::Find(const std::string& name) {
   const auto all = Named(*up_.back());
-  const auto found = std::ranges::find(all, name, &decltype(all)::value_type::first);
+  const auto found = std::ranges::find(all, name, &Controls::value_type::first);
   if (found == all.end()) throw std::invalid_argument("nobody knows what this is: " + name);
   return *found->second;
 }
@@ -360,155 +390,6 @@ void Session::ReadLists() {
     Hear(name + " has " + std::to_string(selector->List().size()) + ", the first is " +
          selector->List().at(0).name);
   }
-}
-
-// What came of it.
-
-std::vector<controls::Form*> Session::Forms() {
-  editor::FormMain& editor = Editor();
-  return {&editor, &editor.BatchForm(), &editor.SearchForm(), &editor.PrintForm(),
-          &editor.SearchForm().TextFileForm()};
-}
-
-support::Session::Shown Session::Now() {
-  if (up_.empty()) up_.push_back(&Editor());
-  looking_ = true;
-  Shown shown;
-  for (controls::Form* form : Forms()) See(shown, *form);
-  looking_ = false;
-  if (Editor().Loaded() && up_.size() == 1 && !meddled_) ExpectInOrder(sent.back().first);
-  return shown;
-}
-
-void Session::See(Shown& shown, controls::Form& form) {
-  const std::string prefix = &form == &Editor() ? "" : form.Name().substr(4) + ".";
-  if (&form == &Editor()) {
-    shown.emplace_back("caption", form.Caption());
-    const std::set<std::string> usable = editor::UsableNow(Editor());
-    std::string names;
-    for (const std::string& name : usable) names.append(names.empty() ? "" : " ").append(name);
-    shown.emplace_back("usable", names);
-  }
-  std::string off;
-  for (const auto& [name, control] : Named(form)) {
-    const std::string key = prefix + name;
-    if (auto* grid = dynamic_cast<controls::FlexGrid*>(control)) {
-      SeeGrid(shown, key, *grid);
-    } else if (auto* label = dynamic_cast<controls::Label*>(control)) {
-      shown.emplace_back(key, label->Caption());
-    } else if (auto* field = dynamic_cast<controls::TextBox*>(control)) {
-      shown.emplace_back(key, field->Text());
-    } else if (auto* date = dynamic_cast<controls::DateBox*>(control)) {
-      shown.emplace_back(key, date->Text());
-    } else if (auto* check = dynamic_cast<controls::CheckBox*>(control)) {
-      shown.emplace_back(key, check->Checked() ? "on" : "off");
-    } else if (auto* combo = dynamic_cast<controls::ComboBox*>(control)) {
-      std::string items;
-      for (int item = 0; item < combo->ListCount(); ++item) items += " | " + combo->List(item);
-      shown.emplace_back(key, std::to_string(combo->ListIndex()) + items);
-    } else if (auto* selector = dynamic_cast<controls::Selector*>(control)) {
-      shown.emplace_back(key,
-                         std::to_string(selector->SelectedID()) + " " + selector->DisplayText());
-    }
-    if (prefix != "" && control->Visible() && !control->Reachable()) off += " " + name;
-  }
-  shown.emplace_back(prefix + "off", off);
-}
-
-void Session::SeeGrid(Shown& shown, const std::string& name, controls::FlexGrid& grid) {
-  const int drawn = std::exchange(drawn_[&grid], 0);
-  if (drawn > 1) Hear(name + " drawn " + std::to_string(drawn) + " times");
-  EXPECT_TRUE(grid.Redraw()) << name;
-  std::string marked;
-  std::string holidays;
-  std::string columns;
-  for (int row = 1; row < grid.Rows(); ++row) {
-    if (tools::IsMarked(grid, row)) marked += " " + std::to_string(row);
-    if (grid.rowTextColour && grid.rowTextColour(row) == controls::palette::kHoliday) {
-      holidays += " " + std::to_string(row);
-    }
-  }
-  for (int col = 0; col < grid.Cols(); ++col) {
-    columns += " " + std::to_string(std::lround(grid.ColWidth(col)));
-    if (grid.ColAlignment(col) == controls::FlexGrid::Alignment::kCentreCentre) columns += "c";
-  }
-  shown.emplace_back(name + " columns", columns);
-  shown.emplace_back(name + " fixed",
-                     std::to_string(grid.FixedRows()) + "," + std::to_string(grid.FixedCols()));
-  shown.emplace_back(name + " ground", std::to_string(grid.BackColor()));
-  shown.emplace_back(name + " block",
-                     grid.GetHighLight() == controls::FlexGrid::HighLight::kNever ? "hidden" : "");
-  shown.emplace_back(name + " empty", grid.EmptyText());
-  shown.emplace_back(name + " rows", std::to_string(grid.Rows() - 1));
-  for (int row = 0; row < std::min(kRowsTold + 1, grid.Rows()); ++row) {
-    std::string cells;
-    for (int col = 0; col < grid.Cols(); ++col)
-      cells.append(col ? "|" : "").append(grid.TextMatrix(row, col));
-    shown.emplace_back(name + " " + std::to_string(row), cells);
-  }
-  shown.emplace_back(name + " marked", marked);
-  shown.emplace_back(name + " holidays", holidays);
-}
-
-void Session::HearMore() {
-  int hourglasses = 0;
-  for (const std::string& event : std::exchange(outside.events, {})) {
-    if (event == "pointer 11") ++hourglasses;
-    if (!event.starts_with("pointer ")) Hear(event);
-  }
-  if (hourglasses > 0) Hear("hourglass " + std::to_string(hourglasses));
-  EXPECT_EQ(outside.screen.pointer, controls::MousePointer::kDefault);
-  HearOfDesktop();
-  for (const std::string& each : std::exchange(viewerTold_, {})) Hear("viewer " + each);
-  for (const std::string& each : outside.reports.log) Hear("report: " + each);
-  std::map<int, std::string> cells;
-  for (const auto& [at, text] : outside.excel.written) cells[at.first] += "|" + text;
-  for (const auto& [row, texts] : cells) Hear("workbook " + std::to_string(row) + texts);
-  if (!cells.empty()) {
-    Hear(std::string("workbook ") + (outside.excel.visible ? "shown" : "hidden") +
-         (outside.excel.finished > 0 ? ", finished" : ""));
-  }
-  outside.excel.finished = 0;
-  outside.excel.visible = false;
-  for (const auto& [what, total] : outside.progress.begun) {
-    Hear("progress: " + what + " " + testing::PrintToString(outside.progress.advanced) + " of " +
-         std::to_string(total) + (outside.progress.UnderWay() ? "" : ", ended"));
-  }
-  outside.Forget();
-  if (std::exchange(wrote_, false)) HearOfRows();
-}
-
-void Session::HearOfDesktop() {
-  for (const std::string& each : outside.desktop.loaded) Hear("keyboard " + each);
-  for (const auto& [begin, filter] : outside.desktop.shown) {
-    Hear("asks for a file: " + begin + " | " + filter);
-  }
-  for (const std::string& each : outside.components.created) {
-    if (each != "comNotice.comNTC") Hear("creates " + each);
-  }
-  for (const std::string& each : outside.desktop.started) Hear("starts " + each);
-  for (const auto& [path, text] : outside.fileSystem.files) {
-    if (files_.contains(path) && files_[path] == text) continue;
-    Hear("file " + path + " in " + std::to_string(writes_) + " writes: " + text);
-  }
-  writes_ = 0;
-  files_ = outside.fileSystem.files;
-}
-
-void Session::HearOfRows() {
-  const std::vector<std::string> before = std::exchange(rows_, AllRows());
-  const auto tell = [this](const char* sign, const auto& in, const auto& notIn) {
-    std::vector<std::string> differing;
-    std::ranges::set_difference(in, notIn, std::back_inserter(differing));
-    for (std::size_t row = 0; row < differing.size() && row < kStoredTold; ++row) {
-      Hear(sign + differing[row]);
-    }
-    if (differing.size() > kStoredTold) {
-      Hear(std::string(sign) + std::to_string(differing.size()) + " in all");
-    }
-  };
-  tell("- ", before, rows_);
-  tell("+ ", rows_, before);
 }
 
 }  // namespace module

@@ -20,15 +20,17 @@ namespace module {
 ///                        an index, and nothing empties it
 ///   GRID HOW NUMBERS     press ROW COL, double ROW COL, block ROW COL ROW COL, drag COL WIDTH,
 ///                        width COL WIDTH, selected ROW, undo, redo, colours
-///   close                the close box
+///   close, gone          the close box; the window is taken away
 ///   resize WIDTH HEIGHT
 ///   place CONTROL        where it is
 ///   lists                opens every list
+///   listen GRID          to the marks of a selectable one
 ///   enable, disable CONTROL
 ///
 /// and around the form:
 ///
-///   open, view PROGRAM, connect STRING   what the host asks for and lets
+///   open, view PROGRAM, paint            what the host asks for
+///   user, employee, position ID, connect STRING, init, write, read, empty    lets and keeps
 ///   post IDS, account GROUP              what other modules ask for
 ///   answer yes no closed                 the questions that will come
 ///   asked STEP, started STEP             while the next question is up; when a program is started
@@ -55,9 +57,13 @@ class Session : public support::Session, public Office {
                              std::span<const platform::Parameter> parameters) override;
   void Connecting(const std::string& connectionString) override;
   void FailInTurn(bool reads);
+  /// Those of a selectable list stand behind its name, which by itself is its rows.
+  using Controls = std::vector<std::pair<std::string, controls::Control*>>;
+  static Controls Named(const controls::Form& form);
   support::BeforeCall Watch();
   controls::Control& Find(const std::string& name);
 
+  void LearnTheHost();
   void LearnTheOffice();
   void LearnTheForms();
   void DoOther(const std::string& what, const std::string& rest) override;
@@ -88,6 +94,7 @@ class Session : public support::Session, public Office {
   std::vector<std::string> rows_ = AllRows();
   std::map<const controls::FlexGrid*, controls::Subscription> drawing_;
   std::map<const controls::FlexGrid*, int> drawn_;
+  std::string marked_;    // and unmarked, of what is listened to
   bool looking_ = false;  // what a look at the forms reads is not told
   bool wrote_ = false;
   bool meddled_ = false;  // what is enabled is not what the mode says

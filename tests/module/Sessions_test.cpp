@@ -14,7 +14,7 @@ TEST_P(Sessions, Replayed_AreToldAsApproved) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Planners, Sessions,
-                         testing::Values("opening", "header", "visits", "life", "document",
+                         testing::Values("host", "opening", "header", "visits", "life", "document",
                                          "printing", "batch", "lists", "search", "export"),
                          [](const auto& session) { return std::string(session.param); });
 
