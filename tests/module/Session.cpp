@@ -98,6 +98,7 @@ Session::Session() {
 
 Session::~Session() {
   EXPECT_TRUE(answers_.empty()) << "questions were expected and not asked";
+  EXPECT_TRUE(failures_.empty()) << "more calls were expected";
 }
 
 void Session::Replay(const std::string& name) {
@@ -158,7 +159,8 @@ std::int32_t Session::CallProcedure(platform::Connection& database, std::string_
 }
 
 void Session::Connecting(const std::string& connectionString) {
-  if (!looking_) outside.events.push_back("connects " + connectionString);
+  const std::string told = "connects " + connectionString;
+  looking_ ? Hear(told + " for what is shown") : outside.events.push_back(told);
 }
 
 void Session::AddViewer() {
