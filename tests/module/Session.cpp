@@ -8,6 +8,7 @@
 
 #include "controls/DateBox.h"
 #include "platform/RunningStatement.h"
+#include "screens/TabOrder.h"
 #include "tools/RowMarks.h"
 
 namespace module {
@@ -294,6 +295,13 @@ void Session::LearnTheForms() {
   On("gone", [this] { up_.back()->Hide(); });
   On("resize",
      [this](const std::string& size) { up_.back()->Resize(Numbers(size)[0], Numbers(size)[1]); });
+  On("tabs", [this] {
+    std::string names;
+    for (const controls::Control* control : screens::TabSequence(*up_.back())) {
+      names += control->Name() + " ";
+    }
+    Hear(names);
+  });
   On("lists", [this] { ReadLists(); });
   On("place", [this](const std::string& name) {
     const controls::Control& control = Find(name);

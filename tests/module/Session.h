@@ -23,7 +23,7 @@ namespace module {
 ///   close, gone          the close box; the window is taken away
 ///   resize WIDTH HEIGHT
 ///   place CONTROL        where it is
-///   lists                opens every list
+///   lists, tabs          opens every list; goes through by the tab key
 ///   listen GRID          to the marks of a selectable one
 ///   enable, disable CONTROL
 ///

@@ -4,7 +4,6 @@
 #include <list>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,10 +25,6 @@ platform::RowSet RowSetOf(const std::vector<std::string>& columns,
 using Statement = std::function<bool(std::string_view)>;
 inline Statement Exact(std::string text) {
   return [text = std::move(text)](std::string_view statement) { return statement == text; };
-}
-inline Statement Beginning(std::string text) {
-  return
-      [text = std::move(text)](std::string_view statement) { return statement.starts_with(text); };
 }
 inline Statement Holding(std::string text, std::string too = {}) {
   return [text = std::move(text), too = std::move(too)](std::string_view statement) {
@@ -74,12 +69,8 @@ class ScriptedDatabase : public platform::ConnectionFactory {
 
   /// Scripts a reply: When(Holding("getdate()")).Gives(RowSetOf({"today"}, {{"2025-03-21"}})).
   Reply& When(Statement statement);
-  /// The columns that a SELECT without a script returns.
-  void SetDefaultColumns(std::vector<std::string> columns) { defaultColumns_ = std::move(columns); }
   /// The n-th call from now on (statement or procedure, 1 is the next) fails.
   void FailAtCall(std::size_t n, platform::RuntimeError error);
-  /// The user does not hold this permission.
-  void Refuse(std::int32_t formPermissionId) { refused_.insert(formPermissionId); }
 
   /// All that was asked, in order, and the texts of it.
   const std::vector<Call>& Calls() const { return calls_; }
@@ -98,8 +89,6 @@ class ScriptedDatabase : public platform::ConnectionFactory {
 
   Events& events_;
   std::list<std::pair<Statement, Reply>> script_;
-  std::vector<std::string> defaultColumns_{"ID"};
-  std::set<std::int32_t> refused_;
   std::optional<platform::RuntimeError> failOnce_;
   std::size_t callsUntilFailure_ = 0;
   std::vector<Call> calls_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/RuntimeError.h"
 #include "support/Approved.h"
 
 namespace support {
@@ -63,8 +62,13 @@ void Session::Do(const std::string& line) {
     command != commands_.end() ? command->second(rest) : DoOther(what, rest);
   } catch (const platform::RuntimeError& error) {
     HearMore();
-    Hear("error " + std::to_string(error.Number()) + " " + error.Description());
+    HearError(error);
   }
+}
+
+void Session::HearError(const platform::RuntimeError& error) {
+  const std::string source = error.Source().empty() ? "" : " (" + error.Source() + ")";
+  Hear("error " + std::to_string(error.Number()) + " " + error.Description() + source);
 }
 
 void Session::DoOther(const std::string& what, const std::string& /*rest*/) {

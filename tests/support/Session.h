@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/RuntimeError.h"
+
 namespace support {
 
 /// Something that is worked with, as an approved file tells it: a line that begins with ">" is what
@@ -25,7 +27,7 @@ class Session {
   /// One thing that is done; a RuntimeError of it is heard.
   virtual void Do(const std::string& line);
   /// What happens elsewhere because of it.
-  void Hear(const std::string& what) { heard_.push_back(what); }
+  virtual void Hear(const std::string& what) { heard_.push_back(what); }
 
   /// Names something that is done, with or without what stands behind it.
   void On(const std::string& name, std::function<void()> command) {
@@ -36,6 +38,7 @@ class Session {
  protected:
   /// A word and its text each.
   using Shown = std::vector<std::pair<std::string, std::string>>;
+  virtual void HearError(const platform::RuntimeError& error);
   /// Hears of what was noted elsewhere.
   virtual void HearMore() {}
   /// What there is to see.
