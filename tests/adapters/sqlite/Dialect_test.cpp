@@ -4,6 +4,7 @@
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Like.h"
 #include "adapters/sqlite/Office.h"
+#include "support/Answers.h"
 #include "support/Tables.h"
 
 namespace adapters::sqlite {

@@ -18,7 +18,7 @@ using support::Lines;
 /// A small office in a file: what office.sql makes.
 class Office {
  public:
-  Office() { 
+  Office() {
     const std::string schema = support::Content("tests/adapters/sqlite/office.sql");
     EXPECT_EQ(demo::PlainDatabase(file).Text(schema), "wal;");
   }
