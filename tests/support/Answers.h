@@ -1,5 +1,8 @@
 #pragma once
 
+#include <utility>
+#include <vector>
+
 #include "platform/Connection.h"
 #include "support/Approved.h"
 #include "support/ErrorNumber.h"
@@ -10,11 +13,13 @@ namespace support {
 
 /// A file of statements, sent to a database one after the other, and what it answers: behind "=>"
 /// the names of the columns, and the rows below; how many rows were affected; or an error. A line
-/// of the reader's begins with "--".
-inline void ExpectAnswers(const std::string& file, platform::Connection& connection,
-                          const std::function<std::string(std::string)>& readable) {
+/// of the reader's begins with "--". Gives the statements.
+inline std::vector<std::string> ExpectAnswers(
+    const std::string& file, platform::Connection& connection,
+    const std::function<std::string(std::string)>& readable) {
   std::istringstream approved(Content(file));
   std::string came;
+  std::vector<std::string> sent;
   std::string statement;
   for (std::string line; std::getline(approved, line);) {
     if (line.starts_with("   ")) continue;
@@ -39,9 +44,10 @@ inline void ExpectAnswers(const std::string& file, platform::Connection& connect
     }
     came += (answer.empty() || answer[0] == '\n' ? "=>" : "=> ") +
             text::Replace(answer, "\n", "\n   ") + "\n";
-    statement.clear();
+    sent.push_back(std::exchange(statement, {}));
   }
   ExpectApproved(file, came);
+  return sent;
 }
 
 }  // namespace support
