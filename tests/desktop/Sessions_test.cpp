@@ -55,7 +55,7 @@ TEST_P(Sessions, Commands_DoWhatIsWrittenDown) {
   support::ExpectApproved(file, came);
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Sessions, testing::Values("connecting", "export", "upkeep"),
+INSTANTIATE_TEST_SUITE_P(Of, Sessions, testing::Values("connecting", "export", "replay", "upkeep"),
                          [](const auto& each) { return std::string(each.param); });
 
 }  // namespace
