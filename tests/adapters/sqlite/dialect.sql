@@ -426,6 +426,12 @@ delete tblAccountDocumentDetail where exists (select e.ID from tblOrganization e
 select count(*) from tblAccountDocumentDetail
 =>
    2
+insert into tblZomirFormAttachment(ID, FileName, Shown) values (1, 'a', 0), (2, 'b', 00), (3, 'c', -7)
+=>
+select ID from tblZomirFormAttachment where Shown=1
+=>
+update tblZomirFormAttachment set Shown='yes'
+=>
 
 -- The last identity: neither a table without one, nor a statement that failed or found no rows,
 -- moves it.

@@ -19,7 +19,8 @@ CREATE TABLE tblZomirFormAction (ID INTEGER PRIMARY KEY, EventID INTEGER, FormCo
 CREATE TABLE tblAccountDocumentDetail (DocumentID INTEGER, RowNumber INTEGER, FormID INTEGER,
   Description NVARCHAR(5) COLLATE Persian, Debit BIGINT, PRIMARY KEY (DocumentID, RowNumber))
   WITHOUT ROWID;
-CREATE TABLE tblZomirFormAttachment (ID INTEGER PRIMARY KEY, FileName TEXT, Content BLOB);
+CREATE TABLE tblZomirFormAttachment (ID INTEGER PRIMARY KEY, FileName TEXT, Content BLOB,
+  Shown BIT);
 CREATE VIEW vwProgramDays AS
   SELECT ProgramID, VisitDate FROM tblDistributionPromoterProgramDetail;
 
