@@ -427,11 +427,12 @@ select count(*) from tblAccountDocumentDetail
 =>
    2
 insert into tblZomirFormAttachment(ID, FileName, Shown) values (1, 'a', 0), (2, 'b', 00), (3, 'c', -7)
-=>
+=> 3 affected
 select ID from tblZomirFormAttachment where Shown=1
-=>
+=> ID
+   3
 update tblZomirFormAttachment set Shown='yes'
-=>
+=> 102 Incorrect syntax near 'yes'. (the embedded database does not take this: nvarchar does not become bit)
 
 -- The last identity: neither a table without one, nor a statement that failed or found no rows,
 -- moves it.
