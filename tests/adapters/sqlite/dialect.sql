@@ -193,6 +193,8 @@ select @x
 => 137 Must declare the scalar variable "@x".
 select ID from tblEmployee where ID
 => 4145 An expression of non-boolean type specified in a context where a condition is expected, near ''.
+select ID from tblEmployee e again
+=> 102 Incorrect syntax near 'again'.
 select ID from tblEmployee where ID=7=7
 => 102 Incorrect syntax near '='.
 select case when 1=1 then 1 end
@@ -313,6 +315,11 @@ select convert(int,'3000000000')
 => 248 The conversion of the varchar value '3000000000' overflowed an int column.
 select convert(varchar(0),'a')
 => 1001 Length or precision 0 is invalid.
+select convert(varchar(8000),'a'), convert(nvarchar(4000),'b')
+=> |
+   a|b
+select convert(nvarchar(4001),'a')
+=> 131 The size (4001) given to the type 'nvarchar' exceeds the maximum allowed for any data type.
 select convert(varchar(9000),'a')
 => 131 The size (9000) given to the type 'varchar' exceeds the maximum allowed for any data type.
 select convert(int,CreateDate) from tblDistributionPromoterProgram
