@@ -53,10 +53,7 @@ TEST(Dialect, TooMuchAtOnce_isRefusedWithWords) {
 
   // The time of a statement is over, not the connection.
   SqliteConnection hasty(office.ConnectionString(), kBusyTimeout, std::chrono::milliseconds(50));
-  std::string ids = "1";
-  for (int i = 0; i < 3000; ++i) ids += ",1";
-  const std::string list = "dbo.fnZomirStringToTable('" + ids + "') ";
-  const std::string crossed = "select count(*) from " + list + "a, " + list + "b, " + list + "c";
+  const std::string crossed = "select count(*) from " + Crossed(3000);
   const platform::RuntimeError late = support::FailureOf([&] { hasty.Execute(crossed); });
   EXPECT_EQ(late.Number(), kTimeLimitReached);
   EXPECT_THAT(late.Description(), HasSubstr("در زمان مقرر پاسخ نداد"));

@@ -15,6 +15,19 @@ namespace adapters::sqlite {
 
 using support::Lines;
 
+/// "from,from+1,..."
+inline std::string Numbers(int from, int count) {
+  std::string list = std::to_string(from);
+  while (--count > 0) list += "," + std::to_string(++from);
+  return list;
+}
+
+/// The rows of so many numbers, each with each.
+inline std::string Crossed(int count) {
+  const std::string list = "dbo.fnZomirStringToTable('" + Numbers(1, count) + "') ";
+  return list + "a, " + list + "b";
+}
+
 /// A small office in a file: what office.sql makes.
 class Office {
  public:

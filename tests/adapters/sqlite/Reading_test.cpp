@@ -43,10 +43,7 @@ class ReadingTest : public testing::Test {
 };
 
 TEST_F(ReadingTest, Rows_ComeAsTheyAreWanted) {
-  std::string ids = "1";
-  for (int id = 2; id <= 2000; ++id) ids += "," + std::to_string(id);
-  reader = connection.Open("select a.ID, b.ID from dbo.fnZomirStringToTable('" + ids +
-                           "') a, dbo.fnZomirStringToTable('" + ids + "') b");
+  reader = connection.Open("select a.ID, b.ID from " + Crossed(2000));
   progress.Forget();
   EXPECT_TRUE(reader->Read(rows, 10));
   EXPECT_EQ(rows.RowCount(), 10U);
