@@ -54,25 +54,20 @@ template class ClickPane<controls::CheckBox>;
 void ButtonPane::Paint(Surface& surface, const Rect& dirty) const {
   surface.Fill(dirty, Ground());
   if (Shown() == nullptr) return;
-  TextStyle style{.colour = palette::kText, .side = Side::kCentre};
   controls::Colour ground = palette::kButton;
-  controls::Colour line = palette::kBorder;
+  controls::Colour line = Border();
   if (!Host().Enabled()) {
-    // No more than its caption and a faint line.
-    ground = Ground();
-    line = palette::kLine;
-    style.colour = palette::kMutedText;
+    ground = Ground();  // no more than its caption and a faint line
   } else if (Pressed()) {
     ground = palette::kLine;
   } else if (Hovered()) {
     ground = palette::kAccentGround;
     line = palette::kAccent;
   }
-  if (Focused()) line = palette::kAccent;
   surface.RoundBox(Area(), Design(4), ground, line, Focused() ? Design(2) : 1);
   const int margin = Design(3);
   PaintCaption(surface, Shown()->Caption(), {margin, 0, Area().right - margin, Area().bottom},
-               style);
+               {Ink(), Side::kCentre});
 }
 
 Accessible ButtonPane::Describe() const {
@@ -89,9 +84,7 @@ void CheckPane::Paint(Surface& surface, const Rect& dirty) const {
   const int side = Design(14);
   const int top = (Area().bottom - side) / 2;
   const Rect box{Area().right - side, top, Area().right, top + side};
-  controls::Colour line = enabled ? palette::kBorder : palette::kLine;
-  if (Focused()) line = palette::kAccent;
-  surface.RoundBox(box, Design(3), enabled ? palette::kField : palette::kFrame, line,
+  surface.RoundBox(box, Design(3), enabled ? palette::kField : palette::kFrame, Border(),
                    Focused() ? Design(2) : 1);
   if (Shown()->Checked()) {
     const double unit = side / 14.0;
@@ -101,9 +94,8 @@ void CheckPane::Paint(Surface& surface, const Rect& dirty) const {
     surface.Stroke({at(3.2, 7.2), at(6, 10), at(10.8, 4.2)}, 1.8 * unit,
                    enabled ? palette::kAccent : palette::kMutedText);
   }
-  TextStyle style{.colour = enabled ? palette::kText : palette::kMutedText};
-  if (Focused()) style.colour = palette::kAccent;
-  PaintCaption(surface, Shown()->Caption(), {0, 0, box.left - Design(6), Area().bottom}, style);
+  PaintCaption(surface, Shown()->Caption(), {0, 0, box.left - Design(6), Area().bottom},
+               {Focused() ? palette::kAccent : Ink()});
 }
 
 Accessible CheckPane::Describe() const {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "screens/Palette.h"
 #include "text/Fold.h"
 
 namespace screens {
@@ -10,14 +9,12 @@ namespace screens {
 using controls::Aspect;
 
 ComboPane::ComboPane(controls::ComboBox& box, PaneHost& host)
-    : FieldPane(box, host, Sign::kArrow),
-      box_(&box),
+    : PaneOfKind(box, host, Sign::kArrow, Holds::kPaintedText),
       drop_(host, *this, [this] { Choose(drop_.Current()); }) {}
 
 void ComboPane::Detach() {
   drop_.Close();
-  FieldPane::Detach();
-  box_ = nullptr;
+  PaneOfKind::Detach();
 }
 
 void ComboPane::Changed(const controls::Change& change) {
@@ -27,29 +24,25 @@ void ComboPane::Changed(const controls::Change& change) {
 }
 
 std::string ComboPane::Text() const {
-  return box_ == nullptr || box_->ListIndex() < 0 ? std::string() : box_->List(box_->ListIndex());
+  return Shown() == nullptr || Shown()->ListIndex() < 0 ? std::string()
+                                                        : Shown()->List(Shown()->ListIndex());
 }
 
 void ComboPane::PaintInside(Surface& surface, const Rect& room) const {
-  surface.Text(Text(), room, {.colour = Host().Enabled() ? palette::kText : palette::kMutedText});
+  surface.Text(Text(), room, {.colour = Ink()});
 }
 
 void ComboPane::Choose(int index) {
   drop_.Close();
-  if (index >= 0 && index < Count()) box_->SetListIndex(index);
+  if (index >= 0 && index < Count()) Shown()->SetListIndex(index);
 }
 
 void ComboPane::Toggle() {
   if (drop_.Open()) {
     drop_.Close();
-  } else if (box_ != nullptr && Host().Enabled()) {
-    drop_.Show(box_->ListIndex(), Area().Width());
+  } else if (Shown() != nullptr && Host().Enabled()) {
+    drop_.Show(Shown()->ListIndex(), Area().Width());
   }
-}
-
-void ComboPane::PressInside() {
-  Host().TakeFocus();
-  Toggle();
 }
 
 void ComboPane::Wheel(const WheelEvent& event) {
@@ -57,11 +50,11 @@ void ComboPane::Wheel(const WheelEvent& event) {
 }
 
 bool ComboPane::PressKey(const KeyEvent& event) {
-  if (box_ == nullptr || !Host().Enabled()) return false;
+  if (Shown() == nullptr || !Host().Enabled()) return false;
   if (drop_.Open()) return PressKeyInList(event) || FieldPane::PressKey(event);
   if (FieldPane::PressKey(event)) return true;
   if (event.modifiers.alt || event.modifiers.control) return false;
-  const int now = box_->ListIndex();
+  const int now = Shown()->ListIndex();
   switch (event.key) {
     case Key::kDown:
       Choose(std::min(now + 1, Count() - 1));
@@ -106,8 +99,8 @@ bool ComboPane::PressKeyInList(const KeyEvent& event) {
 bool ComboPane::ChooseByLetter(const std::string& letter) {
   const std::string sought = text::FoldForLookup(letter);
   for (int step = 1; step <= Count(); ++step) {
-    const int index = (std::max(box_->ListIndex(), -1) + step) % Count();
-    if (!text::FoldForLookup(box_->List(index)).starts_with(sought)) continue;
+    const int index = (std::max(Shown()->ListIndex(), -1) + step) % Count();
+    if (!text::FoldForLookup(Shown()->List(index)).starts_with(sought)) continue;
     Choose(index);
     break;
   }
@@ -120,16 +113,7 @@ void ComboPane::FocusChanged(bool focused) {
 }
 
 Accessible ComboPane::Describe() const {
-  Accessible described = Described(Role::kComboBox);
-  described.focusable = described.expandable = true;
-  described.expanded = drop_.Open();
-  described.action = described.expanded ? "بستن" : "باز كردن";
-  described.value = Text();
-  return described;
-}
-
-void ComboPane::Act(int /*part*/) {
-  PressInside();
+  return DescribedOpener(drop_.Open(), Text());
 }
 
 }  // namespace screens

@@ -11,7 +11,7 @@ namespace screens {
 /// A choice from a list that drops down. Up, down, Home, End and the first letters of an item
 /// choose while it is closed; in the open list they only move, until Enter, Tab or a click chooses
 /// and Esc gives up.
-class ComboPane : public FieldPane, private ListRows {
+class ComboPane : public PaneOfKind<controls::ComboBox, FieldPane>, private ListRows {
  public:
   ComboPane(controls::ComboBox& box, PaneHost& host);
 
@@ -22,24 +22,20 @@ class ComboPane : public FieldPane, private ListRows {
   void FocusChanged(bool focused) override;
   void PopupLeft() override { drop_.Close(); }
   Accessible Describe() const override;
-  void Act(int part) override;
-
-  const DropDown& Drop() const { return drop_; }
 
  protected:
   void Toggle() override;
-  void PressInside() override;
+  void PressInside() override { Act(-1); }
   void PaintInside(Surface& surface, const Rect& room) const override;
 
  private:
-  int Count() const override { return box_ == nullptr ? 0 : box_->ListCount(); }
-  ListRow At(int row) const override { return {box_->List(row), {}}; }
+  int Count() const override { return Shown() == nullptr ? 0 : Shown()->ListCount(); }
+  ListRow At(int row) const override { return {Shown()->List(row), {}}; }
   std::string Text() const;
   void Choose(int index);
   bool PressKeyInList(const KeyEvent& event);
   bool ChooseByLetter(const std::string& letter);
 
-  controls::ComboBox* box_;
   DropDown drop_;
 };
 

@@ -25,18 +25,13 @@ controls::Colour GroundOf(const controls::Control& control) {
 }
 
 void ControlPane::Changed(const controls::Change& change) {
-  if (change.aspect == controls::Aspect::kText) host_.Announce(Tidings::kValue, -1);
-  RepaintAll();
-}
-
-void ControlPane::Resized(Size size) {
-  size_ = size;
+  if (change.aspect == controls::Aspect::kText) Host().Announce(Tidings::kValue, -1);
   RepaintAll();
 }
 
 void ControlPane::FocusChanged(bool focused) {
   focused_ = focused;
-  if (focused) host_.Announce(Tidings::kFocus, -1);
+  if (focused) Host().Announce(Tidings::kFocus, -1);
   RepaintAll();
 }
 
@@ -49,21 +44,30 @@ void ControlPane::PaintCaption(Surface& surface, std::string_view caption, const
   surface.Text(caption, box, style);
   if (control_ == nullptr) return;
   const auto letter = AccessKeySpan(caption, control_->AccessKey());
-  const int width = host_.TextWidth(caption, style.weight);
+  const int width = TextWidth(caption, style.weight);
   if (!letter || width > box.Width()) return;
   // As wide as the letters are where they are joined to the next one.
   const auto widthTo = [&](std::size_t end) {
     std::string part(caption.substr(0, end));
     if (end < caption.size()) part += kZeroWidthJoiner;
-    return host_.TextWidth(part, style.weight);
+    return TextWidth(part, style.weight);
   };
   const int before = letter->first == 0 ? 0 : widthTo(letter->first);
   const int after = widthTo(letter->first + letter->second);
   const int right = style.side == Side::kCentre ? (box.left + box.right + width) / 2 : box.right;
   // Below the dots of letters.
-  const int below = box.Middle().y + host_.LineHeight() / 2;
+  const int below = box.Middle().y + Host().LineHeight() / 2;
   surface.Fill({right - after, below, right - before, below + std::max(1, Design(1))},
                style.colour);
+}
+
+controls::Colour ControlPane::Ink() const {
+  return Host().Enabled() ? palette::kText : palette::kMutedText;
+}
+
+controls::Colour ControlPane::Border() const {
+  if (focused_) return palette::kAccent;
+  return Host().Enabled() ? palette::kBorder : palette::kLine;
 }
 
 Accessible ControlPane::Described(Role role) const {
@@ -72,7 +76,7 @@ Accessible ControlPane::Described(Role role) const {
   described.name = AccessibleName(*control_);
   described.description = AccessibleDescription(*control_);
   described.keys = AccessKeyText(*control_);
-  described.enabled = host_.Enabled();
+  described.enabled = Host().Enabled();
   described.focused = focused_;
   return described;
 }

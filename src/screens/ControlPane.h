@@ -3,34 +3,31 @@
 #include <string_view>
 
 #include "controls/Controls.h"
-#include "screens/Pane.h"
+#include "screens/SizedPane.h"
 
 namespace screens {
 
 /// The colour around a control: that of its form or of the frame that it stands in.
 controls::Colour GroundOf(const controls::Control& control);
 
-/// What the panes of all controls but the grid have in common: each does for itself what is not
-/// done here.
-class ControlPane : public Pane {
+/// What the panes of all controls but the grid have in common.
+class ControlPane : public SizedPane {
  public:
   void Detach() override { control_ = nullptr; }
   void Changed(const controls::Change& change) override;
-  void Resized(Size size) override;
   void FocusChanged(bool focused) override;
   /// What the form says of the control.
   Tip TipAt(Point place) const override;
 
  protected:
   ControlPane(controls::Control& control, PaneHost& host)
-      : host_(host), control_(&control), ground_(GroundOf(control)) {}
+      : SizedPane(host), control_(&control), ground_(GroundOf(control)) {}
 
-  PaneHost& Host() const { return host_; }
-  Rect Area() const { return {0, 0, size_.width, size_.height}; }
-  int Design(double pixels) const { return host_.GetScale().Design(pixels); }
   controls::Colour Ground() const { return ground_; }
   bool Focused() const { return focused_; }
-  void RepaintAll() { host_.Repaint(Area()); }
+  /// Of texts, and of the line around what takes the keyboard.
+  controls::Colour Ink() const;
+  controls::Colour Border() const;
   /// A caption in the middle between top and bottom, the letter of its access key underlined.
   void PaintCaption(Surface& surface, std::string_view caption, const Rect& box,
                     const TextStyle& style) const;
@@ -38,24 +35,24 @@ class ControlPane : public Pane {
   Accessible Described(Role role) const;
 
  private:
-  PaneHost& host_;
   controls::Control* control_;  // null once detached
   controls::Colour ground_;
-  Size size_;
   bool focused_ = false;
 };
 
 /// The pane of a kind of control.
-template <typename Model>
-class PaneOfKind : public ControlPane {
+template <typename Model, typename Base = ControlPane>
+class PaneOfKind : public Base {
  public:
   void Detach() override {
-    ControlPane::Detach();
+    Base::Detach();
     model_ = nullptr;
   }
 
  protected:
-  PaneOfKind(Model& model, PaneHost& host) : ControlPane(model, host), model_(&model) {}
+  template <typename... More>
+  PaneOfKind(Model& model, PaneHost& host, More... more)
+      : Base(model, host, more...), model_(&model) {}
   /// Null once detached, which any call of a handler may do.
   Model* Shown() const { return model_; }
 

@@ -1,6 +1,8 @@
 #include "screens/DatePane.h"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 
 namespace screens {
 
@@ -9,20 +11,17 @@ using controls::Aspect;
 using controls::DateBox;
 
 DatePane::DatePane(DateBox& box, PaneHost& host)
-    : FieldPane(box, host, Sign::kCalendar), box_(&box) {
-  host.Field();
-}
+    : PaneOfKind(box, host, Sign::kCalendar, Holds::kField) {}
 
 void DatePane::Detach() {
-  FieldPane::Detach();
-  box_ = nullptr;
+  PaneOfKind::Detach();
   edited_ = false;
   ClosePage();
 }
 
 void DatePane::Changed(const controls::Change& change) {
   FieldPane::Changed(change);
-  if (box_ == nullptr) return;
+  if (Shown() == nullptr) return;
   if (change.aspect == Aspect::kText) ShowDate();
   if (change.aspect == Aspect::kEnabled && !Host().Enabled()) {
     ClosePage();
@@ -30,15 +29,10 @@ void DatePane::Changed(const controls::Change& change) {
   }
 }
 
-void DatePane::Resized(Size size) {
-  FieldPane::Resized(size);
-  Host().Field().Move(Inside());
-}
-
 void DatePane::ShowDate() {
   edited_ = false;
   SetRefused(false);
-  if (box_ != nullptr) Host().Field().SetText(box_->Text());
+  if (Shown() != nullptr) Host().Field().SetText(Shown()->Text());
 }
 
 void DatePane::Edited() {
@@ -59,30 +53,31 @@ void DatePane::MakePage() {
     page_ = page.get();
     return page;
   });
-  page_->onClose = [this] { ClosePage(); };
-  page_->onPicked = [this](const SolarHijriDate& day) {
+  page_->Browser().onClose = [this] { ClosePage(); };
+  page_->Browser().onPicked = [this](const SolarHijriDate& day) {
     edited_ = false;
-    if (box_ == nullptr) return;
+    if (Shown() == nullptr) return;
     // As if typed: the model decides whether it may change.
-    box_->EnterTyped(day.Text());
+    Shown()->EnterTyped(day.Text());
     ShowDate();
   };
 }
 
 void DatePane::Toggle() {
   if (PageOpen()) return ClosePage();
-  if (box_ == nullptr || !Host().Enabled() || !Commit(Typing::kLeft) || box_ == nullptr) return;
+  if (Shown() == nullptr || !Host().Enabled() || !Commit(Typing::kLeft) || Shown() == nullptr)
+    return;
   if (!popup_) MakePage();
   popup_->Show(page_->Wanted());
   // Once it is there, so that its day is told.
-  page_->Open(box_->Date(), SolarHijriDate::FromDays(Host().Today()));
+  page_->Browser().Open(Shown()->Date(), SolarHijriDate::FromDays(Host().Today()));
   Host().Announce(Tidings::kOpened, -1);
 }
 
 bool DatePane::Commit(Typing how) {
-  if (box_ == nullptr || (!edited_ && how == Typing::kLeft)) return true;
-  const std::string refusal = box_->EnterTyped(Host().Field().Text(), how);
-  if (box_ == nullptr) return true;
+  if (Shown() == nullptr || (!edited_ && how == Typing::kLeft)) return true;
+  const std::string refusal = Shown()->EnterTyped(Host().Field().Text(), how);
+  if (Shown() == nullptr) return true;
   if (refusal.empty()) {
     ShowDate();
     return true;
@@ -103,8 +98,8 @@ bool DatePane::PressKey(const KeyEvent& event) {
     return event.key != Key::kTab;
   }
   if (FieldPane::PressKey(event)) return true;
-  if (box_ == nullptr) return false;
-  if (event.key == Key::kEnter && (edited_ || box_->onChange)) {
+  if (Shown() == nullptr) return false;
+  if (event.key == Key::kEnter && (edited_ || Shown()->onChange)) {
     if (Commit(Typing::kEnter)) Host().Field().SelectAll();
     return true;
   }
@@ -113,29 +108,17 @@ bool DatePane::PressKey(const KeyEvent& event) {
     ShowDate();
     return true;
   }
-  const bool plain = !event.modifiers.alt && !event.modifiers.control && !event.modifiers.shift;
-  return plain && Step(event);
+  return event.modifiers.None() && Step(event.key);
 }
 
-bool DatePane::Step(const KeyEvent& event) {
-  DateBox::Key step{};
-  switch (event.key) {
-    case Key::kUp:
-      step = DateBox::Key::kUp;
-      break;
-    case Key::kDown:
-      step = DateBox::Key::kDown;
-      break;
-    case Key::kPageUp:
-      step = DateBox::Key::kPageUp;
-      break;
-    case Key::kPageDown:
-      step = DateBox::Key::kPageDown;
-      break;
-    default:
-      return false;
-  }
-  if (Commit(Typing::kLeft) && box_ != nullptr) box_->PressKey(step, Host().Today());
+bool DatePane::Step(Key key) {
+  constexpr std::pair<Key, DateBox::Key> kSteps[] = {{Key::kUp, DateBox::Key::kUp},
+                                                     {Key::kDown, DateBox::Key::kDown},
+                                                     {Key::kPageUp, DateBox::Key::kPageUp},
+                                                     {Key::kPageDown, DateBox::Key::kPageDown}};
+  const auto* const step = std::ranges::find(kSteps, key, &std::pair<Key, DateBox::Key>::first);
+  if (step == std::end(kSteps)) return false;
+  if (Commit(Typing::kLeft) && Shown() != nullptr) Shown()->PressKey(step->second, Host().Today());
   return true;
 }
 
@@ -149,27 +132,18 @@ void DatePane::FocusChanged(bool focused) {
 
 Tip DatePane::TipAt(Point place) const {
   Tip tip = FieldPane::TipAt(place);
-  if (tip.text.empty() && box_ != nullptr && !PageOpen()) {
-    tip = {Area(), std::string(box_->WeekdayName())};
+  if (tip.text.empty() && Shown() != nullptr && !PageOpen()) {
+    tip = {Area(), std::string(Shown()->WeekdayName())};
   }
   return tip;
 }
 
 Accessible DatePane::Describe() const {
-  Accessible described = Described(Role::kComboBox);
-  described.focusable = described.expandable = true;
-  described.expanded = PageOpen();
-  described.action = described.expanded ? "بستن" : "باز كردن";
-  described.value = Host().Field().Text();
-  if (described.description.empty() && box_ != nullptr) {
-    described.description = std::string(box_->WeekdayName());
+  Accessible described = DescribedOpener(PageOpen(), Host().Field().Text());
+  if (described.description.empty() && Shown() != nullptr) {
+    described.description = std::string(Shown()->WeekdayName());
   }
   return described;
-}
-
-void DatePane::Act(int /*part*/) {
-  Host().TakeFocus();
-  Toggle();
 }
 
 }  // namespace screens

@@ -25,15 +25,13 @@ class DropDown {
   void Wheel(const WheelEvent& event) { list_->Wheel(event); }
   /// Up and down by rows and pages while it is open; false for another key.
   bool PressKey(const KeyEvent& event);
-  /// Null until it was opened.
-  const ListPane* List() const { return list_; }
 
  private:
   PaneHost& field_;
   const ListRows& rows_;
   std::function<void()> onPicked_;
   std::unique_ptr<Popup> popup_;
-  ListPane* list_ = nullptr;
+  ListPane* list_ = nullptr;  // null until it was opened
 };
 
 }  // namespace screens

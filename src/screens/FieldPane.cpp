@@ -17,6 +17,11 @@ constexpr int kMargin = 5;
 
 }  // namespace
 
+FieldPane::FieldPane(controls::Control& control, PaneHost& host, Sign sign, Holds holds)
+    : ControlPane(control, host), sign_(sign), holds_(holds) {
+  if (holds_ == Holds::kField) host.Field();
+}
+
 void FieldPane::Changed(const controls::Change& change) {
   ControlPane::Changed(change);
   if (change.aspect == controls::Aspect::kEnabled && !Host().Enabled()) ShowNote({});
@@ -25,6 +30,7 @@ void FieldPane::Changed(const controls::Change& change) {
 void FieldPane::Resized(Size size) {
   ControlPane::Resized(size);
   ShowNote({});
+  if (holds_ == Holds::kField) Host().Field().Move(Inside());
 }
 
 Rect FieldPane::ButtonPlace() const {
@@ -41,12 +47,9 @@ Rect FieldPane::Inside() const {
 }
 
 void FieldPane::Paint(Surface& surface, const Rect& dirty) const {
-  const bool enabled = Host().Enabled();
   surface.Fill(dirty, Ground());
-  controls::Colour line = enabled ? palette::kBorder : palette::kLine;
-  if (Focused()) line = palette::kAccent;
-  if (refused_) line = palette::kRefused;
-  surface.RoundBox(Area(), Design(3), enabled ? palette::kField : palette::kFrame, line,
+  surface.RoundBox(Area(), Design(3), Host().Enabled() ? palette::kField : palette::kFrame,
+                   refused_ ? palette::kRefused : Border(),
                    refused_ || Focused() ? std::max(1, Design(1.5)) : 1);
   PaintInside(surface, Inside());
   if (sign_ != Sign::kNone) PaintSign(surface);
@@ -61,10 +64,7 @@ void FieldPane::PaintSign(Surface& surface) const {
   }
   const controls::Colour ink = enabled ? palette::kText : palette::kLine;
   const double unit = Host().GetScale().Unit();
-  const Dot middle{(button.left + button.right) / 2.0, (button.top + button.bottom) / 2.0};
-  const auto at = [&](double x, double y) -> Dot {
-    return {middle.x + x * unit, middle.y + y * unit};
-  };
+  const auto at = Around(button, unit);
   if (sign_ == Sign::kArrow) {
     surface.Stroke({at(-4, -2), at(0, 2), at(4, -2)}, 1.5 * unit, ink);
     return;
@@ -85,9 +85,7 @@ void FieldPane::Pointer(const PointerEvent& event) {
   // What opens takes the mouse, and nobody tells when the pointer leaves.
   Hover(onButton && !pressed);
   if (!pressed) return;
-  if (!onButton) return PressInside();
-  Host().TakeFocus();
-  Toggle();
+  onButton ? Act(-1) : PressInside();
 }
 
 void FieldPane::Hover(bool hovered) {
@@ -100,6 +98,21 @@ bool FieldPane::PressKey(const KeyEvent& event) {
   if (event.key != Key::kF4 && !(vertical && event.modifiers.alt)) return false;
   Toggle();
   return true;
+}
+
+void FieldPane::Act(int /*part*/) {
+  if (sign_ == Sign::kNone) return;
+  Host().TakeFocus();
+  Toggle();
+}
+
+Accessible FieldPane::DescribedOpener(bool open, std::string value) const {
+  Accessible described = Described(Role::kComboBox);
+  described.focusable = described.expandable = true;
+  described.expanded = open;
+  described.action = open ? "بستن" : "باز كردن";
+  described.value = std::move(value);
+  return described;
 }
 
 void FieldPane::ShowNote(const std::string& sentence) {

@@ -18,16 +18,20 @@ class FieldPane : public ControlPane {
   void Pointer(const PointerEvent& event) override;
   void PointerLost() override { Hover(false); }
   bool PressKey(const KeyEvent& event) override;
+  /// Opens or closes what is below.
+  void Act(int part) override;
 
  protected:
   enum class Sign { kNone, kArrow, kCalendar };
-  FieldPane(controls::Control& control, PaneHost& host, Sign sign)
-      : ControlPane(control, host), sign_(sign) {}
+  enum class Holds { kField, kPaintedText };  // the toolkit's field
+  FieldPane(controls::Control& control, PaneHost& host, Sign sign, Holds holds);
 
   /// The small button was pressed.
   virtual void Toggle() {}
   /// Beside it and the border.
   virtual void PressInside() { Host().TakeFocus(); }
+  /// What every field is that opens something below.
+  Accessible DescribedOpener(bool open, std::string value) const;
   virtual void PaintInside(Surface& /*surface*/, const Rect& /*room*/) const {}
   /// Where the text stands.
   Rect Inside() const;
@@ -43,6 +47,7 @@ class FieldPane : public ControlPane {
   void PaintSign(Surface& surface) const;
 
   Sign sign_;
+  Holds holds_;
   bool hovered_ = false;
   bool refused_ = false;
   std::unique_ptr<Popup> note_;

@@ -17,8 +17,6 @@ constexpr int kBoxRoom = 8;  // of the field's box, beside a line of text
 constexpr int kBoxMargin = 5;
 constexpr int kFoundMargin = 6;
 
-constexpr char kNothing[] = "يافت نشد";
-
 struct Words {
   const char* name;
   const char* keys;
@@ -132,10 +130,7 @@ void FindLine::PaintButton(Surface& surface, Button button) const {
   }
   surface.RoundBox(place, scale.Design(3), ground, line);
   const double unit = scale.Unit();
-  const Dot middle{(place.left + place.right) / 2.0, (place.top + place.bottom) / 2.0};
-  const auto at = [&](double x, double y) -> Dot {
-    return {middle.x + x * unit, middle.y + y * unit};
-  };
+  const auto at = Around(place, unit);
   const double width = 1.5 * unit;
   if (button == Button::kClose) {
     surface.Stroke({at(-3.5, -3.5), at(3.5, 3.5)}, width, palette::kText);

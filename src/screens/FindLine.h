@@ -26,6 +26,7 @@ class FindLine {
   /// 0 while it is closed.
   int Height() const;
   void Resized(int width);
+  static constexpr char kNothing[] = "يافت نشد";
   /// What was found; `refused` where nothing was. True when that says something else than before.
   bool Show(const std::string& found, bool refused);
   void Paint(Surface& surface, bool focused) const;

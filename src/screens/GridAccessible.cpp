@@ -13,16 +13,8 @@ namespace screens {
 
 using controls::Aspect;
 
-std::vector<int> GridPane::ShownCols() const {
-  std::vector<int> shown;
-  for (int col = 0; grid_ != nullptr && col < grid_->Cols(); ++col) {
-    if (grid_->ColWidth(col) > 0) shown.push_back(col);
-  }
-  return shown;
-}
-
 int GridPane::CellParts() const {
-  return grid_ == nullptr ? 0 : grid_->Rows() * static_cast<int>(ShownCols().size());
+  return grid_ == nullptr ? 0 : grid_->Rows() * static_cast<int>(ShownCols(*grid_).size());
 }
 
 int GridPane::PartCount() const {
@@ -30,14 +22,14 @@ int GridPane::PartCount() const {
 }
 
 int GridPane::PartOf(GridGeometry::Cell cell) const {
-  const std::vector<int> cols = ShownCols();
+  const std::vector<int> cols = ShownCols(*grid_);
   const auto at = std::ranges::find(cols, cell.col);
   if (at == cols.end() || cell.row < 0 || cell.row >= grid_->Rows()) return -1;
   return cell.row * static_cast<int>(cols.size()) + static_cast<int>(at - cols.begin());
 }
 
 std::optional<GridGeometry::Cell> GridPane::CellOf(int part) const {
-  const std::vector<int> cols = ShownCols();
+  const std::vector<int> cols = ShownCols(*grid_);
   const int count = static_cast<int>(cols.size());
   if (part < 0 || count == 0 || part / count >= grid_->Rows()) return std::nullopt;
   return GridGeometry::Cell{part / count, cols[static_cast<std::size_t>(part % count)]};
@@ -57,14 +49,14 @@ int GridPane::FocusedPart() const {
 }
 
 Accessible GridPane::Describe() const {
-  Accessible told{.role = Role::kTable, .place = {0, 0, size_.width, size_.height}};
+  Accessible told{.role = Role::kTable, .place = Area()};
   if (grid_ == nullptr) return told;
   told.name = AccessibleName(*grid_);
   told.description = AccessibleDescription(*grid_);
   told.rows = grid_->Rows();
   told.headingRows = std::min(grid_->FixedRows(), grid_->Rows());
-  told.columns = static_cast<int>(ShownCols().size());
-  told.enabled = host_.Enabled();
+  told.columns = static_cast<int>(ShownCols(*grid_).size());
+  told.enabled = Host().Enabled();
   told.focusable = true;
   told.focused = focused_;
   const int count = std::max(0, grid_->Rows() - grid_->FixedRows());
@@ -91,13 +83,13 @@ Accessible GridPane::DescribePart(int part) const {
   const auto cell = grid_ == nullptr ? std::nullopt : CellOf(part);
   if (!cell) return {};
   const auto [row, col] = *cell;
-  const int columns = static_cast<int>(ShownCols().size());
+  const int columns = static_cast<int>(ShownCols(*grid_).size());
   const std::string heading(grid_->FixedRows() > 0 ? grid_->TextMatrix(0, col) : "");
   Accessible told{.role = Role::kCell, .name = heading, .place = geometry_.CellPlace(row, col)};
-  told.place = told.place.Common({0, 0, size_.width, size_.height});
+  told.place = told.place.Common(Area());
   told.row = part / columns;
   told.column = part % columns;
-  told.enabled = host_.Enabled();
+  told.enabled = Host().Enabled();
   if (told.enabled) told.action = ActionOn(row);
   told.readOnly = true;
   if (!IsDataRow(row)) {
@@ -114,7 +106,7 @@ Accessible GridPane::DescribePart(int part) const {
 }
 
 int GridPane::PartAt(Point place) const {
-  if (grid_ == nullptr || !Rect{0, 0, size_.width, size_.height}.Contains(place)) return -1;
+  if (grid_ == nullptr || !Area().Contains(place)) return -1;
   if (line_.Contains(place)) return CellParts() + line_.PartAt(place);
   return PartOf(geometry_.CellAt(place));
 }
@@ -129,12 +121,12 @@ std::string GridPane::ActionOn(int row) const {
 
 void GridPane::Act(int part) {
   if (part >= CellParts() && part < PartCount()) {
-    if (host_.Enabled()) line_.Act(part - CellParts());
+    if (Host().Enabled()) line_.Act(part - CellParts());
     return;
   }
   const auto cell = grid_ == nullptr ? std::nullopt : CellOf(part);
-  if (!cell || !host_.Enabled()) return;
-  host_.TakeFocus();
+  if (!cell || !Host().Enabled()) return;
+  Host().TakeFocus();
   if (grid_ == nullptr) return;
   if (IsDataRow(cell->row)) grid_->SetRow(cell->row);
   grid_->SetCol(cell->col);
@@ -150,7 +142,7 @@ void GridPane::AnnounceFocus() {
   const int part = focused_ ? FocusedPart() : -1;
   if (part == announcedFocus_) return;
   announcedFocus_ = part;
-  if (part >= 0) host_.Announce(Tidings::kFocus, part);
+  if (part >= 0) Host().Announce(Tidings::kFocus, part);
 }
 
 void GridPane::AnnounceChange(const controls::Change& change) {
@@ -158,17 +150,17 @@ void GridPane::AnnounceChange(const controls::Change& change) {
     case Aspect::kCells:
       // Colours are what marks a row.
       if (grid_->marking.all == nullptr) {
-        host_.Announce(Tidings::kContent, -1);
+        Host().Announce(Tidings::kContent, -1);
       } else {
         const bool one = change.firstRow == change.lastRow;
-        const std::vector<int> cols = ShownCols();
-        host_.Announce(Tidings::kSelection,
-                       one && !cols.empty() ? PartOf({change.firstRow, cols.front()}) : -1);
+        const std::vector<int> cols = ShownCols(*grid_);
+        Host().Announce(Tidings::kSelection,
+                        one && !cols.empty() ? PartOf({change.firstRow, cols.front()}) : -1);
       }
       break;
     case Aspect::kRows:
     case Aspect::kColumns:
-      host_.Announce(Tidings::kContent, -1);
+      Host().Announce(Tidings::kContent, -1);
       announcedFocus_ = -1;
       AnnounceFocus();
       break;

@@ -14,7 +14,7 @@ constexpr int kSliceCells = 40000;  // some milliseconds
 
 }  // namespace
 
-std::vector<int> GridFind::ShownCols(const FlexGrid& grid) {
+std::vector<int> ShownCols(const FlexGrid& grid) {
   std::vector<int> shown;
   for (int col = 0; col < grid.Cols(); ++col) {
     if (grid.ColWidth(col) > 0) shown.push_back(col);

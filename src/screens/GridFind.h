@@ -9,6 +9,9 @@
 
 namespace screens {
 
+/// The columns of a grid that have a width.
+std::vector<int> ShownCols(const controls::FlexGrid& grid);
+
 /// Looks for a text in all columns of a grid that are shown, folded as for any look-up. The rows
 /// are read in slices, so that a long list keeps nobody waiting. Begin it anew when the rows are
 /// others or in another order; where they became fewer it reads no more.
@@ -42,8 +45,6 @@ class GridFind {
   int Before(int row) const;
 
  private:
-  static std::vector<int> ShownCols(const controls::FlexGrid& grid);
-
   std::string sought_;          // folded
   mutable std::string folded_;  // of the cell at hand
   std::vector<int> cols_;

@@ -24,10 +24,10 @@ bool GridPane::OpenFind() {
     Measure();
     if (IsDataRow(grid_->Row())) Reveal(grid_->Row(), grid_->ShownCol(grid_->Col()));
     FindAnew(false);
-    host_.Announce(Tidings::kContent, -1);
+    Host().Announce(Tidings::kContent, -1);
   }
-  host_.TakeFocus();
-  host_.Field().SelectAll();
+  Host().TakeFocus();
+  Host().Field().SelectAll();
   AnnounceFocus();
   return true;
 }
@@ -37,7 +37,7 @@ void GridPane::CloseFind() {
   UpdateTimer();
   line_.Close();
   Measure();
-  host_.Announce(Tidings::kContent, -1);
+  Host().Announce(Tidings::kContent, -1);
   announcedFocus_ = -1;
   AnnounceFocus();
 }
@@ -76,7 +76,7 @@ void GridPane::Edited() {
 
 void GridPane::FindAnew(bool jump) {
   jumps_ = jump;
-  find_.Begin(*grid_, host_.Field().Text(), grid_->Row());
+  find_.Begin(*grid_, Host().Field().Text(), grid_->Row());
   RepaintAll();  // the cells that hold the text
   ReadOn();
 }
@@ -132,7 +132,7 @@ void GridPane::TellFound() {
   std::string found;
   const bool nothing = find_.Seeks() && !find_.Reading() && find_.Count() == 0;
   if (nothing) {
-    found = "يافت نشد";
+    found = FindLine::kNothing;
   } else if (find_.Reading()) {
     found = "…";
   } else if (find_.Seeks()) {
@@ -141,7 +141,7 @@ void GridPane::TellFound() {
     found = place > 0 ? std::to_string(place) + " از " + count : count + " سطر";
   }
   if (line_.Show(found, nothing)) {
-    host_.Announce(Tidings::kName, CellParts() + FindLine::kFoundPart);
+    Host().Announce(Tidings::kName, CellParts() + FindLine::kFoundPart);
   }
 }
 
@@ -151,9 +151,9 @@ void GridPane::UpdateTimer() {
   if (grid_ != nullptr && scrollsOn_) wanted = kScrollMilliseconds;
   if (grid_ != nullptr && find_.Reading()) wanted = kReadMilliseconds;
   if (wanted == timer_) return;
-  host_.SetTimer(0);
+  Host().SetTimer(0);
   timer_ = wanted;
-  if (wanted != 0) host_.SetTimer(wanted);
+  if (wanted != 0) Host().SetTimer(wanted);
 }
 
 }  // namespace screens

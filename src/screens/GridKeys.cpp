@@ -141,7 +141,7 @@ bool GridPane::PressWithControl(const KeyEvent& event) {
   switch (event.key) {
     case Key::kC:
     case Key::kInsert:
-      host_.CopyToClipboard(grid_->BlockText());
+      Host().CopyToClipboard(grid_->BlockText());
       return true;
     case Key::kF:
       return OpenFind();

@@ -4,7 +4,6 @@
 
 #include "screens/GridPane.h"
 #include "screens/Palette.h"
-#include "screens/WrapText.h"
 
 namespace screens {
 
@@ -85,7 +84,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   cell.bottom = cell.top + geometry_.RowHeight(row);
   const bool heading = row < grid_->FixedRows() || col < grid_->FixedCols();
   Colour ground = palette::kButton;
-  Colour colour = host_.Enabled() ? palette::kText : palette::kMutedText;
+  Colour colour = Host().Enabled() ? palette::kText : palette::kMutedText;
   if (!heading) {
     ground = grid_->EffectiveBackColor(row, col);
     const FlexGrid::HighLight highLight = grid_->GetHighLight();
@@ -93,7 +92,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
                        (highLight == FlexGrid::HighLight::kWithFocus && focused_);
     if (shown && grid_->InBlock(row, col)) {
       ground = palette::Tinted(ground);
-    } else if (grid_->rowTextColour && host_.Enabled()) {
+    } else if (grid_->rowTextColour && Host().Enabled()) {
       if (const Colour own = grid_->rowTextColour(row); own != 0) colour = own;
     }
   }
@@ -103,8 +102,8 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   surface.Fill({cell.left, cell.top, cell.left + 1, cell.bottom}, line);
 
   const Rect room = TextRoom(cell, row, col);
-  if (room.right < cell.right - host_.GetScale().Design(kTextMargin) && IsMarked(row)) {
-    PaintTick(surface, cell, host_.GetScale().Design(kTickRoom));
+  if (room.right < cell.right - Design(kTextMargin) && IsMarked(row)) {
+    PaintTick(surface, cell, Design(kTickRoom));
   }
   const std::string_view text = grid_->TextMatrix(row, col);
   if (text.empty()) return;
@@ -112,7 +111,7 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
   style.colour = colour;
   style.side = SideOf(grid_->ColAlignment(col));
   if (IsDataRow(row) && find_.Holds(text)) PaintFound(surface, text, room, style.side);
-  if (heading && room.Height() >= 2 * host_.LineHeight()) {
+  if (heading && room.Height() >= 2 * Host().LineHeight()) {
     PaintHeading(surface, text, room, style);
   } else if (text.find_first_of("\r\n") == std::string_view::npos) {
     surface.Text(text, room, style);
@@ -124,30 +123,23 @@ void GridPane::PaintCell(Surface& surface, int row, int col) const {
 /// A label around the text; of a mark's ground is enough left to be seen.
 void GridPane::PaintFound(Surface& surface, std::string_view text, const Rect& room,
                           Side side) const {
-  const Scale scale = host_.GetScale();
-  const int margin = scale.Design(kTextMargin) - 1;
-  const int width = std::min(room.Width(), host_.TextWidth(OnOneLine(text), Weight::kNormal));
+  const int margin = Design(kTextMargin) - 1;
+  const int width = std::min(room.Width(), TextWidth(OnOneLine(text)));
   int right = room.right;
   if (side == Side::kLeft) right = room.left + width;
   if (side == Side::kCentre) right = (room.left + room.right + width) / 2;
   surface.RoundBox({right - width - margin, room.top + 1, right + margin, room.bottom - 1},
-                   scale.Design(3), palette::kAccentGround, palette::kAccent);
+                   Design(3), palette::kAccentGround, palette::kAccent);
 }
 
 /// In one line or two, in the middle of its higher cell.
 void GridPane::PaintHeading(Surface& surface, std::string_view text, const Rect& room,
                             const TextStyle& style) const {
-  const auto width = [this](std::string_view part) {
-    return host_.TextWidth(part, Weight::kNormal);
-  };
-  std::vector<std::string> lines = WrapText(text, room.Width(), width);
+  std::vector<std::string> lines = Wrapped(text, room.Width());
   if (lines.size() > 2) lines = {lines[0], std::string(text.substr(text.find(lines[1])))};
-  const int height = host_.LineHeight();
-  int top = room.Middle().y - static_cast<int>(lines.size()) * height / 2;
-  for (const std::string& line : lines) {
-    surface.Text(line, {room.left, top, room.right, top + height}, style);
-    top += height;
-  }
+  const int height = static_cast<int>(lines.size()) * Host().LineHeight();
+  const int top = room.Middle().y - height / 2;
+  PaintLines(surface, lines, {room.left, top, room.right, top + height}, style);
 }
 
 bool GridPane::IsMarked(int row) const {
@@ -157,11 +149,10 @@ bool GridPane::IsMarked(int row) const {
 }
 
 Rect GridPane::TextRoom(const Rect& cell, int row, int col) const {
-  const Scale scale = host_.GetScale();
-  const int margin = scale.Design(kTextMargin);
+  const int margin = Design(kTextMargin);
   // In a list that marks its rows, the tick stands before the first column's text.
   const bool ticked = grid_->marking.all != nullptr && IsDataRow(row) && col == FirstCol();
-  return {cell.left + margin, cell.top, cell.right - (ticked ? scale.Design(kTickRoom) : margin),
+  return {cell.left + margin, cell.top, cell.right - (ticked ? Design(kTickRoom) : margin),
           cell.bottom - 1};
 }
 
@@ -181,14 +172,14 @@ void GridPane::PaintBlockFrame(Surface& surface) const {
   const Rect block = geometry_.BlockPlace(firstRow, firstCol, lastRow, lastCol);
   if (block.Empty()) return;
   const Clipped clipped(surface, geometry_.Room(firstCol < grid_->FixedCols(), false));
-  surface.Frame(block, palette::kDeepAccent, host_.GetScale().Design(kFrameThickness));
+  surface.Frame(block, palette::kDeepAccent, Design(kFrameThickness));
 }
 
 void GridPane::PaintEmptyText(Surface& surface) const {
   if (grid_->EmptyText().empty()) return;
   // Near the headings, where the rows would begin.
   const int top = geometry_.FixedBottom() + geometry_.RowHeight();
-  surface.Text(grid_->EmptyText(), {0, top, size_.width, top + geometry_.RowHeight()},
+  surface.Text(grid_->EmptyText(), {0, top, Area().right, top + geometry_.RowHeight()},
                {.colour = palette::kMutedText, .side = Side::kCentre});
 }
 
@@ -198,15 +189,15 @@ std::string GridPane::LookUpText() const {
 
 Rect GridPane::LookUpPlace() const {
   if (!typing_) return {};
-  const int margin = host_.GetScale().Design(kLookUpMargin);
-  const int width = host_.TextWidth(LookUpText(), Weight::kNormal) + 2 * margin;
-  return {0, std::max(0, size_.height - host_.LineHeight() - margin), std::min(width, size_.width),
-          size_.height};
+  const int margin = Design(kLookUpMargin);
+  const int width = TextWidth(LookUpText()) + 2 * margin;
+  return {0, std::max(0, Area().bottom - Host().LineHeight() - margin),
+          std::min(width, Area().right), Area().bottom};
 }
 
 void GridPane::PaintLookUp(Surface& surface) const {
   const Rect place = LookUpPlace();
-  const int margin = host_.GetScale().Design(kLookUpMargin);
+  const int margin = Design(kLookUpMargin);
   surface.Fill(place, palette::kAccentGround);
   surface.Frame(place, palette::kDeepAccent);
   surface.Text(LookUpText(), {place.left + margin, place.top, place.right - margin, place.bottom},
@@ -222,7 +213,7 @@ Tip GridPane::TipAt(Point place) const {
   if (tip.place.Empty()) return tip;
   std::string text = OnOneLine(grid_->TextMatrix(row, col));
   const Rect cell = geometry_.ColumnPlace(col);
-  if (host_.TextWidth(text, Weight::kNormal) > TextRoom(cell, row, col).Width()) {
+  if (TextWidth(text) > TextRoom(cell, row, col).Width()) {
     tip.text = std::move(text);
   }
   return tip;

@@ -8,13 +8,8 @@ using controls::Aspect;
 using controls::Change;
 using controls::FlexGrid;
 
-namespace {
-
-constexpr int kColumnStep = 40;  // at 96 dpi
-
-}  // namespace
-
-GridPane::GridPane(FlexGrid& grid, PaneHost& host) : grid_(&grid), host_(host), geometry_(grid) {}
+GridPane::GridPane(FlexGrid& grid, PaneHost& host)
+    : SizedPane(host), grid_(&grid), geometry_(grid) {}
 
 void GridPane::Changed(const Change& change) {
   if (grid_ == nullptr) return;
@@ -40,16 +35,16 @@ void GridPane::Changed(const Change& change) {
 }
 
 void GridPane::Resized(Size size) {
-  size_ = size;
+  SizedPane::Resized(size);
   line_.Resized(size.width);
   Measure();
 }
 
 void GridPane::Measure() {
   if (grid_ == nullptr) return;
-  const Scale scale = host_.GetScale();
-  const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), host_.LineHeight() + 2);
-  geometry_.MeasureColumns(size_, scale);
+  const Scale scale = Host().GetScale();
+  const int rowHeight = std::max(scale.Pixels(FlexGrid::kRowHeight), Host().LineHeight() + 2);
+  geometry_.MeasureColumns({Area().right, Area().bottom}, scale);
   geometry_.MeasureRows(rowHeight, HeadingHeight(rowHeight), line_.Height());
   UpdateScrollBars();
   RepaintAll();
@@ -58,13 +53,13 @@ void GridPane::Measure() {
 /// Two lines where the words of a heading do not fit beside each other.
 int GridPane::HeadingHeight(int rowHeight) const {
   if (grid_->FixedRows() == 0 || grid_->Rows() == 0) return rowHeight;
-  const int margins = 2 * host_.GetScale().Design(kTextMargin);
+  const int margins = 2 * Design(kTextMargin);
   for (int col = 0; col < grid_->Cols(); ++col) {
     const std::string_view text = grid_->TextMatrix(0, col);
     if (text.find(' ') == std::string_view::npos) continue;
     const int room = geometry_.ColumnWidth(col) - margins;
-    if (room > 0 && host_.TextWidth(text, Weight::kNormal) > room) {
-      return rowHeight + host_.LineHeight();
+    if (room > 0 && TextWidth(text) > room) {
+      return rowHeight + Host().LineHeight();
     }
   }
   return rowHeight;
@@ -72,10 +67,10 @@ int GridPane::HeadingHeight(int rowHeight) const {
 
 void GridPane::UpdateScrollBars() {
   // A bar that comes or goes changes the pane's size, which is measured within this call.
-  host_.SetScrollBar(Axis::kDown, {grid_->Rows() - grid_->FixedRows(), geometry_.PageRows(),
-                                   geometry_.RowsAbove(), 1});
-  host_.SetScrollBar(Axis::kAcross, {geometry_.ColumnsWidth(), geometry_.Width(),
-                                     geometry_.Across(), host_.GetScale().Design(kColumnStep)});
+  Host().SetScrollBar(Axis::kDown, {grid_->Rows() - grid_->FixedRows(), geometry_.PageRows(),
+                                    geometry_.RowsAbove(), 1});
+  Host().SetScrollBar(Axis::kAcross, {geometry_.ColumnsWidth(), geometry_.Width(),
+                                      geometry_.Across(), Design(kColumnStep)});
 }
 
 void GridPane::ScrollTo(int rowsAbove, int across) {
@@ -92,8 +87,8 @@ void GridPane::ShowScrolled(const GridGeometry& before) {
   if (geometry_.Across() != before.Across() || !LookUpPlace().Empty()) {
     RepaintAll();
   } else {
-    host_.ScrollPart(geometry_.Room(true, false),
-                     (before.RowsAbove() - geometry_.RowsAbove()) * geometry_.RowHeight());
+    Host().ScrollPart(geometry_.Room(true, false),
+                      (before.RowsAbove() - geometry_.RowsAbove()) * geometry_.RowHeight());
   }
   UpdateScrollBars();
 }
@@ -108,14 +103,10 @@ void GridPane::Wheel(const WheelEvent& event) {
   if (grid_ == nullptr) return;
   if (event.left != 0 || event.modifiers.shift) {
     const double notches = event.left != 0 ? event.left : event.up;
-    ScrollTo(geometry_.RowsAbove(),
-             geometry_.Across() + host_.GetScale().Design(notches * kColumnStep));
+    ScrollTo(geometry_.RowsAbove(), geometry_.Across() + Design(notches * kColumnStep));
     return;
   }
-  wheelRest_ += event.up * (event.lines > 0 ? event.lines : geometry_.PageRows());
-  // A hair more, because parts of a notch that are binary fractions of none add up to less.
-  const int rows = static_cast<int>(wheelRest_ + (wheelRest_ > 0 ? 1e-6 : -1e-6));
-  wheelRest_ -= rows;
+  const int rows = WholeSteps(event.up * (event.lines > 0 ? event.lines : geometry_.PageRows()));
   ScrollTo(geometry_.RowsAbove() - rows, geometry_.Across());
 }
 
@@ -127,14 +118,10 @@ void GridPane::FocusChanged(bool focused) {
   AnnounceFocus();
 }
 
-void GridPane::RepaintAll() {
-  host_.Repaint({0, 0, size_.width, size_.height});
-}
-
 void GridPane::RepaintRows(Span rows) {
   if (grid_ == nullptr) return;
   const Rect place = geometry_.RowsPlace(rows.first, rows.last);
-  if (!place.Empty()) host_.Repaint(place);
+  if (!place.Empty()) Host().Repaint(place);
 }
 
 void GridPane::RepaintBlock() {

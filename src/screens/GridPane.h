@@ -8,7 +8,7 @@
 #include "screens/FindLine.h"
 #include "screens/GridFind.h"
 #include "screens/GridGeometry.h"
-#include "screens/Pane.h"
+#include "screens/SizedPane.h"
 
 namespace screens {
 
@@ -26,7 +26,7 @@ namespace screens {
 /// Ctrl+F opens a line above the rows, whose field then has the keyboard: what is typed there is
 /// looked for in all columns of all rows from the current one on, and the first row found becomes
 /// current. Enter or F3 goes on, with Shift back; Esc closes the line.
-class GridPane : public Pane {
+class GridPane : public SizedPane {
  public:
   /// `grid` lives until Detach.
   GridPane(controls::FlexGrid& grid, PaneHost& host);
@@ -57,7 +57,8 @@ class GridPane : public Pane {
   Rect CellPlace(int row, int col) const;
 
  private:
-  static constexpr int kTextMargin = 4;  // at 96 dpi
+  static constexpr int kTextMargin = 4;  // at 96 dpi, as the next one
+  static constexpr int kColumnStep = 40;
 
   struct Span {  // of rows
     int first = 0;
@@ -72,7 +73,6 @@ class GridPane : public Pane {
   void ScrollTo(int rowsAbove, int across);
   void Reveal(int row, int col);
   void ShowScrolled(const GridGeometry& before);
-  void RepaintAll();
   void RepaintRows(Span rows);
   void RepaintBlock();
   bool IsDataRow(int row) const;
@@ -126,7 +126,6 @@ class GridPane : public Pane {
   std::string LookUpText() const;
 
   // GridAccessible.cpp
-  std::vector<int> ShownCols() const;
   int CellParts() const;
   int PartOf(GridGeometry::Cell cell) const;
   std::optional<GridGeometry::Cell> CellOf(int part) const;
@@ -136,9 +135,7 @@ class GridPane : public Pane {
   void AnnounceChange(const controls::Change& change);
 
   controls::FlexGrid* grid_;
-  PaneHost& host_;
   GridGeometry geometry_;
-  Size size_;
   Span shownBlock_;
   bool focused_ = false;
   int announcedFocus_ = -1;  // part of the current cell that was announced last
@@ -149,13 +146,12 @@ class GridPane : public Pane {
   Point lastDrag_;
   int draggedCol_ = 0;
   int dragRight_ = 0;  // right edge of the column whose border is dragged
-  double wheelRest_ = 0;
 
   std::string sought_;   // what F3 looks for
   bool typing_ = false;  // letters go on with it
   bool found_ = true;
 
-  FindLine line_{host_, [this](FindLine::Button button) { PressInFind(button); }};
+  FindLine line_{Host(), [this](FindLine::Button button) { PressInFind(button); }};
   GridFind find_;
   bool jumps_ = false;      // to the first row found
   bool scrollsOn_ = false;  // the mouse drags outside of the cells

@@ -12,7 +12,6 @@ namespace {
 // At 96 dpi.
 constexpr int kBorderReach = 4;
 constexpr int kDragReach = 4;
-constexpr int kColumnStep = 40;
 
 int ShiftNumber(const Modifiers& held) {
   return (held.shift ? 1 : 0) | (held.control ? 2 : 0) | (held.alt ? 4 : 0);
@@ -39,7 +38,7 @@ void GridPane::Pointer(const PointerEvent& event) {
 }
 
 std::optional<int> GridPane::BorderAt(Point place) const {
-  return geometry_.BorderAt(place, host_.GetScale().Design(kBorderReach));
+  return geometry_.BorderAt(place, Design(kBorderReach));
 }
 
 void GridPane::Press(const PointerEvent& event) {
@@ -78,14 +77,14 @@ void GridPane::Move(const PointerEvent& event) {
   if (pressing_ == Pressing::kBorder) {
     if (draggedCol_ >= grid_->Cols()) return;
     grid_->DragColWidth(draggedCol_,
-                        host_.GetScale().Twips(std::max(0, dragRight_ - event.place.x)));
+                        Host().GetScale().Twips(std::max(0, dragRight_ - event.place.x)));
   } else if (pressing_ == Pressing::kCells) {
-    const int reach = host_.GetScale().Design(kDragReach);
+    const int reach = Design(kDragReach);
     dragging_ = dragging_ || std::abs(event.place.x - pressedAt_.x) > reach ||
                 std::abs(event.place.y - pressedAt_.y) > reach;
     if (!dragging_) return;
     DragTo(event.place);
-    const bool inside = Rect{0, 0, size_.width, size_.height}.Contains(event.place);
+    const bool inside = Area().Contains(event.place);
     scrollsOn_ = !inside;
     UpdateTimer();
   }
@@ -95,7 +94,7 @@ void GridPane::Move(const PointerEvent& event) {
 void GridPane::DragTo(Point place) {
   lastDrag_ = place;
   const int top = geometry_.FixedBottom();
-  const int right = std::max(0, size_.width - 1);
+  const int right = std::max(0, Area().right - 1);
   const int bottom = std::max(top, geometry_.RowsBottom() - 1);
   const auto [row, col] =
       geometry_.CellAt({std::clamp(place.x, 0, right), std::clamp(place.y, top, bottom)});
@@ -108,11 +107,11 @@ void GridPane::Tick() {
   if (grid_ == nullptr || !scrollsOn_) return UpdateTimer();
   int above = geometry_.RowsAbove();
   int across = geometry_.Across();
-  const int step = host_.GetScale().Design(kColumnStep);
+  const int step = Design(kColumnStep);
   if (lastDrag_.y < geometry_.FixedBottom()) --above;
-  if (lastDrag_.y >= size_.height) ++above;
+  if (lastDrag_.y >= Area().bottom) ++above;
   if (lastDrag_.x < 0) across += step;
-  if (lastDrag_.x >= size_.width) across -= step;
+  if (lastDrag_.x >= Area().right) across -= step;
   ScrollTo(above, across);
   DragTo(lastDrag_);
 }

@@ -2,8 +2,9 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
-#include "screens/Pane.h"
+#include "screens/SizedPane.h"
 
 namespace screens {
 
@@ -22,12 +23,13 @@ class ListRows {
 };
 
 /// A list that drops down below a field, which keeps the keyboard and tells it what to do.
-class ListPane : public Pane {
+class ListPane : public SizedPane {
  public:
   static constexpr int kShownRows = 12;
-  /// `rows` lives until it is told by Forget that they have gone. `onPicked` is called when a row
-  /// was clicked, which is the current one then.
-  ListPane(PaneHost& host, const ListRows& rows, std::function<void()> onPicked);
+  /// `rows` outlives it. `onPicked` is called when a row was clicked, which is the current one
+  /// then.
+  ListPane(PaneHost& host, const ListRows& rows, std::function<void()> onPicked)
+      : SizedPane(host), rows_(rows), onPicked_(std::move(onPicked)) {}
 
   /// The rows are others: shows them from the first, or around `current` (-1 for none) where
   /// `centred`.
@@ -37,8 +39,6 @@ class ListPane : public Pane {
   int Current() const { return current_; }
   void MoveBy(int rows);
 
-  void Detach() override { rows_ = nullptr; }
-  void Resized(Size size) override;
   void Paint(Surface& surface, const Rect& dirty) const override;
   void Pointer(const PointerEvent& event) override;
   void Wheel(const WheelEvent& event) override;
@@ -55,21 +55,17 @@ class ListPane : public Pane {
   Rect RowPlace(int row) const;
 
  private:
-  int Count() const { return rows_ == nullptr ? 0 : rows_->Count(); }
+  int Count() const { return rows_.Count(); }
   int RowHeight() const;
   int RowAt(Point place) const;
   void ScrollTo(int top);
   void PaintRow(Surface& surface, int row, const Rect& place) const;
-  void RepaintAll() { host_.Repaint({0, 0, size_.width, size_.height}); }
 
-  PaneHost& host_;
-  const ListRows* rows_;
+  const ListRows& rows_;
   std::function<void()> onPicked_;
-  Size size_;
   int current_ = -1;
   int hovered_ = -1;
   int top_ = 0;
-  double wheelRest_ = 0;
 };
 
 }  // namespace screens

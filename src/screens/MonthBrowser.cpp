@@ -28,28 +28,44 @@ std::string MonthBrowser::TodayText() const {
   return "امروز: " + today_.Text();
 }
 
-void MonthBrowser::PressKey(Key key, bool control) {
-  const int months = control ? kYear : 1;
-  switch (key) {
+bool MonthBrowser::PressKey(const KeyEvent& event) {
+  const int months = event.modifiers.control ? kYear : 1;
+  const Count days = &SolarHijriDate::PlusDays;
+  switch (event.key) {
     case Key::kLeft:  // reading goes on to the left
-      return Step(1);
+      MoveBy(days, 1);
+      break;
     case Key::kRight:
-      return Step(-1);
+      MoveBy(days, -1);
+      break;
     case Key::kDown:
-      return Step(MonthPage::kDays);
+      MoveBy(days, MonthPage::kDays);
+      break;
     case Key::kUp:
-      return Step(-MonthPage::kDays);
+      MoveBy(days, -MonthPage::kDays);
+      break;
     case Key::kPageDown:
-      return Turn(months);
+      Turn(months);
+      break;
     case Key::kPageUp:
-      return Turn(-months);
+      Turn(-months);
+      break;
     case Key::kHome:
-      return MoveTo(today_);
-    case Key::kPick:
-      return Pick(cursor_);
-    case Key::kClose:
+      MoveTo(today_);
+      break;
+    case Key::kEnter:
+    case Key::kSpace:
+      Pick(cursor_);
+      break;
+    case Key::kEscape:
+    case Key::kF4:
+    case Key::kTab:
       if (onClose) onClose();
+      break;
+    default:
+      return false;
   }
+  return true;
 }
 
 void MonthBrowser::Hover(const Spot& spot) {
@@ -82,16 +98,12 @@ void MonthBrowser::Click(const Spot& spot) {
 }
 
 void MonthBrowser::Turn(int months) {
-  try {
-    MoveTo(cursor_.PlusMonths(months));
-  } catch (const std::out_of_range&) {
-    // The calendar ends here.
-  }
+  MoveBy(&SolarHijriDate::PlusMonths, months);
 }
 
-void MonthBrowser::Step(int days) {
+void MonthBrowser::MoveBy(Count plus, int count) {
   try {
-    MoveTo(cursor_.PlusDays(days));
+    MoveTo((cursor_.*plus)(count));
   } catch (const std::out_of_range&) {
     // The calendar ends here.
   }

@@ -6,12 +6,13 @@
 
 #include "calendar/SolarHijriDate.h"
 #include "screens/MonthPage.h"
+#include "screens/Pane.h"
 
 namespace screens {
 
 /// A person's walk through the month pages of a date box, to pick a day: what keys, clicks and the
 /// wheel do. Arrow keys move by days and weeks, page keys by months (with control: years), home to
-/// today; Enter picks, Esc closes. Where the calendar ends, nothing moves.
+/// today; Enter and a blank pick, Esc, F4 and Tab close. Where the calendar ends, nothing moves.
 class MonthBrowser {
  public:
   enum class Part { kNone, kYearBack, kMonthBack, kMonthOn, kYearOn, kDay, kToday };
@@ -22,8 +23,6 @@ class MonthBrowser {
     int weekday = 0;
     friend bool operator==(const Spot&, const Spot&) = default;
   };
-  enum class Key { kLeft, kRight, kUp, kDown, kPageUp, kPageDown, kHome, kPick, kClose };
-
   MonthBrowser();
   /// Turns to the page of `chosen`, or of `today` where nothing is chosen.
   void Open(std::optional<calendar::SolarHijriDate> chosen, calendar::SolarHijriDate today);
@@ -36,7 +35,8 @@ class MonthBrowser {
   std::string TodayText() const;
   const Spot& Hovered() const { return hovered_; }
 
-  void PressKey(Key key, bool control);
+  /// False for a key that means nothing here.
+  bool PressKey(const KeyEvent& event);
   /// The mouse is over another part; kNone when it left.
   void Hover(const Spot& spot);
   /// A button went down and up. It is a click where both were on the same part.
@@ -56,8 +56,9 @@ class MonthBrowser {
   std::function<void(const calendar::SolarHijriDate&)> onPicked;
 
  private:
+  using Count = calendar::SolarHijriDate (calendar::SolarHijriDate::*)(int) const;
   void Click(const Spot& spot);
-  void Step(int days);
+  void MoveBy(Count plus, int count);
   void MoveTo(const calendar::SolarHijriDate& day);
   void Pick(calendar::SolarHijriDate day);
 

@@ -22,56 +22,13 @@ constexpr int kCorner = 4;
 constexpr int kDaysTop = kMargin + kHeadHeight + kCellHeight;
 constexpr int kTodayTop = kDaysTop + MonthPage::kWeeks * kCellHeight + 4;
 
-std::optional<MonthBrowser::Key> BrowserKey(Key key) {
-  switch (key) {
-    case Key::kLeft:
-      return MonthBrowser::Key::kLeft;
-    case Key::kRight:
-      return MonthBrowser::Key::kRight;
-    case Key::kUp:
-      return MonthBrowser::Key::kUp;
-    case Key::kDown:
-      return MonthBrowser::Key::kDown;
-    case Key::kPageUp:
-      return MonthBrowser::Key::kPageUp;
-    case Key::kPageDown:
-      return MonthBrowser::Key::kPageDown;
-    case Key::kHome:
-      return MonthBrowser::Key::kHome;
-    case Key::kEnter:
-    case Key::kSpace:
-      return MonthBrowser::Key::kPick;
-    case Key::kEscape:
-    case Key::kF4:
-    case Key::kTab:
-      return MonthBrowser::Key::kClose;
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace
 
-MonthPane::MonthPane(PaneHost& host) : host_(host) {
+MonthPane::MonthPane(PaneHost& host) : SizedPane(host) {
   browser_.onChange = [this] {
-    host_.Repaint({0, 0, size_.width, size_.height});
-    host_.Announce(Tidings::kFocus, FocusedPart());
+    RepaintAll();
+    Host().Announce(Tidings::kFocus, FocusedPart());
   };
-  browser_.onClose = [this] {
-    if (onClose) onClose();
-  };
-  browser_.onPicked = [this](const SolarHijriDate& day) {
-    if (onPicked) onPicked(day);
-  };
-}
-
-void MonthPane::Open(std::optional<SolarHijriDate> chosen, SolarHijriDate today) {
-  browser_.Open(chosen, today);
-}
-
-void MonthPane::Resized(Size size) {
-  size_ = size;
-  host_.Repaint({0, 0, size_.width, size_.height});
 }
 
 Size MonthPane::Wanted() const {
@@ -132,7 +89,7 @@ void MonthPane::PaintArrow(Surface& surface, Part part, bool toRight, int stroke
   if (browser_.Hovered().part == part) {
     surface.RoundBox(place, Design(kCorner), palette::kAccentGround, palette::kAccentGround);
   }
-  const double unit = host_.GetScale().Unit();
+  const double unit = Host().GetScale().Unit();
   const double tip = (toRight ? 1.5 : -1.5) * unit;
   const double y = (place.top + place.bottom) / 2.0;
   for (int i = 0; i < strokes; ++i) {
@@ -198,37 +155,31 @@ void MonthPane::Pointer(const PointerEvent& event) {
 }
 
 void MonthPane::Wheel(const WheelEvent& event) {
-  wheelRest_ += event.up;
-  const int notches = static_cast<int>(wheelRest_);
-  wheelRest_ -= notches;
+  const int notches = WholeSteps(event.up);
   if (notches != 0) browser_.Turn(-notches);
 }
 
-bool MonthPane::PressKey(const KeyEvent& event) {
-  const auto key = BrowserKey(event.key);
-  if (key) browser_.PressKey(*key, event.modifiers.control);
-  return key.has_value();
+SolarHijriDate MonthPane::DayOf(int part) const {
+  return browser_.Page().DayAt(part / MonthPage::kDays, part % MonthPage::kDays);
 }
 
 Accessible MonthPane::Describe() const {
   return {.role = Role::kTable,
           .name = browser_.Page().Title(),
-          .place = {0, 0, size_.width, size_.height},
+          .place = Area(),
           .rows = MonthPage::kWeeks,
           .columns = MonthPage::kDays};
 }
 
 Accessible MonthPane::DescribePart(int part) const {
-  const int week = part / MonthPage::kDays;
-  const int weekday = part % MonthPage::kDays;
-  const SolarHijriDate day = browser_.Page().DayAt(week, weekday);
+  const SolarHijriDate day = DayOf(part);
   Accessible described{.role = Role::kCell, .name = std::string(day.WeekdayName())};
   described.value = day.Text();
   if (day == browser_.Today()) described.description = "امروز";
   described.action = "برگزيدن";
-  described.place = DayPlace(week, weekday);
-  described.row = week;
-  described.column = weekday;
+  described.row = part / MonthPage::kDays;
+  described.column = part % MonthPage::kDays;
+  described.place = DayPlace(described.row, described.column);
   described.selectable = true;
   described.selected = described.focused = day == browser_.Cursor();
   return described;
@@ -241,9 +192,7 @@ int MonthPane::PartAt(Point place) const {
 
 int MonthPane::FocusedPart() const {
   for (int part = 0; part < PartCount(); ++part) {
-    const SolarHijriDate day =
-        browser_.Page().DayAt(part / MonthPage::kDays, part % MonthPage::kDays);
-    if (day == browser_.Cursor()) return part;
+    if (DayOf(part) == browser_.Cursor()) return part;
   }
   return -1;
 }

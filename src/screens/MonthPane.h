@@ -1,36 +1,27 @@
 #pragma once
 
-#include <functional>
-#include <optional>
-
 #include "calendar/SolarHijriDate.h"
 #include "screens/MonthBrowser.h"
-#include "screens/Pane.h"
+#include "screens/SizedPane.h"
 
 namespace screens {
 
 /// One month of the Solar Hijri calendar to pick a day from: Saturday at the right, Friday tinted,
 /// today framed. The field below which it drops down gives it the keys.
-class MonthPane : public Pane {
+class MonthPane : public SizedPane {
  public:
   using Spot = MonthBrowser::Spot;
   explicit MonthPane(PaneHost& host);
-  /// Turns to the page of `chosen`, or of `today` where nothing is chosen.
-  void Open(std::optional<calendar::SolarHijriDate> chosen, calendar::SolarHijriDate today);
+  /// Opens the page, and tells when it is closed and a day picked.
+  MonthBrowser& Browser() { return browser_; }
   Size Wanted() const;
   Rect PlaceOf(const Spot& spot) const;
 
-  /// Called before onPicked, and for keys that close it.
-  std::function<void()> onClose;
-  std::function<void(const calendar::SolarHijriDate&)> onPicked;
-
-  void Resized(Size size) override;
   void Paint(Surface& surface, const Rect& dirty) const override;
   void Pointer(const PointerEvent& event) override;
   void PointerLost() override { browser_.Press({}); }
   void Wheel(const WheelEvent& event) override;
-  /// False for a key that means nothing here.
-  bool PressKey(const KeyEvent& event) override;
+  bool PressKey(const KeyEvent& event) override { return browser_.PressKey(event); }
 
   /// A table of a week a row; its name is the month's.
   Accessible Describe() const override;
@@ -47,12 +38,9 @@ class MonthPane : public Pane {
   void PaintHead(Surface& surface) const;
   void PaintArrow(Surface& surface, Part part, bool toRight, int strokes) const;
   void PaintDay(Surface& surface, int week, int weekday) const;
-  int Design(double pixels) const { return host_.GetScale().Design(pixels); }
+  calendar::SolarHijriDate DayOf(int part) const;
 
-  PaneHost& host_;
   MonthBrowser browser_;
-  Size size_;
-  double wheelRest_ = 0;
 };
 
 }  // namespace screens

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "screens/Palette.h"
-#include "screens/WrapText.h"
 
 namespace screens {
 
@@ -18,50 +17,38 @@ constexpr int kMostWidth = 420;
 }  // namespace
 
 NotePane::NotePane(PaneHost& host, std::string sentence, std::function<void()> onEnd)
-    : host_(host), sentence_(std::move(sentence)), onEnd_(std::move(onEnd)) {
-  host_.SetTimer(kMilliseconds);
+    : SizedPane(host), sentence_(std::move(sentence)), onEnd_(std::move(onEnd)) {
+  Host().SetTimer(kMilliseconds);
 }
 
 int NotePane::Padding() const {
-  return host_.GetScale().Design(kPadding);
-}
-
-std::vector<std::string> NotePane::Lines(int width) const {
-  return WrapText(sentence_, width,
-                  [this](std::string_view text) { return host_.TextWidth(text, Weight::kNormal); });
+  return Design(kPadding);
 }
 
 Size NotePane::Wanted(Size room) const {
-  const int most =
-      std::max(1, std::min(room.width, host_.GetScale().Design(kMostWidth)) - 2 * Padding());
-  const std::vector<std::string> lines = Lines(most);
+  const int most = std::max(1, std::min(room.width, Design(kMostWidth)) - 2 * Padding());
+  const std::vector<std::string> lines = Wrapped(sentence_, most);
   int widest = 0;
   for (const std::string& line : lines) {
-    widest = std::max(widest, host_.TextWidth(line, Weight::kNormal));
+    widest = std::max(widest, TextWidth(line));
   }
-  return {widest + 2 * Padding(), static_cast<int>(lines.size()) * host_.LineHeight() + Padding()};
+  return {widest + 2 * Padding(), static_cast<int>(lines.size()) * Host().LineHeight() + Padding()};
 }
 
 void NotePane::Paint(Surface& surface, const Rect& dirty) const {
   surface.Fill(dirty, palette::kFrame);
-  surface.RoundBox({0, 0, size_.width, size_.height}, host_.GetScale().Design(3),
-                   palette::kNoteGround, palette::kRefused);
-  int top = Padding() / 2;
-  const int right = size_.width - Padding();
-  for (const std::string& line : Lines(right - Padding())) {
-    surface.Text(line, {Padding(), top, right, top + host_.LineHeight()},
-                 {.colour = palette::kRefused});
-    top += host_.LineHeight();
-  }
+  surface.RoundBox(Area(), Design(3), palette::kNoteGround, palette::kRefused);
+  const Rect inside{Padding(), Padding() / 2, Area().right - Padding(), Area().bottom};
+  PaintLines(surface, Wrapped(sentence_, inside.Width()), inside, {.colour = palette::kRefused});
 }
 
 void NotePane::Tick() {
-  host_.SetTimer(0);
+  Host().SetTimer(0);
   onEnd_();
 }
 
 Accessible NotePane::Describe() const {
-  return {.role = Role::kNote, .name = sentence_, .place = {0, 0, size_.width, size_.height}};
+  return {.role = Role::kNote, .name = sentence_, .place = Area()};
 }
 
 }  // namespace screens

@@ -102,22 +102,22 @@ void PagesPane::Measure() {
   RepaintAll();
 }
 
-void PagesPane::ShowBars() {
+int PagesPane::AllHeight() const {
   const std::int64_t height = Gap() + std::int64_t{Shown()->Count()} * Stride();
-  const int most = std::numeric_limits<int>::max();
+  return static_cast<int>(std::min<std::int64_t>(height, std::numeric_limits<int>::max()));
+}
+
+void PagesPane::ShowBars() {
   // A bar that comes or goes changes the pane's size, which is measured within this call.
-  Host().SetScrollBar(Axis::kDown, {static_cast<int>(std::min<std::int64_t>(height, most)),
-                                    Area().Height(), above_, Design(kStep)});
+  Host().SetScrollBar(Axis::kDown, {AllHeight(), Area().Height(), above_, Design(kStep)});
   Host().SetScrollBar(Axis::kAcross,
                       {sheetWidth_ + 2 * Gap(), Area().Width(), across_, Design(kStep)});
 }
 
 void PagesPane::ScrollTo(int above, int across) {
-  const std::int64_t height = Gap() + std::int64_t{Shown()->Count()} * Stride();
-  const auto most = std::min<std::int64_t>(height, std::numeric_limits<int>::max());
   const int mostAcross = std::max(0, sheetWidth_ + 2 * Gap() - Area().Width());
   const int before = above_;
-  above_ = std::clamp(above, 0, std::max(0, static_cast<int>(most) - Area().Height()));
+  above_ = std::clamp(above, 0, std::max(0, AllHeight() - Area().Height()));
   const bool moved = std::exchange(across_, std::clamp(across, 0, mostAcross)) != across_;
   if (moved) {
     RepaintAll();
@@ -150,11 +150,8 @@ void PagesPane::Wheel(const WheelEvent& event) {
     const double notches = event.left != 0 ? event.left : event.up;
     return Scrolled(Axis::kAcross, across_ + static_cast<int>(std::lround(notches * step)));
   }
-  // Parts of a notch are whole pixels sooner or later.
-  wheelRest_ += event.up * (event.lines > 0 ? event.lines * step * 2 / 3 : Area().Height());
-  const int pixels = static_cast<int>(wheelRest_);
-  wheelRest_ -= pixels;
-  Scrolled(Axis::kDown, above_ - pixels);
+  const int notch = event.lines > 0 ? event.lines * step * 2 / 3 : Area().Height();
+  Scrolled(Axis::kDown, above_ - WholeSteps(event.up * notch));
 }
 
 bool PagesPane::PressKey(const KeyEvent& event) {

@@ -45,6 +45,8 @@ class PagesPane : public PaneOfKind<controls::PageView> {
   int Gap() const { return Design(14); }
   /// From the top of a sheet to that of the next.
   int Stride() const { return sheetHeight_ + Gap(); }
+  /// Of all sheets, as far as a scroll bar counts.
+  int AllHeight() const;
   void Measure();
   void FitZoom();
   void ShowBars();
@@ -64,7 +66,6 @@ class PagesPane : public PaneOfKind<controls::PageView> {
   int across_ = 0;  // and at the right
   int sheetWidth_ = 1;
   int sheetHeight_ = 1;
-  double wheelRest_ = 0;
   int rounds_ = 0;  // of measuring for a bar that came or went
   std::map<int, Kept> kept_;
 };

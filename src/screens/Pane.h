@@ -18,6 +18,7 @@ struct Modifiers {
   bool shift = false;
   bool control = false;
   bool alt = false;
+  bool None() const { return !shift && !control && !alt; }
 };
 
 /// The numbers are those that the models' handlers are given.

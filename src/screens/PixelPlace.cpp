@@ -15,7 +15,7 @@ constexpr Twips kComboHeight = 375;
 
 }  // namespace
 
-PixelPlace PlaceInContainer(const Control& control, const std::function<int(Twips)>& pixels) {
+Rect PlaceInContainer(const Control& control, const std::function<int(Twips)>& pixels) {
   Twips originX = 0;
   Twips originY = 0;
   const auto* frame = dynamic_cast<const Frame*>(&control.Parent());

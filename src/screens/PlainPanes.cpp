@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "screens/Palette.h"
-#include "screens/WrapText.h"
 
 namespace screens {
 
@@ -12,7 +11,7 @@ using controls::Label;
 void LabelPane::Paint(Surface& surface, const Rect& dirty) const {
   surface.Fill(dirty, Ground());
   if (Shown() == nullptr) return;
-  TextStyle style{.colour = Host().Enabled() ? palette::kText : palette::kMutedText};
+  TextStyle style{.colour = Ink()};
   switch (Shown()->GetLook()) {
     case Label::Look::kSign:
       return PaintSign(surface, palette::kAccent);
@@ -23,7 +22,7 @@ void LabelPane::Paint(Surface& surface, const Rect& dirty) const {
       const int margin = Design(6);
       style = {palette::kMutedText, Side::kLeft, Direction::kLeftToRight};
       const Rect inside{margin, margin, Area().right - margin, Area().bottom - margin};
-      return PaintLines(surface, inside, style);
+      return PaintCentred(surface, inside, style);
     }
     case Label::Look::kStrong:
       style.weight = Weight::kBold;
@@ -31,7 +30,7 @@ void LabelPane::Paint(Surface& surface, const Rect& dirty) const {
     case Label::Look::kPlain:
       break;
   }
-  if (Area().Height() >= 2 * Host().LineHeight()) return PaintLines(surface, Area(), style);
+  if (Area().Height() >= 2 * Host().LineHeight()) return PaintCentred(surface, Area(), style);
   PaintCaption(surface, Shown()->Caption(), Area(), style);
 }
 
@@ -42,17 +41,12 @@ void LabelPane::PaintSign(Surface& surface, controls::Colour ground) const {
                {palette::kOnAccent, Side::kCentre, Direction::kLeftToRight, Weight::kBold});
 }
 
-/// From the top, but in the middle where they leave room.
-void LabelPane::PaintLines(Surface& surface, const Rect& area, const TextStyle& style) const {
-  const auto lines = WrapText(Shown()->Caption(), area.Width(), [&](std::string_view text) {
-    return Host().TextWidth(text, style.weight);
-  });
-  const int height = Host().LineHeight();
-  int top = area.top + std::max(0, area.Height() - static_cast<int>(lines.size()) * height) / 2;
-  for (const std::string& line : lines) {
-    surface.Text(line, {area.left, top, area.right, top + height}, style);
-    top += height;
-  }
+/// All lines of it, from the top where they leave no room.
+void LabelPane::PaintCentred(Surface& surface, Rect area, const TextStyle& style) const {
+  const auto lines = Wrapped(Shown()->Caption(), area.Width(), style.weight);
+  const int height = static_cast<int>(lines.size()) * Host().LineHeight();
+  area.top += std::max(0, area.Height() - height) / 2;
+  PaintLines(surface, lines, area, style);
 }
 
 Accessible LabelPane::Describe() const {
@@ -73,7 +67,7 @@ void FramePane::Paint(Surface& surface, const Rect& dirty) const {
   const Rect box{0, top, Area().right, Area().bottom};
   surface.RoundBox(box, Design(5), palette::kFrame, palette::kLine);
   if (caption.empty()) return;
-  const int width = Host().TextWidth(caption, Weight::kNormal);
+  const int width = TextWidth(caption);
   const Rect place{box.right - width - Design(20), 0, box.right - Design(8), lineHeight};
   // Above the line the ground around, below it that of the frame.
   surface.Fill({place.left, top, place.right, top + Design(2)}, palette::kFrame);

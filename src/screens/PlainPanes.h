@@ -16,7 +16,7 @@ class LabelPane : public PaneOfKind<controls::Label> {
 
  private:
   void PaintSign(Surface& surface, controls::Colour ground) const;
-  void PaintLines(Surface& surface, const Rect& area, const TextStyle& style) const;
+  void PaintCentred(Surface& surface, Rect area, const TextStyle& style) const;
 };
 
 /// The line around a frame, which its caption interrupts.

@@ -45,4 +45,12 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+/// Dots of a sign in the middle of a place, in units from there.
+inline auto Around(const Rect& place, double unit) {
+  const Dot middle{(place.left + place.right) / 2.0, (place.top + place.bottom) / 2.0};
+  return [middle, unit](double x, double y) -> Dot {
+    return {middle.x + x * unit, middle.y + y * unit};
+  };
+}
+
 }  // namespace screens

@@ -19,15 +19,11 @@ bool IsBlank(std::string_view text) {
 }  // namespace
 
 SelectorPane::SelectorPane(Selector& selector, PaneHost& host)
-    : FieldPane(selector, host, Sign::kArrow),
-      selector_(&selector),
-      drop_(host, *this, [this] { ChooseCurrent(); }) {
-  host.Field();
-}
+    : PaneOfKind(selector, host, Sign::kArrow, Holds::kField),
+      drop_(host, *this, [this] { ChooseCurrent(); }) {}
 
 void SelectorPane::Detach() {
-  FieldPane::Detach();
-  selector_ = nullptr;
+  PaneOfKind::Detach();
   edited_ = false;
   rows_.clear();
   drop_.Close();
@@ -35,7 +31,7 @@ void SelectorPane::Detach() {
 
 void SelectorPane::Changed(const controls::Change& change) {
   FieldPane::Changed(change);
-  if (selector_ == nullptr) return;
+  if (Shown() == nullptr) return;
   if (change.aspect == Aspect::kText) ShowSelected();
   if (change.aspect == Aspect::kEnabled && !Host().Enabled()) Close(Leaving::kRestore);
   // The model read its list anew or dropped it: rows kept here may not be there any more.
@@ -44,18 +40,13 @@ void SelectorPane::Changed(const controls::Change& change) {
   }
 }
 
-void SelectorPane::Resized(Size size) {
-  FieldPane::Resized(size);
-  Host().Field().Move(Inside());
-}
-
 void SelectorPane::ShowSelected() {
   edited_ = false;
-  if (selector_ == nullptr) return;
+  if (Shown() == nullptr) return;
   // The name may have to be read, which may fail: then nothing is shown.
   std::string name;
   try {
-    name = selector_->DisplayText();
+    name = Shown()->DisplayText();
   } catch (...) {
     Host().Field().SetText({});
     throw;
@@ -65,8 +56,8 @@ void SelectorPane::ShowSelected() {
 
 ListRow SelectorPane::At(int row) const {
   const std::size_t index = rows_[static_cast<std::size_t>(row)];
-  if (selector_ == nullptr || index >= selector_->List().size()) return {};
-  const Selector::Row& found = selector_->List()[index];
+  if (Shown() == nullptr || index >= Shown()->List().size()) return {};
+  const Selector::Row& found = Shown()->List()[index];
   return {found.name, found.detail};
 }
 
@@ -89,32 +80,32 @@ void SelectorPane::Toggle() {
 }
 
 void SelectorPane::Open() {
-  if (selector_ == nullptr || !Host().Enabled()) return;
-  selector_->LoadList();
-  if (selector_ != nullptr) ShowRows(edited_ ? Host().Field().Text() : std::string());
+  if (Shown() == nullptr || !Host().Enabled()) return;
+  Shown()->LoadList();
+  if (Shown() != nullptr) ShowRows(edited_ ? Host().Field().Text() : std::string());
 }
 
 void SelectorPane::ShowRows(const std::string& typed) {
-  const std::vector<Selector::Row>& list = selector_->List();
+  const std::vector<Selector::Row>& list = Shown()->List();
   if (IsBlank(typed)) {
     rows_.resize(list.size());
     std::iota(rows_.begin(), rows_.end(), std::size_t{0});
   } else {
-    rows_ = selector_->Narrow(typed);
+    rows_ = Shown()->Narrow(typed);
   }
   int current = typed.empty() || rows_.empty() ? -1 : 0;
-  for (std::size_t i = 0; current < 0 && selector_->HasSelection() && i < rows_.size(); ++i) {
-    if (list[rows_[i]].id == selector_->SelectedID()) current = static_cast<int>(i);
+  for (std::size_t i = 0; current < 0 && Shown()->HasSelection() && i < rows_.size(); ++i) {
+    if (list[rows_[i]].id == Shown()->SelectedID()) current = static_cast<int>(i);
   }
   drop_.Show(current, Area().Width());
 }
 
 void SelectorPane::ChooseCurrent() {
-  if (selector_ == nullptr || drop_.Current() < 0) return;
+  if (Shown() == nullptr || drop_.Current() < 0) return;
   const std::size_t row = rows_[static_cast<std::size_t>(drop_.Current())];
   edited_ = false;
   drop_.Close();
-  selector_->Choose(row);
+  Shown()->Choose(row);
   // The same id again notifies nobody, yet the typed text has to go.
   ShowSelected();
 }
@@ -132,7 +123,7 @@ void SelectorPane::Close(Leaving leaving) {
 void SelectorPane::Settle() {
   const bool emptied = edited_ && IsBlank(Host().Field().Text());
   edited_ = false;
-  if (emptied && selector_ != nullptr) selector_->ChooseNone();
+  if (emptied && Shown() != nullptr) Shown()->ChooseNone();
   ShowSelected();
 }
 
@@ -142,8 +133,8 @@ void SelectorPane::Wheel(const WheelEvent& event) {
 
 bool SelectorPane::PressKey(const KeyEvent& event) {
   if (drop_.Open() && PressKeyInList(event)) return true;
-  const bool plain = !event.modifiers.alt && !event.modifiers.control && !event.modifiers.shift;
-  if (plain && !drop_.Open() && (event.key == Key::kDown || event.key == Key::kUp)) {
+  if (event.modifiers.None() && !drop_.Open() &&
+      (event.key == Key::kDown || event.key == Key::kUp)) {
     Open();
     return true;
   }
@@ -188,17 +179,7 @@ void SelectorPane::FocusChanged(bool focused) {
 }
 
 Accessible SelectorPane::Describe() const {
-  Accessible described = Described(Role::kComboBox);
-  described.focusable = described.expandable = true;
-  described.expanded = drop_.Open();
-  described.action = described.expanded ? "بستن" : "باز كردن";
-  described.value = Host().Field().Text();
-  return described;
-}
-
-void SelectorPane::Act(int /*part*/) {
-  Host().TakeFocus();
-  Toggle();
+  return DescribedOpener(drop_.Open(), Host().Field().Text());
 }
 
 }  // namespace screens

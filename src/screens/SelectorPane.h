@@ -14,22 +14,18 @@ namespace screens {
 /// Esc takes back what was typed. Leaving an emptied field selects nothing, leaving it by Tab with
 /// a narrowed list chooses the row that stands marked in it; any other text gives way to the
 /// selected name.
-class SelectorPane : public FieldPane, private ListRows {
+class SelectorPane : public PaneOfKind<controls::Selector, FieldPane>, private ListRows {
  public:
   SelectorPane(controls::Selector& selector, PaneHost& host);
 
   void Detach() override;
   void Changed(const controls::Change& change) override;
-  void Resized(Size size) override;
   void Wheel(const WheelEvent& event) override;
   bool PressKey(const KeyEvent& event) override;
   void FocusChanged(bool focused) override;
   void Edited() override;
   void PopupLeft() override { Close(Leaving::kSettle); }
   Accessible Describe() const override;
-  void Act(int part) override;
-
-  const DropDown& Drop() const { return drop_; }
 
  protected:
   void Toggle() override;
@@ -46,7 +42,6 @@ class SelectorPane : public FieldPane, private ListRows {
   void ShowSelected();
   bool PressKeyInList(const KeyEvent& event);
 
-  controls::Selector* selector_;
   std::vector<std::size_t> rows_;  // indexes into the selector's list
   DropDown drop_;
   bool edited_ = false;

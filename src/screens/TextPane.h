@@ -6,21 +6,16 @@
 namespace screens {
 
 /// A box of one line of text.
-class TextPane : public FieldPane {
+class TextPane : public PaneOfKind<controls::TextBox, FieldPane> {
  public:
   TextPane(controls::TextBox& box, PaneHost& host);
 
-  void Detach() override;
   void Changed(const controls::Change& change) override;
-  void Resized(Size size) override;
   void FocusChanged(bool focused) override;
   void Edited() override;
   std::string Taken(const std::string& typed) const override;
   std::string Pasted(const std::string& text) const override;
   Accessible Describe() const override;
-
- private:
-  controls::TextBox* box_;
 };
 
 }  // namespace screens

@@ -25,18 +25,15 @@ class DemoTemplates : public testing::Test {
 
   /// The template as a program fills it whose working folder is the project's.
   std::string Filled(const std::string& name, int program) {
-    return FilledText(support::Content("demo/templates/" + name), name, program);
-  }
-  std::string FilledText(const std::string& content, const std::string& name, int program) {
-    const FilledReport filled = Report(content, name, program);
+    const FilledReport filled = Report(name, program);
     std::string text;
     int line = 0;
     while (filled.body->Next(text, line)) {
     }
     return text;
   }
-  FilledReport Report(const std::string& content, const std::string& name, int program) {
-    return Fill(ReportTemplate::Load(content, name),
+  FilledReport Report(const std::string& name, int program) {
+    return Fill(ReportTemplate::Load(support::Content("demo/templates/" + name), name),
                 std::make_unique<adapters::sqlite::SqliteConnection>("sqlite:" + file),
                 "fmlID = " + std::to_string(program), kToday);
   }
@@ -87,7 +84,7 @@ TEST_F(DemoTemplates, Filled_HoldWhatTheProgramHasOrSayThatThereIsNothing) {
     const auto& [part, number] = wanted.at(name);
     EXPECT_EQ(CountOf(Filled(name, 1), part), number) << name;
     EXPECT_THAT(Filled(name, 14), testing::HasSubstr("ويزيتي ندارد"));
-    Pages pages(Report(support::Content("demo/templates/" + name), name, 1), letters);
+    Pages pages(Report(name, 1), letters);
     while (pages.LayOutMore()) {
     }
     EXPECT_GT(pages.Count(), name == "visit-summary.html" ? 0 : 1) << name;
@@ -95,31 +92,6 @@ TEST_F(DemoTemplates, Filled_HoldWhatTheProgramHasOrSayThatThereIsNothing) {
   EXPECT_EQ(CountOf(Filled("path-coverage.html", 1), "<meter"), paths);
   EXPECT_EQ(CountOf(Filled("promoter-day-sheet.html", 1), "<table"), days);
   EXPECT_THAT(Filled("program-by-day.html", 999), testing::HasSubstr("پيدا نشد"));
-}
-
-TEST_F(DemoTemplates, MonthPage_HoldsEveryVisitOnItsDay) {
-  const std::string text = FilledText(
-      "<!--report\ntitle: T\nquery visits: Select d.PromoterID, d.FarsiVisitDate, d.CustomerID "
-      "From tblDistributionPromoterProgramDetail d Where d.ProgramID = {fmlID} "
-      "Order By d.PromoterID, d.FarsiVisitDate, d.Sequence\n"
-      "group visits: promoters by PromoterID; months by month FarsiVisitDate; "
-      "weeks by week FarsiVisitDate; days by day FarsiVisitDate\n-->"
-      "{{#promoters}}{{#months}}{{#weeks}}<tr>{{#days}}{{#visits}}[{{PromoterID}} "
-      "{{FarsiVisitDate}} {{CustomerID}}]{{/visits}}{{/days}}{{/weeks}}{{/months}}{{/promoters}}",
-      "month.html", 1);
-  const auto visits = connection.Execute(
-      "Select PromoterID, FarsiVisitDate, CustomerID From tblDistributionPromoterProgramDetail "
-      "Where ProgramID = 1");
-  ASSERT_GT(visits.RowCount(), 10U);
-  EXPECT_EQ(CountOf(text, "["), visits.RowCount());
-  for (std::size_t row = 0; row < visits.RowCount(); ++row) {
-    std::string visit = "[";
-    for (const std::size_t column : {0U, 1U, 2U}) {
-      visit.append(visits.Text(row, column)).append(column < 2 ? " " : "]");
-    }
-    EXPECT_EQ(CountOf(text, visit), 1U) << visit;
-  }
-  EXPECT_GE(CountOf(text, "<tr>"), 4U);
 }
 
 }  // namespace

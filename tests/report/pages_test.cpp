@@ -2,54 +2,21 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <sstream>
-#include <utility>
+#include <filesystem>
 
+#include "report/Pieces.h"
 #include "report/ReportError.h"
 #include "report/Typewriter.h"
+#include "support/Approved.h"
 
 namespace report {
 namespace {
 
 using controls::Sheet;
-using controls::SheetFill;
 using controls::SheetText;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::HasSubstr;
-
-constexpr double kLeft = 34;  // of what a portrait page holds, in points
-constexpr double kRight = 561;
-constexpr double kTop = 68;
-
-/// Pieces that are there from the beginning.
-class Pieces : public Markup {
- public:
-  /// Cuts at `cut`, and then after every `size` bytes.
-  Pieces(std::string text, std::size_t cut, std::size_t size)
-      : text_(std::move(text)), cut_(cut), size_(size) {}
-  bool Next(std::string& text, int& line) override {
-    if (at_ >= text_.size()) return false;
-    if (at_ == failAt) throw platform::RuntimeError(11, "the line broke");
-    const std::size_t count = at_ < cut_ ? cut_ - at_ : size_;
-    const auto begin = text_.begin();
-    line = 1 + static_cast<int>(std::count(begin, begin + static_cast<std::ptrdiff_t>(at_), '\n'));
-    text.append(text_, at_, count);
-    at_ += count;
-    return true;
-  }
-  MarkupPlace Where() const override { return {at_, {}}; }
-  void GoTo(const MarkupPlace& place) override { at_ = place.node; }
-
-  static inline std::size_t failAt = std::string::npos;
-
- private:
-  std::string text_;
-  std::size_t cut_;
-  std::size_t size_;
-  std::size_t at_ = 0;
-};
 
 const Typewriter kLetters;
 
@@ -72,25 +39,7 @@ std::vector<Sheet> Sheets(FilledReport report) {
   return sheets;
 }
 
-/// Everything on a sheet, to compare sheets by.
-std::string Dump(const Sheet& sheet) {
-  std::ostringstream out;
-  const auto box = [&out](const controls::SheetBox& b) {
-    out << b.left << ' ' << b.top << ' ' << b.right << ' ' << b.bottom << ' ';
-  };
-  for (const SheetFill& fill : sheet.fills) {
-    box(fill.box);
-    out << fill.colour << '\n';
-  }
-  for (const SheetText& text : sheet.texts) {
-    box(text.box);
-    out << text.text << ' ' << text.font.points << text.font.bold << ' ' << text.colour << ' '
-        << static_cast<int>(text.side) << text.rightToLeft << '\n';
-  }
-  return out.str();
-}
-
-std::string Dump(const std::vector<Sheet>& sheets) {
+std::string DumpAll(const std::vector<Sheet>& sheets) {
   std::string all;
   for (const Sheet& sheet : sheets) all += Dump(sheet) + "--\n";
   return all;
@@ -100,11 +49,6 @@ std::string Dump(const std::vector<Sheet>& sheets) {
 std::vector<SheetText> TextsOf(Sheet sheet) {
   sheet.texts.resize(sheet.texts.size() - 4);
   return std::move(sheet.texts);
-}
-
-std::vector<SheetFill> FillsOf(Sheet sheet) {
-  sheet.fills.resize(sheet.fills.size() - 2);
-  return std::move(sheet.fills);
 }
 
 std::vector<std::string> Words(const Sheet& sheet) {
@@ -149,14 +93,14 @@ TEST(Pages, Pieces_CutAnywhere_GiveTheSameSheets) {
                            kTable + kHead + Rows(2) + "</table>";
   const std::string whole =
       "<head>" + html.substr(0, html.find("<p>")) + "</head>" + html.substr(html.find("<p>"));
-  const std::string expected = Dump(Sheets(Report(whole, whole.size())));
+  const std::string expected = DumpAll(Sheets(Report(whole, whole.size())));
   EXPECT_THAT(expected, HasSubstr("a\u00A0b"));
   for (std::size_t cut = 1; cut < whole.size(); ++cut) {
-    ASSERT_EQ(Dump(Sheets(Report(whole, cut, whole.size()))), expected) << whole.substr(0, cut);
+    ASSERT_EQ(DumpAll(Sheets(Report(whole, cut, whole.size()))), expected) << whole.substr(0, cut);
   }
-  const std::string everything = Dump(Sheets(Report(kEverything, kEverything.size())));
+  const std::string everything = DumpAll(Sheets(Report(kEverything, kEverything.size())));
   for (const std::size_t size : {1, 2, 3, 50, 1000}) {
-    ASSERT_EQ(Dump(Sheets(Report(kEverything, 0, size))), everything) << size;
+    ASSERT_EQ(DumpAll(Sheets(Report(kEverything, 0, size))), everything) << size;
   }
 }
 
@@ -194,7 +138,7 @@ TEST(Pages, Frame_SaysHowManyPagesWhenThatIsKnown) {
 
 TEST(Pages, Failure_OfTheDatabase_CanBeTriedAgain) {
   const std::string html = kTable + Rows(200) + "</table>";
-  const std::string expected = Dump(Sheets(Report(html)));
+  const std::string expected = DumpAll(Sheets(Report(html)));
   Pages pages(Report(html), kLetters);
   Pieces::failAt = 7 * 300;
   ASSERT_THROW(while (pages.LayOutMore()){}, platform::RuntimeError);
@@ -204,6 +148,16 @@ TEST(Pages, Failure_OfTheDatabase_CanBeTriedAgain) {
   std::string all;
   for (int page = 0; page < pages.Count(); ++page) all += Dump(pages.At(page)) + "--\n";
   EXPECT_EQ(all, expected);
+}
+
+// tests/report/pages: boxes, texts, widths, lines, breaks, and what all of it together comes to.
+TEST(Pages, Templates_OfEachKind_AreLaidOutAsApproved) {
+  for (const auto& entry : std::filesystem::directory_iterator("tests/report/pages")) {
+    std::filesystem::path file = entry.path();
+    if (file.extension() != ".html") continue;
+    const std::string dump = DumpAll(Sheets(Report(support::Content(file))));
+    support::ExpectApproved(file.replace_extension(".txt").string(), dump);
+  }
 }
 
 TEST(Pages, Head_StandsOnEveryPageAndNeverAlone) {
@@ -216,14 +170,6 @@ TEST(Pages, Head_StandsOnEveryPageAndNeverAlone) {
   ASSERT_EQ(late.size(), 2U);
   EXPECT_THAT(Words(late[1]), ElementsAre("head", "1", "x"));
   EXPECT_THAT(Words(kTable + kHead + "</table>"), ElementsAre("head")) << "but when it has no rows";
-}
-
-TEST(Pages, Breaks_BeginAPageWhereSomethingFollows) {
-  const std::string style = "<p style='page-break-after: always'>";
-  const auto sheets =
-      Sheets(Report(style + "a</p><div style='break-before: page'>b</div>" + style + "c</p>"));
-  ASSERT_EQ(sheets.size(), 2U);
-  EXPECT_THAT(Words(sheets[1]), ElementsAre("b", "c"));
 }
 
 TEST(Pages, Row_HigherThanAPage_GoesOnWithEveryWord) {
@@ -246,135 +192,16 @@ TEST(Pages, Row_HigherThanAPage_GoesOnWithEveryWord) {
   EXPECT_THAT(words, ElementsAreArray(expected));
 }
 
-TEST(Pages, Text_BreaksAtWordsAndWithinThoseThatAreTooWide) {
-  const std::pair<const char*, std::vector<std::string>> kCases[] = {
-      // 42.5 points hold ten letters.
-      {"aaaa bbbb cccc", {"aaaa bbbb", "cccc"}},
-      {"  aaaa\n  bbbb<br> c ", {"aaaa bbbb", "c"}},
-      {"aaaaaaaaaaaaaaa bb", {"aaaaaaaaaa", "aaaaa bb"}},
-      {"aaaa <b>bbbb cccc</b>", {"aaaa", "bbbb", "cccc"}},
-      {"aaaaaa<b>bbbbbb</b> c", {"aaaaaa", "bbbb", "bb", "c"}},
-      {"aaaa&nbsp;bbbb&nbsp;c", {"aaaa\u00A0bbbb\u00A0", "c"}},
-      {"<span style='white-space: nowrap'>aaaa bbbb cccc</span>", {"aaaa bbbb cccc"}},
-      {"a<div>b</div>c", {"a", "b", "c"}},
-  };
-  for (const auto& [text, lines] : kCases) {
-    EXPECT_THAT(Words("<table cellpadding=0 width='42.5pt'><tr><td>" + std::string(text) +
-                      "</td></tr></table>"),
-                ElementsAreArray(lines))
-        << text;
-  }
-}
-
-TEST(Pages, Cells_StandAsTheirTableIsReadInWidthsOfHeadAndFirstRow) {
-  const auto place = [](const std::string& html, std::size_t text) {
-    const auto box = TextsOf(Sheets(Report(html)).front())[text].box;
-    return std::pair(box.left, box.right);
-  };
-  const std::string cells = "<tr><td width='10%'>a</td><td>b</td><td width='100pt'>c</td></tr>";
-  const double whole = kRight - kLeft;
-  EXPECT_EQ(place(kTable + cells + "</table>", 0), std::pair(kRight - whole / 10, kRight));
-  EXPECT_EQ(place("<table dir=ltr cellpadding=0>" + cells + "</table>", 1),
-            std::pair(kLeft + whole / 10, kRight - 100));
-  const std::string head = "<thead><tr><td colspan=2>h</td><td width='50%'>i</td></tr></thead>";
-  EXPECT_EQ(place(kTable + head + Rows(1) + "</table>", 0), std::pair(kRight - whole / 2, kRight));
-  EXPECT_EQ(place("<table cellpadding=4 width='50%' align=center><tr><td>a</td></tr></table>", 0),
-            std::pair(kLeft + whole / 4 + 3, kRight - whole / 4 - 3));
-}
-
-TEST(Pages, Line_OfSeveralStyles_IsPlacedAsItIsRead) {
-  const auto edges = [](const std::string& dir) {
-    std::vector<double> all;
-    for (const SheetText& text :
-         TextsOf(Sheets(Report("<p dir=" + dir + ">ab <b>cd</b>e</p>")).front())) {
-      all.push_back(dir == "rtl" ? kRight - text.box.right : text.box.left - kLeft);
-    }
-    return all;
-  };
-  EXPECT_THAT(edges("rtl"), ElementsAre(0, 3 * 4.25, 5 * 4.25));
-  EXPECT_THAT(edges("ltr"), ElementsAre(0, 3 * 4.25, 5 * 4.25));
-}
-
-TEST(Pages, Styles_TheMoreSpecialAndLaterWin) {
-  const std::pair<const char*, controls::Colour> kCases[] = {
-      {"td { color: red } .a { color: blue } td { color: lime }", 0xFF0000},
-      {"td { color: red } td { color: blue }", 0xFF0000},
-      {".r td { color: red } .a { color: blue }", 0x0000FF},
-      {"td.a { color: #00f } .a, .b { color: red }", 0xFF0000},
-      {"table .r .a { color: red } .x .a { color: blue } td.b { color: lime }", 0x0000FF},
-      {"tr { color: #0000FF }", 0xFF0000},
-  };
-  for (const auto& [css, colour] : kCases) {
-    const auto sheets =
-        Sheets(Report("<head><style>" + std::string(css) +
-                      "</style></head><table><tr class=r><td class='a c'>x</td></tr></table>"));
-    EXPECT_EQ(sheets.front().texts.front().colour, colour) << css;
-  }
-  const auto own = Sheets(Report(
-      "<p style='color: red; font-size: 200%; text-align: left'>a <small dir=ltr>b</small></p>"));
-  const auto texts = TextsOf(own.front());
-  ASSERT_EQ(texts.size(), 2U);
-  EXPECT_EQ(texts[0].font.points, 17);
-  EXPECT_EQ(texts[1].font.points, 17 * 0.85);
-  EXPECT_EQ(texts[1].colour, 0x0000FFU);
-  EXPECT_FALSE(texts[1].rightToLeft);
-  EXPECT_EQ(texts[1].box.left, kLeft) << "left, and read from the right";
-}
-
-TEST(Pages, Boxes_ArePaintedBelowTextsAndLinesAboveGrounds) {
-  const auto fills = [](const std::string& html) { return FillsOf(Sheets(Report(html)).front()); };
-  const auto cell = fills(
-      "<table cellpadding=0><tr><td bgcolor=red style='border-bottom: 2pt solid blue; "
-      "height: 30pt'>a</td></tr><tr><td bgcolor=lime>b</td></tr></table>");
-  ASSERT_EQ(cell.size(), 3U);
-  EXPECT_EQ(cell[0].box, (controls::SheetBox{kLeft, kTop, kRight, kTop + 30}));
-  EXPECT_EQ(cell[1].colour, 0x00FF00U);
-  EXPECT_EQ(cell[2].box, (controls::SheetBox{kLeft, kTop + 29, kRight, kTop + 31}));
-  const auto meter = fills(
-      "<table cellpadding=0 width='100pt'><tr><td><meter style='color: red' "
-      "value='۳' max=12></meter></td></tr></table>");
-  ASSERT_EQ(meter.size(), 1U);
-  EXPECT_EQ(meter[0].box.left, kRight - 25);
-  EXPECT_EQ(meter[0].box.right, kRight);
-}
-
-TEST(Pages, WhatATemplateMustNotSay_IsRefusedWithTheLine) {
-  const std::pair<const char*, const char*> kCases[] = {
-      {"\n<img>", "t.html:2: unknown element: <img>"},
-      {"<p>\n\n<b>x</p>", "t.html:3: </p> closes nothing: <b> of line 3 is open"},
-      {"<p>\n<table>", "t.html:2: <table> has no place in <p> of line 1"},
-      {"<table><tr><td>\n<table>", "t.html:2: a table within a table"},
-      {"<table><tr>\nx", "text directly in <tr>"},
-      {"<table><tr><td>a\n<td>", "t.html:2: <td> has no place in <td> of line 1"},
-      {"<table><tr><td>a</td></tr>\n<tr><td>a</td><td>b</td></tr></table>",
-       "t.html:2: the row has more cells"},
-      {"<table><tr><td>a</td></tr>\n<thead>", "t.html:2: <thead> behind rows"},
-      {"\n<p onclick='x'>", "t.html:2: <p> does not take onclick=\"x\""},
-      {"\n<td colspan=0>", "<td> does not take colspan=\"0\""},
-      {"\n<p style='float: left'>", "t.html:2: unknown CSS property: float"},
-      {"<head><style>\np {\ncolor: rot }</style></head>",
-       "t.html:3: unknown value of CSS color: rot"},
-      {"<head><style>\np > b { color: red }</style></head>",
-       "t.html:2: unknown CSS selector: p > b"},
-      {"<head><style>p {\npadding: 1pt }\n</style></head><p>x</p><span style='padding: "
-       "1pt'>x</span>",
-       "t.html:3: <span> does not take CSS padding"},
-      {"<head><style>p { color: red</style></head>", "braces"},
-      {"<meter value=x>", "no number in <meter value>: x"},
-      {"\na & b, c and d", "t.html:2: unknown entity: &"},
-      {"<p>&amp</p>", "unknown entity: &amp"},
-      {"\n<p>a", "t.html:2: <p> is not closed"},
-      {"a\n<p class='x", "t.html:2: not closed until the end"},
-  };
-  for (const auto& [html, error] : kCases) {
+TEST(Pages, Markup_IsLaidOutOrRefusedWithItsLineAsApproved) {
+  support::ExpectOutcomes("tests/report/markup.txt", [](const std::string& html) -> std::string {
     try {
-      Sheets(Report(html));
-      ADD_FAILURE() << html;
+      Sheet sheet = Sheets(Report(html)).front();
+      sheet.texts = TextsOf(sheet);
+      return Dump(sheet);
     } catch (const ReportError& failure) {
-      EXPECT_THAT(failure.Technical(), HasSubstr(error)) << html;
-      EXPECT_THAT(failure.Words(), HasSubstr("قالب گزارش «t.html» درست نيست. سطر ")) << html;
+      return failure.Words() + "\n" + failure.Technical() + "\n";
     }
-  }
+  });
 }
 
 }  // namespace

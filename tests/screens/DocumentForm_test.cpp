@@ -106,29 +106,6 @@ TEST_F(DocumentFormTest, Members_UnknownOrOfTheWrongKind_ThrowTheAutomationError
   EXPECT_EQ(NumberOf([&] { viewer.Call("View", noNumber); }), 13);
 }
 
-TEST_F(DocumentFormTest, Resize_AnySize_KeepsEverythingInSightAndReadingFromTheRight) {
-  AccountingDocument document;
-  document.lines.resize(40);
-  DocumentForm form(screen, document);
-  const double whole = form.Height();
-  for (const auto& [width, height] :
-       {std::pair(form.Width(), whole), std::pair(form.MinWidth(), form.MinHeight()),
-        std::pair(24000.0, 12000.0)}) {
-    form.Resize(width, height);
-    EXPECT_DOUBLE_EQ(form.frameHead.Width(), form.flxLines.Width());
-    EXPECT_GT(form.lblCode.Left(), form.txtCode.Left());
-    EXPECT_GT(form.txtCode.Left(), form.lblDate.Left() + form.lblDate.Width());
-    EXPECT_GT(form.txtDate.Left(), 0);
-    EXPECT_LT(form.txtDescription.Top() + form.txtDescription.Height(), form.frameHead.Height());
-    EXPECT_GE(form.flxLines.Height(), 7 * controls::FlexGrid::kRowHeight);
-    EXPECT_LT(form.flxLines.Top() + form.flxLines.Height(), form.cmdClose.Top());
-    EXPECT_LT(form.cmdClose.Top() + form.cmdClose.Height(), height);
-    EXPECT_GE(form.lblDebit.Left(), form.lblCredit.Left() + form.lblCredit.Width());
-    EXPECT_GT(form.lblCredit.Left(), form.cmdClose.Left() + form.cmdClose.Width());
-  }
-  form.Resize(0, 0);
-}
-
 TEST(GroupedAmountTest, AnyText_IsGroupedOnlyWhereItIsANumber) {
   const std::pair<const char*, const char*> kCases[] = {
       {"1000", "1,000"},

@@ -16,12 +16,12 @@ struct TrialForm : controls::Form {
   explicit TrialForm(controls::Screen& screen) : Form(screen, "TrialForm", Border::kSizable) {}
 };
 
-/// A control's pane of 200 x 25 pixels and a person before it.
+/// A control's pane and a person before it.
 template <typename PaneType>
 struct PaneTrial {
-  explicit PaneTrial(controls::Control& control)
+  explicit PaneTrial(controls::Control& control, Size size = {200, 25})
       : made(MakePane(control, host)), pane(dynamic_cast<PaneType&>(*made)) {
-    pane.Resized({200, 25});
+    pane.Resized(size);
     following.Begin(control, [this, &control](const controls::Change& change) {
       host.enabled = control.Enabled();
       pane.Changed(change);
@@ -43,15 +43,17 @@ struct PaneTrial {
     pane.Edited();
     Type(text);
   }
-  void Mouse(PointerEvent::Action action, Point at) { pane.Pointer({action, at}); }
+  void Mouse(PointerEvent::Action action, Point at, int clicks = 1) {
+    pane.Pointer({.action = action, .place = at, .clicks = clicks, .leftHeld = true});
+  }
   void Click(Point at) { Click(pane, at); }
   static void Click(Pane& on, Point at) {
     on.Pointer({PointerEvent::Action::kPress, at});
     on.Pointer({PointerEvent::Action::kRelease, at});
   }
-  RecordingSurface Painted() const {
+  RecordingSurface Painted(Size size = {400, 200}) const {
     RecordingSurface surface;
-    pane.Paint(surface, {0, 0, 200, 25});
+    pane.Paint(surface, {0, 0, size.width, size.height});
     return surface;
   }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/RuntimeError.h"
+#include "report/Typewriter.h"
 #include "support/ErrorNumber.h"
 #include "support/FakeProgress.h"
 #include "support/FakeScreen.h"
@@ -14,13 +15,6 @@ namespace {
 using support::NumberOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-struct SameLetters : report::Letters {
-  double Width(std::string_view text, const controls::SheetFont& font) const override {
-    return static_cast<double>(text.size()) * font.points / 2;
-  }
-  double LineHeight(const controls::SheetFont& font) const override { return font.points * 1.2; }
-};
 
 /// So many paragraphs, of which one cannot be read.
 struct Paragraphs : report::Markup {
@@ -59,7 +53,7 @@ class PreviewFormTest : public testing::Test {
   support::Events events;
   support::FakeScreen screen{events};
   support::FakeProgress progress;
-  SameLetters letters;
+  report::Typewriter letters;
   std::vector<int> put;
   PageOutlets outlets{.print = [this](report::Pages& all) { put.push_back(all.Count()); },
                       .savePdf = nullptr};
@@ -165,15 +159,6 @@ TEST_F(PreviewFormTest, Window_IsClosedByItsButtonOrEsc) {
     });
     form->Run();
   }
-  const controls::Control* left = &form->cmdPrint;
-  for (const controls::Control* next : std::initializer_list<controls::Control*>{
-           &form->cmdFirst, &form->cmdPrevious, &form->lblPosition, &form->cmdNext, &form->cmdLast,
-           &form->cmdSmaller, &form->lblZoom, &form->cmdLarger, &form->cmdWidth, &form->cmdWhole,
-           &form->cmdClose}) {
-    EXPECT_LE(next->Left() + next->Width(), left->Left()) << next->Name();
-    left = next;
-  }
-  EXPECT_GE(form->cmdClose.Left(), 0);
 }
 
 TEST_F(PreviewFormTest, ReportForThePrinter_IsPrintedWithoutAWindow) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
+#include <iomanip>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -93,51 +96,112 @@ inline std::unique_ptr<Popup> ScriptedHost::MakePopup(PopupKind kind, const Pane
   return made;
 }
 
-/// Keeps what was painted, to be asked by place.
+inline std::ostream& operator<<(std::ostream& out, const Rect& place) {
+  return out << place.left << ' ' << place.top << ' ' << place.right << ' ' << place.bottom;
+}
+
+/// Writes down what is painted, a line for each call.
 struct RecordingSurface : Surface {
-  RecordingSurface() { clips.push_back({-9999, -9999, 9999, 9999}); }
-  struct Line {
-    std::string text;
-    Rect box;
-    TextStyle style;
-  };
   void Fill(const Rect& area, controls::Colour colour) override {
-    fills.emplace_back(area.Common(clips.back()), colour);
+    log << "fill " << area << ' ' << Hex(colour) << '\n';
   }
   void Text(std::string_view text, const Rect& box, const TextStyle& style) override {
-    texts.push_back({std::string(text), box, style});
+    texts.emplace_back(text);
+    constexpr const char* kSides[] = {" right", " centre", " left"};
+    log << "text " << box << ' ' << Hex(style.colour) << kSides[static_cast<int>(style.side)];
+    if (style.direction == Direction::kLeftToRight) log << " ltr";
+    if (style.weight == Weight::kBold) log << " bold";
+    if (style.size != 0) log << " size " << style.size;
+    log << ": " << text << '\n';
   }
-  void Stroke(std::initializer_list<Dot> points, double /*width*/,
-              controls::Colour /*colour*/) override {
-    strokes.push_back(*points.begin());
+  void Stroke(std::initializer_list<Dot> points, double width, controls::Colour colour) override {
+    log << "stroke " << width << ' ' << Hex(colour) << ':';
+    for (const Dot& dot : points) log << ' ' << dot.x << ',' << dot.y;
+    log << '\n';
   }
-  void RoundBox(const Rect& area, int /*radius*/, controls::Colour ground, controls::Colour line,
-                int /*lineWidth*/) override {
-    Fill(area, ground);
-    frames.emplace_back(area, line);
+  void RoundBox(const Rect& area, int radius, controls::Colour ground, controls::Colour line,
+                int lineWidth) override {
+    log << "box " << area << " round " << radius << ' ' << Hex(ground) << " line " << lineWidth
+        << ' ' << Hex(line) << '\n';
   }
-  void PushClip(const Rect& area) override { clips.push_back(area.Common(clips.back())); }
-  void PopClip() override { clips.pop_back(); }
+  void PushClip(const Rect& area) override {
+    clips.push_back(area.Common(clips.back()));
+    log << "within " << clips.back() << '\n';
+  }
+  void PopClip() override {
+    clips.pop_back();
+    log << "within " << clips.back() << '\n';
+  }
 
-  controls::Colour ColourAt(Point at) const {
-    controls::Colour colour = 0;
-    for (const auto& [area, fill] : fills) {
-      if (area.Contains(at)) colour = fill;
-    }
-    return colour;
-  }
-  bool Shows(std::string_view text) const {
-    for (const Line& line : texts) {
-      if (line.text == text) return true;
-    }
-    return false;
-  }
+  bool Shows(std::string_view text) const { return std::ranges::find(texts, text) != texts.end(); }
+  std::vector<Rect> clips{{-9999, -9999, 9999, 9999}};
+  std::vector<std::string> texts;
+  std::ostringstream log;
 
-  std::vector<Rect> clips;
-  std::vector<std::pair<Rect, controls::Colour>> fills;
-  std::vector<std::pair<Rect, controls::Colour>> frames;
-  std::vector<Line> texts;
-  std::vector<Dot> strokes;
+ private:
+  static std::string Hex(controls::Colour colour) {
+    std::ostringstream hex;
+    hex << '#' << std::hex << std::setfill('0');
+    for (const unsigned shift : {0U, 8U, 16U}) hex << std::setw(2) << (colour >> shift & 0xFFU);
+    return hex.str();
+  }
 };
+
+/// What a screen reader is told, on one line; what is as it is for most is left out.
+inline std::string Told(const Accessible& told) {
+  constexpr const char* kRoles[] = {"none",         "group",     "label",          "sign",
+                                    "field",        "button",    "check box",      "combo box",
+                                    "progress bar", "table",     "column heading", "cell",
+                                    "list",         "list item", "note",           "document"};
+  std::ostringstream line;
+  line << kRoles[static_cast<int>(told.role)] << " \"" << told.name << '"';
+  for (const auto& [what, text] : {std::pair("value", told.value),
+                                   {"says", told.description},
+                                   {"keys", told.keys},
+                                   {"does", told.action}}) {
+    if (!text.empty()) line << ' ' << what << " \"" << text << '"';
+  }
+  for (const auto& [what, number] : {std::pair("rows", told.rows),
+                                     {"headings", told.headingRows},
+                                     {"columns", told.columns},
+                                     {"row", told.row + 1},
+                                     {"column", told.column + 1}}) {
+    if (number != 0) line << ' ' << what << ' ' << number;
+  }
+  for (const auto& [what, holds] : {std::pair("disabled", !told.enabled),
+                                    {"focusable", told.focusable},
+                                    {"focused", told.focused},
+                                    {"selectable", told.selectable},
+                                    {"selected", told.selected},
+                                    {"checkable", told.checkable},
+                                    {"checked", told.checked},
+                                    {"expandable", told.expandable},
+                                    {"expanded", told.expanded},
+                                    {"read only", told.readOnly}}) {
+    if (holds) line << ", " << what;
+  }
+  line << " at " << told.place;
+  std::string text = line.str();
+  std::erase(text, '\r');
+  std::ranges::replace(text, '\n', '|');
+  return text + "\n";
+}
+
+/// What a pane of this size paints and tells, its first parts included, a line each.
+inline std::vector<std::string> PictureOf(const Pane& pane, Size size) {
+  constexpr int kMostParts = 50;
+  RecordingSurface surface;
+  pane.Paint(surface, {0, 0, size.width, size.height});
+  surface.log << "told: " << Told(pane.Describe());
+  for (int part = 0; part < std::min(kMostParts, pane.PartCount()); ++part) {
+    const Accessible told = pane.DescribePart(part);
+    const bool there = told.place.Empty() || pane.PartAt(told.place.Middle()) == part;
+    surface.log << (there ? "  " : "  not found there: ") << Told(told);
+  }
+  std::vector<std::string> lines;
+  std::istringstream text(surface.log.str());
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
 
 }  // namespace screens

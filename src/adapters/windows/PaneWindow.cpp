@@ -32,7 +32,7 @@ void PaneWindow::Detach() {
 }
 
 void PaneWindow::Place() {
-  const screens::PixelPlace place = screens::PlaceInContainer(
+  const screens::Rect place = screens::PlaceInContainer(
       *control_, [this](controls::Twips twips) { return Look().GetScale().Pixels(twips); });
   SetWindowPos(Handle(), nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);

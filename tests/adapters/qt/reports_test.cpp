@@ -116,6 +116,11 @@ TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {
   QBuffer locked;
   ASSERT_TRUE(locked.open(QIODevice::ReadOnly));
   EXPECT_EQ(NumberOf([&] { WritePdf(*pages, progress, letters, locked); }), 57);
+  progress.stopAtCall = 1;
+  QBuffer stopped;
+  ASSERT_TRUE(stopped.open(QIODevice::WriteOnly));
+  EXPECT_FALSE(WritePdf(*pages, progress, letters, stopped));
+  EXPECT_FALSE(progress.UnderWay());
 }
 
 TEST_F(ReportsTest, Paper_HasItsLettersAsWideAsTheyWereMeasured) {
@@ -132,25 +137,6 @@ TEST_F(ReportsTest, Paper_HasItsLettersAsWideAsTheyWereMeasured) {
   EXPECT_EQ(Ink(image, {0, 0, edge - 3, 200}), 0);
   EXPECT_GT(Ink(image, {edge - 3, 80, 30, 40}), 10);
   EXPECT_DOUBLE_EQ(letters.Width(text, {20, true}), 2 * width);
-}
-
-TEST_F(ReportsTest, OutletThatIsStopped_LeavesNothing) {
-  const std::unique_ptr<report::Pages> pages = All();
-  progress.stopAt = 3;
-  QBuffer pdf;
-  ASSERT_TRUE(pdf.open(QIODevice::WriteOnly));
-  EXPECT_FALSE(WritePdf(*pages, progress, letters, pdf));
-  EXPECT_EQ(progress.advanced.size(), 3U);
-  EXPECT_FALSE(progress.UnderWay());
-}
-
-TEST_F(ReportsTest, Load_FileThatIsNone_Throws) {
-  const auto engine = reports.Create();
-  EXPECT_EQ(NumberOf([&] { engine->LoadReportFile("/no/such/t.html"); }), 53);
-  for (const char* content : {"<html>", "<!--report \xC3\x28"}) {
-    EXPECT_EQ(NumberOf([&] { engine->LoadReportFile(WriteFile(content)); }), 321) << content;
-  }
-  EXPECT_EQ(NumberOf([&] { engine->SetSelectionFormula(2, "fmlID = 1"); }), 5);
 }
 
 TEST_F(ReportsTest, Produce_OnScreen_PreviewsUntilClosed) {
