@@ -7,13 +7,15 @@
 #include <algorithm>
 #include <compare>
 #include <functional>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "controls/FlexGrid.h"
-#include "controls/FlexGridHarness.h"
+#include "platform/ResumeNext.h"
+#include "support/LoneContainer.h"
 #include "text/PersianOrder.h"
 
 namespace gridtrial {
@@ -202,8 +204,7 @@ inline void Require(bool holds, const char* what) {
 
 class Trial {
  public:
-  /// `upto` gives a number from 0 to the one that it is given.
-  explicit Trial(std::function<int(int)> upto) : upto_(std::move(upto)) {
+  explicit Trial(unsigned seed) : random_(seed) {
     grid_.SetBackColor(0);
     subscription_ = grid_.Subscribe([this](const controls::Change& change) {
       Require(grid_.Redraw(), "notified while drawing is off");
@@ -239,7 +240,7 @@ class Trial {
   }
 
  private:
-  int Upto(int most) { return upto_(most); }
+  int Upto(int most) { return static_cast<int>(random_() % static_cast<unsigned>(most + 1)); }
   // One of `count`, seldom one beside them.
   int Near(int count) { return Upto(count + 2) - 1; }
 
@@ -340,8 +341,8 @@ class Trial {
     Require(grid_.MouseCol() == std::min(col, plain_.cols), "MouseCol");
   }
 
-  std::function<int(int)> upto_;
-  LoneContainer container_;
+  std::mt19937 random_;
+  support::LoneContainer container_;
   FlexGrid grid_{container_, "grid"};
   PlainGrid plain_;
   Picture shown_;

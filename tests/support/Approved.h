@@ -17,8 +17,9 @@ inline void ExpectApproved(const std::string& file, const std::string& text) {
   EXPECT_FALSE(approved.empty()) << "no approved file " << file;
   if (approved == text) return;
   const auto differs = std::ranges::mismatch(approved, text).in2;
-  const std::string came =
-      testing::TempDir() + std::filesystem::path(file).filename().string() + ".came";
+  std::string came = file + ".came";
+  std::ranges::replace(came, '/', '-');
+  came = testing::TempDir() + came;
   std::ofstream(came, std::ios::binary) << text;
   ADD_FAILURE() << "differs from line " << 1 + std::count(text.begin(), differs, '\n') << ": diff "
                 << file << " " << came;
