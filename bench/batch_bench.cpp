@@ -258,13 +258,10 @@ class Host {
     return {.screen = scripted.screen,
             .connections = connections_,
             .components = scripted.components,
-            .clock = scripted.clock,
-            .keyboard = scripted.keyboard,
-            .fileDialog = scripted.fileDialog,
+            .desktop = scripted.desktop,
             .excel = scripted.excel,
             .progress = scripted.progress,
             .fileSystem = scripted.fileSystem,
-            .launcher = scripted.launcher,
             .reports = scripted.reports};
   }
   support::ScriptedPlatform outside_;

@@ -17,9 +17,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "adapters/qt/Desktop.h"
 #include "adapters/qt/PageOutlets.h"
 #include "adapters/qt/QtScreen.h"
-#include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
@@ -102,8 +102,8 @@ const Office& TheOffice() {
 /// From the click to the first page on the screen.
 void FirstPage(benchmark::State& state) {
   static adapters::qt::ErrorGuard guard;
-  static const adapters::qt::QtClock clock;
-  static adapters::qt::QtScreen screen(guard, clock);
+  static const adapters::qt::QtDesktop desktop;
+  static adapters::qt::QtScreen screen(guard, desktop);
   NoProgress progress;
   for (auto _ : state) {
     report::Pages pages(TheOffice().Fill(static_cast<int>(state.range(0))), screen.Letters());

@@ -116,13 +116,10 @@ struct Desk {
   host::modMain module{{.screen = outside.screen,
                         .connections = connections,
                         .components = outside.components,
-                        .clock = outside.clock,
-                        .keyboard = outside.keyboard,
-                        .fileDialog = outside.fileDialog,
+                        .desktop = outside.desktop,
                         .excel = outside.excel,
                         .progress = outside.progress,
                         .fileSystem = files,
-                        .launcher = outside.launcher,
                         .reports = outside.reports}};
   search::FormSearch form{module};
 
@@ -203,7 +200,7 @@ void BM_Export_TextFile(benchmark::State& state) {
   Desk desk;
   desk.Search();
   const std::string path = TheOffice().Path("list.txt");
-  desk.outside.fileDialog.chosen = path;
+  desk.outside.desktop.chosen = path;
   for (auto _ : state) {
     state.PauseTiming();
     fs::remove(path);

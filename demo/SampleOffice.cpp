@@ -20,8 +20,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kMostCustomers = 1'000'000;
-constexpr std::int32_t kFileAlreadyExists = 58;
-constexpr std::int32_t kPathFileAccessError = 75;
 
 /// A file of its own beside the wanted one, gone again unless it was given that one's name.
 class UnfinishedFile {
@@ -47,7 +45,7 @@ class UnfinishedFile {
     RefuseExisting(wanted_);
     fs::rename(path_, wanted_, failure);
     if (failure) {
-      throw platform::RuntimeError(kPathFileAccessError,
+      throw platform::RuntimeError(platform::kPathFileAccess,
                                    failure.message() + ": " + wanted_.string());
     }
   }
@@ -55,7 +53,8 @@ class UnfinishedFile {
   static void RefuseExisting(const fs::path& path) {
     std::error_code ignored;
     if (fs::exists(fs::symlink_status(path, ignored))) {
-      throw platform::RuntimeError(kFileAlreadyExists, "File already exists: " + path.string());
+      throw platform::RuntimeError(platform::kFileAlreadyExists,
+                                   "File already exists: " + path.string());
     }
   }
 

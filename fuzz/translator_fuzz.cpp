@@ -15,6 +15,7 @@
 #include "adapters/sqlite/TokenReader.h"
 #include "adapters/sqlite/Translator.h"
 #include "platform/RuntimeError.h"
+#include "text/Text.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ class Database {
     const auto note = [](void* self, int action, const char* table, const char* column, const char*,
                          const char*) {
       if (action == SQLITE_UPDATE && !std::string_view(table).starts_with("sqlite_")) {
-        static_cast<Database*>(self)->updated_.insert(LowerName(column));
+        static_cast<Database*>(self)->updated_.insert(text::Small(column));
       }
       return SQLITE_OK;
     };
@@ -96,20 +97,20 @@ class Database {
   Dump Take() {
     Dump dump;
     for (const std::string& table : tables_)
-      dump[LowerName(table)] = Read("SELECT * FROM " + table);
+      dump[text::Small(table)] = Read("SELECT * FROM " + table);
     return dump;
   }
 
   void Compare(std::string_view statement, const std::string& sql) {
     const std::vector<Token> tokens = Tokenize(statement);
     const auto is = [&](std::size_t at, std::string_view word) {
-      return tokens[at].kind == TokenKind::kName && LowerName(tokens[at].text) == word;
+      return tokens[at].kind == TokenKind::kName && text::Small(tokens[at].text) == word;
     };
     std::size_t at = is(1, "into") || is(1, "from") ? 2 : 1;
     if (tokens[at + 1].text == ".") at += 2;
-    const std::string named = LowerName(tokens[at].text);
+    const std::string named = text::Small(tokens[at].text);
     std::set<std::string> words;
-    for (const Token& token : tokens) words.insert(LowerName(token.text));
+    for (const Token& token : tokens) words.insert(text::Small(token.text));
     for (const std::string& column : updated_) {
       fuzz::Require(words.contains(column), "a column that was not named", column);
     }

@@ -10,7 +10,7 @@
 #include <system_error>
 
 #include "adapters/windows/Com.h"
-#include "adapters/windows/Services.h"
+#include "adapters/windows/Desktop.h"
 #include "adapters/windows/Wide.h"
 #include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
@@ -33,7 +33,8 @@ void PutTemplates(const std::string& folder) {
     std::error_code error;
     fs::copy_file(carried.path(), place, error);
     if (error) {
-      throw platform::RuntimeError(75, error.message() + ": " + Utf8(place.wstring()));
+      throw platform::RuntimeError(platform::kPathFileAccess,
+                                   error.message() + ": " + Utf8(place.wstring()));
     }
   }
 }
@@ -62,7 +63,7 @@ void EnsureSampleOffice(const std::string& path) {
   std::printf("Making a sample office in %s ...\n", path.c_str());
   std::fflush(stdout);
   demo::SampleOptions options;
-  options.today = adapters::windows::WinClock().Today();
+  options.today = adapters::windows::WinDesktop().Today();
   options.basePath = ProgramFolder() + "templates\\";
   demo::CreateSampleOffice(path, options);
 }

@@ -46,7 +46,8 @@ void Camera::Save(const RECT& place, const std::string& path) const {
   DeleteObject(copy);
   DeleteDC(memory);
   ReleaseDC(nullptr, screen);
-  if (status != Gdiplus::Ok) throw platform::RuntimeError(75, "Cannot write " + path);
+  if (status != Gdiplus::Ok)
+    throw platform::RuntimeError(platform::kPathFileAccess, "Cannot write " + path);
 }
 
 }  // namespace activexhost

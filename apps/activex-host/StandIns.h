@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "adapters/windows/Desktop.h"
 #include "adapters/windows/ErrorGuard.h"
-#include "adapters/windows/Services.h"
 #include "adapters/windows/Theme.h"
 #include "adapters/windows/WinScreen.h"
 #include "apps/activex/Databases.h"
@@ -40,9 +40,9 @@ class StandIns {
   void Add(std::string_view progId, std::span<const std::string_view> members, const CLSID& id);
 
   adapters::windows::ErrorGuard guard_;
-  adapters::windows::WinClock clock_;
+  adapters::windows::WinDesktop desktop_;
   adapters::windows::Theme theme_;
-  adapters::windows::WinScreen screen_{guard_, clock_, theme_};
+  adapters::windows::WinScreen screen_{guard_, desktop_, theme_};
   activex::Databases databases_;
   screens::Components components_{guard_, screen_, databases_};
   std::vector<Registration> registrations_;

@@ -22,9 +22,9 @@
 #include "apps/activex/Databases.h"
 #include "apps/connection/ConnectionOption.h"
 #include "apps/connection/EmployeeOfUser.h"
+#include "apps/options/Arguments.h"
 #include "apps/version/Version.h"
 #include "platform/RuntimeError.h"
-#include "text/Secrets.h"
 
 namespace {
 
@@ -58,43 +58,35 @@ struct Options {
   std::string newOffice;
   bool help = false;
   bool version = false;
-  std::string mistake;  // a line for the user
 };
 
-/// Also a connection string may have been given in the wrong place.
-std::string Quoted(const std::string& argument) {
-  return "\"" + text::ShownConnection(argument) + "\"";
-}
-
 Options Parse(const std::vector<std::string>& arguments) {
+  constexpr int kAnyId = 2'147'483'647;
   Options options;
-  for (std::size_t i = 0; i < arguments.size() && options.mistake.empty(); ++i) {
-    const std::string& option = arguments[i];
-    const bool hasValue = i + 1 < arguments.size();
+  for (options::Arguments reading(arguments); reading.Next();) {
+    const std::string& option = reading.Option();
     if (option == "--help") {
       options.help = true;
     } else if (option == "--version") {
       options.version = true;
     } else if (option == "--keys") {
       options.tourByKeys = true;
-    } else if (!hasValue) {
-      options.mistake = Quoted(option) + " is no option or wants a value; see --help.";
     } else if (option == "--connect") {
-      options.connect = arguments[++i];
+      options.connect = reading.Value();
     } else if (option == "--user") {
-      options.user = std::atoi(arguments[++i].c_str());
+      options.user = reading.Number(1, kAnyId);
     } else if (option == "--program") {
-      options.program = std::atoi(arguments[++i].c_str());
+      options.program = reading.Number(0, kAnyId);
     } else if (option == "--tour") {
-      options.tourFolder = arguments[++i];
+      options.tourFolder = reading.Value();
     } else if (option == "--make-office") {
-      options.newOffice = arguments[++i];
+      options.newOffice = reading.Value();
     } else {
-      options.mistake = Quoted(option) + " is no option; see --help.";
+      throw options::UsageError(options::Quoted(option) + " is no option; see --help.");
     }
   }
-  if (options.tourByKeys && options.tourFolder.empty() && options.mistake.empty()) {
-    options.mistake = "--keys wants --tour.";
+  if (options.tourByKeys && options.tourFolder.empty()) {
+    throw options::UsageError("--keys wants --tour.");
   }
   return options;
 }
@@ -216,7 +208,13 @@ std::vector<std::string> Arguments() {
 
 int main() {
   const activexhost::Terminal terminal;
-  const Options options = Parse(Arguments());
+  Options options;
+  try {
+    options = Parse(Arguments());
+  } catch (const options::UsageError& error) {
+    terminal.Complain(std::string(error.what()) + "\n");
+    return 2;
+  }
   if (options.help) {
     terminal.Say(kHelp);
     return EXIT_SUCCESS;
@@ -224,10 +222,6 @@ int main() {
   if (options.version) {
     terminal.Say(version::Line("activex-host"));
     return EXIT_SUCCESS;
-  }
-  if (!options.mistake.empty()) {
-    terminal.Complain(options.mistake + "\n");
-    return 2;
   }
   OleInitialize(nullptr);
   int result = EXIT_FAILURE;

@@ -7,10 +7,10 @@
 #include "Databases.h"
 #include "adapters/windows/ComComponents.h"
 #include "adapters/windows/ComExcel.h"
+#include "adapters/windows/Desktop.h"
 #include "adapters/windows/ErrorGuard.h"
 #include "adapters/windows/Places.h"
 #include "adapters/windows/ScriptingFileSystem.h"
-#include "adapters/windows/Services.h"
 #include "adapters/windows/WinReports.h"
 #include "adapters/windows/WinScreen.h"
 #include "screens/ProgressForm.h"
@@ -29,9 +29,9 @@ std::chrono::milliseconds Uptime() {
 /// The screen within the containers of the thread's controls.
 class HostedScreen : public adapters::windows::WinScreen {
  public:
-  HostedScreen(adapters::windows::ErrorGuard& guard, const platform::Clock& clock,
+  HostedScreen(adapters::windows::ErrorGuard& guard, const platform::Desktop& desktop,
                const adapters::windows::Theme& theme, const Users& users)
-      : WinScreen(guard, clock, theme), users_(users) {}
+      : WinScreen(guard, desktop, theme), users_(users) {}
 
   /// Containers move and turn modal at any time: they are looked at anew for every form.
   void Show(controls::Form& form, controls::Modality modality) override {
@@ -60,31 +60,25 @@ thread_local Assembly* ofThread = nullptr;
 struct Assembly::Parts {
   Users users;
   adapters::windows::ErrorGuard guard;
-  adapters::windows::WinClock clock;
+  adapters::windows::WinDesktop desktop;
   adapters::windows::Theme theme;
   adapters::windows::RegistryPlaces places;
-  HostedScreen screen{guard, clock, theme, users};
+  HostedScreen screen{guard, desktop, theme, users};
   screens::ProgressForm waiting{screen, Uptime};  // for statements, also those of an export
   Databases connections{&waiting};
   adapters::windows::ComComponents components;
-  adapters::windows::WinKeyboard keyboard;
-  adapters::windows::SaveDialog fileDialog;
   adapters::windows::ComExcel excel;
   screens::ProgressForm progress{screen, Uptime};
   adapters::windows::ScriptingFileSystem fileSystem;
-  adapters::windows::ShellLauncher launcher;
-  adapters::windows::WinReports reports{connections, fileSystem, clock,   guard,
+  adapters::windows::WinReports reports{connections, fileSystem, desktop, guard,
                                         theme,       screen,     progress};
   host::Services services{.screen = screen,
                           .connections = connections,
                           .components = components,
-                          .clock = clock,
-                          .keyboard = keyboard,
-                          .fileDialog = fileDialog,
+                          .desktop = desktop,
                           .excel = excel,
                           .progress = progress,
                           .fileSystem = fileSystem,
-                          .launcher = launcher,
                           .reports = reports};
   module::Module module{services};
 };

@@ -20,10 +20,6 @@ namespace {
 using platform::Described;
 using platform::RuntimeError;
 
-constexpr std::int32_t kFileNotFound = 53;
-constexpr std::int32_t kNoFile = 75;
-constexpr std::int32_t kNoFolder = 76;
-
 constexpr std::array<std::string_view, 9> kHeadings{
     "رديف", "تاريخ", "روز هفته", "بازارياب", "كد مشتري", "نام مشتري", "فعاليت", "تلفن", "شرح"};
 using Line = std::span<const std::string_view>;
@@ -84,11 +80,11 @@ std::string ListedTemplate(platform::Connection& connection, const std::string& 
     titles.append(titles.empty() ? "" : "، ").append("«").append(title).append("»");
   }
   if (listed.RowCount() == 0) {
-    throw RuntimeError(kFileNotFound,
+    throw RuntimeError(platform::kFileNotFound,
                        Described("در اين پايگاه داده قالب گزارشي براي برنامه بازارياب نيست.",
                                  "tblZomirReportTemplate lists none."));
   }
-  throw RuntimeError(kFileNotFound,
+  throw RuntimeError(platform::kFileNotFound,
                      Described("قالب گزارش «" + wanted + "» نيست؛ آنچه هست: " + titles + ".",
                                "No such report template: " + wanted));
 }
@@ -108,11 +104,12 @@ void RequirePlace(const std::string& file) {
   const fs::path folder = fs::path(file).parent_path();
   std::error_code none;
   if (!folder.empty() && !fs::is_directory(folder, none)) {
-    throw RuntimeError(kNoFolder,
+    throw RuntimeError(platform::kPathNotFound,
                        Described("پوشه اين فايل وجود ندارد.", "Path not found: " + file));
   }
   if (fs::is_directory(file, none)) {
-    throw RuntimeError(kNoFile, Described("اين نام يك فايل نيست.", "It is a folder: " + file));
+    throw RuntimeError(platform::kPathFileAccess,
+                       Described("اين نام يك فايل نيست.", "It is a folder: " + file));
   }
 }
 
@@ -171,9 +168,10 @@ std::string TemplatePath(platform::Connection& connection, platform::FileSystem&
   const std::string path =
       (base.RowCount() == 0 ? std::string() : std::string(base.Text(0, 0))) + listed;
   if (files.FileExists(path)) return path;
-  throw RuntimeError(kFileNotFound, Described("فايل چاپي در مسير مورد نظر «" +
-                                                  platform::LeftToRight(path) + "» وجود ندارد.",
-                                              "File not found: " + path));
+  throw RuntimeError(
+      platform::kFileNotFound,
+      Described("فايل چاپي در مسير مورد نظر «" + platform::LeftToRight(path) + "» وجود ندارد.",
+                "File not found: " + path));
 }
 
 void ExportReport(platform::ReportEngineFactory& reports, const std::string& templatePath,

@@ -8,10 +8,10 @@
 
 #include "Export.h"
 #include "Office.h"
+#include "adapters/qt/Desktop.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/PageLetters.h"
 #include "adapters/qt/PageOutlets.h"
-#include "adapters/qt/Services.h"
 #include "adapters/xlsx/Workbook.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "report/TemplateReports.h"
@@ -39,19 +39,19 @@ std::filesystem::path BehindLinks(const std::string& file) {
 
 /// Writes workbooks beside `file`, which the whole one replaces.
 adapters::xlsx::XlsxExcel WorkbookAt(const std::filesystem::path& file,
-                                     const platform::Clock& clock) {
+                                     const platform::Desktop& session) {
   const auto replace = [file](const std::string& whole) {
     if (std::rename(whole.c_str(), file.c_str()) == 0) return;
     const int code = errno;
     std::remove(whole.c_str());
     throw adapters::xlsx::SystemError(code, file.string());
   };
-  return {{.folder = file.parent_path().string(), .name = file.stem().string()}, clock, replace};
+  return {{.folder = file.parent_path().string(), .name = file.stem().string()}, session, replace};
 }
 
 void ExportPdf(const Options& options, Connections& connections,
                const std::string& connectionString, platform::FileSystem& files,
-               const platform::Clock& clock) {
+               const platform::Desktop& session) {
   const std::string path =
       TemplatePath(*connections.Create(connectionString), files, options.exportTemplate);
   const auto write = [&](report::FilledReport filled, platform::ReportOutput) {
@@ -62,7 +62,7 @@ void ExportPdf(const Options& options, Connections& connections,
     adapters::qt::WritePdfFile(pages, progress, letters, options.exportFile);
   };
   // What fails is told by whoever called.
-  report::TemplateReports reports(connections, files, clock,
+  report::TemplateReports reports(connections, files, session,
                                   {.show = write, .showFailure = [](const auto&) {}});
   ExportReport(reports, path, connectionString, options.exportProgram);
 }
@@ -72,16 +72,16 @@ void ExportPdf(const Options& options, Connections& connections,
 void ExportProgram(const Options& options) {
   RequirePlace(options.exportFile);
   Connections connections(options);
-  const adapters::qt::QtClock clock;
+  const adapters::qt::QtDesktop session;
   adapters::qt::QtFileSystem files;
   const std::string connectionString = OfficeToOpen(options, SampleOfficePath(options));
   const auto connection = connections.Create(connectionString);
   RequireProgram(*connection, options.exportProgram);
   switch (ExportKindOf(options.exportFile).value()) {
     case ExportKind::kPdf:
-      return ExportPdf(options, connections, connectionString, files, clock);
+      return ExportPdf(options, connections, connectionString, files, session);
     case ExportKind::kWorkbook: {
-      auto excel = WorkbookAt(BehindLinks(options.exportFile), clock);
+      auto excel = WorkbookAt(BehindLinks(options.exportFile), session);
       return ExportWorkbook(*connection, options.exportProgram, excel);
     }
     case ExportKind::kText:

@@ -13,7 +13,7 @@
 
 #include "Replay.h"
 #include "adapters/odbc/OdbcConnection.h"
-#include "adapters/qt/Services.h"
+#include "adapters/qt/Desktop.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "calendar/Gregorian.h"
 #include "demo/OfficeVersion.h"
@@ -32,7 +32,8 @@ constexpr std::string_view kEmbedded = "sqlite:";
 std::string ReadAll(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) {
-    throw platform::RuntimeError(75, file.errorString().toStdString() + ": " + path.toStdString());
+    throw platform::RuntimeError(platform::kPathFileAccess,
+                                 file.errorString().toStdString() + ": " + path.toStdString());
   }
   return file.readAll().toStdString();
 }
@@ -49,7 +50,8 @@ void WriteNew(const std::string& path, const std::string& content) {
   if (written) return;
   const std::string reason = std::generic_category().message(errno);
   if (file != nullptr) std::remove(path.c_str());
-  throw platform::RuntimeError(75, path + " could not be written: " + reason);
+  throw platform::RuntimeError(platform::kPathFileAccess,
+                               path + " could not be written: " + reason);
 }
 
 /// Puts the report templates that the program carries into `folder`. What is there already may be
@@ -59,7 +61,8 @@ void CopyTemplates(const QDir& folder) {
   std::error_code error;
   std::filesystem::create_directories(path, error);
   if (error) {
-    throw platform::RuntimeError(76, "Path not found: " + path + " (" + error.message() + ")");
+    throw platform::RuntimeError(platform::kPathNotFound,
+                                 "Path not found: " + path + " (" + error.message() + ")");
   }
   for (const QFileInfo& carried : QDir(":/templates").entryInfoList(QDir::Files)) {
     WriteNew(folder.filePath(carried.fileName()).toStdString(), ReadAll(carried.filePath()));
@@ -74,7 +77,7 @@ QDir DataFolder() {
 demo::SampleOptions SampleOf(const Options& options, const QDir& templates) {
   demo::SampleOptions sample;
   sample.customers = options.customers;
-  sample.today = options.sampleDate.value_or(adapters::qt::QtClock().Today());
+  sample.today = options.sampleDate.value_or(adapters::qt::QtDesktop().Today());
   sample.basePath = templates.absolutePath().toStdString() + "/";
   return sample;
 }
@@ -99,7 +102,7 @@ void RequireFile(const std::string& connectionString) {
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored)) return;
   throw platform::RuntimeError(
-      53,
+      platform::kFileNotFound,
       "فايل پايگاه داده «\u202A" + path +
           "\u202C» پيدا نشد؛ با فرمان زير دفتري نمونه در آن ساخته مي شود. File not found; to make "
           "a sample office in it: promoter-desktop --load-sample --connect \"sqlite:" +

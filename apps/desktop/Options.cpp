@@ -1,31 +1,19 @@
 #include "Options.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "Export.h"
 #include "calendar/Gregorian.h"
-#include "text/Secrets.h"
+#include "text/Text.h"
 
 namespace desktop {
 
 namespace {
 
-/// Also a connection string may have been given in the wrong place.
-std::string Quoted(const std::string& argument) {
-  return "\"" + text::ShownConnection(argument) + "\"";
-}
+using options::Quoted;
+using options::UsageError;
 
-int Number(const std::string& option, const std::string& value, int lowest, int highest) {
-  int number = 0;
-  const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
-  if (error != std::errc() || end != value.data() + value.size() || number < lowest ||
-      number > highest) {
-    throw UsageError(option + " wants a whole number from " + std::to_string(lowest) + " to " +
-                     std::to_string(highest) + ", not " + Quoted(value) + ".");
-  }
-  return number;
-}
+constexpr int kAnyId = 2'147'483'647;
 
 std::chrono::sys_days Date(const std::string& option, const std::string& value) {
   constexpr std::chrono::sys_days kFirst = std::chrono::year(1900) / 1 / 1;
@@ -41,9 +29,8 @@ std::chrono::sys_days Date(const std::string& option, const std::string& value) 
 /// It goes into the statements of the schema as it is.
 std::string Collation(const std::string& value) {
   constexpr std::size_t kLongest = 128;
-  const bool isName = std::ranges::all_of(value, [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
-  });
+  const bool isName = std::ranges::all_of(
+      value, [](char c) { return text::IsLatinLetter(c) || text::IsDigit(c) || c == '_'; });
   if (isName && value.size() <= kLongest) return value;
   throw UsageError("--collation wants a collation's name, letters, digits and _, not " +
                    Quoted(value) + ".");
@@ -92,49 +79,43 @@ void CheckTogether(const Options& options) {
 
 Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable) {
   Options options;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string& option = arguments[i];
-    const auto value = [&]() -> const std::string& {
-      if (i + 1 == arguments.size() || arguments[i + 1].empty()) {
-        throw UsageError(option + " wants a value; see --help.");
-      }
-      return arguments[++i];
-    };
+  for (options::Arguments reading(arguments); reading.Next();) {
+    const std::string& option = reading.Option();
     if (option == "--help" || option == "-h") {
       options.help = true;
     } else if (option == "--version") {
       options.version = true;
     } else if (option == "--database") {
-      options.database = value();
+      options.database = reading.Value();
     } else if (option == "--connect") {
-      options.connect = value();
+      options.connect = reading.Value();
     } else if (option == "--load-sample") {
       options.loadSample = true;
     } else if (option == "--collation") {
-      options.collation = Collation(value());
+      options.collation = Collation(reading.Value());
     } else if (option == "--sample-date") {
-      options.sampleDate = Date(option, value());
+      options.sampleDate = Date(option, reading.Value());
     } else if (option == "--replay") {
-      options.replayFile = value();
+      options.replayFile = reading.Value();
     } else if (option == "--export") {
-      options.exportProgram = Number(option, value(), 1, 2'147'483'647);
-      options.exportFile = value();
+      options.exportProgram = reading.Number(1, kAnyId);
+      options.exportFile = reading.Value();
     } else if (option == "--template") {
-      options.exportTemplate = value();
+      options.exportTemplate = reading.Value();
     } else if (option == "--backup") {
-      options.backupFile = value();
+      options.backupFile = reading.Value();
     } else if (option == "--check") {
       options.check = true;
     } else if (option == "--log") {
-      options.logFile = value();
+      options.logFile = reading.Value();
     } else if (option == "--customers") {
-      options.customers = Number(option, value(), 1, 1'000'000);
+      options.customers = reading.Number(1, 1'000'000);
     } else if (option == "--user") {
-      options.user = Number(option, value(), 1, 2'147'483'647);
+      options.user = reading.Number(1, kAnyId);
     } else if (option == "--program") {
-      options.program = Number(option, value(), 0, 2'147'483'647);
+      options.program = reading.Number(0, kAnyId);
     } else if (option == "--tour") {
-      options.tourDirectory = value();
+      options.tourDirectory = reading.Value();
     } else if (option == "--keys") {
       options.tourByKeys = true;
     } else {

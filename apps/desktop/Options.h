@@ -3,9 +3,10 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "apps/options/Arguments.h"
 
 namespace desktop {
 
@@ -33,18 +34,12 @@ struct Options {
   bool version = false;
 };
 
-/// The command line cannot be understood; what() is one line for the user.
-class UsageError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
 /// `arguments` without the program's name; `hasVariable`: the environment has a connection string,
-/// which counts where neither an option nor a tour names a database. Throws UsageError.
+/// which counts where neither an option nor a tour names a database. Throws options::UsageError.
 Options ParseOptions(const std::vector<std::string>& arguments, bool hasVariable);
 
-/// Throws UsageError when the options want an embedded database and `connect`, as it has been read,
-/// is a server.
+/// Throws options::UsageError when the options want an embedded database and `connect`, as it has
+/// been read, is a server.
 void RequireEmbedded(const Options& options);
 
 /// What --help prints.

@@ -24,11 +24,11 @@
 #include "Options.h"
 #include "Tour.h"
 #include "Upkeep.h"
+#include "adapters/qt/Desktop.h"
 #include "adapters/qt/Files.h"
 #include "adapters/qt/Places.h"
 #include "adapters/qt/QtScreen.h"
 #include "adapters/qt/Reports.h"
-#include "adapters/qt/Services.h"
 #include "adapters/qt/Theme.h"
 #include "adapters/xlsx/XlsxExcel.h"
 #include "apps/connection/ConnectionOption.h"
@@ -90,7 +90,8 @@ adapters::xlsx::XlsxExcel::Place WorkbookPlace(const desktop::Options& options) 
 void OpenWorkbook(const std::string& path) {
   if (QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)))) return;
   throw platform::RuntimeError(
-      53, "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
+      platform::kFileNotFound,
+      "فايل اكسل ساخته شد، ولي برنامه اي كه آن را باز كند پيدا نشد. " + path, "desktop");
 }
 
 std::chrono::milliseconds Uptime() {
@@ -103,7 +104,7 @@ class Desktop {
  public:
   explicit Desktop(const desktop::Options& options)
       : connections_(options, &waiting_),
-        excel_(WorkbookPlace(options), clock_,
+        excel_(WorkbookPlace(options), session_,
                options.tourDirectory.empty() ? OpenWorkbook : adapters::xlsx::XlsxExcel::Opener()) {
     // The pictures of a tour are always the same.
     if (options.tourDirectory.empty()) screen_.RememberPlaces(places_);
@@ -118,29 +119,23 @@ class Desktop {
  private:
   adapters::qt::ErrorGuard guard_;
   adapters::qt::SettingsPlaces places_{kApplication};
-  adapters::qt::QtClock clock_;
-  adapters::qt::QtScreen screen_{guard_, clock_};
+  adapters::qt::QtDesktop session_;
+  adapters::qt::QtScreen screen_{guard_, session_};
   screens::ProgressForm waiting_{screen_, Uptime};  // for statements, also those of an export
   desktop::Connections connections_;
   screens::Components components_{guard_, screen_, connections_};
-  adapters::qt::QtKeyboard keyboard_;
-  adapters::qt::QtFileDialog fileDialog_;
   adapters::xlsx::XlsxExcel excel_;
   screens::ProgressForm progress_{screen_, Uptime};
   adapters::qt::QtFileSystem fileSystem_;
-  adapters::qt::QtLauncher launcher_;
-  adapters::qt::Reports reports_{connections_, fileSystem_, clock_, guard_, screen_, progress_};
+  adapters::qt::Reports reports_{connections_, fileSystem_, session_, guard_, screen_, progress_};
   NoContainer site_;
   host::Services services_{.screen = screen_,
                            .connections = connections_,
                            .components = components_,
-                           .clock = clock_,
-                           .keyboard = keyboard_,
-                           .fileDialog = fileDialog_,
+                           .desktop = session_,
                            .excel = excel_,
                            .progress = progress_,
                            .fileSystem = fileSystem_,
-                           .launcher = launcher_,
                            .reports = reports_};
   module::Module module_{services_};
   host::DistPromoterProg control_{module_.Main(), module_.Editor(), site_};
@@ -294,7 +289,7 @@ int main(int argc, char* argv[]) {
     const char* const log = std::getenv("DISTPROMOTER_LOG");
     if (options.logFile.empty() && log != nullptr) options.logFile = log;
     if (!options.help && !options.version) desktop::RequireEmbedded(options);
-  } catch (const desktop::UsageError& error) {
+  } catch (const options::UsageError& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 2;
   } catch (const connection::ConnectionMissing& error) {

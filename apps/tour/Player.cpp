@@ -119,10 +119,6 @@ void Player::ExpectText(const std::string& text) {
   throw Failure("expected the text " + Quoted(text) + "; there are" + others);
 }
 
-bool Player::IsEnabled(const std::string& button) {
-  return Find(Kind::kButton, button)->Tell().enabled;
-}
-
 std::string Player::Text(const std::string& field) {
   return Find(Kind::kField, field)->Tell().value;
 }

@@ -22,7 +22,6 @@ class Player {
   void ExpectWindow(const std::string& title);
   /// Throws unless a label, a sign or a note there holds the text.
   void ExpectText(const std::string& text);
-  bool IsEnabled(const std::string& button);
   std::string Text(const std::string& field);
   int Rows(const std::string& list);
   /// Rows begin at 1 below the headings, columns at 0, the first that is shown.

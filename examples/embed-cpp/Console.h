@@ -52,26 +52,20 @@ class Connections : public platform::ConnectionFactory {
   }
 };
 
-class Clock : public platform::Clock {
- public:
-  std::chrono::sys_days Today() const override {
-    return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
-  }
-  int MinutesSinceMidnight() const override { return 0; }
-};
-
 class Nothing : public platform::ComponentFactory,
-                public platform::Keyboard,
-                public platform::FileDialog,
+                public platform::Desktop,
                 public platform::Excel,
                 public platform::Progress,
                 public platform::FileSystem,
-                public platform::ProcessLauncher,
                 public platform::ReportEngineFactory {
  public:
   std::unique_ptr<platform::AutomationObject> Create(std::string_view) override {
     Refuse("components");
   }
+  std::chrono::sys_days Today() const override {
+    return std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  }
+  int MinutesSinceMidnight() const override { return 0; }
   std::uint32_t GetVersion() const override { return 0; }
   void LoadKeyboardLayout(std::string_view) override {}
   std::string ShowSave(const std::string&, std::string_view) override { Refuse("dialogs"); }

@@ -18,19 +18,15 @@ namespace {
 void PrintProgram(const std::string& file, int program) {
   console::Screen screen;
   console::Connections connections;
-  console::Clock clock;
   console::Nothing nothing;
   console::Site site;
   module::Module module({.screen = screen,
                          .connections = connections,
                          .components = nothing,
-                         .clock = clock,
-                         .keyboard = nothing,
-                         .fileDialog = nothing,
+                         .desktop = nothing,
                          .excel = nothing,
                          .progress = nothing,
                          .fileSystem = nothing,
-                         .launcher = nothing,
                          .reports = nothing});
   host::DistPromoterProg control(module.Main(), module.Editor(), site);
   control.SetUserID(1);

@@ -116,7 +116,7 @@ void FormAddBatch::FormLoad() {
   module_.SetViews(sltPromoter, "vwSalePromoterMajor", "vwSalePromoterMinor");
   module_.SetViews(sltWorkActivity, "vwZomirWorkActivityMajor", "vwZomirWorkActivityMinor");
 
-  const std::chrono::sys_days today = module_.GetServices().clock.Today();
+  const std::chrono::sys_days today = module_.GetServices().desktop.Today();
   datDateFrom.SetValue(today);
   datDateTo.SetValue(today);
   datDateTo.SetText(host::FirstOfNextMonth(datDateTo.Text()));

@@ -163,10 +163,6 @@ SolarHijriDate SolarHijriDate::PlusMonths(int months) const {
   return *FromYearMonthDay(year, month, std::min(day_, DaysInMonth(year, month)));
 }
 
-bool IsLeapYear(int year) {
-  return DaysBeforeYear(year + 1) - DaysBeforeYear(year) == 366;
-}
-
 int DaysInMonth(int year, int month) {
   if (month < 12) return DaysBeforeMonth(month + 1) - DaysBeforeMonth(month);
   return DaysBeforeYear(year + 1) - DaysBeforeYear(year) - DaysBeforeMonth(12);

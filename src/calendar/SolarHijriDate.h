@@ -51,7 +51,6 @@ class SolarHijriDate {
   std::chrono::sys_days days_;
 };
 
-bool IsLeapYear(int year);
 /// 31, 30, or 29 for the last month of a common year. month 1 to 12.
 int DaysInMonth(int year, int month);
 /// Month names as the module writes them (Arabic yeh); any number but 1 to 11 gives the last.

@@ -46,8 +46,8 @@ std::unique_ptr<platform::AutomationObject> FormMain::CreateDocumentViewer() {
   };
   if (create() != platform::kCannotCreateComponent) return viewer;
   platform::ResumeNext([&] {
-    module_.GetServices().launcher.Start("Regsvr32  \"" + installDirectory_ +
-                                         "System\\comVoucherView.ocx\" /s");
+    module_.GetServices().desktop.Start("Regsvr32  \"" + installDirectory_ +
+                                        "System\\comVoucherView.ocx\" /s");
   });
   if (create() == platform::kCannotCreateComponent) module_.ShowMessage("خطا", kNotAllowed);
   return viewer;

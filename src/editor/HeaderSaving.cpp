@@ -111,7 +111,7 @@ void FormMain::LogAction(std::int32_t eventId, std::string_view whatHappened) {
       .userId = module_.Context().userId,
       .eventDate = datToday.Value().value(),
       .farsiEventDate = datToday.Text(),
-      .eventTime = module_.GetServices().clock.MinutesSinceMidnight(),
+      .eventTime = module_.GetServices().desktop.MinutesSinceMidnight(),
   });
 }
 

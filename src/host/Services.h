@@ -1,14 +1,11 @@
 #pragma once
 
 #include "controls/Screen.h"
-#include "platform/Clock.h"
 #include "platform/ComponentFactory.h"
 #include "platform/Connection.h"
+#include "platform/Desktop.h"
 #include "platform/Excel.h"
-#include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
-#include "platform/Keyboard.h"
-#include "platform/ProcessLauncher.h"
 #include "platform/Progress.h"
 #include "platform/ReportEngine.h"
 
@@ -20,13 +17,10 @@ struct Services {
   controls::Screen& screen;
   platform::ConnectionFactory& connections;
   platform::ComponentFactory& components;
-  platform::Clock& clock;
-  platform::Keyboard& keyboard;
-  platform::FileDialog& fileDialog;
+  platform::Desktop& desktop;
   platform::Excel& excel;
   platform::Progress& progress;
   platform::FileSystem& fileSystem;
-  platform::ProcessLauncher& launcher;
   platform::ReportEngineFactory& reports;
 };
 

@@ -29,7 +29,7 @@ constexpr std::int32_t kFrameBackColor = 15791353;
 constexpr std::uint32_t kMajorVersionMask = 0xFF;
 constexpr std::size_t kDateTextLength = 10;
 
-/// One more for as long as it lives.
+/// Counts a message among those that are up, for as long as it is.
 class Counted {
  public:
   explicit Counted(int& count) : count_(count) { ++count_; }
@@ -145,7 +145,7 @@ bool modMain::LoadReportTemplates(ReportTemplateForm& form) {
 }
 
 std::chrono::sys_days modMain::GetServerDate() {
-  std::chrono::sys_days result = services_.clock.Today();
+  std::chrono::sys_days result = services_.desktop.Today();
   if (context_.connectionString.empty()) return result;
   ResumeNext([&] {
     Recordset& serverDate = DtEn().sqlProgram();
@@ -160,21 +160,21 @@ std::chrono::sys_days modMain::GetServerDate() {
 bool modMain::AskSaveFileName(std::string& fileName, std::string_view filter) {
   // Cancelling raises an error too: the name stays, and the caller tests it.
   ResumeNext([&] {
-    fileName = services_.fileDialog.ShowSave(fileName.empty() ? saveFolder_ : fileName, filter);
+    fileName = services_.desktop.ShowSave(fileName.empty() ? saveFolder_ : fileName, filter);
     saveFolder_ = fileName.substr(0, fileName.find_last_of("/\\") + 1);
   });
   return true;
 }
 
 void modMain::SwitchKeyboard() {
-  const std::uint32_t major = services_.keyboard.GetVersion() & kMajorVersionMask;
+  const std::uint32_t major = services_.desktop.GetVersion() & kMajorVersionMask;
   if (major == 4) {
     keyboardLayout_ = "00000401";
   } else if (major >= 5) {
     keyboardLayout_ = "00000429";
   }
   // A layout that the machine cannot load keeps no form from opening.
-  ResumeNext([&] { services_.keyboard.LoadKeyboardLayout(keyboardLayout_); });
+  ResumeNext([&] { services_.desktop.LoadKeyboardLayout(keyboardLayout_); });
 }
 
 platform::RowSet modMain::Lookup(const std::string& connectionString,

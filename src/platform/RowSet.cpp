@@ -2,20 +2,14 @@
 
 #include <algorithm>
 
+#include "text/Text.h"
+
 namespace platform {
-
-namespace {
-
-char LowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-}  // namespace
 
 std::optional<std::size_t> RowSet::ColumnIndex(std::string_view name) const {
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     if (std::equal(columns_[i].begin(), columns_[i].end(), name.begin(), name.end(),
-                   [](char a, char b) { return LowerAscii(a) == LowerAscii(b); })) {
+                   [](char a, char b) { return text::Small(a) == text::Small(b); })) {
       return i;
     }
   }

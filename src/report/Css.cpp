@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 
 namespace report {
 
@@ -29,14 +30,6 @@ std::string_view WithoutBlanks(std::string_view text) {
   const std::size_t begin = text.find_first_not_of(kBlanks);
   if (begin == std::string_view::npos) return {};
   return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
-std::string Small(std::string_view text) {
-  std::string small(text);
-  for (char& c : small) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return small;
 }
 
 std::vector<std::string_view> Words(std::string_view text) {
@@ -273,7 +266,7 @@ std::vector<Declaration> DeclarationsIn(const LinedText& text, std::string_view 
     at = stop + 1;
     if (both.empty()) continue;
     const std::size_t colon = both.find(':');
-    const std::string key = Small(WithoutBlanks(both.substr(0, colon)));
+    const std::string key = text::Small(WithoutBlanks(both.substr(0, colon)));
     const auto* const property =
         std::find_if(std::begin(kProperties), std::end(kProperties),
                      [&key](const Property& each) { return each.name == key; });
@@ -281,7 +274,7 @@ std::vector<Declaration> DeclarationsIn(const LinedText& text, std::string_view 
       RefuseTemplate(name, line, "«" + key + "» در شيوه ها شناخته نيست.",
                      "unknown CSS property: " + key);
     }
-    Declaration declaration{property, Small(WithoutBlanks(both.substr(colon + 1))), line};
+    Declaration declaration{property, text::Small(WithoutBlanks(both.substr(colon + 1))), line};
     Style style;
     if (!property->set(style, Style(), declaration.value)) {
       RefuseTemplate(name, line,
@@ -302,7 +295,7 @@ bool ReadSimple(std::string_view word, SimpleSelector& simple) {
   };
   std::size_t dot = std::min(word.find('.'), word.size());
   if (dot > 0) {
-    const ElementKind* const kind = FindElement(Small(word.substr(0, dot)));
+    const ElementKind* const kind = FindElement(text::Small(word.substr(0, dot)));
     if (kind == nullptr) return false;
     simple.element = kind->element;
   }

@@ -70,7 +70,7 @@ std::string WithDigits(std::string_view text, Digits digits) {
   std::string result;
   result.reserve(text.size() * 2);
   for (char c : text) {
-    if (c >= '0' && c <= '9') {
+    if (text::IsDigit(c)) {
       result += '\xDB';  // U+06F0 to U+06F9
       result += static_cast<char>('\xB0' + (c - '0'));
     } else {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 #include "text/Utf8.h"
 
 namespace report {
@@ -24,16 +25,6 @@ constexpr std::pair<std::string_view, std::string_view> kEntities[] = {
     {"apos", "'"},      {"laquo", "«"},     {"raquo", "»"},    {"ndash", "–"},    {"mdash", "—"},
     {"times", "×"},     {"zwnj", "\u200C"}, {"zwj", "\u200D"}, {"rlm", "\u200F"}, {"lrm", "\u200E"},
 };
-
-char Small(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string Small(std::string_view text) {
-  std::string small(text);
-  for (char& c : small) c = Small(c);
-  return small;
-}
 
 /// Where the ">" of a tag stands, not within quotation marks; npos when it is not there yet.
 std::size_t TagEnd(std::string_view text, std::size_t from) {
@@ -101,7 +92,8 @@ bool HtmlTokens::Next(HtmlToken& token) {
     } else if (rest[1] == '!') {
       const std::size_t end = TagEnd(rest, 0);
       if (end == std::string_view::npos && rest.size() < kLongestTag) return false;
-      if (!Small(rest.substr(0, 9)).starts_with("<!doctype") || end == std::string_view::npos) {
+      if (!text::Small(rest.substr(0, 9)).starts_with("<!doctype") ||
+          end == std::string_view::npos) {
         RefuseTemplate(name_, LineAt(at_), "نشانه اي كه با «<!» آغاز شده درست نيست.",
                        "neither comment nor document type");
       }
@@ -185,7 +177,7 @@ void HtmlTokens::AppendEntity(std::string_view entity, int line) {
   }
   char32_t code = 0;
   if (ends && entity.starts_with('#')) {
-    const bool hexadecimal = entity.size() > 1 && Small(entity[1]) == 'x';
+    const bool hexadecimal = entity.size() > 1 && text::Small(entity[1]) == 'x';
     const char* const end = entity.data() + entity.size();
     std::uint32_t number = 0;
     const auto read =
@@ -205,7 +197,7 @@ void HtmlTokens::AppendEntity(std::string_view entity, int line) {
 }
 
 std::string HtmlTokens::TagName(std::string_view tag) {
-  return Small(tag.substr(0, tag.find_first_of(" \t\r\n/")));
+  return text::Small(tag.substr(0, tag.find_first_of(" \t\r\n/")));
 }
 
 std::vector<HtmlAttribute> HtmlTokens::Attributes(std::string_view tag, int line) {
@@ -232,7 +224,7 @@ std::vector<HtmlAttribute> HtmlTokens::Attributes(std::string_view tag, int line
       RefuseTemplate(name_, line, "صفتهاي نشانه درست نوشته نشده اند.",
                      "no name=\"value\": " + std::string(tag.substr(0, 2 * kLongestEntity)));
     }
-    attributes.push_back({Small(name), std::string(Decoded(value, line))});
+    attributes.push_back({text::Small(name), std::string(Decoded(value, line))});
   }
   return attributes;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 
 namespace report {
 
@@ -13,9 +14,7 @@ constexpr std::size_t kRowsAtOnce = 256;
 bool BeginsWithSelect(std::string_view statement) {
   constexpr std::string_view kSelect = "select";
   statement.remove_prefix(std::min(statement.find_first_not_of(" \t\r\n"), statement.size()));
-  return statement.size() >= kSelect.size() &&
-         std::equal(kSelect.begin(), kSelect.end(), statement.begin(),
-                    [](char lower, char c) { return lower == (c | 0x20); });
+  return text::Small(statement.substr(0, kSelect.size())) == kSelect;
 }
 
 /// Whoever fails says it in Persian on the first line, if at all (platform::Described).

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "report/ReportError.h"
+#include "text/Text.h"
 
 namespace report {
 
@@ -39,12 +40,9 @@ std::vector<std::string_view> Split(std::string_view s, char separator) {
 }  // namespace
 
 bool IsName(std::string_view s) {
-  const auto isLetter = [](char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
-  };
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const auto isLetter = [](char c) { return text::IsLatinLetter(c) || c == '_'; };
   return !s.empty() && isLetter(s.front()) &&
-         std::all_of(s.begin(), s.end(), [&](char c) { return isLetter(c) || isDigit(c); });
+         std::all_of(s.begin(), s.end(), [&](char c) { return isLetter(c) || text::IsDigit(c); });
 }
 
 void ReportTemplate::Refuse(int line, const std::string& words,

@@ -52,7 +52,7 @@ class TemplateReports::Engine : public platform::ReportEngine {
     try {
       if (!template_) ThrowInvalidCall();
       reports_.outlets_.show(Fill(*template_, reports_.connections_.Create(connectionString_),
-                                  formula_, reports_.clock_.Today()),
+                                  formula_, reports_.desktop_.Today()),
                              output);
     } catch (const platform::RuntimeError& failure) {
       reports_.outlets_.showFailure(failure);

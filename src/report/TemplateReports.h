@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "platform/Clock.h"
 #include "platform/Connection.h"
+#include "platform/Desktop.h"
 #include "platform/FileSystem.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
@@ -26,15 +26,15 @@ class TemplateReports : public platform::ReportEngineFactory {
   };
   /// The references outlive this object, which outlives its engines.
   TemplateReports(platform::ConnectionFactory& connections, platform::FileSystem& files,
-                  const platform::Clock& clock, Outlets outlets)
-      : connections_(connections), files_(files), clock_(clock), outlets_(std::move(outlets)) {}
+                  const platform::Desktop& desktop, Outlets outlets)
+      : connections_(connections), files_(files), desktop_(desktop), outlets_(std::move(outlets)) {}
   std::unique_ptr<platform::ReportEngine> Create() override;
 
  private:
   class Engine;
   platform::ConnectionFactory& connections_;
   platform::FileSystem& files_;
-  const platform::Clock& clock_;
+  const platform::Desktop& desktop_;
   Outlets outlets_;
 };
 

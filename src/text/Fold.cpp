@@ -2,39 +2,12 @@
 
 #include <cstddef>
 
+#include "text/Text.h"
+#include "text/Utf8.h"
+
 namespace text {
 
 namespace {
-
-bool IsTail(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
-
-// One character: its bytes, and its code point (0xFFFD for a byte that begins none).
-struct Character {
-  std::string_view bytes;
-  char32_t code;
-};
-
-Character TakeCharacter(std::string_view& rest) {
-  const auto lead = static_cast<unsigned char>(rest.front());
-  const std::size_t size = lead < 0x80   ? 1
-                           : lead < 0xC0 ? 0
-                           : lead < 0xE0 ? 2
-                           : lead < 0xF0 ? 3
-                                         : 4;
-  Character character{rest.substr(0, 1), size == 1 ? lead : U'\uFFFD'};
-  if (size > 1 && rest.size() >= size) {
-    char32_t code = lead & (0x7FU >> size);
-    std::size_t read = 1;
-    for (; read < size && IsTail(rest[read]); ++read) {
-      code = code << 6U | (static_cast<unsigned char>(rest[read]) & 0x3FU);
-    }
-    if (read == size) character = {rest.substr(0, size), code};
-  }
-  rest.remove_prefix(character.bytes.size());
-  return character;
-}
 
 bool IsBetween(char32_t c, char32_t first, char32_t last) {
   return first <= c && c <= last;
@@ -89,12 +62,12 @@ std::string_view GroupLetter(char32_t c) {
 std::string LatinDigits(std::string_view s) {
   std::string result;
   result.reserve(s.size());
-  while (!s.empty()) {
-    const Character character = TakeCharacter(s);
-    if (const char digit = LatinDigit(character.code); digit != '\0') {
+  for (std::size_t at = 0; at < s.size();) {
+    const std::size_t begin = at;
+    if (const char digit = LatinDigit(TakeCharacter(s, at)); digit != '\0') {
       result += digit;
     } else {
-      result += character.bytes;
+      result += s.substr(begin, at - begin);
     }
   }
   return result;
@@ -110,22 +83,23 @@ void FoldForLookup(std::string_view s, std::string& folded) {
   folded.clear();
   folded.reserve(s.size());
   bool blankWaits = false;
-  while (!s.empty()) {
-    const Character character = TakeCharacter(s);
-    if (IsUnseen(character.code)) continue;
-    if (IsBlank(character.code)) {
+  for (std::size_t at = 0; at < s.size();) {
+    const std::size_t begin = at;
+    const char32_t character = TakeCharacter(s, at);
+    if (IsUnseen(character)) continue;
+    if (IsBlank(character)) {
       blankWaits = !folded.empty();
       continue;
     }
     if (blankWaits) folded += ' ';
     blankWaits = false;
-    if (const char digit = LatinDigit(character.code); digit != '\0') {
+    if (const char digit = LatinDigit(character); digit != '\0') {
       folded += digit;
-    } else if (IsBetween(character.code, U'A', U'Z')) {
-      folded += static_cast<char>(character.code - U'A' + U'a');
+    } else if (IsBetween(character, U'A', U'Z')) {
+      folded += Small(static_cast<char>(character));
     } else {
-      const std::string_view letter = GroupLetter(character.code);
-      folded += letter.empty() ? character.bytes : letter;
+      const std::string_view letter = GroupLetter(character);
+      folded += letter.empty() ? s.substr(begin, at - begin) : letter;
     }
   }
 }

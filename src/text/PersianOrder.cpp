@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "text/Utf8.h"
+
 namespace text {
 
 namespace {
@@ -79,72 +81,44 @@ constexpr Ranks kRanks = MakeRanks();
 static_assert(kRanks.low[0x649] > kRanks.low[0x648] && kRanks.low[0x649] < 0xFF,
               "all ranks fit below the byte of the unranked");
 
-constexpr bool IsTail(unsigned char c) {
-  return (c & 0xC0U) == 0x80U;
-}
-
-// Reads one character and moves past it. Overlong forms and surrogates are taken for what they
-// spell: no text is refused, equal bytes are equal weights.
-std::uint32_t NextWeight(const unsigned char*& at, const unsigned char* end) {
-  const std::uint32_t lead = *at;
-  const std::ptrdiff_t left = end - at;
-  if (lead < 0x80) {
-    ++at;
-    return kRanks.low[lead];
+// Reads one character and moves past it.
+std::uint32_t NextWeight(std::string_view s, std::size_t& at) {
+  const std::size_t begin = at;
+  const char32_t c = TakeCharacter(s, at);
+  std::uint8_t rank = 0;
+  if (c < kRanks.low.size()) {
+    rank = kRanks.low[c];
+  } else if (c - 0x2000 < kRanks.punctuation.size()) {
+    rank = kRanks.punctuation[c - 0x2000];
+  } else if (c == kReplacement && at == begin + 1) {
+    return kUnranked | (kBrokenByte + static_cast<unsigned char>(s[begin]));
   }
-  if ((lead & 0xE0U) == 0xC0U && left >= 2 && IsTail(at[1])) {
-    const std::uint32_t c = (lead & 0x1FU) << 6U | (at[1] & 0x3FU);
-    at += 2;
-    return kRanks.low[c] != 0 ? kRanks.low[c] : kUnranked | c;
-  }
-  if ((lead & 0xF0U) == 0xE0U && left >= 3 && IsTail(at[1]) && IsTail(at[2])) {
-    const std::uint32_t c = (lead & 0xFU) << 12U | (at[1] & 0x3FU) << 6U | (at[2] & 0x3FU);
-    at += 3;
-    const bool isPunctuation = c >= 0x2000 && c - 0x2000 < kRanks.punctuation.size();
-    const std::uint8_t rank = isPunctuation ? kRanks.punctuation[c - 0x2000] : std::uint8_t{0};
-    return rank != 0 ? rank : kUnranked | c;
-  }
-  if ((lead & 0xF8U) == 0xF0U && left >= 4 && IsTail(at[1]) && IsTail(at[2]) && IsTail(at[3])) {
-    const std::uint32_t c =
-        (lead & 0x7U) << 18U | (at[1] & 0x3FU) << 12U | (at[2] & 0x3FU) << 6U | (at[3] & 0x3FU);
-    at += 4;
-    return kUnranked | c;
-  }
-  ++at;
-  return kUnranked | (kBrokenByte + lead);
-}
-
-const unsigned char* BytesOf(std::string_view s) {
-  return reinterpret_cast<const unsigned char*>(s.data());
+  return rank != 0 ? rank : kUnranked | c;
 }
 
 }  // namespace
 
 std::weak_ordering ComparePersian(std::string_view a, std::string_view b) {
-  const unsigned char* atA = BytesOf(a);
-  const unsigned char* atB = BytesOf(b);
-  const unsigned char* const endA = atA + a.size();
-  const unsigned char* const endB = atB + b.size();
-  while (atA != endA && atB != endB) {
-    const std::uint32_t weightA = NextWeight(atA, endA);
-    const std::uint32_t weightB = NextWeight(atB, endB);
+  std::size_t atA = 0;
+  std::size_t atB = 0;
+  while (atA != a.size() && atB != b.size()) {
+    const std::uint32_t weightA = NextWeight(a, atA);
+    const std::uint32_t weightB = NextWeight(b, atB);
     if (weightA != weightB) return weightA <=> weightB;
   }
-  return (atA != endA) <=> (atB != endB);
+  return (atA != a.size()) <=> (atB != b.size());
 }
 
 void AppendSortKey(std::string_view s, std::string& key) {
   // Through a buffer: a call of append for every byte costs more than the ranking itself.
   std::array<char, 256> buffer;
   std::size_t used = 0;
-  const unsigned char* at = BytesOf(s);
-  const unsigned char* const end = at + s.size();
-  while (at != end) {
+  for (std::size_t at = 0; at != s.size();) {
     if (used + 4 > buffer.size()) {
       key.append(buffer.data(), used);
       used = 0;
     }
-    const std::uint32_t weight = NextWeight(at, end);
+    const std::uint32_t weight = NextWeight(s, at);
     if (weight >= kUnranked) {
       for (const unsigned shift : {24U, 16U, 8U}) {
         buffer[used++] = static_cast<char>(weight >> shift & 0xFFU);

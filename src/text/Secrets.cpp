@@ -14,8 +14,7 @@ constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kStars = "***";
 
 bool IsWordByte(char c) {
-  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-         static_cast<unsigned char>(c) >= 0x80;
+  return IsDigit(c) || IsLatinLetter(c) || static_cast<unsigned char>(c) >= 0x80;
 }
 
 /// A very short secret may be a part of any word; only where it stands alone is it the secret.
@@ -41,7 +40,7 @@ bool EndsInPasswordKey(std::string_view text) {
   for (std::size_t at = text.size(); at > 0 && key.size() < kLongest.size(); --at) {
     const char c = text[at - 1];
     if (kBlanks.find(c) != std::string_view::npos) continue;
-    key.insert(key.begin(), c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c);
+    key.insert(key.begin(), Small(c));
   }
   return key == kLongest || key.ends_with("pwd");
 }

@@ -6,13 +6,11 @@
 #include <limits>
 #include <system_error>
 
+#include "text/Utf8.h"
+
 namespace text {
 
 namespace {
-
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 
 // Reads a text without the characters that a number may hold anywhere.
 class NumberReader {
@@ -34,8 +32,7 @@ class NumberReader {
   }
   // `small` is a small letter; a capital one is taken for it.
   bool TakeIf(char small) {
-    const char c = Peek();
-    if (c != small && c != small - 'a' + 'A') return false;
+    if (Small(Peek()) != small) return false;
     Take();
     return true;
   }
@@ -46,8 +43,7 @@ class NumberReader {
 
 int DigitOf(char c) {
   if (IsDigit(c)) return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (IsLatinLetter(c)) return Small(c) - 'a' + 10;
   return std::numeric_limits<int>::max();
 }
 
@@ -92,18 +88,18 @@ Decimal ReadDecimal(NumberReader reader) {
   return decimal;
 }
 
-std::size_t CharacterEnd(std::string_view s, std::size_t at) {
-  ++at;
-  while (at < s.size() && (static_cast<unsigned char>(s[at]) & 0xC0U) == 0x80U) ++at;
-  return at;
-}
-
 }  // namespace
 
 std::string_view Trim(std::string_view s) {
   const std::size_t first = s.find_first_not_of(' ');
   if (first == std::string_view::npos) return {};
   return s.substr(first, s.find_last_not_of(' ') - first + 1);
+}
+
+std::string Small(std::string_view s) {
+  std::string small(s);
+  for (char& c : small) c = Small(c);
+  return small;
 }
 
 std::string Replace(std::string_view s, std::string_view from, std::string_view to) {
@@ -145,15 +141,15 @@ std::string DecimalText(double value) {
 
 std::string_view Mid(std::string_view s, std::size_t start, std::size_t count) {
   std::size_t first = 0;
-  for (; start > 1 && first < s.size(); --start) first = CharacterEnd(s, first);
+  for (; start > 1 && first < s.size(); --start) TakeCharacter(s, first);
   std::size_t last = first;
-  for (; count > 0 && last < s.size(); --count) last = CharacterEnd(s, last);
+  for (; count > 0 && last < s.size(); --count) TakeCharacter(s, last);
   return s.substr(first, last - first);
 }
 
 std::size_t Length(std::string_view s) {
   std::size_t length = 0;
-  for (std::size_t at = 0; at < s.size(); at = CharacterEnd(s, at)) ++length;
+  for (std::size_t at = 0; at < s.size(); ++length) TakeCharacter(s, at);
   return length;
 }
 

@@ -7,6 +7,18 @@
 /// Plain helpers over UTF-8 text, the same on every machine: no locale is read.
 namespace text {
 
+inline bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+inline bool IsLatinLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+/// A capital Latin letter as the small one, anything else as it is.
+inline char Small(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+std::string Small(std::string_view s);
+
 /// Removes blanks (U+0020 alone) at both ends.
 std::string_view Trim(std::string_view s);
 

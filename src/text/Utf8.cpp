@@ -1,6 +1,5 @@
 #include "text/Utf8.h"
 
-#include <array>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -21,21 +20,17 @@ bool BelongsToTheOneBefore(char32_t c) {
 
 }  // namespace
 
-char32_t TakeCharacter(std::string_view text, std::size_t& at) {
-  const auto byte = [&](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-  const unsigned char lead = byte(at++);
-  if (lead < 0x80) return lead;
-  const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-  if (lead < 0xC2 || lead > 0xF4 || at + more > text.size()) return kReplacement;
+char32_t TakeRareCharacter(std::string_view text, std::size_t& at) {
+  const auto lead = static_cast<unsigned char>(text[at++]);
+  const std::size_t more = lead >= 0xF0 ? 3 : 2;
+  if (lead < 0xE0 || lead > 0xF4 || at + more > text.size()) return kReplacement;
   char32_t code = lead & (0x3FU >> more);
   for (std::size_t i = at; i < at + more; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) return kReplacement;
-    code = (code << 6U) | (byte(i) & 0x3FU);
+    if (!IsTail(text[i])) return kReplacement;
+    code = (code << 6U) | (static_cast<unsigned char>(text[i]) & 0x3FU);
   }
-  constexpr std::array<char32_t, 4> kSmallest{0, 0x80, 0x800, 0x10000};
-  if (code < kSmallest.at(more) || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) {
-    return kReplacement;
-  }
+  const bool tooLong = code < (more == 2 ? 0x800U : 0x10000U);
+  if (tooLong || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) return kReplacement;
   at += more;
   return code;
 }
@@ -49,7 +44,6 @@ std::size_t LetterEnd(std::string_view text, std::size_t at) {
 }
 
 char16_t* PutUtf16(std::string_view text, char16_t* to) {
-  const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   for (std::size_t at = 0; at < text.size();) {
     static_assert(std::endian::native == std::endian::little);
     std::uint64_t eight = 0;
@@ -63,21 +57,12 @@ char16_t* PutUtf16(std::string_view text, char16_t* to) {
         continue;
       }
     }
-    const unsigned lead = byte(at);
-    if (lead < 0x80) {
-      *to++ = static_cast<char16_t>(lead);
-      ++at;
-    } else if (lead >= 0xC2 && lead < 0xE0 && at + 1 < text.size() && byte(at + 1) >> 6U == 2) {
-      *to++ = static_cast<char16_t>((lead & 0x1FU) << 6U | (byte(at + 1) & 0x3FU));
-      at += 2;  // all letters of Persian
+    const char32_t character = TakeCharacter(text, at);
+    if (character < 0x10000) {
+      *to++ = static_cast<char16_t>(character);
     } else {
-      const char32_t character = TakeCharacter(text, at);
-      if (character < 0x10000) {
-        *to++ = static_cast<char16_t>(character);
-      } else {
-        *to++ = static_cast<char16_t>(0xD7C0 + (character >> 10U));
-        *to++ = static_cast<char16_t>(0xDC00 + (character & 0x3FFU));
-      }
+      *to++ = static_cast<char16_t>(0xD7C0 + (character >> 10U));
+      *to++ = static_cast<char16_t>(0xDC00 + (character & 0x3FFU));
     }
   }
   return to;

@@ -23,7 +23,7 @@ const std::string kCustomers = "Select ID, Code ";
 class FormAddBatchTest : public testing::Test {
  protected:
   FormAddBatchTest() {
-    outside.clock.today = std::chrono::year{2025} / 4 / 20;  // 1404/01/31
+    outside.desktop.today = std::chrono::year{2025} / 4 / 20;  // 1404/01/31
     outside.database.When(Holding(kRegions, " where EmployeeID=7"))
         .Gives(RowSetOf({"RegionName", "ID"}, {{"شمال", "1"}, {"جنوب", "2"}}));
     outside.database.When(Holding(kPaths, " where EmployeeID=7 and p.RegionID in (1"))
@@ -271,7 +271,7 @@ TEST_F(FormAddBatchTest, ViewMode_CanOnlyBeCancelled_AndTheFormKeepsItsContents)
     EXPECT_TRUE(f.cmdAdd.Enabled());
     EXPECT_TRUE(f.flxRegion.IsSelected(1));
   }));
-  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429")) << "loaded once";
+  EXPECT_THAT(outside.desktop.loaded, ElementsAre("00000429")) << "loaded once";
 }
 
 TEST_F(FormAddBatchTest, Resize_BelowTheLimit_MovesNothing) {

@@ -46,9 +46,8 @@ TEST(SolarHijriDate, EveryDayOf1206To1498_IsTheDayOfIcu) {
 TEST(SolarHijriDate, YearsOfTheRule_HaveTheirLeapDayAndFollowOnEachOther) {
   std::optional<SolarHijriDate> lastDay;
   for (int year = 1; year <= 9377; ++year) {
-    ASSERT_EQ(calendar::IsLeapYear(year), (25 * year + 11) % 33 < 8) << year;
     const auto leapDay = SolarHijriDate::FromYearMonthDay(year, 12, 30);
-    ASSERT_EQ(leapDay.has_value(), calendar::IsLeapYear(year)) << year;
+    ASSERT_EQ(leapDay.has_value(), (25 * year + 11) % 33 < 8) << year;
     const auto first = SolarHijriDate::FromYearMonthDay(year, 1, 1);
     if (lastDay) {
       ASSERT_EQ(first->Days() - lastDay->Days(), std::chrono::days(1)) << year;

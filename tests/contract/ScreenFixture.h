@@ -143,7 +143,7 @@ class ScreenTest : public testing::Test {
   }
 
   struct Adapter;
-  support::FakeClock clock;
+  support::FakeDesktop desktop;
   CitySource cities;
   std::unique_ptr<Adapter> adapter;
   controls::Screen& screen;

@@ -7,8 +7,7 @@
 #include "demo/Inspection.h"
 #include "demo/PlainDatabase.h"
 #include "demo/SampleOffice.h"
-#include "platform/ResumeNext.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorNumber.h"
 #include "support/TestFolder.h"
 
 namespace demo {
@@ -79,7 +78,7 @@ TEST_F(OfficeOfAge, Failing_StaysAsItWasWithoutACopy) {
   const auto fail = [](const std::string&) -> void {
     throw platform::RuntimeError(61, "disk full");
   };
-  EXPECT_EQ(platform::ResumeNext([&] { BringUpToDate(file_, fail); }), 61);
+  EXPECT_EQ(support::NumberOf([&] { BringUpToDate(file_, fail); }), 61);
   EXPECT_EQ(PlainDatabase(file_).Text(schema), before);
   EXPECT_EQ(PlainDatabase(file_).Text("PRAGMA user_version"), "0;");
   EXPECT_EQ(folder_.FileCount(), 2);  // the office and its templates
@@ -90,14 +89,10 @@ TEST_F(OfficeOfAge, Newer_IsRefusedWithBothVersions) {
   const std::string before = Content(file_);
   for (const auto& look : {std::function<void()>([&] { Update(); }),
                            std::function<void()>([&] { InspectOffice(file_); })}) {
-    try {
-      look();
-      ADD_FAILURE();
-    } catch (const platform::RuntimeError& error) {
-      EXPECT_EQ(error.Number(), 4060);
-      EXPECT_THAT(error.Description(),
-                  AllOf(HasSubstr("نسخه فايل 7، اين برنامه تا نسخه 2"), HasSubstr("version is 7")));
-    }
+    const auto refused = support::FailureOf(look);
+    EXPECT_EQ(refused.Number(), 4060);
+    EXPECT_THAT(refused.Description(),
+                AllOf(HasSubstr("نسخه فايل 7، اين برنامه تا نسخه 2"), HasSubstr("version is 7")));
   }
   EXPECT_EQ(Content(file_), before);
 }

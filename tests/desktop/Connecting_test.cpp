@@ -2,14 +2,13 @@
 
 #include <gmock/gmock.h>
 #include <pty.h>
-#include <sys/wait.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
 #include <fstream>
 
+#include "desktop/Host.h"
 #include "support/TestFolder.h"
 
 namespace {
@@ -18,15 +17,6 @@ using testing::AllOf;
 using testing::HasSubstr;
 
 const std::string kHost = PROMOTER_DESKTOP " --replay /dev/null ";
-
-/// What a command of the shell prints. A host that finds no such database names it.
-std::string OutputOf(const std::string& command) {
-  std::string output;
-  FILE* const pipe = popen(("unset DISTPROMOTER_CONNECTION; " + command + " 2>&1").c_str(), "r");
-  for (int c = 0; (c = std::fgetc(pipe)) != EOF;) output += static_cast<char>(c);
-  pclose(pipe);
-  return output;
-}
 
 TEST(Connecting, String_IsTakenFromWhereTheCommandLineSays) {
   const support::TestFolder folder;
@@ -45,7 +35,10 @@ TEST(Connecting, String_IsTakenFromWhereTheCommandLineSays) {
       {variable + kHost + "--database /by-option", "/by-option"},
       {kHost + "--connect env", "no connection string in DISTPROMOTER_CONNECTION"},
   };
-  for (const auto& [command, named] : cases) EXPECT_THAT(OutputOf(command), HasSubstr(named));
+  for (const auto& [command, named] : cases) {
+    // A host that finds no such database names it.
+    EXPECT_THAT(desktop::Shell("unset DISTPROMOTER_CONNECTION; " + command).said, HasSubstr(named));
+  }
 }
 
 /// The host on a terminal of its own, asking for the string.

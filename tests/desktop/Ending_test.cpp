@@ -1,16 +1,14 @@
 // The host is asked to end by the system: it closes its database in order.
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
 
-#include "demo/SampleOffice.h"
+#include "desktop/Host.h"
 #include "support/TestFolder.h"
 
 namespace {
@@ -19,9 +17,7 @@ TEST(Ending, AskedBySignal_ClosesTheDatabaseAndReportsSuccess) {
   const support::TestFolder folder;
   const std::string file = folder.File("office.db");
   const auto logIsThere = [log = file + "-wal"] { return std::filesystem::exists(log); };
-  demo::CreateSampleOffice(file, {.customers = 50,
-                                  .today = std::chrono::year(2025) / std::chrono::November / 22,
-                                  .basePath = {}});
+  desktop::MakeOffice(file, 50);
   for (const int signal : {SIGTERM, SIGHUP}) {
     const pid_t host = fork();
     if (host == 0) {

@@ -3,14 +3,12 @@
 #include "desktop/Export.h"
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <fstream>
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/PlainDatabase.h"
-#include "demo/SampleOffice.h"
+#include "desktop/Host.h"
 #include "support/ErrorNumber.h"
 #include "support/Events.h"
 #include "support/Fakes.h"
@@ -18,7 +16,9 @@
 
 namespace {
 
+using desktop::Ended;
 using support::Content;
+using support::NumberOf;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -34,9 +34,7 @@ class Export : public testing::Test {
  protected:
   Export() {
     std::filesystem::copy("demo/templates", folder.Path() / "templates");
-    demo::CreateSampleOffice(file, {.customers = 60,
-                                    .today = std::chrono::year(2025) / std::chrono::November / 22,
-                                    .basePath = folder.File("templates/")});
+    desktop::MakeOffice(file, 60, folder.File("templates/"));
     EXPECT_EQ(
         demo::PlainDatabase(file).Text(
             "UPDATE tblEmployee SET FirstName = 'ب', LastName = 'دوم' WHERE ID = 1;"
@@ -58,7 +56,6 @@ class Export : public testing::Test {
         "");
   }
 
-  int NumberOf(const std::function<void()>& act) { return support::NumberOf(act); }
   std::string Template(const std::string& wanted) {
     return desktop::TemplatePath(connection, files, wanted);
   }
@@ -120,37 +117,19 @@ TEST_F(Export, Template_IsFoundByItsTitleOrFileAndElseTheFirst) {
   files.files["/elsewhere/own.html"] = "";
   EXPECT_EQ(Template(" برگه  کاری"), "/elsewhere/own.html") << "as a person types it";
   EXPECT_EQ(Template("own"), "/elsewhere/own.html");
-  try {
-    Template("هيچ");
-    ADD_FAILURE();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.Number(), 53);
-    EXPECT_THAT(error.Description(), AllOf(HasSubstr("«هيچ»"), HasSubstr("«برگه كاري»")));
-  }
+  const auto refused = support::FailureOf([&] { Template("هيچ"); });
+  EXPECT_EQ(refused.Number(), 53);
+  EXPECT_THAT(refused.Description(), AllOf(HasSubstr("«هيچ»"), HasSubstr("«برگه كاري»")));
   files.files.clear();
   EXPECT_EQ(NumberOf([&] { Template(""); }), 53) << "it is listed, and lies nowhere";
 }
 
-/// The host as cron starts it: hardly any environment, no display. Its status, and what it says.
-struct Ended {
-  int status = -1;
-  std::string said;
-};
-
 class ExportingHost : public Export {
  protected:
-  Ended Run(const std::string& arguments) const {
-    Ended ended;
-    const std::string command = "timeout 60 env -i '" PROMOTER_DESKTOP "' " + arguments + " 2>&1";
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (int c = 0; (c = std::fgetc(pipe)) != EOF;) ended.said += static_cast<char>(c);
-    const int status = pclose(pipe);
-    ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return ended;
-  }
   Ended ExportTo(const std::string& path, const std::string& program = "90",
                  const std::string& more = "") const {
-    return Run("--database '" + file + "' --export " + program + " '" + path + "' " + more);
+    return desktop::Host("--database '" + file + "' --export " + program + " '" + path + "' " +
+                         more);
   }
 };
 
@@ -203,7 +182,7 @@ TEST_F(ExportingHost, Failure_EndsWithOneAndWordsAndLeavesTheOlderFile) {
   EXPECT_EQ(broken.status, 1);
   EXPECT_THAT(broken.said, HasSubstr("program-by-day.html"));
   EXPECT_EQ(Content(pdf), "old");
-  EXPECT_EQ(Run("--database /nowhere --export 1 '" + pdf + "'").status, 1);
+  EXPECT_EQ(desktop::Host("--database /nowhere --export 1 '" + pdf + "'").status, 1);
   EXPECT_EQ(ExportTo(folder.Path().string() + "/templates.txt/").status, 2) << "no name";
 }
 
@@ -220,7 +199,7 @@ TEST_F(ExportingHost, WrongCommandLine_EndsWithTwo) {
                                "--export 90 p.pdf --tour out",
                                "--export 90 p.pdf --load-sample --connect sqlite:x"};
   for (const char* line : lines) {
-    const Ended ended = Run(line);
+    const Ended ended = desktop::Host(line);
     EXPECT_EQ(ended.status, 2) << line;
     EXPECT_THAT(ended.said, Not(IsEmpty()));
   }

@@ -1,13 +1,11 @@
 // What an administrator does: the host's --backup and --check on the office's file, and its log.
 
 #include <gmock/gmock.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <fstream>
 
 #include "demo/PlainDatabase.h"
-#include "demo/SampleOffice.h"
+#include "desktop/Host.h"
 #include "support/TestFolder.h"
 
 namespace {
@@ -21,23 +19,13 @@ constexpr char kVisits[] = "SELECT count(*) FROM tblDistributionPromoterProgramD
 
 class Upkeep : public testing::Test {
  protected:
-  Upkeep() {
-    demo::CreateSampleOffice(office_,
-                             {.customers = 40,
-                              .today = std::chrono::year(2025) / std::chrono::November / 22,
-                              .basePath = {}});
-  }
+  Upkeep() { desktop::MakeOffice(office_, 40); }
 
-  /// The exit status of the host on the office, without a display; what it printed is in said_.
-  int Host(const std::string& options) {
-    said_.clear();
-    const std::string command =
-        "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u "
-        "DISTPROMOTER_CONNECTION " PROMOTER_DESKTOP " " +
-        options + " 2>&1";
-    FILE* const pipe = popen(command.c_str(), "r");
-    for (int c = 0; (c = std::fgetc(pipe)) != EOF;) said_ += static_cast<char>(c);
-    return WEXITSTATUS(pclose(pipe));
+  /// The exit status of the host; what it printed is in said_.
+  int Host(const std::string& options, const std::string& variables = "") {
+    const desktop::Ended ended = desktop::Host(options, variables);
+    said_ = ended.said;
+    return ended.status;
   }
   int BackUp() { return Host("--backup " + backup_ + " --database " + office_); }
   int Check() { return Host("--check --database " + office_); }
@@ -128,9 +116,7 @@ TEST_F(Upkeep, Log_WantedByOptionOrEnvironment_HoldsTheStatements) {
   EXPECT_THAT(Content(log), AllOf(HasSubstr("\t1 rows\t\tSelect 7 as Seven\n"),
                                   HasSubstr("\t\terror 208: "), HasSubstr("\tSelect x From tbl")));
   fs::remove(log);
-  setenv("DISTPROMOTER_LOG", log.c_str(), 1);
-  EXPECT_EQ(Host(replay), 1);
-  unsetenv("DISTPROMOTER_LOG");
+  EXPECT_EQ(Host(replay, "DISTPROMOTER_LOG=" + log), 1);
   EXPECT_THAT(Content(log), HasSubstr("Select 7 as Seven"));
 
   EXPECT_EQ(Host(replay), 1);

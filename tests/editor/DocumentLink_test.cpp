@@ -41,7 +41,7 @@ TEST_F(DocumentLinkTest, Viewer_IsToldTheContextAndTheDocument) {
   outside.database.When(Beginning(kLookup)).Gives(RowSetOf({"DocumentID"}));
   form.cmdViewAccountDoc.Click();
   EXPECT_EQ(told.back(), "View -1") << "opened too when there is none";
-  EXPECT_THAT(outside.launcher.started, IsEmpty());
+  EXPECT_THAT(outside.desktop.started, IsEmpty());
   EXPECT_THAT(Said(), IsEmpty());
 }
 
@@ -50,12 +50,12 @@ TEST_F(DocumentLinkTest, MissingViewer_IsRegisteredAndTriedOnceMore) {
   for (const int outcome : {0, 1, 2}) {
     outside.components.others.clear();
     outside.Forget();
-    outside.launcher.onStart = [&] {
+    outside.desktop.onStart = [&] {
       if (outcome == 0) Register();
       if (outcome == 2) throw platform::RuntimeError(53, "File not found");
     };
     form.cmdViewAccountDoc.Click();
-    EXPECT_THAT(outside.launcher.started,
+    EXPECT_THAT(outside.desktop.started,
                 ElementsAre("Regsvr32  \"C:\\Suite\\System\\comVoucherView.ocx\" /s"));
     EXPECT_THAT(First(2, outside.components.created), ElementsAre(kViewer, kViewer));
     EXPECT_EQ(Said(), std::vector<Message>(outcome == 0 ? 0 : 1, kNotAllowed));
@@ -66,12 +66,12 @@ TEST_F(DocumentLinkTest, MissingViewer_IsRegisteredAndTriedOnceMore) {
 TEST_F(DocumentLinkTest, OtherFailures_AreIgnored) {
   FailCreation(70);
   form.cmdViewAccountDoc.Click();
-  EXPECT_THAT(outside.launcher.started, IsEmpty());
+  EXPECT_THAT(outside.desktop.started, IsEmpty());
   // The component is there after registration, but fails otherwise.
   FailCreation(429);
-  outside.launcher.onStart = [this] { FailCreation(70); };
+  outside.desktop.onStart = [this] { FailCreation(70); };
   form.cmdViewAccountDoc.Click();
-  EXPECT_EQ(outside.launcher.started.size(), 1U);
+  EXPECT_EQ(outside.desktop.started.size(), 1U);
   Register("PositionID");
   form.cmdViewAccountDoc.Click();
   EXPECT_THAT(told, ElementsAre("UserID=1", "OLEConnectionString=office", "View -1"));

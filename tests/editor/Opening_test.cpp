@@ -6,7 +6,7 @@ namespace {
 TEST_F(EditorTest, ClearShow_FirstUse_LoadsOnceAndOpensEmpty) {
   EXPECT_FALSE(form.ClearShow());
   EXPECT_FALSE(form.ClearShow());
-  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("00000429"));
+  EXPECT_THAT(outside.desktop.loaded, ElementsAre("00000429"));
   EXPECT_THAT(outside.database.Statements("vwZomirBasePath"), testing::SizeIs(1));
   EXPECT_EQ(form.datToday.Text(), "1404/02/01");
   EXPECT_EQ(form.sltCreator.SelectedID(), 1);
@@ -100,7 +100,7 @@ TEST_F(EditorTest, Dialogs_EditorClosedAndReopened_KeepTheirContentsUntilAllIsUn
   module.SetContext({.userId = 1, .positionId = 2, .employeeId = 3, .connectionString = "other"});
   form.View(40);
   use("", "14");
-  EXPECT_THAT(outside.keyboard.loaded, testing::SizeIs(5))
+  EXPECT_THAT(outside.desktop.loaded, testing::SizeIs(5))
       << "the editor thrice, the batch form twice";
   outside.database.SetDefaultColumns({"ID", "Name"});
   for (controls::Selector* each : {&form.sltCreator, &form.sltSupervisor, &form.sltBranch}) {

@@ -78,7 +78,7 @@ TEST_F(modMainTest, AskQuestion_answers_areYesNoOrNeither) {
 }
 
 TEST_F(modMainTest, GetServerDate_replies_areReadOrFallBack) {
-  const std::chrono::sys_days machine = outside.clock.today;
+  const std::chrono::sys_days machine = outside.desktop.today;
   const std::pair<platform::RowSet, std::chrono::sys_days> cases[] = {
       {RowSetOf({"today"}, {{"2024-02-29 23:59:58"}}), 2024y / 2 / 29},
       {RowSetOf({"today"}), machine},
@@ -100,11 +100,11 @@ TEST_F(modMainTest, GetServerDate_replies_areReadOrFallBack) {
 
 TEST_F(modMainTest, SwitchKeyboard_versions_chooseOrKeepTheLayout) {
   for (const std::uint32_t version : {3U, 0x0A280104U, 3U, 0x47BB000AU, 4U, 5U, 3U}) {
-    outside.keyboard.version = version;
+    outside.desktop.version = version;
     module.SwitchKeyboard();
   }
-  EXPECT_THAT(outside.keyboard.loaded, ElementsAre("", "00000401", "00000401", "00000429",
-                                                   "00000401", "00000429", "00000429"));
+  EXPECT_THAT(outside.desktop.loaded, ElementsAre("", "00000401", "00000401", "00000429",
+                                                  "00000401", "00000429", "00000429"));
 }
 
 TEST_F(modMainTest, Lookup_sameString_keepsItsOwnConnectionAsLongAsTheDataEnvironment) {

@@ -34,7 +34,7 @@ class Office : private platform::ConnectionFactory {
     EXPECT_EQ(sqlite3_open(file.c_str(), &opened), SQLITE_OK);
     plain_.reset(opened);
     EXPECT_TRUE(adapters::sqlite::RegisterCollation(opened));
-    outside.clock.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
+    outside.desktop.today = std::chrono::year(2025) / std::chrono::November / std::chrono::day(22);
     control_.SetUserID(1);
     control_.SetEmployeeID(1);
     control_.SetPositionID(1);

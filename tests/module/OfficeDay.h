@@ -14,17 +14,7 @@
 namespace module {
 
 /// What lies outside the module and can fail.
-enum class Kind {
-  kNone,
-  kDatabase,
-  kFiles,
-  kWorkbook,
-  kComponents,
-  kReports,
-  kLauncher,
-  kFileDialog,
-  kKeyboard
-};
+enum class Kind { kNone, kDatabase, kFiles, kWorkbook, kComponents, kReports, kDesktop };
 
 /// The at-th call of a kind fails: before anything was done; after it was done, so that only its
 /// answer is lost (the database alone); or with it all that follow while the action lasts. A
@@ -71,15 +61,13 @@ class OfficeDay : public Office {
     outside.excel.beforeCall = Watch(Kind::kWorkbook);
     outside.components.beforeCall = Watch(Kind::kComponents);
     outside.reports.beforeCall = Watch(Kind::kReports);
-    outside.launcher.beforeCall = Watch(Kind::kLauncher);
-    outside.fileDialog.beforeCall = Watch(Kind::kFileDialog);
-    outside.keyboard.beforeCall = Watch(Kind::kKeyboard);
+    outside.desktop.beforeCall = Watch(Kind::kDesktop);
     outside.components.otherwise = [] { return support::Answer::kYes; };
     outside.screen.otherwise = [this](controls::Form& form) { Use(form); };
-    outside.fileDialog.chosen = "visits.txt";
+    outside.desktop.chosen = "visits.txt";
     outside.fileSystem.files["/suite/" + Cell("SELECT FilePath FROM tblZomirReportTemplate WHERE "
                                               "FormTypeID = 3308 LIMIT 1")] = "";
-    outside.launcher.onStart = [this] {
+    outside.desktop.onStart = [this] {
       outside.components.others["comVoucherView.comVoucherView1"] = [this] {
         return std::make_unique<support::FakeObject>(viewerTold, outside.components.beforeCall);
       };

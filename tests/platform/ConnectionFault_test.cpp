@@ -4,6 +4,7 @@
 
 #include <set>
 
+#include "platform/FileErrors.h"
 #include "platform/ServerErrors.h"
 
 namespace platform {
@@ -78,6 +79,18 @@ TEST(ServerErrors, Description_NamesTheDatabaseAndSetsEachForeignLineApart) {
             "پايگاه داده «\u202A/o.db\u202C» فقط خواندني است و چيزي در آن ثبت نشد.");
   EXPECT_EQ(Described("نشد.", "One.\n\nTwo."), "نشد.\n\u202AOne.\u202C\n\n\u202ATwo.\u202C");
   EXPECT_EQ(Described("", "One."), "One.");
+}
+
+TEST(FileErrors, Description_IsASentenceOfTheNumberThenThePathAndTheSystemsWords) {
+  std::set<std::string> sentences;
+  for (const auto number :
+       {kDeviceError, kDiskFull, kPermissionDenied, kPathFileAccess, kPathNotFound}) {
+    EXPECT_TRUE(sentences.insert(FileError(number, "/a", "", "x").Description()).second) << number;
+  }
+  EXPECT_EQ(FileError(kPathNotFound, "/a", "", "x").Description(), "پوشه اين فايل وجود ندارد. /a");
+  const RuntimeError own = FileError(kDiskFull, "/a", "ENOSPC", "x", "نشد.");
+  EXPECT_EQ(own.Description(), "نشد. /a (ENOSPC)");
+  EXPECT_EQ(std::to_string(own.Number()) + own.Source(), "61x");
 }
 
 }  // namespace

@@ -20,9 +20,9 @@ constexpr struct {
     {Kind::kDatabase, "dbo.spZomirInsertFormAction 330803", "the program is gone, logged or not"},
     {Kind::kComponents, "", "no message can say that there are no messages"},
     {Kind::kReports, "produce", "the engine has a window of its own to say so"},
-    {Kind::kLauncher, "Start", "the viewer is tried again, and missed with a message"},
-    {Kind::kFileDialog, "ShowSave", "the next button asks for the name that is missing"},
-    {Kind::kKeyboard, "LoadKeyboardLayout", "the user types with the layout at hand"},
+    {Kind::kDesktop, "Start", "the viewer is tried again, and missed with a message"},
+    {Kind::kDesktop, "ShowSave", "the next button asks for the name that is missing"},
+    {Kind::kDesktop, "LoadKeyboardLayout", "the user types with the layout at hand"},
 };
 
 /// What a person was told in the day's course.
@@ -38,7 +38,7 @@ std::string Told(const OfficeDay& day) {
 std::string Shown(const OfficeDay& day) {
   std::string all = Told(day);
   for (const std::string& event : day.outside.events) all += event;
-  for (const std::string& line : day.outside.launcher.started) all += line;
+  for (const std::string& line : day.outside.desktop.started) all += line;
   for (const auto& [what, total] : day.outside.progress.begun) all += what;
   for (const auto& [path, text] : day.outside.fileSystem.files) all.append(path).append(text);
   return all;
@@ -101,8 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Fault{Kind::kWorkbook}, Fault{Kind::kWorkbook, When::kFromThenOn},
                     Fault{Kind::kComponents, When::kBefore, 438},
                     Fault{Kind::kComponents, When::kFromThenOn, 429}, Fault{Kind::kReports},
-                    Fault{Kind::kLauncher}, Fault{Kind::kFileDialog, When::kBefore, 32755},
-                    Fault{Kind::kFileDialog}, Fault{Kind::kKeyboard}));
+                    Fault{Kind::kDesktop}, Fault{Kind::kDesktop, When::kBefore, 32755}));
 
 }  // namespace
 }  // namespace module

@@ -87,8 +87,8 @@ class RandomWalk : public module::OfficeTest {
   }
 
   void TopStep() {
-    outside.fileDialog.chosen = std::string(dice_.Of(kFiles));
-    if (outside.fileDialog.chosen->empty()) outside.fileDialog.chosen.reset();
+    outside.desktop.chosen = std::string(dice_.Of(kFiles));
+    if (outside.desktop.chosen->empty()) outside.desktop.chosen.reset();
     if (!Editor().Visible()) {
       outside.screen.hostIsModal = dice_.OneIn(10);
       Act("open", [&] {
@@ -137,8 +137,8 @@ class RandomWalk : public module::OfficeTest {
       EXPECT_FALSE(error.Description().empty());
       failed = true;
     }
-    // As required, a delete that fails in the middle keeps what it deleted and reads nothing anew;
-    // the user was told.
+    // Each deletion is a statement of its own: one that fails in the middle leaves those before it
+    // done and the list as it was, and the user was told.
     EXPECT_TRUE(wasStale || !gridIsStale_ || failed || !outside.components.messages.empty());
     granted_.pop_back();
   }
@@ -330,7 +330,7 @@ class RandomWalk : public module::OfficeTest {
 
  private:
   Dice dice_{static_cast<std::uint64_t>(Setting("PROMOTER_WALK_SEED", 1404))};
-  AnyHand hand_{dice_, outside.clock.today,
+  AnyHand hand_{dice_, outside.desktop.today,
                 [this](const std::string& what, const AnyHand::Action& act) { Act(what, act); }};
   std::vector<std::vector<std::int32_t>> granted_;  // by action, the innermost last
   std::deque<std::string> trail_;

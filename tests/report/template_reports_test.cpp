@@ -53,13 +53,13 @@ class TemplateReportsTest : public testing::Test, public platform::ConnectionFac
   std::chrono::milliseconds limit = 60s;
   support::FakeProgress progress;
   support::FakeFileSystem files;
-  support::FakeClock clock;
+  support::FakeDesktop desktop;
   std::string shown;
   std::vector<platform::RuntimeError> failures;
   TemplateReports reports{
       *this,
       files,
-      clock,
+      desktop,
       {.show =
            [this](FilledReport filled, platform::ReportOutput) {
              int line = 0;

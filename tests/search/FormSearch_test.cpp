@@ -234,7 +234,7 @@ TEST_F(SearchTest, Resize_AfterColumnsWereDragged_SharesFromWhereTheyStandAndCom
 }
 
 TEST_F(SearchTest, Export_Cancelled_OfNoRowsOrOfMany_WritesNothingTheHeadOrRowByRow) {
-  outside.fileDialog.chosen = "/out/list.txt";
+  outside.desktop.chosen = "/out/list.txt";
   std::map<std::string_view, int> calls;
   outside.fileSystem.beforeCall = [&](std::string_view call) { ++calls[call]; };
   const auto export_to = [&](bool headers, bool confirms) {

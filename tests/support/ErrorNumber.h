@@ -6,15 +6,20 @@
 
 namespace support {
 
-/// The number of the run-time error that the action ends with; 0 for none.
+/// The run-time error that the action ends with; of number 0 and without words for none.
 template <typename Action>
-std::int32_t NumberOf(Action&& action) {
+platform::RuntimeError FailureOf(Action&& action) {
   try {
     action();
   } catch (const platform::RuntimeError& error) {
-    return error.Number();
+    return error;
   }
-  return 0;
+  return {0, ""};
+}
+
+template <typename Action>
+std::int32_t NumberOf(Action&& action) {
+  return FailureOf(action).Number();
 }
 
 }  // namespace support

@@ -5,13 +5,6 @@ namespace support {
 using platform::PropertyValue;
 using platform::RuntimeError;
 
-std::string FakeFileDialog::ShowSave(const std::string& begin, std::string_view filter) {
-  Tell(beforeCall, "ShowSave");
-  shown.emplace_back(begin, filter);
-  if (!chosen) throw RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
-  return *chosen;
-}
-
 std::unique_ptr<platform::ExcelApplication> FakeExcel::CreateApplication() {
   class Application : public platform::ExcelApplication {
    public:

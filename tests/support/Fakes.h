@@ -10,13 +10,10 @@
 #include <utility>
 #include <vector>
 
-#include "platform/Clock.h"
 #include "platform/ControlSite.h"
+#include "platform/Desktop.h"
 #include "platform/Excel.h"
-#include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
-#include "platform/Keyboard.h"
-#include "platform/ProcessLauncher.h"
 #include "platform/PropertyBag.h"
 #include "platform/ReportEngine.h"
 #include "platform/RuntimeError.h"
@@ -25,35 +22,43 @@
 
 namespace support {
 
-/// Stands at 2025-03-21, 1404/01/01, 08:30 until told otherwise.
-class FakeClock : public platform::Clock {
+class FakeDesktop : public platform::Desktop {
  public:
+  BeforeCall beforeCall;  // of what can fail
+  /// 1404/01/01, 08:30.
   std::chrono::sys_days today = std::chrono::year{2025} / std::chrono::March / std::chrono::day{21};
   std::chrono::sys_days Today() const override { return today; }
   int MinutesSinceMidnight() const override { return 8 * 60 + 30; }
-};
 
-class FakeKeyboard : public platform::Keyboard {
- public:
   std::uint32_t version = 10;
+  std::uint32_t GetVersion() const override { return version; }
+
   /// The layouts loaded, in order.
   std::vector<std::string> loaded;
-  BeforeCall beforeCall;
-  std::uint32_t GetVersion() const override { return version; }
   void LoadKeyboardLayout(std::string_view layout) override {
     Tell(beforeCall, "LoadKeyboardLayout");
     loaded.emplace_back(layout);
   }
-};
 
-class FakeFileDialog : public platform::FileDialog {
- public:
   /// The path that the user chooses; none cancels the dialog.
   std::optional<std::string> chosen;
   /// Beginning and filter of every dialog shown.
   std::vector<std::pair<std::string, std::string>> shown;
-  BeforeCall beforeCall;
-  std::string ShowSave(const std::string& begin, std::string_view filter) override;
+  std::string ShowSave(const std::string& begin, std::string_view filter) override {
+    Tell(beforeCall, "ShowSave");
+    shown.emplace_back(begin, filter);
+    if (chosen) return *chosen;
+    throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
+  }
+
+  /// The command lines started, in order.
+  std::vector<std::string> started;
+  std::function<void()> onStart;
+  void Start(const std::string& commandLine) override {
+    Tell(beforeCall, "Start");
+    started.push_back(commandLine);
+    if (onStart) onStart();
+  }
 };
 
 /// A spreadsheet application whose cells the test can read.
@@ -112,19 +117,6 @@ class FakeFileSystem : public platform::FileSystem {
   }
   std::string ReadFile(const std::string& path) override;
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
-};
-
-class FakeLauncher : public platform::ProcessLauncher {
- public:
-  /// The command lines started, in order.
-  std::vector<std::string> started;
-  std::function<void()> onStart;
-  BeforeCall beforeCall;
-  void Start(const std::string& commandLine) override {
-    Tell(beforeCall, "Start");
-    started.push_back(commandLine);
-    if (onStart) onStart();
-  }
 };
 
 /// Report engines that note what they are told: "create", "load a.html", "connect office",

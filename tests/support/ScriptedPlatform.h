@@ -24,13 +24,10 @@ struct ScriptedPlatform {
   ScriptedDatabase database{events};
   FakeScreen screen{events};
   FakeComponents components{events};
-  FakeClock clock;
-  FakeKeyboard keyboard;
-  FakeFileDialog fileDialog;
+  FakeDesktop desktop;
   FakeExcel excel;
   FakeProgress progress;
   FakeFileSystem fileSystem;
-  FakeLauncher launcher;
   FakeReports reports;
   FakePropertyBag propertyBag;
   FakeControlSite controlSite;
@@ -43,12 +40,12 @@ struct ScriptedPlatform {
     components.messages.clear();
     components.told.clear();
     components.created.clear();
-    keyboard.loaded.clear();
-    fileDialog.shown.clear();
+    desktop.loaded.clear();
+    desktop.shown.clear();
+    desktop.started.clear();
     excel.written.clear();
     progress.begun.clear();
     progress.advanced.clear();
-    launcher.started.clear();
     reports.log.clear();
     controlSite.log.clear();
   }
@@ -67,13 +64,10 @@ struct ScriptedPlatform {
     return {.screen = screen,
             .connections = connecting,
             .components = components,
-            .clock = clock,
-            .keyboard = keyboard,
-            .fileDialog = fileDialog,
+            .desktop = desktop,
             .excel = copying,
             .progress = progress,
             .fileSystem = storing,
-            .launcher = launcher,
             .reports = reports};
   }
 };

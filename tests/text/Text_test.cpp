@@ -100,8 +100,8 @@ TEST(Mid, Text_IsCountedInCharactersAndStaysInsideBrokenUtf8) {
   EXPECT_EQ(text::Mid("abc", 2, 0), "");
   EXPECT_EQ(text::Length("a😀b"), 3U);
   EXPECT_EQ(text::Mid("\xD9", 1, 5), "\xD9");
-  EXPECT_EQ(text::Length("\x80\x80"), 1U);
-  EXPECT_EQ(text::Mid("\x80\x80", 2, 1), "");
+  EXPECT_EQ(text::Length("\x80\x80"), 2U);
+  EXPECT_EQ(text::Mid("\x80\x80", 3, 1), "");
 }
 
 }  // namespace

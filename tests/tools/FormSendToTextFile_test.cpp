@@ -30,7 +30,7 @@ class FormSendToTextFileTest : public testing::Test {
     return confirmed ? std::optional(fileName) : std::nullopt;
   }
   void Choose(const std::string& path) {
-    outside.fileDialog.chosen = path;
+    outside.desktop.chosen = path;
     form.cmdSave.Click();
   }
 
@@ -50,7 +50,7 @@ TEST_F(FormSendToTextFileTest, Confirm_WithoutAFile_SaysSoAndStays) {
   }));
   EXPECT_THAT(outside.components.messages,
               ElementsAre(Message{"خطا", "لطفاً با دكمه ذخيره در، نام فايل را مشخص كنيد.", 0}));
-  EXPECT_THAT(outside.fileDialog.shown,
+  EXPECT_THAT(outside.desktop.shown,
               testing::Each(std::pair<std::string, std::string>{"", "فايل متني"}));
 }
 
@@ -77,7 +77,7 @@ TEST_F(FormSendToTextFileTest, ExistingFile_IsAskedAboutAndConfirmedGivesTheDeli
     EXPECT_EQ(delimiter, c.delimiter);
     EXPECT_THAT(outside.components.messages,
                 ElementsAre(Message{"هشدار", "فايل مورد نظر تكراري است، آيا بازنويسي شود؟", 1}));
-    EXPECT_EQ(outside.fileDialog.shown.back().first, "first.txt") << "offers the current name";
+    EXPECT_EQ(outside.desktop.shown.back().first, "first.txt") << "offers the current name";
   }
 }
 
@@ -100,8 +100,8 @@ TEST_F(FormSendToTextFileTest, Name_WithoutAnEnding_GetsOneBeforeItsFileIsAskedA
     EXPECT_EQ(outside.components.messages.size(), 1U) << written;
   }
   Ask([this](FormSendToTextFile&) { Choose("x"); });
-  EXPECT_EQ(outside.fileDialog.shown[1].first, "/a.b/") << "where the last file was";
-  EXPECT_EQ(outside.fileDialog.shown.back().first, "");
+  EXPECT_EQ(outside.desktop.shown[1].first, "/a.b/") << "where the last file was";
+  EXPECT_EQ(outside.desktop.shown.back().first, "");
 }
 
 TEST_F(FormSendToTextFileTest, Dialog_ThatCannotBeShown_IsNotConfirmed) {

@@ -5,49 +5,43 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QProcess>
 #include <QSaveFile>
 #include <cstdint>
 #include <utility>
 #include <vector>
 
 #include "adapters/qt/Convert.h"
-#include "platform/RuntimeError.h"
+#include "platform/FileErrors.h"
 #include "text/Utf8.h"
 
 namespace adapters::qt {
 
 namespace {
 
-constexpr std::int32_t kFileNotFound = 53;
 constexpr std::size_t kBlockUnits = 1 << 16;
 constexpr int kBlocksAtOnce = 32;
 
 [[noreturn]] void ThrowFor(const QFileDevice& file) {
   const QFileInfo place(file.fileName());
-  std::int32_t number = 57;
-  QString words = QStringLiteral("فايل نوشته نشد.");
+  platform::ErrorNumber number = platform::kDeviceError;
+  const char* sentence = "";
   if (file.fileName().isEmpty() || place.isDir()) {
-    number = 75;
-    words = QStringLiteral("اين نام يك فايل نيست.");
+    number = platform::kPathFileAccess;
   } else if (!place.absoluteDir().exists()) {
-    number = 76;
-    words = QStringLiteral("پوشه اين فايل وجود ندارد.");
+    number = platform::kPathNotFound;
   } else if (file.error() == QFileDevice::PermissionsError ||
              (place.exists() && !place.isWritable())) {
-    number = 70;
-    words = QStringLiteral("اجازه نوشتن اين فايل را نداريد.");
+    number = platform::kPermissionDenied;
   } else if (file.error() == QFileDevice::ResourceError ||
              file.error() == QFileDevice::WriteError || file.error() == QFileDevice::NoError) {
     // No error: the system took a part of a block only.
-    number = 61;
-    words = QStringLiteral("فايل نوشته نشد؛ شايد ديسك پر است.");
+    number = platform::kDiskFull;
+    sentence = "فايل نوشته نشد؛ شايد ديسك پر است.";
   }
-  words += QLatin1Char(' ') + file.fileName();
-  if (file.error() != QFileDevice::NoError) {
-    words += QStringLiteral(" (") + file.errorString() + QLatin1Char(')');
-  }
-  throw platform::RuntimeError(number, ToUtf8(words), "QtFileSystem");
+  const bool known = file.error() != QFileDevice::NoError;
+  throw platform::FileError(number, ToUtf8(file.fileName()),
+                            known ? ToUtf8(file.errorString()) : std::string(), "QtFileSystem",
+                            sentence);
 }
 
 /// UTF-16LE with a byte order mark. Texts are decoded straight into one block, without a string of
@@ -102,7 +96,7 @@ std::string QtFileSystem::ReadFile(const std::string& path) {
   QByteArray bytes;
   if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
   if (file.error() != QFileDevice::NoError) {
-    throw platform::RuntimeError(kFileNotFound, path + ": " + ToUtf8(file.errorString()),
+    throw platform::RuntimeError(platform::kFileNotFound, path + ": " + ToUtf8(file.errorString()),
                                  "QtFileSystem");
   }
   return bytes.toStdString();
@@ -110,14 +104,6 @@ std::string QtFileSystem::ReadFile(const std::string& path) {
 
 std::unique_ptr<platform::TextFile> QtFileSystem::CreateTextFile(const std::string& path) {
   return std::make_unique<SavedTextFile>(ToQString(path));
-}
-
-void QtLauncher::Start(const std::string& commandLine) {
-  QStringList arguments = QProcess::splitCommand(ToQString(commandLine));
-  const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
-  if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
-    throw platform::RuntimeError(kFileNotFound, "File not found: " + ToUtf8(program), "QtLauncher");
-  }
 }
 
 }  // namespace adapters::qt

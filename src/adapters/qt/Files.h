@@ -1,7 +1,6 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/ProcessLauncher.h"
 
 namespace adapters::qt {
 
@@ -14,12 +13,6 @@ class QtFileSystem : public platform::FileSystem {
   bool FileExists(const std::string& path) override;
   std::string ReadFile(const std::string& path) override;
   std::unique_ptr<platform::TextFile> CreateTextFile(const std::string& path) override;
-};
-
-class QtLauncher : public platform::ProcessLauncher {
- public:
-  /// Throws RuntimeError 53 when there is no such program.
-  void Start(const std::string& commandLine) override;
 };
 
 }  // namespace adapters::qt

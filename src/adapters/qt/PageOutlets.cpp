@@ -20,8 +20,6 @@ namespace {
 
 constexpr int kPdfDpi = 1200;
 constexpr qreal kPointsPerInch = 72;
-constexpr std::int32_t kDeviceIo = 57;
-constexpr std::int32_t kPathFileAccessError = 75;
 constexpr std::int32_t kPrinterError = 482;
 
 /// Qt's writers do not look whether a device takes what they write: this one remembers.
@@ -93,7 +91,7 @@ bool WritePdf(report::Pages& pages, platform::Progress& progress, const PageLett
   SheetPainter painter(writer, letters, kPdfDpi / kPointsPerInch);
   const auto check = [&](bool fine) {
     if (fine && !checked.Failed()) return;
-    ThrowNotWritten(kDeviceIo,
+    ThrowNotWritten(platform::kDeviceError,
                     QStringLiteral("The device did not take all of it: ") + device.errorString());
   };
   check(painter.Fine());
@@ -114,7 +112,7 @@ bool WritePdfFile(report::Pages& pages, platform::Progress& progress, const Page
   if (opened && !WritePdf(pages, progress, letters, file)) return false;
   // By itself, commit would put a file in its place whose last bytes the disk did not take.
   if (opened && file.flush() && file.commit()) return true;
-  ThrowNotWritten(kPathFileAccessError,
+  ThrowNotWritten(platform::kPathFileAccess,
                   file.fileName() + QStringLiteral(": ") + file.errorString());
 }
 

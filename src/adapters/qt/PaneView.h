@@ -85,7 +85,7 @@ class PaneView : public QAbstractScrollArea, private screens::PaneHost {
                                             const screens::PaneMaker& make) override;
   screens::Size PopupRoom(screens::PopupKind kind) const override;
   void TakeFocus() override { setFocus(Qt::OtherFocusReason); }
-  std::chrono::sys_days Today() const override { return surroundings_.clock.Today(); }
+  std::chrono::sys_days Today() const override { return surroundings_.desktop.Today(); }
   void Announce(screens::Tidings what, int part) override;
 
   bool HasField() const;

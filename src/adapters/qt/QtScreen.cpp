@@ -48,7 +48,8 @@ bool AnyWindowIsUp() {
 
 }  // namespace
 
-QtScreen::QtScreen(ErrorGuard& guard, const platform::Clock& clock) : guard_(guard), clock_(clock) {
+QtScreen::QtScreen(ErrorGuard& guard, const platform::Desktop& desktop)
+    : guard_(guard), desktop_(desktop) {
   ServeScreenReaders();
   dropTimer_.setSingleShot(true);
   QObject::connect(&dropTimer_, &QTimer::timeout, &dropTimer_, [this] { DropRetired(); });
@@ -63,7 +64,7 @@ QtScreen::~QtScreen() {
 FormWindow& QtScreen::WindowFor(Form& form) {
   std::unique_ptr<FormWindow>& window = windows_[&form];
   if (!window) {
-    window = std::make_unique<FormWindow>(form, Surroundings{guard_, clock_, letters_});
+    window = std::make_unique<FormWindow>(form, Surroundings{guard_, desktop_, letters_});
     window->FitToDesk();
   }
   return *window;

@@ -18,8 +18,8 @@ namespace adapters::qt {
 /// unloaded unless its quitOnLastWindowClosed is off; outlives the forms shown on it.
 class QtScreen : public controls::Screen {
  public:
-  /// The clock is for what date boxes call today.
-  QtScreen(ErrorGuard& guard, const platform::Clock& clock);
+  /// `desktop` is for what date boxes call today.
+  QtScreen(ErrorGuard& guard, const platform::Desktop& desktop);
   ~QtScreen() override;
 
   void Show(controls::Form& form, controls::Modality modality) override;
@@ -63,7 +63,7 @@ class QtScreen : public controls::Screen {
   void DropRetired();
 
   ErrorGuard& guard_;
-  const platform::Clock& clock_;
+  const platform::Desktop& desktop_;
   PageLetters letters_;
   std::unordered_map<const controls::Form*, std::unique_ptr<FormWindow>> windows_;
   // Windows of unloaded forms that a call from one of their own widgets may still return to.

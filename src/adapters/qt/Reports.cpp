@@ -7,9 +7,9 @@
 namespace adapters::qt {
 
 Reports::Reports(platform::ConnectionFactory& connections, platform::FileSystem& files,
-                 const platform::Clock& clock, ErrorGuard& guard, QtScreen& screen,
+                 const platform::Desktop& desktop, ErrorGuard& guard, QtScreen& screen,
                  platform::Progress& progress)
-    : TemplateReports(connections, files, clock,
+    : TemplateReports(connections, files, desktop,
                       {.show =
                            [this, &screen, &progress](report::FilledReport filled,
                                                       platform::ReportOutput output) {

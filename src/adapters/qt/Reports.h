@@ -12,7 +12,7 @@ namespace adapters::qt {
 class Reports : public report::TemplateReports {
  public:
   Reports(platform::ConnectionFactory& connections, platform::FileSystem& files,
-          const platform::Clock& clock, ErrorGuard& guard, QtScreen& screen,
+          const platform::Desktop& desktop, ErrorGuard& guard, QtScreen& screen,
           platform::Progress& progress);
 
  private:

@@ -2,14 +2,14 @@
 
 #include "adapters/qt/ErrorGuard.h"
 #include "adapters/qt/PageLetters.h"
-#include "platform/Clock.h"
+#include "platform/Desktop.h"
 
 namespace adapters::qt {
 
 /// What every pane's window needs besides its pane. All of it outlives the windows.
 struct Surroundings {
   ErrorGuard& guard;
-  const platform::Clock& clock;
+  const platform::Desktop& desktop;
   const PageLetters& letters;
 };
 

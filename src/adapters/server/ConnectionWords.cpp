@@ -83,7 +83,7 @@ bool NamesProvider(const Words& words) {
 std::string Folded(std::string_view name) {
   std::string folded;
   for (const char c : name) {
-    if (c != ' ') folded += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    if (c != ' ') folded += text::Small(c);
   }
   return folded;
 }

@@ -21,7 +21,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::int32_t kPathFileAccessError = 75;
 constexpr int kPagesAtOnce = 1024;
 
 std::string Utf8(const fs::path& path) {
@@ -30,7 +29,7 @@ std::string Utf8(const fs::path& path) {
 }
 
 [[noreturn]] void Refuse(const std::string& sentence, const std::string& words) {
-  throw platform::RuntimeError(kPathFileAccessError, platform::Described(sentence, words),
+  throw platform::RuntimeError(platform::kPathFileAccess, platform::Described(sentence, words),
                                "SQLite");
 }
 
@@ -127,7 +126,7 @@ void BackUp(const std::string& from, const std::string& to, const BackupProgress
     fs::rename(copy.Path(), target);
   } catch (const fs::filesystem_error& error) {
     throw platform::RuntimeError(
-        kPathFileAccessError,
+        platform::kPathFileAccess,
         platform::Described("فايل پشتيبان " + Quoted(to) + " نوشته نشد.", error.code().message()),
         "SQLite");
   } catch (const platform::RuntimeError& error) {

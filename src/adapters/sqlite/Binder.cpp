@@ -7,6 +7,7 @@
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Functions.h"
 #include "adapters/sqlite/Parser.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -176,9 +177,9 @@ const Table& Binder::Written(const std::string& name) {
 }
 
 const Column& Binder::ColumnOf(const Table& table, const std::string& name) {
-  const std::string lower = LowerName(name);
+  const std::string lower = text::Small(name);
   const auto found = std::ranges::find_if(
-      table.columns, [&](const Column& column) { return LowerName(column.name) == lower; });
+      table.columns, [&](const Column& column) { return text::Small(column.name) == lower; });
   if (found == table.columns.end()) throw MissingColumn(name, catalog_.File());
   return *found;
 }
@@ -200,10 +201,10 @@ Binder::Columns Binder::NamedColumns(const Table& table, const std::vector<std::
 /// Under the next alias.
 Binder::Scope Binder::ScopeOf(const Table& table) {
   const std::string alias = NextAlias();
-  BoundSource source{.lowerName = LowerName(table.name)};
+  BoundSource source{.lowerName = text::Small(table.name)};
   for (const Column& column : table.columns) {
-    source.columns.push_back(
-        {column.name, LowerName(column.name), alias + "." + QuotedName(column.name), column.type});
+    source.columns.push_back({column.name, text::Small(column.name),
+                              alias + "." + QuotedName(column.name), column.type});
   }
   Scope scope;
   scope.sources.push_back(std::move(source));
@@ -261,7 +262,7 @@ std::vector<Binder::Item> Binder::Items(const Query& query, Scope& scope) {
       items.push_back({std::move(value), std::move(name)});
       continue;
     }
-    const std::string prefix = LowerName(item.prefix);
+    const std::string prefix = text::Small(item.prefix);
     const std::size_t before = items.size();
     for (const BoundSource& source : scope.sources) {
       if (!prefix.empty() && source.lowerName != prefix) continue;
@@ -326,7 +327,7 @@ std::string Binder::OneSource(const Source& source, Scope& scope) {
     alias = NextAlias();
     for (const Item& item : items) {
       const std::string number = std::to_string(bound.columns.size() + 1);
-      const std::string lower = LowerName(item.name);
+      const std::string lower = text::Small(item.name);
       if (lower.empty()) {
         throw MakeError(kUnnamedColumn, "No column name was specified for column " + number +
                                             " of '" + source.alias + "'.");
@@ -351,7 +352,7 @@ std::string Binder::OneSource(const Source& source, Scope& scope) {
     bound = std::move(ScopeOf(table).sources.front());
     alias = "t" + std::to_string(aliases_);
   }
-  bound.lowerName = LowerName(source.alias.empty() ? source.table : source.alias);
+  bound.lowerName = text::Small(source.alias.empty() ? source.table : source.alias);
   const auto same = [&](const BoundSource& other) { return other.lowerName == bound.lowerName; };
   if (std::ranges::any_of(scope.sources, same)) {
     throw MakeError(source.alias.empty() ? kExposedTwice : kCorrelationTwice,
@@ -432,7 +433,7 @@ std::string Binder::OrderTerm(const Node& node, std::size_t position, Scope& sco
   }
   if (node.kind == NodeKind::kColumn && node.prefix.empty()) {
     for (std::size_t i = 0; i < items.size(); ++i) {
-      if (LowerName(items[i].name) != LowerName(node.text)) continue;
+      if (text::Small(items[i].name) != text::Small(node.text)) continue;
       if (place > 0) {
         throw MakeError(kAmbiguousColumn, "Ambiguous column name '" + node.text + "'.");
       }

@@ -56,8 +56,7 @@ std::int64_t WrittenNumber(const Node& node, std::int64_t least) {
 }
 
 bool HasLatinLetters(std::string_view text) {
-  return std::ranges::any_of(
-      text, [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+  return std::ranges::any_of(text, text::IsLatinLetter);
 }
 
 }  // namespace
@@ -121,8 +120,8 @@ Binder::Value Binder::Literal(const Node& node) {
 
 std::pair<Binder::Scope*, const Binder::SourceColumn*> Binder::Find(const Node& node,
                                                                     Scope& scope) {
-  const std::string name = LowerName(node.text);
-  const std::string prefix = LowerName(node.prefix);
+  const std::string name = text::Small(node.text);
+  const std::string prefix = text::Small(node.prefix);
   for (Scope* at = &scope; at != nullptr; at = at->outer) {
     const SourceColumn* found = nullptr;
     bool prefixFound = false;
@@ -205,8 +204,8 @@ Binder::Value Binder::Pieces(const Node& node, Scope& scope) {
     if (operand.kind == NodeKind::kText) continue;
     const Node* column = PiecedColumn(operand);
     if (column == nullptr) return {};
-    const bool same = of == nullptr || (LowerName(of->text) == LowerName(column->text) &&
-                                        LowerName(of->prefix) == LowerName(column->prefix));
+    const bool same = of == nullptr || (text::Small(of->text) == text::Small(column->text) &&
+                                        text::Small(of->prefix) == text::Small(column->prefix));
     if (!same) return {};
     of = column;
   }
@@ -255,7 +254,7 @@ Binder::Value Binder::Call(const Node& call, Scope& scope) {
 }
 
 Binder::Value Binder::EnglishDate(const Node& call, Scope& scope) {
-  if (call.text != LowerName(kEnglishDateFunction)) {
+  if (call.text != text::Small(kEnglishDateFunction)) {
     throw MakeError(kUnknownFunction,
                     "Cannot find either column \"dbo\" or the user-defined function or aggregate "
                     "\"dbo." +

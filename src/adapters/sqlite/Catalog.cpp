@@ -6,6 +6,7 @@
 #include "adapters/sqlite/Database.h"
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/TokenReader.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -41,7 +42,7 @@ class Reading {
 }  // namespace
 
 const Table& Catalog::Find(const std::string& name) {
-  const std::string lower = LowerName(name);
+  const std::string lower = text::Small(name);
   if (const auto found = tables_.find(lower); found != tables_.end()) return found->second;
   Table table = Read(lower);
   if (table.columns.empty()) throw MissingObject(name, file_);
@@ -66,7 +67,7 @@ Table Catalog::Read(const std::string& lowerName) {
     // What an expression of a view is, SQLite does not say; in the suite's all are texts.
     const bool isText = table.view && (declared.empty() || column.type.Is(Type::Kind::kBlob));
     if (isText) column.type = TextType(0);
-    if (lowerName == kSumsTable && std::ranges::count(kSums, LowerName(column.name)) != 0) {
+    if (lowerName == kSumsTable && std::ranges::count(kSums, text::Small(column.name)) != 0) {
       column.type = {Type::Kind::kBigint};
     }
     table.columns.push_back(std::move(column));

@@ -3,23 +3,20 @@
 #include <algorithm>
 #include <compare>
 #include <cstddef>
-#include <string>
 
 #include "text/PersianOrder.h"
+#include "text/Text.h"
+#include "text/Utf8.h"
 
 namespace adapters::sqlite {
 
 namespace {
 
 bool IsCapital(char c) {
-  return c >= 'A' && c <= 'Z';
+  return text::Small(c) != c;
 }
-char Small(char c) {
-  return IsCapital(c) ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool IsTail(std::string_view text, std::size_t at) {
-  return at < text.size() && (static_cast<unsigned char>(text[at]) >> 6U) == 2U;
+  return at < text.size() && text::IsTail(text[at]);
 }
 
 std::string_view WithoutBlanksAtEnd(std::string_view text) {
@@ -42,7 +39,7 @@ int CompareTexts(std::string_view a, std::string_view b) {
   if (a == b) return 0;
   a = WithoutBlanksAtEnd(a);
   b = WithoutBlanksAtEnd(b);
-  const auto isSame = [](char x, char y) { return Small(x) == Small(y); };
+  const auto isSame = [](char x, char y) { return text::Small(x) == text::Small(y); };
   auto same = static_cast<std::size_t>(
       std::mismatch(a.begin(), a.end(), b.begin(), b.end(), isSame).first - a.begin());
   if (same == a.size() && same == b.size()) return 0;
@@ -53,11 +50,7 @@ int CompareTexts(std::string_view a, std::string_view b) {
   if (std::none_of(a.begin(), a.end(), IsCapital) && std::none_of(b.begin(), b.end(), IsCapital)) {
     return CompareSmall(a, b);
   }
-  std::string smallA(a);
-  std::string smallB(b);
-  std::transform(a.begin(), a.end(), smallA.begin(), Small);
-  std::transform(b.begin(), b.end(), smallB.begin(), Small);
-  return CompareSmall(smallA, smallB);
+  return CompareSmall(text::Small(a), text::Small(b));
 }
 
 }  // namespace adapters::sqlite

@@ -3,18 +3,16 @@
 #include <cstddef>
 
 #include "adapters/sqlite/Collation.h"
+#include "text/Utf8.h"
 
 namespace adapters::sqlite {
 
 namespace {
 
-/// The character at `position`, which moves behind it; a byte that begins none is taken alone.
+/// The bytes of the character at `position`, which moves behind it.
 std::string_view TakeCharacter(std::string_view s, std::size_t& position) {
-  const std::size_t from = position++;
-  while (position < s.size() && (static_cast<unsigned char>(s[from]) >= 0xC0) &&
-         (static_cast<unsigned char>(s[position]) >> 6U) == 2U) {
-    ++position;
-  }
+  const std::size_t from = position;
+  text::TakeCharacter(s, position);
   return s.substr(from, position - from);
 }
 

@@ -7,6 +7,7 @@
 
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/Functions.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -184,7 +185,7 @@ Source Parser::OneSource(Join join) {
   } else {
     source.table = TableName();
     if (reader_.AcceptSymbol("(")) {
-      if (LowerName(source.table) != LowerName(kIdListFunction)) {
+      if (text::Small(source.table) != text::Small(kIdListFunction)) {
         throw MakeError(kInvalidObject, "Invalid object name '" + source.table + "'.");
       }
       if (reader_.AtSymbol(")")) {
@@ -212,7 +213,7 @@ std::string Parser::TableName() {
   if (!reader_.AcceptSymbol(".")) return name;
   const std::string schema = std::move(name);
   name = reader_.ExpectName();
-  if (LowerName(schema) != "dbo" || reader_.AtSymbol(".")) {
+  if (text::Small(schema) != "dbo" || reader_.AtSymbol(".")) {
     throw MakeError(kInvalidObject, "Invalid object name '" + schema + "." + name + "'.");
   }
   return name;
@@ -391,11 +392,11 @@ Node Parser::NameOrCall() {
   if (reader_.AcceptKeyword("null")) return {};
   const bool mayBeCalled =
       reader_.AtKeyword("convert") || (reader_.Peek().kind == TokenKind::kName && reader_.AtName());
-  if (mayBeCalled && reader_.AtSymbol("(", 1)) return Call(LowerName(reader_.Take().text));
+  if (mayBeCalled && reader_.AtSymbol("(", 1)) return Call(text::Small(reader_.Take().text));
   Node column = Make(NodeKind::kColumn, reader_.ExpectName());
   if (!reader_.AcceptSymbol(".")) return column;
-  if (LowerName(column.text) == "dbo" && reader_.AtName() && reader_.AtSymbol("(", 1)) {
-    Node call = Call(LowerName(reader_.Take().text));
+  if (text::Small(column.text) == "dbo" && reader_.AtName() && reader_.AtSymbol("(", 1)) {
+    Node call = Call(text::Small(reader_.Take().text));
     call.prefix = "dbo";
     return call;
   }
@@ -420,7 +421,7 @@ Node Parser::Call(const std::string& name) {
 
 /// Without a style.
 Node Parser::Convert() {
-  Node convert = Make(NodeKind::kConvert, LowerName(reader_.ExpectName()));
+  Node convert = Make(NodeKind::kConvert, text::Small(reader_.ExpectName()));
   if (reader_.AcceptSymbol("(")) {
     convert.length = WholeNumber();
     reader_.ExpectSymbol(")");

@@ -6,6 +6,7 @@
 #include "adapters/sqlite/Errors.h"
 #include "adapters/sqlite/TokenReader.h"
 #include "calendar/Gregorian.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -43,10 +44,10 @@ const std::array kProcedures{
               "substr(?4, 1, 1000), ?5, ?6, substr(?7, 1, 10), ?8)"}};
 
 const Procedure& Find(std::string_view name) {
-  std::string wanted = LowerName(name);
+  std::string wanted = text::Small(name);
   if (wanted.starts_with("dbo.")) wanted.erase(0, 4);
   for (const Procedure& procedure : kProcedures) {
-    if (LowerName(procedure.name) == wanted) return procedure;
+    if (text::Small(procedure.name) == wanted) return procedure;
   }
   throw MakeError(kUnknownProcedure,
                   "Could not find stored procedure '" + std::string(name) + "'.");

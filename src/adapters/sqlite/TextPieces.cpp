@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "adapters/sqlite/Functions.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -22,16 +23,6 @@ struct LastJoin {
 /// but the first argument are the same in every call that finds it.
 constexpr int kFirstConstant = 1;
 
-/// The byte behind the first `count` characters, from `position` on.
-std::size_t Skip(std::string_view text, std::size_t position, sqlite3_int64 count) {
-  for (; count > 0 && position < text.size(); --count) {
-    do {
-      ++position;
-    } while (position < text.size() && (static_cast<unsigned char>(text[position]) >> 6U) == 2U);
-  }
-  return position;
-}
-
 std::string Join(int count, sqlite3_value** arguments) {
   const std::string_view text = TextOf(arguments[0]);
   std::string joined;
@@ -39,9 +30,9 @@ std::string Join(int count, sqlite3_value** arguments) {
     if (sqlite3_value_type(arguments[i]) == SQLITE_TEXT) {
       joined += TextOf(arguments[i]);
     } else if (i + 1 < count) {
-      const std::size_t from = Skip(text, 0, sqlite3_value_int64(arguments[i]) - 1);
-      ++i;
-      joined += text.substr(from, Skip(text, from, sqlite3_value_int64(arguments[i])) - from);
+      const auto start = static_cast<std::size_t>(sqlite3_value_int64(arguments[i]));
+      const auto length = static_cast<std::size_t>(sqlite3_value_int64(arguments[++i]));
+      joined += text::Mid(text, start, length);
     }
   }
   return joined;

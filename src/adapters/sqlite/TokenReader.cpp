@@ -4,6 +4,7 @@
 #include <array>
 
 #include "adapters/sqlite/Errors.h"
+#include "text/Text.h"
 
 namespace adapters::sqlite {
 
@@ -31,18 +32,10 @@ constexpr auto kReserved = std::to_array<std::string_view>({
 });
 
 bool IsReserved(std::string_view name) {
-  return std::find(kReserved.begin(), kReserved.end(), LowerName(name)) != kReserved.end();
+  return std::find(kReserved.begin(), kReserved.end(), text::Small(name)) != kReserved.end();
 }
 
 }  // namespace
-
-std::string LowerName(std::string_view name) {
-  std::string lower(name);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
-  return lower;
-}
 
 const Token& TokenReader::Peek(std::size_t ahead) const {
   return tokens_[std::min(position_ + ahead, tokens_.size() - 1)];
@@ -51,7 +44,7 @@ const Token& TokenReader::Peek(std::size_t ahead) const {
 bool TokenReader::AtKeyword(std::string_view keyword, std::size_t ahead) const {
   const Token& token = Peek(ahead);
   return token.kind == TokenKind::kName && token.text.size() == keyword.size() &&
-         LowerName(token.text) == keyword;
+         text::Small(token.text) == keyword;
 }
 
 bool TokenReader::AtSymbol(std::string_view symbol, std::size_t ahead) const {

@@ -35,7 +35,4 @@ class TokenReader {
   std::size_t position_ = 0;
 };
 
-/// ASCII letters in lower case, as the server compares names.
-std::string LowerName(std::string_view name);
-
 }  // namespace adapters::sqlite

@@ -4,22 +4,23 @@
 #include <array>
 
 #include "adapters/sqlite/Errors.h"
+#include "text/Text.h"
+#include "text/Utf8.h"
 
 namespace adapters::sqlite {
 
 namespace {
+
+using text::IsDigit;
 
 constexpr std::size_t kShownCharacters = 60;
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n';
 }
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 /// Every byte of a letter outside ASCII counts: names may be Persian.
 bool BeginsName(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '#' || c == '@' ||
+  return text::IsLatinLetter(c) || c == '_' || c == '#' || c == '@' ||
          static_cast<unsigned char>(c) >= 0x80;
 }
 bool ContinuesName(char c) {
@@ -30,7 +31,7 @@ bool ContinuesName(char c) {
 std::string Shown(std::string_view text) {
   if (text.size() <= kShownCharacters) return std::string(text);
   std::size_t end = kShownCharacters;
-  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;
+  while (end > 0 && text::IsTail(text[end])) --end;
   return std::string(text.substr(0, end));
 }
 

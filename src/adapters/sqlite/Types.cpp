@@ -17,8 +17,8 @@ namespace {
 /// Of digits alone, nine at most.
 std::optional<std::int32_t> Digits(std::string_view text) {
   std::int32_t number = 0;
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  if (text.empty() || text.size() > 9 || !std::ranges::all_of(text, isDigit)) return std::nullopt;
+  if (text.empty() || text.size() > 9 || !std::ranges::all_of(text, text::IsDigit))
+    return std::nullopt;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
@@ -74,7 +74,7 @@ std::string_view NameOf(Type::Kind kind) {
 
 Type DeclaredType(std::string_view declared) {
   using Kind = Type::Kind;
-  const std::string type = LowerName(declared);
+  const std::string type = text::Small(declared);
   if (type == "int" || type == "integer") return {Kind::kInt};
   if (type == "bigint") return {Kind::kBigint};
   if (type == "bit") return {Kind::kBit};

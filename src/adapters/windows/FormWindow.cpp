@@ -56,7 +56,7 @@ FormWindow::FormWindow(Form& form, const Surroundings& surroundings, HWND owner)
     : Window(surroundings.guard),
       form_(&form),
       look_(surroundings.theme.GetScale()),
-      surroundings_{surroundings.guard, surroundings.clock, look_} {
+      surroundings_{surroundings.guard, surroundings.desktop, look_} {
   const bool sizable = form.BorderStyle() == Form::Border::kSizable;
   Create({.style = sizable ? kSizableStyle : kFixedStyle,
           .extendedStyle = kExtendedStyle | (sizable ? 0U : WS_EX_DLGMODALFRAME),

@@ -65,7 +65,7 @@ class PaneView : public Window, private screens::PaneHost {
                                             const screens::PaneMaker& make) override;
   screens::Size PopupRoom(screens::PopupKind kind) const override;
   void TakeFocus() override { SetFocus(FocusTarget()); }
-  std::chrono::sys_days Today() const override { return surroundings_.clock.Today(); }
+  std::chrono::sys_days Today() const override { return surroundings_.desktop.Today(); }
   void Announce(screens::Tidings what, int part) override { TellScreenReader(*this, what, part); }
 
   // PaneEvents.cpp: what the pane is told

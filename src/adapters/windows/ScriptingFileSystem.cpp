@@ -5,6 +5,7 @@
 
 #include "adapters/windows/Com.h"
 #include "adapters/windows/Wide.h"
+#include "platform/FileErrors.h"
 
 namespace adapters::windows {
 
@@ -14,20 +15,9 @@ using platform::RuntimeError;
 
 constexpr const char* kFileSystemObject = "Scripting.FileSystemObject";
 constexpr DWORD kBlockBytes = 1 << 16;
-constexpr std::int32_t kFileNotFound = 53;
-constexpr std::int32_t kDiskFull = 61;
-constexpr std::int32_t kPermissionDenied = 70;
-constexpr std::int32_t kPathFileAccessError = 75;
-constexpr std::int32_t kPathNotFound = 76;
 
 RuntimeError Told(std::int32_t number, const std::string& path, const std::string& system) {
-  const char* words = "فايل نوشته نشد.";
-  if (number == kPathFileAccessError) words = "اين نام يك فايل نيست.";
-  if (number == kPathNotFound) words = "پوشه اين فايل وجود ندارد.";
-  if (number == kPermissionDenied) words = "اجازه نوشتن اين فايل را نداريد.";
-  if (number == kDiskFull) words = "فايل نوشته نشد؛ ديسك پر است.";
-  return {number, std::string(words) + " " + path + (system.empty() ? "" : " (" + system + ")"),
-          kFileSystemObject};
+  return platform::FileError(number, path, system, kFileSystemObject);
 }
 
 /// Runs one step with the file at `path`, and tells its failure with that name.
@@ -45,15 +35,15 @@ std::int32_t NumberOfSystemError(DWORD code) {
     case ERROR_ACCESS_DENIED:
     case ERROR_SHARING_VIOLATION:
     case ERROR_WRITE_PROTECT:
-      return kPermissionDenied;
+      return platform::kPermissionDenied;
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
-      return kPathNotFound;
+      return platform::kPathNotFound;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-      return kDiskFull;
+      return platform::kDiskFull;
     default:
-      return kPathFileAccessError;
+      return platform::kPathFileAccess;
   }
 }
 
@@ -64,10 +54,10 @@ class GatheredTextFile : public platform::TextFile {
     const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
     if (path.empty() || (exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0)) {
-      throw Told(kPathFileAccessError, path, {});
+      throw Told(platform::kPathFileAccess, path, {});
     }
     if (exists && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-      throw Told(kPermissionDenied, path, {});
+      throw Told(platform::kPermissionDenied, path, {});
     }
     const Dispatch files = Dispatch::Create(kFileSystemObject);
     part_ = path + "." + std::to_string(GetCurrentProcessId()) + ".part";
@@ -123,7 +113,8 @@ bool ScriptingFileSystem::FileExists(const std::string& path) {
 
 std::string ScriptingFileSystem::ReadFile(const std::string& path) {
   const auto fail = [&] {
-    throw RuntimeError(kFileNotFound, path + ": " + SystemText(HRESULT_FROM_WIN32(GetLastError())),
+    throw RuntimeError(platform::kFileNotFound,
+                       path + ": " + SystemText(HRESULT_FROM_WIN32(GetLastError())),
                        kFileSystemObject);
   };
   constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;

@@ -2,14 +2,14 @@
 
 #include "adapters/windows/Theme.h"
 #include "adapters/windows/Window.h"
-#include "platform/Clock.h"
+#include "platform/Desktop.h"
 
 namespace adapters::windows {
 
 /// What every window of a form needs besides its model. All of it outlives the windows.
 struct Surroundings {
   ErrorGuard& guard;
-  const platform::Clock& clock;
+  const platform::Desktop& desktop;
   const Theme& theme;
 };
 

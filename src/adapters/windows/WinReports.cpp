@@ -35,9 +35,9 @@ class SuiteEngine : public platform::ReportEngine {
 }  // namespace
 
 WinReports::WinReports(platform::ConnectionFactory& connections, platform::FileSystem& files,
-                       const platform::Clock& clock, ErrorGuard& guard, const Theme& theme,
+                       const platform::Desktop& desktop, ErrorGuard& guard, const Theme& theme,
                        controls::Screen& screen, platform::Progress& progress)
-    : TemplateReports(connections, files, clock,
+    : TemplateReports(connections, files, desktop,
                       {.show =
                            [this, &screen, &progress](report::FilledReport filled,
                                                       platform::ReportOutput output) {

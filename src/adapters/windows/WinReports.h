@@ -25,7 +25,7 @@ class WinReports : public report::TemplateReports {
  public:
   /// Whatever is given outlives this object, which outlives its engines.
   WinReports(platform::ConnectionFactory& connections, platform::FileSystem& files,
-             const platform::Clock& clock, ErrorGuard& guard, const Theme& theme,
+             const platform::Desktop& desktop, ErrorGuard& guard, const Theme& theme,
              controls::Screen& screen, platform::Progress& progress);
   std::unique_ptr<platform::ReportEngine> Create() override;
 

@@ -46,8 +46,8 @@ class WinScreen::Dropper : public Window {
   WinScreen& screen_;
 };
 
-WinScreen::WinScreen(ErrorGuard& guard, const platform::Clock& clock, const Theme& theme)
-    : surroundings_{guard, clock, theme}, dropper_(std::make_unique<Dropper>(guard, *this)) {
+WinScreen::WinScreen(ErrorGuard& guard, const platform::Desktop& desktop, const Theme& theme)
+    : surroundings_{guard, desktop, theme}, dropper_(std::make_unique<Dropper>(guard, *this)) {
   guard.SetScreen(this);
 }
 

@@ -17,8 +17,8 @@ class ModalLoop;
 /// until it hides. Outlives the forms shown on it; belongs to the thread that made it.
 class WinScreen : public controls::Screen {
  public:
-  /// All three outlive the screen. The clock is for what date boxes call today.
-  WinScreen(ErrorGuard& guard, const platform::Clock& clock, const Theme& theme);
+  /// All three outlive the screen. `desktop` is for what date boxes call today.
+  WinScreen(ErrorGuard& guard, const platform::Desktop& desktop, const Theme& theme);
   ~WinScreen() override;
 
   /// The host's frame window: forms stay above it and first appear in its middle. Null for none.

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <optional>
 
+#include "platform/FileErrors.h"
 #include "text/Text.h"
 #include "text/Utf8.h"
 
@@ -100,19 +101,19 @@ void EnsureRoom(const std::string& path, off_t bytes) {
 }  // namespace
 
 RuntimeError SystemError(int code, const std::string& path) {
-  std::int32_t number = 57;
-  std::string words = "فايل اكسل نوشته نشد.";
+  std::int32_t number = platform::kDeviceError;
+  std::string_view sentence = "فايل اكسل نوشته نشد.";
   if (code == EACCES || code == EPERM || code == EROFS) {
-    number = 70;
-    words = "اجازه نوشتن در اين پوشه را نداريد.";
+    number = platform::kPermissionDenied;
+    sentence = "اجازه نوشتن در اين پوشه را نداريد.";
   } else if (code == ENOENT || code == ENOTDIR) {
-    number = 76;
-    words = "پوشه اين فايل وجود ندارد.";
+    number = platform::kPathNotFound;
+    sentence = {};
   } else if (code == ENOSPC || code == EDQUOT || code == EFBIG) {
-    number = 61;
-    words = "فايل اكسل نوشته نشد؛ جا روي ديسك كم است.";
+    number = platform::kDiskFull;
+    sentence = "فايل اكسل نوشته نشد؛ جا روي ديسك كم است.";
   }
-  return RuntimeError(number, words + " " + path + " (" + std::strerror(code) + ")", "system");
+  return platform::FileError(number, path, std::strerror(code), "system", sentence);
 }
 
 Workbook::Workbook(const std::string& path)

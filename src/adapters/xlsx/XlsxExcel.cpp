@@ -105,11 +105,11 @@ class Application : public platform::ExcelApplication {
 
 }  // namespace
 
-XlsxExcel::XlsxExcel(Place place, const platform::Clock& clock, Opener open)
-    : place_(std::move(place)), clock_(clock), open_(std::move(open)) {}
+XlsxExcel::XlsxExcel(Place place, const platform::Desktop& desktop, Opener open)
+    : place_(std::move(place)), desktop_(desktop), open_(std::move(open)) {}
 
 std::unique_ptr<platform::ExcelApplication> XlsxExcel::CreateApplication() {
-  const std::string date = calendar::SolarHijriDate::FromDays(clock_.Today()).Text();
+  const std::string date = calendar::SolarHijriDate::FromDays(desktop_.Today()).Text();
   return std::make_unique<Application>(
       place_.folder, place_.name + " " + text::Replace(date, "/", "-") + " ", open_);
 }

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/Clock.h"
+#include "platform/Desktop.h"
 #include "platform/Excel.h"
 
 namespace adapters::xlsx {
@@ -25,15 +25,15 @@ class XlsxExcel : public platform::Excel {
   /// leaves Finish; the workbook stays. May be empty.
   using Opener = std::function<void(const std::string& path)>;
 
-  /// `clock` outlives this object.
-  XlsxExcel(Place place, const platform::Clock& clock, Opener open);
+  /// `desktop` outlives this object.
+  XlsxExcel(Place place, const platform::Desktop& desktop, Opener open);
 
   /// Never throws: the folder is touched by AddWorkbook.
   std::unique_ptr<platform::ExcelApplication> CreateApplication() override;
 
  private:
   Place place_;
-  const platform::Clock& clock_;
+  const platform::Desktop& desktop_;
   Opener open_;
 };
 

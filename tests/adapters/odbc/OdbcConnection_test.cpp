@@ -7,7 +7,7 @@
 
 #include "adapters/odbc/Aside.h"
 #include "adapters/odbc/StandInServer.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorNumber.h"
 #include "support/FakeProgress.h"
 #include "support/Lines.h"
 #include "text/Text.h"
@@ -16,7 +16,9 @@ namespace adapters::odbc {
 namespace {
 
 using namespace std::chrono_literals;
+using Failure = platform::RuntimeError;
 using platform::Parameter;
+using support::FailureOf;
 using support::Lines;
 using testing::AllOf;
 using testing::AnyOf;
@@ -29,21 +31,6 @@ using testing::StartsWith;
 constexpr std::string_view kNames = "1|نیک\u200Cپی\n2|علي كاظمي";
 constexpr std::string_view kLost = "ارتباط با پايگاه داده قطع شد.";
 constexpr std::string_view kUnreachable = "پايگاه داده در دسترس نيست.";
-
-struct Failure {
-  int number = 0;
-  std::string words;
-};
-
-template <typename Action>
-Failure FailureOf(Action action) {
-  try {
-    action();
-    return {};
-  } catch (const platform::RuntimeError& error) {
-    return {error.Number(), error.Description()};
-  }
-}
 
 Failure FailureOf(OdbcConnection& connection, std::string_view statement) {
   return FailureOf([&] { connection.Execute(statement); });
@@ -112,17 +99,17 @@ TEST_F(OdbcTest, Errors_bringNumberAndTextAndLeaveTheSession) {
   };
   for (const auto& [statement, number, words] : cases) {
     const Failure failure = FailureOf(connection, statement);
-    EXPECT_EQ(failure.number, number) << statement;
-    EXPECT_THAT(failure.words, AllOf(HasSubstr(words), HasSubstr("SQLSTATE"))) << statement;
+    EXPECT_EQ(failure.Number(), number) << statement;
+    EXPECT_THAT(failure.Description(), AllOf(HasSubstr(words), HasSubstr("SQLSTATE"))) << statement;
     EXPECT_EQ(Lines(connection.Execute("select ID, Name from tblEmployee")), kNames) << statement;
   }
   // The server's words stand behind a Persian sentence, set apart; also of a number not known.
-  EXPECT_THAT(FailureOf(connection, "fail 1205").words,
+  EXPECT_THAT(FailureOf(connection, "fail 1205").Description(),
               testing::MatchesRegex("كار شما با .*\\.\n\u202A.*words 1205\\. .*\u202C"));
-  EXPECT_THAT(FailureOf(connection, "fail 8134").words,
+  EXPECT_THAT(FailureOf(connection, "fail 8134").Description(),
               testing::MatchesRegex("پايگاه داده دستور را نپذيرفت\\.\n\u202A.* 8134\\. .*\u202C"));
   // The driver takes the mark for a parameter and says nothing.
-  EXPECT_THAT(FailureOf(connection, "nonsense ?").words, HasSubstr("without a reason"));
+  EXPECT_THAT(FailureOf(connection, "nonsense ?").Description(), HasSubstr("without a reason"));
   EXPECT_THAT(server.Heard("login"), ElementsAre("sa|s3cret|suite"));
 }
 
@@ -136,9 +123,9 @@ TEST_F(OdbcTest, Procedure_getsItsParametersAndReturnsItsValue) {
   const auto failureOf = [&](std::string_view name) {
     return FailureOf([&] { connection.CallProcedure(name, {}); });
   };
-  EXPECT_THAT(failureOf("spFail").words, HasSubstr("مجاز نیست."));
-  EXPECT_EQ(failureOf("spNone").number, 2812);
-  EXPECT_THAT(failureOf("spVanish").words, StartsWith(std::string(kLost)));
+  EXPECT_THAT(failureOf("spFail").Description(), HasSubstr("مجاز نیست."));
+  EXPECT_EQ(failureOf("spNone").Number(), 2812);
+  EXPECT_THAT(failureOf("spVanish").Description(), StartsWith(std::string(kLost)));
   EXPECT_EQ(connection.CallProcedure("spZomirHasPermission", permission), 1);
   EXPECT_THAT(
       server.Heard("call"),
@@ -170,21 +157,21 @@ TEST(OdbcConnection, FailedLogin_saysWhyWithoutThePassword) {
     const StandInServer server(behaviour);
     OdbcConnection connection(server.Address(), 1s);
     const Failure failure = FailureOf(connection, "select 1");
-    EXPECT_EQ(failure.number == 18456, number == 18456) << failure.words;
-    EXPECT_NE(failure.number, 0);
-    EXPECT_THAT(failure.words, AllOf(StartsWith(words), Not(HasSubstr("s3cret"))));
+    EXPECT_EQ(failure.Number() == 18456, number == 18456) << failure.Description();
+    EXPECT_NE(failure.Number(), 0);
+    EXPECT_THAT(failure.Description(), AllOf(StartsWith(words), Not(HasSubstr("s3cret"))));
     EXPECT_THAT(server.Heard("batch"), IsEmpty());
   }
 }
 
 TEST_F(OdbcTest, LostServer_failsTheStatementOnceAndIsFoundAgainByTheNext) {
   const std::string names = "select ID, Name from tblEmployee";
-  EXPECT_EQ(FailureOf(connection, names).words, "");
+  EXPECT_EQ(FailureOf(connection, names).Description(), "");
   for (const std::string statement :
        {"vanish at once", "vanish within the rows", "vanish after the rows"}) {
     const Failure failure = FailureOf(connection, statement);
-    EXPECT_NE(failure.number, 0) << statement;
-    EXPECT_THAT(failure.words, StartsWith(std::string(kLost))) << statement;
+    EXPECT_NE(failure.Number(), 0) << statement;
+    EXPECT_THAT(failure.Description(), StartsWith(std::string(kLost))) << statement;
     EXPECT_EQ(Lines(connection.Execute(names)), kNames) << statement;
   }
   EXPECT_THAT(server.Heard("batch"),
@@ -197,13 +184,15 @@ TEST_F(OdbcTest, ServerGone_isNamedUnreachableOrLostAndFoundAgain) {
   const std::string names = "select ID, Name from tblEmployee";
   server.Command("away");
   const Failure absent = FailureOf(connection, names);
-  EXPECT_NE(absent.number, 0);
-  EXPECT_THAT(absent.words, AllOf(StartsWith(std::string(kUnreachable)), Not(HasSubstr("s3cret"))));
+  EXPECT_NE(absent.Number(), 0);
+  EXPECT_THAT(absent.Description(),
+              AllOf(StartsWith(std::string(kUnreachable)), Not(HasSubstr("s3cret"))));
   server.Command("back");
-  EXPECT_EQ(FailureOf(connection, names).words, "");
+  EXPECT_EQ(FailureOf(connection, names).Description(), "");
   server.Command("away");
-  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kLost))) << "while idle";
-  EXPECT_THAT(FailureOf(connection, names).words, StartsWith(std::string(kUnreachable)));
+  EXPECT_THAT(FailureOf(connection, names).Description(), StartsWith(std::string(kLost)))
+      << "while idle";
+  EXPECT_THAT(FailureOf(connection, names).Description(), StartsWith(std::string(kUnreachable)));
   server.Command("back");
   EXPECT_EQ(Lines(connection.Execute(names)), kNames);
   EXPECT_THAT(server.Heard("batch"), ElementsAre(names, names));
@@ -219,7 +208,7 @@ TEST_F(OdbcTest, OneLoss_isToldOnceAndTheOthersOfTheStringAreOpenedAnew) {
   for (OdbcConnection* each : {&first, &second, &stranger}) each->Execute(names);
   server.Command("away");
   server.Command("back");
-  EXPECT_THAT(FailureOf(first, names).words, StartsWith(std::string(kLost)));
+  EXPECT_THAT(FailureOf(first, names).Description(), StartsWith(std::string(kLost)));
   EXPECT_EQ(Lines(second.Execute(names)), kNames);
   EXPECT_EQ(Lines(first.Execute(names)), kNames);
   stranger.Execute(names);
@@ -234,7 +223,7 @@ TEST_F(OdbcTest, OneLoss_isToldOnceAndTheOthersOfTheStringAreOpenedAnew) {
   // Of a server that does not answer a login the sessions are as dead.
   server.Command("away");
   OdbcConnection late(server.Address(), outages.Of("one"), nullptr, 1s);
-  EXPECT_THAT(FailureOf(late, names).words, StartsWith(std::string(kUnreachable)));
+  EXPECT_THAT(FailureOf(late, names).Description(), StartsWith(std::string(kUnreachable)));
   server.Command("back");
   EXPECT_EQ(Lines(second.Execute(names)), kNames);
 }
@@ -250,7 +239,7 @@ TEST_F(OdbcTest, Session_endsWithItsConnection) {
 TEST_F(OdbcTest, ServerFallenSilent_isGivenUpAfterTheStatementsTime) {
   OdbcConnection impatient(server.Address() + "Statement Timeout=1;", 1s);
   for (const std::string statement : {"work on", "fall silent within the rows"}) {
-    EXPECT_THAT(FailureOf(impatient, statement).words,
+    EXPECT_THAT(FailureOf(impatient, statement).Description(),
                 StartsWith("پايگاه داده در زمان مقرر پاسخ نداد"));
     EXPECT_EQ(Lines(impatient.Execute("select ID, Name from tblEmployee")), kNames);
   }
@@ -281,16 +270,16 @@ TEST_F(WaitingTest, SlowStatement_IsAskedAboutOnTheCallersThread) {
   const std::thread::id own = std::this_thread::get_id();
   progress.onAdvance = [&] {
     EXPECT_EQ(std::this_thread::get_id(), own);
-    EXPECT_THAT(FailureOf(*waiting, names).number, platform::kStillExecuting);
+    EXPECT_THAT(FailureOf(*waiting, names).Number(), platform::kStillExecuting);
   };
   EXPECT_EQ(Lines(waiting->Execute("wait 600")), kNames);
   EXPECT_GE(progress.advanced.size(), 600U / 50);
-  EXPECT_EQ(FailureOf(*waiting, "fail 1205").number, 1205);
+  EXPECT_EQ(FailureOf(*waiting, "fail 1205").Number(), 1205);
   EXPECT_EQ(waiting->CallProcedure("spAnswerRows", {}), -6);
   const Parameter permission[] = {{"@UserID", 5}, {"@Text", "نیک\u200Cپی"}};
   EXPECT_EQ(waiting->CallProcedure("spZomirHasPermission", permission), 1);
   EXPECT_THAT(server.Heard("call"), testing::Contains("spZomirHasPermission(5, 'نیک\u200Cپی')"));
-  EXPECT_THAT(FailureOf(*waiting, "vanish at once").words, StartsWith(std::string(kLost)));
+  EXPECT_THAT(FailureOf(*waiting, "vanish at once").Description(), StartsWith(std::string(kLost)));
   EXPECT_EQ(Lines(waiting->Execute(names)), kNames);
   EXPECT_EQ(progress.ended, static_cast<int>(progress.begun.size()));
 }
@@ -307,13 +296,20 @@ TEST_F(WaitingTest, Cancelled_EndsSoonAndKeepsTheSession) {
     const auto begin = std::chrono::steady_clock::now();
     const Failure failure = FailureOf(*waiting, statement);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit);
-    EXPECT_EQ(failure.number, platform::kUserInterrupt);
-    EXPECT_THAT(failure.words, StartsWith("كار پايگاه داده به خواست شما متوقف شد"));
-    EXPECT_EQ(failure.words.find("پيش از آنكه آن را تكرار كنيد") != std::string::npos,
+    EXPECT_EQ(failure.Number(), platform::kUserInterrupt);
+    EXPECT_THAT(failure.Description(), StartsWith("كار پايگاه داده به خواست شما متوقف شد"));
+    EXPECT_EQ(failure.Description().find("پيش از آنكه آن را تكرار كنيد") != std::string::npos,
               perhapsStored);
     progress.stopAtCall = 0;
     EXPECT_EQ(Lines(waiting->Execute(names)), kNames);
   }
+  progress.stopAtCall = 3;
+  const Failure procedure = FailureOf([&] { waiting->CallProcedure("spWorkOn", {}); });
+  EXPECT_EQ(procedure.Number(), platform::kUserInterrupt);
+  EXPECT_THAT(procedure.Description(), HasSubstr("شايد پيش از آن چيزي ثبت شده باشد"));
+  progress.stopAtCall = 0;
+  EXPECT_EQ(waiting->CallProcedure("spAnswerRows", {}), -6);
+  EXPECT_THAT(server.Heard("call"), ElementsAre("spWorkOn()", "spAnswerRows()")) << "sent once";
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
 }
 
@@ -325,24 +321,11 @@ TEST_F(WaitingTest, RowsThatComeSlowly_AreReadWholeAndNoPartOfThemOnceCancelled)
   EXPECT_GE(progress.advanced.size(), 3U) << "asked while rows were on their way";
   for (const std::size_t at : {1U, 3U, 6U}) {
     progress.stopAtCall = at;
-    EXPECT_EQ(FailureOf(*waiting, "Select slowly").number, platform::kUserInterrupt);
+    EXPECT_EQ(FailureOf(*waiting, "Select slowly").Number(), platform::kUserInterrupt);
     progress.stopAtCall = 0;
     EXPECT_EQ(Lines(waiting->Execute(names)), kNames) << "and nothing that was left over";
   }
   EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
-}
-
-TEST_F(WaitingTest, CancelledProcedure_IsPerhapsDoneAndLeavesTheSession) {
-  const auto waiting = Connect();
-  waiting->Execute(names);
-  progress.stopAtCall = 3;
-  const Failure failure = FailureOf([&] { waiting->CallProcedure("spWorkOn", {}); });
-  EXPECT_EQ(failure.number, platform::kUserInterrupt);
-  EXPECT_THAT(failure.words, HasSubstr("شايد پيش از آن چيزي ثبت شده باشد"));
-  progress.stopAtCall = 0;
-  EXPECT_EQ(waiting->CallProcedure("spAnswerRows", {}), -6);
-  EXPECT_THAT(server.Heard("login"), testing::SizeIs(1));
-  EXPECT_THAT(server.Heard("call"), ElementsAre("spWorkOn()", "spAnswerRows()")) << "sent once";
 }
 
 TEST_F(WaitingTest, Cancelled_OnASilentServer_IsGivenUpAndEndsByItself) {
@@ -351,7 +334,7 @@ TEST_F(WaitingTest, Cancelled_OnASilentServer_IsGivenUpAndEndsByItself) {
   for (OdbcConnection* each : {waiting.get(), neighbour.get()}) each->Execute(names);
   progress.stopAtCall = 3;
   const auto begin = std::chrono::steady_clock::now();
-  EXPECT_EQ(FailureOf(*waiting, "fall silent within the rows").number, platform::kUserInterrupt);
+  EXPECT_EQ(FailureOf(*waiting, "fall silent within the rows").Number(), platform::kUserInterrupt);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, server::kCancelLimit + 1500ms);
   progress.stopAtCall = 0;
   EXPECT_EQ(Lines(waiting->Execute(names)), kNames) << "by a session of its own";
@@ -367,11 +350,11 @@ TEST_F(WaitingTest, Cancelled_DuringTheLogin_IsLeftAtOnce) {
   const auto begin = std::chrono::steady_clock::now();
   const Failure failure = FailureOf(waiting, "insert twice");
   EXPECT_LT(std::chrono::steady_clock::now() - begin, 1500ms);
-  EXPECT_EQ(failure.number, platform::kUserInterrupt);
-  EXPECT_THAT(failure.words, Not(AnyOf(HasSubstr("تكرار"), HasSubstr("s3cret"))));
+  EXPECT_EQ(failure.Number(), platform::kUserInterrupt);
+  EXPECT_THAT(failure.Description(), Not(AnyOf(HasSubstr("تكرار"), HasSubstr("s3cret"))));
   progress.stopAtCall = 0;
   EXPECT_EQ(Lines(Connect()->Execute(names)), kNames);
-  EXPECT_THAT(FailureOf(waiting, names).words, HasSubstr("به درخواست اتصال پاسخ نداد"));
+  EXPECT_THAT(FailureOf(waiting, names).Description(), HasSubstr("به درخواست اتصال پاسخ نداد"));
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ Qt::KeyboardModifiers Modifiers(screens::Modifiers held) {
 
 }  // namespace
 
-ScreenTest::ScreenTest() : adapter(std::make_unique<Adapter>(clock)), screen(adapter->screen) {}
+ScreenTest::ScreenTest() : adapter(std::make_unique<Adapter>(desktop)), screen(adapter->screen) {}
 
 ScreenTest::~ScreenTest() = default;
 
@@ -198,7 +198,7 @@ std::shared_ptr<const std::string> QtTest::AnswerDialog() {
 
 QtOfficeTest::QtOfficeTest() {
   const std::string file = ToUtf8(folder.filePath("office.db"));
-  demo::CreateSampleOffice(file, {.customers = 200, .today = clock.Today(), .basePath = {}});
+  demo::CreateSampleOffice(file, {.customers = 200, .today = desktop.Today(), .basePath = {}});
   connectionString = "sqlite:" + file;
 }
 

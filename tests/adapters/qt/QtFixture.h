@@ -7,7 +7,7 @@
 #include "platform/Connection.h"
 
 struct contract::ScreenTest::Adapter {
-  explicit Adapter(const platform::Clock& clock) : screen(guard, clock) {}
+  explicit Adapter(const platform::Desktop& desktop) : screen(guard, desktop) {}
   adapters::qt::ErrorGuard guard;
   adapters::qt::QtScreen screen;
 };

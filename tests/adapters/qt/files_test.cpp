@@ -40,7 +40,7 @@ TEST_F(FileTest, ExportOfASearch_ByEverySetting_IsTheseBytes) {
     grid.SetTextMatrix(row, 1, kCells[static_cast<std::size_t>(row) - 1].first);
     grid.SetTextMatrix(row, 2, kCells[static_cast<std::size_t>(mirrored) - 1].first);
   }
-  outside.fileDialog.chosen = name;
+  outside.desktop.chosen = name;
   outside.components.otherwise = [] { return support::Answer::kYes; };
   const std::pair<std::string, std::u16string> delimiters[] = {
       {";", u";"}, {" ^T ", u"\t"}, {"", u""}, {" | ", u" | "}, {"؛\u200C😀", u"؛\u200C😀"}};

@@ -48,10 +48,10 @@ class ReportsTest : public QtOfficeTest {
  protected:
   /// The pages of program 1's report.
   std::unique_ptr<report::Pages> All() {
-    auto pages =
-        std::make_unique<report::Pages>(Fill(report::ReportTemplate::Load(kTemplate, "t.html"),
-                                             Create(connectionString), "fmlID = 1", clock.Today()),
-                                        letters);
+    auto pages = std::make_unique<report::Pages>(
+        Fill(report::ReportTemplate::Load(kTemplate, "t.html"), Create(connectionString),
+             "fmlID = 1", desktop.Today()),
+        letters);
     while (pages->LayOutMore()) continue;
     return pages;
   }
@@ -93,7 +93,7 @@ class ReportsTest : public QtOfficeTest {
   support::FakeProgress progress;
   QtFileSystem files;
   PageLetters letters;
-  Reports reports{*this, files, clock, adapter->guard, adapter->screen, progress};
+  Reports reports{*this, files, desktop, adapter->guard, adapter->screen, progress};
 };
 
 TEST_F(ReportsTest, Pdf_OfLongProgram_HasEveryRowAndTheHeadOnEveryPage) {

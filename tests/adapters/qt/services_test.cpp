@@ -1,4 +1,4 @@
-#include "adapters/qt/Services.h"
+#include "adapters/qt/Desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -32,7 +32,7 @@ TEST_F(ServicesTest, SaveDialog_OfAnExistingFile_BeginsThereAndAsksNothing) {
       dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
       QTest::keyClick(&dialog, Qt::Key_Return);
     });
-    EXPECT_EQ(QtFileDialog().ShowSave(ToUtf8(begin), "فايل متني"), ToUtf8(path));
+    EXPECT_EQ(QtDesktop().ShowSave(ToUtf8(begin), "فايل متني"), ToUtf8(path));
   }
 }
 
@@ -41,7 +41,7 @@ TEST_F(ServicesTest, SmallOnes_DoAsTheDesktopDoes) {
   EXPECT_EQ(QtFilter("Tables|*.csv;*.tsv"), "Tables (*.csv *.tsv)");
   EXPECT_EQ(QtFilter("فايل متني"), "فايل متني (*)");
   EXPECT_EQ(QtFilter(""), "");
-  EXPECT_EQ(NumberOf([] { QtLauncher().Start("no-such-program-anywhere /s"); }), 53);
+  EXPECT_EQ(NumberOf([] { QtDesktop().Start("no-such-program-anywhere /s"); }), 53);
 }
 
 TEST_F(ServicesTest, Progress_LongWork_CanBeStoppedWhileTheFormsTakeNoInput) {

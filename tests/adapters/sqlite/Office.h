@@ -7,7 +7,7 @@
 
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/PlainDatabase.h"
-#include "platform/ResumeNext.h"
+#include "support/ErrorNumber.h"
 #include "support/Lines.h"
 #include "support/TestFolder.h"
 
@@ -65,10 +65,10 @@ class Office {
   std::string ConnectionString() const { return "sqlite:" + file; }
   /// The Lines of what `connection` gives.
   std::string Rows(std::string_view statement) { return Lines(connection.Execute(statement)); }
-  /// The error's number, 0 when there was none.
-  int ErrorOf(std::string_view statement) {
-    return platform::ResumeNext([&] { connection.Execute(statement); });
+  platform::RuntimeError FailureOf(std::string_view statement) {
+    return support::FailureOf([&] { connection.Execute(statement); });
   }
+  int ErrorOf(std::string_view statement) { return FailureOf(statement).Number(); }
 
   support::TestFolder folder;
   std::string file = folder.File("office #1%.db");

@@ -16,14 +16,8 @@ namespace {
 using support::Content;
 using testing::HasSubstr;
 
-/// 0 and no words when there was none.
 platform::RuntimeError FailureOf(SqliteConnection& connection, std::string_view statement) {
-  try {
-    connection.Execute(statement);
-    return {0, ""};
-  } catch (const platform::RuntimeError& error) {
-    return error;
-  }
+  return support::FailureOf([&] { connection.Execute(statement); });
 }
 
 /// The superuser may write anything: for the time of a test he becomes nobody.

@@ -11,7 +11,7 @@ TEST(Procedures, AnyCall_AnswersByItsParametersOrIsRefusedAndKeepsTheIdentity) {
   Office office;
   std::int32_t answer = 0;
   const auto error_of = [&](std::string_view name, const std::vector<platform::Parameter>& given) {
-    return platform::ResumeNext([&] { answer = office.connection.CallProcedure(name, given); });
+    return support::NumberOf([&] { answer = office.connection.CallProcedure(name, given); });
   };
   // Permission 0 is every permission.
   EXPECT_EQ(error_of("dbo.SPZOMIRHASPERMISSION", {{"@UserID", 1}, {"@FormPermissionID", 7}}), 0);

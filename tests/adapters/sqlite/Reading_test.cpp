@@ -91,15 +91,13 @@ TEST_F(ReadingTest, Read_ThatIsCancelled_CanBeTriedAgainWhileTheDataAreTheSame) 
   EXPECT_TRUE(reader->Read(rows, 1000));
   const auto cancelled = [&] {
     progress.stopAtCall = 1;
-    try {
+    const auto failure = support::FailureOf([&] {
       while (reader->Read(rows, 100'000)) {
       }
-    } catch (const platform::RuntimeError& error) {
-      progress.stopAtCall = 0;
-      EXPECT_EQ(error.Number(), platform::kUserInterrupt);
-      return error.Description();
-    }
-    return std::string("all were read");
+    });
+    progress.stopAtCall = 0;
+    EXPECT_EQ(failure.Number(), platform::kUserInterrupt);
+    return failure.Description();
   };
   EXPECT_THAT(cancelled(), testing::StartsWith("كار پايگاه داده به خواست شما متوقف شد. "));
   EXPECT_GT(rows.RowCount(), 1000U);

@@ -1,4 +1,4 @@
-#include "adapters/windows/Services.h"
+#include "adapters/windows/Desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -113,9 +113,9 @@ TEST(ComExcel, Application_ThatIsNotThere_IsToldAs429) {
 TEST(Services, SmallOnes_DoAsWindowsDoes) {
   EXPECT_EQ(WindowsFilter("Text|*.txt|All|*.*"), std::wstring(L"Text\0*.txt\0All\0*.*\0\0", 20));
   EXPECT_EQ(WindowsFilter("فايل متني"), std::wstring(L"فايل متني\0*.*\0\0", 15));
-  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("\"no such program.exe\" /s"); }), 53);
-  EXPECT_EQ(NumberOf([] { ShellLauncher().Start("cmd.exe /c exit"); }), 0);
-  EXPECT_GE(WinKeyboard().GetVersion() & 0xFFU, 5U);
+  EXPECT_EQ(NumberOf([] { WinDesktop().Start("\"no such program.exe\" /s"); }), 53);
+  EXPECT_EQ(NumberOf([] { WinDesktop().Start("cmd.exe /c exit"); }), 0);
+  EXPECT_GE(WinDesktop().GetVersion() & 0xFFU, 5U);
 }
 
 TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
@@ -134,7 +134,7 @@ TEST(SaveDialog, ExistingFile_IsGivenWithoutAQuestion) {
   };
   Once(after(500), [&] { press({IDOK}); });
   Once(after(2000), [&] { press({IDNO, IDCANCEL}); });
-  EXPECT_EQ(SaveDialog().ShowSave(path, "فايل متني"), path);
+  EXPECT_EQ(WinDesktop().ShowSave(path, "فايل متني"), path);
 }
 
 TEST(PageLetters, AreAsWideAtEverySize) {
@@ -155,14 +155,14 @@ struct SqliteFactory : platform::ConnectionFactory {
 };
 
 TEST(WinReports, EngineOfTheSuite_IsUsedWhereTheRegistryNamesIt) {
-  const WinClock clock;
+  const WinDesktop desktop;
   const Theme theme;
   ErrorGuard guard;
-  WinScreen screen{guard, clock, theme};
+  WinScreen screen{guard, desktop, theme};
   support::FakeProgress progress;
   ScriptingFileSystem files;
   SqliteFactory connections;
-  WinReports reports{connections, files, clock, guard, theme, screen, progress};
+  WinReports reports{connections, files, desktop, guard, theme, screen, progress};
   std::vector<std::string> log;
   constexpr const wchar_t* kKey = L"Software\\DistPromoterProg";
   RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"ReportEngine", REG_SZ, L"suite.Report", 26);

@@ -48,7 +48,7 @@ RECT InsideOf(HWND window) {
 }  // namespace
 
 ScreenTest::ScreenTest()
-    : adapter(std::make_unique<Adapter>(clock, cities)), screen(adapter->screen) {}
+    : adapter(std::make_unique<Adapter>(desktop, cities)), screen(adapter->screen) {}
 
 ScreenTest::~ScreenTest() = default;
 

@@ -6,8 +6,8 @@
 
 /// With a form that stands in for the host's frame.
 struct contract::ScreenTest::Adapter {
-  Adapter(const platform::Clock& clock, controls::LookupSource& source)
-      : screen(guard, clock, theme), host(screen, source) {
+  Adapter(const platform::Desktop& desktop, controls::LookupSource& source)
+      : screen(guard, desktop, theme), host(screen, source) {
     host.Show(controls::Modality::kModeless);
     screen.SetHostWindow(screen.WindowOf(host));
   }

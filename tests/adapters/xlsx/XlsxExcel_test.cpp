@@ -102,12 +102,12 @@ class XlsxExcelTest : public testing::Test {
     return Part(folder.File(workbook), "xl/worksheets/sheet1.xml");
   }
 
-  support::FakeClock clock;
+  support::FakeDesktop desktop;
   support::TestFolder folder;
   std::vector<std::string> opened;
   XlsxExcel::Place place{.folder = folder.Path().string(), .name = "promoter-list"};
   XlsxExcel::Opener opener = [this](const std::string& path) { opened.push_back(path); };
-  XlsxExcel excel{place, clock, opener};
+  XlsxExcel excel{place, desktop, opener};
 };
 
 TEST_F(XlsxExcelTest, CopyOfAGrid_numbersAreNumbers_anyOtherCellIsItsTextAndNoneAFormula) {
@@ -231,7 +231,7 @@ TEST_F(XlsxExcelTest, Copy_whatNoSheetOrFolderHolds_isRefused) {
   EXPECT_THAT(Files(), IsEmpty());
   std::ofstream(folder.File("file")) << "no folder";
   place.folder = folder.File("file/below");
-  XlsxExcel nowhere(place, clock, opener);
+  XlsxExcel nowhere(place, desktop, opener);
   const auto application = nowhere.CreateApplication();
   EXPECT_EQ(ResumeNext([&] { application->AddWorkbook(); }), 76);
 }

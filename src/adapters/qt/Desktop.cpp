@@ -1,8 +1,9 @@
-#include "adapters/qt/Services.h"
+#include "adapters/qt/Desktop.h"
 
 #include <QApplication>
 #include <QDateTime>
 #include <QFileDialog>
+#include <QProcess>
 #include <QStringList>
 
 #include "adapters/qt/Convert.h"
@@ -16,17 +17,17 @@ constexpr qint64 kUnixEpochJulianDay = 2440588;
 
 }  // namespace
 
-std::chrono::sys_days QtClock::Today() const {
+std::chrono::sys_days QtDesktop::Today() const {
   const qint64 days = QDate::currentDate().toJulianDay() - kUnixEpochJulianDay;
   return std::chrono::sys_days(std::chrono::days(days));
 }
 
-int QtClock::MinutesSinceMidnight() const {
+int QtDesktop::MinutesSinceMidnight() const {
   const QTime now = QTime::currentTime();
   return now.hour() * 60 + now.minute();
 }
 
-void QtKeyboard::LoadKeyboardLayout(std::string_view /*layout*/) {}
+void QtDesktop::LoadKeyboardLayout(std::string_view /*layout*/) {}
 
 QString QtFilter(std::string_view filter) {
   QStringList parts = ToQString(filter).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -43,7 +44,7 @@ QString QtFilter(std::string_view filter) {
   return filters.join(QStringLiteral(";;"));
 }
 
-std::string QtFileDialog::ShowSave(const std::string& begin, std::string_view filter) {
+std::string QtDesktop::ShowSave(const std::string& begin, std::string_view filter) {
   // Qt's own dialog: one that comes from the desktop's portal asks before it gives the name of an
   // existing file, and cannot be told not to.
   const QString chosen = QFileDialog::getSaveFileName(
@@ -55,6 +56,15 @@ std::string QtFileDialog::ShowSave(const std::string& begin, std::string_view fi
     throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
   }
   return ToUtf8(chosen);
+}
+
+void QtDesktop::Start(const std::string& commandLine) {
+  QStringList arguments = QProcess::splitCommand(ToQString(commandLine));
+  const QString program = arguments.isEmpty() ? QString() : arguments.takeFirst();
+  if (program.isEmpty() || !QProcess::startDetached(program, arguments)) {
+    throw platform::RuntimeError(platform::kFileNotFound, "File not found: " + ToUtf8(program),
+                                 "QtDesktop");
+  }
 }
 
 }  // namespace adapters::qt

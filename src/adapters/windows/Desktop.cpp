@@ -1,4 +1,4 @@
-#include "adapters/windows/Services.h"
+#include "adapters/windows/Desktop.h"
 
 #include <windows.h>
 
@@ -17,7 +17,6 @@ namespace adapters::windows {
 
 namespace {
 
-constexpr std::int32_t kFileNotFound = 53;
 constexpr std::size_t kPathUnits = 32768;
 
 SYSTEMTIME Now() {
@@ -28,21 +27,21 @@ SYSTEMTIME Now() {
 
 }  // namespace
 
-std::chrono::sys_days WinClock::Today() const {
+std::chrono::sys_days WinDesktop::Today() const {
   const SYSTEMTIME now = Now();
   return std::chrono::year(now.wYear) / std::chrono::month(now.wMonth) / std::chrono::day(now.wDay);
 }
 
-int WinClock::MinutesSinceMidnight() const {
+int WinDesktop::MinutesSinceMidnight() const {
   const SYSTEMTIME now = Now();
   return now.wHour * 60 + now.wMinute;
 }
 
-std::uint32_t WinKeyboard::GetVersion() const {
+std::uint32_t WinDesktop::GetVersion() const {
   return ::GetVersion();
 }
 
-void WinKeyboard::LoadKeyboardLayout(std::string_view layout) {
+void WinDesktop::LoadKeyboardLayout(std::string_view layout) {
   LoadKeyboardLayoutA(std::string(layout).c_str(), KLF_ACTIVATE);
 }
 
@@ -55,7 +54,7 @@ std::wstring WindowsFilter(std::string_view filter) {
   return parts + std::wstring(2, L'\0');
 }
 
-std::string SaveDialog::ShowSave(const std::string& begin, std::string_view filter) {
+std::string WinDesktop::ShowSave(const std::string& begin, std::string_view filter) {
   const std::wstring filters = WindowsFilter(filter);
   const std::wstring title = L"ذخيره در فايل";
   std::vector<wchar_t> path(kPathUnits, L'\0');
@@ -80,7 +79,7 @@ std::string SaveDialog::ShowSave(const std::string& begin, std::string_view filt
   throw platform::RuntimeError(platform::kFileDialogCancelled, "Cancel was selected.");
 }
 
-void ShellLauncher::Start(const std::string& commandLine) {
+void WinDesktop::Start(const std::string& commandLine) {
   std::wstring line = Wide(commandLine);
   STARTUPINFOW start{};
   start.cb = sizeof start;
@@ -91,10 +90,11 @@ void ShellLauncher::Start(const std::string& commandLine) {
                       &process)) {
     const DWORD code = GetLastError();
     const bool missing = code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND;
-    throw platform::RuntimeError(missing ? kFileNotFound : platform::kInvalidProcedureCall,
-                                 (missing ? "File not found: " : "Not started: ") + commandLine +
-                                     " (" + SystemText(HRESULT_FROM_WIN32(code)) + ")",
-                                 "ShellLauncher");
+    throw platform::RuntimeError(
+        missing ? platform::kFileNotFound : platform::kInvalidProcedureCall,
+        (missing ? "File not found: " : "Not started: ") + commandLine + " (" +
+            SystemText(HRESULT_FROM_WIN32(code)) + ")",
+        "WinDesktop");
   }
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
