@@ -18,7 +18,7 @@ inline void ExpectApproved(const std::string& file, const std::string& text) {
   if (approved == text) return;
   const auto differs = std::ranges::mismatch(approved, text).in2;
   std::string came = file + ".came";
-  std::ranges::replace(came, '/', '-');
+  for (const char part : {'/', ':'}) std::ranges::replace(came, part, '-');
   came = testing::TempDir() + came;
   std::ofstream(came, std::ios::binary) << text;
   ADD_FAILURE() << "differs from line " << 1 + std::count(text.begin(), differs, '\n') << ": diff "

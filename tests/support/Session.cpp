@@ -41,7 +41,8 @@ void Session::Do(const std::string& line) {
     const auto command = commands_.find(what);
     command != commands_.end() ? command->second(rest) : DoOther(what, rest);
   } catch (const platform::RuntimeError& error) {
-    Hear("error " + std::to_string(error.Number()) + " " + error.Description());
+    const std::string source = error.Source().empty() ? "" : " (" + error.Source() + ")";
+    Hear("error " + std::to_string(error.Number()) + " " + error.Description() + source);
   }
 }
 
