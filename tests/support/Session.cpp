@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <sstream>
 
-#include "platform/RuntimeError.h"
 #include "support/Approved.h"
 
 namespace support {
@@ -41,9 +40,13 @@ void Session::Do(const std::string& line) {
     const auto command = commands_.find(what);
     command != commands_.end() ? command->second(rest) : DoOther(what, rest);
   } catch (const platform::RuntimeError& error) {
-    const std::string source = error.Source().empty() ? "" : " (" + error.Source() + ")";
-    Hear("error " + std::to_string(error.Number()) + " " + error.Description() + source);
+    HearError(error);
   }
+}
+
+void Session::HearError(const platform::RuntimeError& error) {
+  const std::string source = error.Source().empty() ? "" : " (" + error.Source() + ")";
+  Hear("error " + std::to_string(error.Number()) + " " + error.Description() + source);
 }
 
 void Session::DoOther(const std::string& what, const std::string& /*rest*/) {

@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/RuntimeError.h"
+
 namespace support {
 
 /// Something that is worked with, as an approved file tells it: a line that begins with ">" is what
@@ -37,6 +39,7 @@ class Session {
   using Shown = std::vector<std::pair<std::string, std::string>>;
   /// What there is to see.
   virtual Shown Now() = 0;
+  virtual void HearError(const platform::RuntimeError& error);
   /// What is not among those named; an error of the session's where nobody knows it.
   virtual void DoOther(const std::string& what, const std::string& rest);
 
