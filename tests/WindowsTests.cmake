@@ -48,12 +48,13 @@ promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promot
 target_sources(apps_activex_test PRIVATE
   ${PROJECT_SOURCE_DIR}/apps/activex-host/PropertyBag.cpp ${PROJECT_SOURCE_DIR}/apps/activex-host/Site.cpp
   ${PROJECT_SOURCE_DIR}/apps/activex-host/Things.cpp
-  adapters/windows/StandIn.cpp)
+  adapters/windows/StandIn.cpp support/Session.cpp)
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
 target_compile_definitions(apps_activex_test PRIVATE
   PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>"
+  PROMOTER_CONTROL_SESSIONS="Z:${CMAKE_CURRENT_SOURCE_DIR}/apps/activex/sessions.txt"
   PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt")
 add_dependencies(apps_activex_test promoter-activex)
 

@@ -1,4 +1,4 @@
-// View and ClearShow on a sample office: the editor opens in windows of its own.
+// What sessions cannot say: arguments in every form, threads, aggregation.
 
 #include <gtest/gtest.h>
 
@@ -6,16 +6,11 @@
 
 #include "Container.h"
 #include "LoadedLibrary.h"
-#include "Named.h"
-#include "adapters/windows/Loop.h"
+#include "adapters/windows/Found.h"
 
 namespace {
 
 using adapters::windows::ComPtr;
-using adapters::windows::Once;
-using adapters::windows::PostClick;
-using adapters::windows::Pump;
-using adapters::windows::PumpUntil;
 using adapters::windows::Utf8;
 using adapters::windows::Variant;
 using test::As;
@@ -30,16 +25,6 @@ std::ptrdiff_t Forms() {
 }
 
 constexpr char kEditor[] = "برنامه بازارياب";
-
-/// Whom the editor shows as the one who makes the program.
-std::string Creator() {
-  const auto form = activexhost::MakeThing(FindForm(kEditor));
-  return test::Named(*form, screens::Role::kComboBox, "ايجاد كننده").value;
-}
-
-HWND ButtonOfEditor(const char* caption) {
-  return test::WindowNamed(FindForm(kEditor), screens::Role::kButton, caption);
-}
 
 HWND OwnerOfEditor() {
   return GetWindow(FindForm(kEditor), GW_OWNER);
@@ -87,129 +72,6 @@ TEST_F(Opening, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
   control.Reset();
   EXPECT_EQ(Forms(), 0);
   EXPECT_EQ(container.References(), 0U);
-}
-
-TEST_F(Opening, Release_WhileAFormsEventIsUnderWay_EndsTheModuleAfterwardsUnlessShared) {
-  for (const bool shared : {false, true}) {
-    Container container;
-    auto control = NewFor(1, container);
-    const auto another = shared ? New() : ComPtr<_DistPromoterProg>();
-    Late(control).Call("View", {std::int32_t{1}});
-    PostClick(ButtonOfEditor("جستجو"));
-    const auto searching = [] { return FindForm("جستجوي برنامه بازارياب"); };
-    Once([&] { return searching() != nullptr; },
-         [&] {
-           control.Reset();
-           PostMessageW(searching(), WM_CLOSE, 0, 0);
-         });
-    PumpUntil([&] { return container.References() == 0; });
-    EXPECT_FALSE(control);
-    EXPECT_EQ(container.References(), 0U);
-    EXPECT_EQ(Forms(), shared ? 1 : 0);
-    EXPECT_EQ(OwnerOfEditor(), nullptr);
-  }
-}
-
-TEST_F(Opening, View_WhileTheHostShowsAModalForm_ReturnsWhenTheEditorIsClosed) {
-  Container container;
-  const auto control = NewFor(1, container);
-  As<IOleInPlaceActiveObject>(control)->EnableModeless(FALSE);
-  bool closedUnderModal = false;
-  Once([] { return FindForm(kEditor) != nullptr; },
-       [&] {
-         closedUnderModal = !IsWindowEnabled(OwnerOfEditor());
-         PostMessageW(FindForm(kEditor), WM_CLOSE, 0, 0);
-       });
-  EXPECT_FALSE(Late(control).Call("View", {std::int32_t{1}}).Flag());
-  EXPECT_TRUE(closedUnderModal);
-  EXPECT_EQ(Forms(), 0);
-  EXPECT_TRUE(IsWindowEnabled(container.Window()));
-  As<IOleInPlaceActiveObject>(control)->EnableModeless(TRUE);
-  Late(control).Call("View", {std::int32_t{1}});
-  EXPECT_EQ(Forms(), 1);
-  As<IOleObject>(control)->Close(OLECLOSE_NOSAVE);
-  EXPECT_EQ(Forms(), 0);
-  As<IOleObject>(control)->SetClientSite(nullptr);
-}
-
-TEST_F(Opening, Controls_OfOneThread_ShareTheEditorTheLoginAndItsEnd) {
-  Container first;
-  auto one = NewFor(1, first);
-  Late(one).Call("ClearShow");
-  const HWND editor = FindForm(kEditor);
-  const std::string user = Creator();
-  EXPECT_EQ(OwnerOfEditor(), first.Window());
-  {
-    Container second;
-    auto two = NewFor(2, second);
-    Late(two).Call("ClearShow");
-    EXPECT_EQ(FindForm(kEditor), editor);
-    EXPECT_EQ(Forms() - 1, 1) << "beside the other container";
-    EXPECT_NE(Creator(), user);
-    EXPECT_EQ(OwnerOfEditor(), second.Window());
-    As<IOleObject>(two)->SetClientSite(nullptr);
-    EXPECT_EQ(OwnerOfEditor(), first.Window());
-    As<IOleObject>(two)->SetClientSite(&second);
-    Late(two).Call("ClearShow");
-    As<IOleObject>(two)->Close(OLECLOSE_NOSAVE);
-    EXPECT_EQ(OwnerOfEditor(), first.Window());
-    Late(two).Call("ClearShow");
-    As<IOleObject>(one)->SetClientSite(nullptr);
-    one.Reset();
-    EXPECT_EQ(OwnerOfEditor(), second.Window());
-    one = NewFor(1, first);
-    As<IOleObject>(two)->SetClientSite(nullptr);
-  }
-  EXPECT_EQ(FindForm(kEditor), editor);
-  As<IOleObject>(one)->SetClientSite(nullptr);
-  EXPECT_EQ(OwnerOfEditor(), nullptr);
-  one.Reset();
-  EXPECT_EQ(Forms(), 0);
-}
-
-TEST_F(Opening, Close_WithAHeaderOpen_AsksWhereItEndsTheEditorAndIsToSave) {
-  std::int32_t answer = 0;
-  int asked = 0;
-  const adapters::windows::Component messages("comNotice.comNTC", [&] {
-    const auto notice = adapters::windows::StandIn::Make();
-    notice->On("ClearShow", [&asked] { ++asked; }).On("Resualt", [&answer] {
-      return Variant(answer);
-    });
-    return Variant(notice.Get());
-  });
-  Container container;
-  const auto control = NewFor(1, container);
-  const auto object = As<IOleObject>(control);
-  struct Closing {
-    DWORD saving;
-    bool another;
-    bool windowGone;
-    std::int32_t answer;
-    HRESULT result;
-    int asked;
-    int forms;
-  };
-  constexpr HRESULT kRefused = OLE_E_PROMPTSAVECANCELLED;
-  for (const Closing& c : {Closing{OLECLOSE_PROMPTSAVE, false, false, 0, kRefused, 1, 1},
-                           {OLECLOSE_SAVEIFDIRTY, false, false, 0, kRefused, 1, 1},
-                           {OLECLOSE_SAVEIFDIRTY, true, false, 0, S_OK, 0, 1},
-                           {OLECLOSE_SAVEIFDIRTY, false, false, 1, S_OK, 1, 0},
-                           {OLECLOSE_SAVEIFDIRTY, false, true, 0, S_OK, 0, 0},
-                           {OLECLOSE_NOSAVE, false, false, 0, S_OK, 0, 0}}) {
-    const auto other = c.another ? New() : ComPtr<_DistPromoterProg>();
-    Late(control).Call("ClearShow");
-    PostClick(ButtonOfEditor("جديد"));
-    Pump();
-    if (c.windowGone) DestroyWindow(FindForm(kEditor));
-    asked = 0;
-    answer = c.answer;
-    container.calls.clear();
-    EXPECT_EQ(object->Close(c.saving), c.result);
-    EXPECT_EQ(asked, c.asked);
-    EXPECT_EQ(Forms(), c.forms);
-    EXPECT_EQ(container.calls.empty(), c.result != S_OK || c.saving == OLECLOSE_NOSAVE);
-  }
-  object->SetClientSite(nullptr);
 }
 
 TEST_F(Opening, Controls_OfTwoThreads_HaveAnEditorEach) {
