@@ -7,6 +7,7 @@
 
 #include "adapters/qt/Convert.h"
 #include "apps/about/About.h"
+#include "apps/connection/Connections.h"
 
 namespace desktop {
 
@@ -16,13 +17,12 @@ using adapters::qt::ToUtf8;
 namespace {
 
 about::Facts FactsOf(const std::string& office) {
-  constexpr std::string_view kEmbedded = "sqlite:";
   about::Facts facts{.program = "promoter-desktop",
                      .toolkit = std::string("Qt ") + qVersion(),
                      .office = office,
                      .notices = {}};
-  if (office.starts_with(kEmbedded)) {
-    const QFileInfo file(ToQString(office.substr(kEmbedded.size())));
+  if (office.starts_with(connection::kEmbedded)) {
+    const QFileInfo file(ToQString(office.substr(connection::kEmbedded.size())));
     facts.office = ToUtf8(file.absoluteFilePath());
   }
   const QFileInfo notices(QCoreApplication::applicationDirPath() +

@@ -5,16 +5,13 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
 
 #include "Replay.h"
-#include "adapters/odbc/OdbcConnection.h"
 #include "adapters/qt/Desktop.h"
-#include "adapters/sqlite/SqliteConnection.h"
 #include "calendar/Gregorian.h"
 #include "demo/OfficeVersion.h"
 #include "demo/SampleOffice.h"
@@ -27,7 +24,7 @@ namespace desktop {
 
 namespace {
 
-constexpr std::string_view kEmbedded = "sqlite:";
+using connection::kEmbedded;
 
 std::string ReadAll(const QString& path) {
   QFile file(path);
@@ -110,27 +107,6 @@ void RequireFile(const std::string& connectionString) {
 }
 
 }  // namespace
-
-Connections::Connections(const Options& options, platform::Progress* progress)
-    : progress_(progress) {
-  if (options.logFile.empty()) return;
-  const auto now = [] {
-    return std::chrono::floor<std::chrono::microseconds>(std::chrono::system_clock::now());
-  };
-  log_ = std::make_shared<adapters::log::StatementLog>(options.logFile, now, std::cerr);
-}
-
-std::unique_ptr<platform::Connection> Connections::Create(const std::string& connectionString) {
-  std::unique_ptr<platform::Connection> made;
-  if (connectionString.starts_with(kEmbedded)) {
-    made = std::make_unique<adapters::sqlite::SqliteConnection>(
-        connectionString, adapters::sqlite::kBusyTimeout, platform::kStatementLimit, progress_);
-  } else {
-    made = std::make_unique<adapters::odbc::OdbcConnection>(
-        connectionString, outages_.Of(connectionString), progress_);
-  }
-  return adapters::log::Logged(std::move(made), connectionString, log_);
-}
 
 std::string SampleOfficePath(const Options& options) {
   std::string name = "office-" + std::to_string(options.customers);

@@ -1,31 +1,19 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 #include "Options.h"
-#include "adapters/log/StatementLog.h"
-#include "adapters/server/ServerConnection.h"
-#include "platform/Connection.h"
-#include "platform/Progress.h"
+#include "adapters/odbc/OdbcConnection.h"
+#include "apps/connection/Connections.h"
 
 namespace desktop {
 
-/// Connections by what their string says: `sqlite:` and a file is the embedded database, any other
-/// string SQL Server through ODBC.
-class Connections : public platform::ConnectionFactory {
+/// Embedded databases, and SQL Server through ODBC.
+class Connections : public connection::Connections<adapters::odbc::OdbcConnection> {
  public:
-  /// Statements are logged where the options say. `progress` shows those that take long; null where
-  /// nobody waits.
-  explicit Connections(const Options& options, platform::Progress* progress = nullptr);
-  std::unique_ptr<platform::Connection> Create(const std::string& connectionString) override;
-  bool Busy() const override { return progress_ != nullptr && progress_->UnderWay(); }
-
- private:
-  platform::Progress* progress_;
-  std::shared_ptr<adapters::log::StatementLog> log_;
-  adapters::server::Outages outages_;
+  explicit Connections(const Options& options, platform::Progress* progress = nullptr)
+      : connection::Connections<adapters::odbc::OdbcConnection>(options.logFile, progress) {}
 };
 
 /// Path of the user's sample office with so many customers, around that day.

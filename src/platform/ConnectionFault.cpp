@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/RuntimeError.h"
+#include "text/Text.h"
 
 namespace platform {
 
@@ -64,9 +65,8 @@ std::int32_t NumberOfState(std::string_view state) {
   constexpr std::int32_t kBase = 36;
   std::int32_t number = 0;
   for (const char c : state.substr(0, kStateLength)) {
-    const bool isDigit = c >= '0' && c <= '9';
     const bool isLetter = c >= 'A' && c <= 'Z';
-    number = number * kBase + (isDigit ? c - '0' : isLetter ? c - 'A' + 10 : 0);
+    number = number * kBase + (text::IsDigit(c) ? c - '0' : isLetter ? c - 'A' + 10 : 0);
   }
   return kFirstOwnNumber + number;
 }

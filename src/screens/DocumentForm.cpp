@@ -4,6 +4,7 @@
 
 #include "screens/DialogMetrics.h"
 #include "screens/PlainPointer.h"
+#include "text/Text.h"
 
 namespace screens {
 
@@ -32,8 +33,8 @@ constexpr int kMostRows = 20;
 constexpr std::array<std::string_view, Column::kColumns> kHeadings{
     "رديف", "كد حساب", "نام حساب", "شعبه", "شرح", "بدهكار", "بستانكار"};
 
-bool AreDigits(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+bool AreDigits(std::string_view amount) {
+  return std::ranges::all_of(amount, text::IsDigit);
 }
 
 /// The side on which a line has nothing stays empty.

@@ -7,6 +7,7 @@
 #include "controls/Controls.h"
 #include "screens/GridPane.h"
 #include "text/Fold.h"
+#include "text/Utf8.h"
 
 namespace screens {
 
@@ -41,10 +42,7 @@ std::optional<FlexGrid::Key> WalkingKey(const KeyEvent& event) {
 
 /// Takes the last letter away.
 void DropLetter(std::string& utf8) {
-  const auto follows = [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-  };
-  while (!utf8.empty() && follows(utf8.back())) utf8.pop_back();
+  while (!utf8.empty() && text::IsTail(utf8.back())) utf8.pop_back();
   if (!utf8.empty()) utf8.pop_back();
 }
 

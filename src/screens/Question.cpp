@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/ServerErrors.h"
+#include "text/Text.h"
 
 namespace screens {
 
@@ -11,13 +12,9 @@ namespace {
 constexpr std::string_view kOpening = "«";
 constexpr std::string_view kClosing = "»";
 
-bool IsLatin(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
 /// A path may have Persian names in it; a Persian name has no letter of the other script.
 bool RunsFromLeft(std::string_view words) {
-  return !words.starts_with("\u202A") && std::ranges::any_of(words, IsLatin);
+  return !words.starts_with("\u202A") && std::ranges::any_of(words, text::IsLatinLetter);
 }
 
 }  // namespace

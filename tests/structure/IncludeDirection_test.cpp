@@ -60,14 +60,14 @@ const std::vector<Rule> kRules{
     {"demo", "text calendar platform adapters/*", true},
     // A user's day, told without a screen.
     {"apps/tour", "text screens", true},
-    // What a host's command line may say of a connection, and whom it tells of a user.
-    {"apps/connection", "platform host", true},
+    // How a host comes to a connection.
+    {"apps/connection", "platform host adapters/*", true},
     {"apps/options", "text", true},
     // What every program says of itself.
     {"apps/version", "", true},
     {"apps/about", "text controls screens apps/version", true},
     // Composition roots: the only ones that see both the module and the adapters.
-    {"apps/activex", kPlain + "screens report module adapters/*", true},
+    {"apps/activex", kPlain + "screens report module adapters/* apps/connection", true},
     // The trial container takes the control's databases, nothing else of it.
     {"apps/*",
      kForms +
