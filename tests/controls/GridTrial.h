@@ -165,20 +165,8 @@ struct PlainGrid : Picture {
     col = colSel = fixedCols;
     return Clamp();
   }
-  void Press(int atRow, int atCol, bool extend) {
-    dragging = atRow >= fixedRows && atRow < Rows() && atCol >= fixedCols && atCol < cols;
-    if (!dragging) return;
-    rowSel = atRow, colSel = atCol;
-    if (!extend) row = atRow, col = atCol;
-  }
-  void Drag(int atRow, int atCol) {
-    if (!dragging || Rows() <= fixedRows || cols <= fixedCols) return;
-    rowSel = std::clamp(atRow, fixedRows, Rows() - 1);
-    colSel = std::clamp(atCol, fixedCols, cols - 1);
-  }
 
  private:
-  bool dragging = false;
   static int Mark(int& mark, int n, int count, int error) {
     if (n < 0 || n >= count) return error;
     mark = n;
@@ -214,7 +202,7 @@ class Trial {
 
   /// One call and all comparisons; throws std::logic_error for a difference.
   void Step() {
-    const int call = Upto(94);
+    const int call = Upto(85);
     if (call < 33) {
       CallWithNumber();
     } else if (call < 63) {
@@ -225,8 +213,6 @@ class Trial {
       Paint();
     } else if (call < 84) {
       Bind();
-    } else if (call < 93) {
-      Press(call < 88);
     } else {
       grid_.SetRedraw(!grid_.Redraw());
     }
@@ -324,21 +310,6 @@ class Trial {
       text.empty() ? result.AppendNull() : result.Append(text);
     }
     Both([&] { grid_.Bind(std::move(result)); }, plain_.Bind(names, texts));
-  }
-
-  void Press(bool drag) {
-    const int row = Near(plain_.Rows());
-    const int col = Near(plain_.cols);
-    if (drag) {
-      grid_.MouseDrag(row, col);
-      plain_.Drag(row, col);
-    } else {
-      const int shift = Upto(1);
-      grid_.MouseDown(row, col, 1, shift);
-      plain_.Press(row, col, shift == 1);
-    }
-    Require(grid_.MouseRow() == std::min(row, plain_.Rows()), "MouseRow");
-    Require(grid_.MouseCol() == std::min(col, plain_.cols), "MouseCol");
   }
 
   std::mt19937 random_;
