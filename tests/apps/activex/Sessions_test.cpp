@@ -36,7 +36,7 @@ class Sessions : public test::OfficeTest, protected support::Session {
     });
     OnControl("alone", [this](auto& c, const auto&) { c = New(); });
     OnControl("release", [](auto& c, const auto&) { c.Reset(); });
-    OnControl("show", [](auto& c, const auto&) { Late(c).Call("ClearShow"); });
+    OnControl("show", [](auto& c, const auto&) { EXPECT_FALSE(Late(c).Call("ClearShow").Flag()); });
     OnControl("view", [this](auto& c, const auto& id) {
       Hear(Late(c).Call("View", {std::stoi(id)}).Flag() ? "true" : "false");
     });
@@ -156,12 +156,14 @@ class Sessions : public test::OfficeTest, protected support::Session {
 };
 
 TEST_F(Sessions, ControlsInContainers_AsTheApprovedOnes) {
-  const adapters::windows::Component messages("comNotice.comNTC", [this] {
-    const auto notice = adapters::windows::StandIn::Make();
-    notice->On("ClearShow", [this] { Hear("asked"); }).On("Resualt", [this] {
-      return Variant(answer);
+  std::unique_ptr<adapters::windows::Component> messages;
+  On("messages", [&] {
+    messages = std::make_unique<adapters::windows::Component>("comNotice.comNTC", [this] {
+      const auto notice = adapters::windows::StandIn::Make();
+      notice->On("ClearShow", [this] { Hear("asked"); });
+      notice->On("Resualt", [this] { return Variant(answer); });
+      return Variant(notice.Get());
     });
-    return Variant(notice.Get());
   });
   Replay(PROMOTER_CONTROL_SESSIONS);
   controls.clear();
