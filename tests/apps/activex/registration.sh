@@ -12,9 +12,10 @@ trap 'WINEPREFIX=$prefix wineserver -k || true; rm -rf "$prefix"' EXIT
 # classes ROOT-KEY: every class of it with its values, without the root's name and what the other
 # word size sees of the same.
 classes() {
-  { wine reg query "$1\\Software\\Classes" /s || true; } | tr -d '\r' |
+  wine reg export "$1\\Software\\Classes" "Z:${came//\//\\}.reg" /y >/dev/null
+  iconv -f UTF-16 -t UTF-8 "$came.reg" | tr -d '\r' |
     awk -v RS= -v ORS='\n\n' '!/Wow6432Node/' |
-    sed 's/^HKEY_[A-Z_]*\\Software\\Classes//;s/^\\Typelib/\\TypeLib/'
+    sed 's/^\[HKEY_[A-Z_]*\\Software\\Classes/[/;s/^\[\\Typelib/[\\TypeLib/;s/\\\\/\\/g'
 }
 file=Z:${library//\//\\}
 sed_file=${file//\\/\\\\}
@@ -22,7 +23,7 @@ sed_folder=${sed_file%\\\\*}
 # expect FILE BEFORE AFTER: what came between is what the file says, but for the keys of all classes.
 expect() {
   { diff "$2" "$3" || true; } | sed -n 's/^> //p' |
-    sed "/^\$/d;/^\\\\[A-Za-z]*\$/d;s/$sed_file/{file}/;s/$sed_folder/{folder}/" >"$came"
+    sed "/^\$/d;/^\[\\\\[A-Za-z]*]\$/d;s/$sed_file/{file}/;s/$sed_folder/{folder}/" >"$came"
   diff "$folder/$1" "$came"
 }
 install() { wine regsvr32 /s /n "/i:user" "$@" "$file"; }
@@ -38,13 +39,12 @@ expect registered.txt "$came.machine" "$came.registered"
 classes HKCU | diff "$came.user" -
 wine regsvr32 /s /u "$file"
 wine regsvr32 /s /u "$file"
-classes HKLM | diff "$came.machine" -
 
 install
 classes HKCU >"$came.registered"
 expect registered.txt "$came.user" "$came.registered"
 classes HKLM | diff "$came.machine" -
-types=$(sed -n 's/^\\\(TypeLib.*\\0\)$/\1/p' "$came.registered")
+types=$(sed -n 's/^\[\\\(TypeLib.*\\0\)]$/\1/p' "$came.registered")
 other="HKCU\\Software\\Classes\\$types\\win32"
 wine reg add "$other" /f
 install /u
