@@ -22,8 +22,9 @@ inline void ExpectApproved(const std::string& file, const std::string& text) {
     return;
   }
   const auto differs = std::ranges::mismatch(approved, text).in2;
-  const std::string came =
-      testing::TempDir() + std::filesystem::path(file).filename().string() + ".came";
+  std::string came = file + ".came";
+  for (const char part : {'/', ':'}) std::ranges::replace(came, part, '-');
+  came = testing::TempDir() + came;
   std::ofstream(came, std::ios::binary) << text;
   ADD_FAILURE() << "differs from line " << 1 + std::count(text.begin(), differs, '\n') << ": diff "
                 << file << " " << came;
