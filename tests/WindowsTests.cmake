@@ -21,7 +21,8 @@ function(promoter_wine_test name)
   cmake_parse_arguments(ARG "" "" "COMMAND" ${ARGN})
   set(prefix ${CMAKE_BINARY_DIR}/wine/${name})
   add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/scripts/under-wine --fresh ${prefix} ${ARG_COMMAND})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  # What an approved file is to be compared with outlives the prefix.
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "TEST_TMPDIR=Z:${CMAKE_BINARY_DIR}/")
 endfunction()
 
 # promoter_wine_folder_test(<folder> DEPENDS <folder>... [LINK <target>...])
@@ -40,26 +41,32 @@ function(promoter_wine_folder_test folder)
 endfunction()
 
 promoter_wine_folder_test(adapters/windows DEPENDS adapters/windows adapters/sqlite demo)
+target_sources(adapters_windows_test PRIVATE support/Session.cpp)
+target_compile_definitions(adapters_windows_test PRIVATE
+  PROMOTER_ADO_SESSION="Z:${CMAKE_CURRENT_SOURCE_DIR}/adapters/windows/sessions/ado.txt")
 promoter_wine_folder_test(apps/activex DEPENDS adapters/windows demo LINK promoter_activex_ids oleacc)
 target_sources(apps_activex_test PRIVATE
   ${PROJECT_SOURCE_DIR}/apps/activex-host/PropertyBag.cpp ${PROJECT_SOURCE_DIR}/apps/activex-host/Site.cpp
   ${PROJECT_SOURCE_DIR}/apps/activex-host/Things.cpp
-  adapters/windows/StandIn.cpp)
+  adapters/windows/StandIn.cpp support/Session.cpp)
 target_include_directories(apps_activex_test PRIVATE ${PROJECT_SOURCE_DIR}
   ${PROJECT_SOURCE_DIR}/apps/activex)
 # Wine shows the whole file system as its drive Z.
 target_compile_definitions(apps_activex_test PRIVATE
   PROMOTER_OCX="Z:$<TARGET_FILE:promoter-activex>"
+  PROMOTER_CONTROL_SESSIONS="Z:${CMAKE_CURRENT_SOURCE_DIR}/apps/activex/sessions.txt"
   PROMOTER_BATCH_FORM="Z:${CMAKE_CURRENT_SOURCE_DIR}/accessibility/batch-form.txt")
 add_dependencies(apps_activex_test promoter-activex)
 
 add_test(NAME late_bound COMMAND ${control_tests}/late-bound.sh ${PROJECT_SOURCE_DIR}
   ${CMAKE_BINARY_DIR}/wine/late_bound $<TARGET_FILE:promoter-activex>
   $<TARGET_FILE:promoter-activex-host> ${PROJECT_VERSION})
+add_test(NAME registration COMMAND ${control_tests}/registration.sh ${PROJECT_SOURCE_DIR}
+  ${CMAKE_BINARY_DIR}/wine/registration $<TARGET_FILE:promoter-activex>)
 # A planner's whole day in the control's windows, by mouse and by keys, on sample offices of its own.
 promoter_wine_test(tour COMMAND $<TARGET_FILE:promoter-activex-host>
   --tour Z:${CMAKE_BINARY_DIR}/tour)
 promoter_wine_test(tour-keys COMMAND $<TARGET_FILE:promoter-activex-host>
   --tour Z:${CMAKE_BINARY_DIR}/tour-keys --keys)
 set_tests_properties(tour tour-keys PROPERTIES TIMEOUT 60)
-set_tests_properties(late_bound PROPERTIES TIMEOUT 300)
+set_tests_properties(late_bound registration PROPERTIES TIMEOUT 300)

@@ -7,13 +7,15 @@
 #include <algorithm>
 #include <compare>
 #include <functional>
+#include <random>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "controls/FlexGrid.h"
-#include "controls/FlexGridHarness.h"
+#include "platform/ResumeNext.h"
+#include "support/LoneContainer.h"
 #include "text/PersianOrder.h"
 
 namespace gridtrial {
@@ -163,20 +165,8 @@ struct PlainGrid : Picture {
     col = colSel = fixedCols;
     return Clamp();
   }
-  void Press(int atRow, int atCol, bool extend) {
-    dragging = atRow >= fixedRows && atRow < Rows() && atCol >= fixedCols && atCol < cols;
-    if (!dragging) return;
-    rowSel = atRow, colSel = atCol;
-    if (!extend) row = atRow, col = atCol;
-  }
-  void Drag(int atRow, int atCol) {
-    if (!dragging || Rows() <= fixedRows || cols <= fixedCols) return;
-    rowSel = std::clamp(atRow, fixedRows, Rows() - 1);
-    colSel = std::clamp(atCol, fixedCols, cols - 1);
-  }
 
  private:
-  bool dragging = false;
   static int Mark(int& mark, int n, int count, int error) {
     if (n < 0 || n >= count) return error;
     mark = n;
@@ -202,8 +192,7 @@ inline void Require(bool holds, const char* what) {
 
 class Trial {
  public:
-  /// `upto` gives a number from 0 to the one that it is given.
-  explicit Trial(std::function<int(int)> upto) : upto_(std::move(upto)) {
+  explicit Trial(unsigned seed) : random_(seed) {
     grid_.SetBackColor(0);
     subscription_ = grid_.Subscribe([this](const controls::Change& change) {
       Require(grid_.Redraw(), "notified while drawing is off");
@@ -213,7 +202,7 @@ class Trial {
 
   /// One call and all comparisons; throws std::logic_error for a difference.
   void Step() {
-    const int call = Upto(94);
+    const int call = Upto(85);
     if (call < 33) {
       CallWithNumber();
     } else if (call < 63) {
@@ -224,8 +213,6 @@ class Trial {
       Paint();
     } else if (call < 84) {
       Bind();
-    } else if (call < 93) {
-      Press(call < 88);
     } else {
       grid_.SetRedraw(!grid_.Redraw());
     }
@@ -239,7 +226,7 @@ class Trial {
   }
 
  private:
-  int Upto(int most) { return upto_(most); }
+  int Upto(int most) { return static_cast<int>(random_() % static_cast<unsigned>(most + 1)); }
   // One of `count`, seldom one beside them.
   int Near(int count) { return Upto(count + 2) - 1; }
 
@@ -325,23 +312,8 @@ class Trial {
     Both([&] { grid_.Bind(std::move(result)); }, plain_.Bind(names, texts));
   }
 
-  void Press(bool drag) {
-    const int row = Near(plain_.Rows());
-    const int col = Near(plain_.cols);
-    if (drag) {
-      grid_.MouseDrag(row, col);
-      plain_.Drag(row, col);
-    } else {
-      const int shift = Upto(1);
-      grid_.MouseDown(row, col, 1, shift);
-      plain_.Press(row, col, shift == 1);
-    }
-    Require(grid_.MouseRow() == std::min(row, plain_.Rows()), "MouseRow");
-    Require(grid_.MouseCol() == std::min(col, plain_.cols), "MouseCol");
-  }
-
-  std::function<int(int)> upto_;
-  LoneContainer container_;
+  std::mt19937 random_;
+  support::LoneContainer container_;
   FlexGrid grid_{container_, "grid"};
   PlainGrid plain_;
   Picture shown_;

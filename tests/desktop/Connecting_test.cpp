@@ -1,4 +1,4 @@
-// Where the host takes its connection string from, and who gets to see it.
+// A connection string that is typed, and who gets to see it.
 
 #include <gmock/gmock.h>
 #include <pty.h>
@@ -6,40 +6,13 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <fstream>
 
 #include "desktop/Host.h"
-#include "support/TestFolder.h"
 
 namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-
-const std::string kHost = PROMOTER_DESKTOP " --replay /dev/null ";
-
-TEST(Connecting, String_IsTakenFromWhereTheCommandLineSays) {
-  const support::TestFolder folder;
-  const std::string file = (folder.Path() / "secret").string();
-  std::ofstream(file) << "\xEF\xBB\xBF sqlite:/by-file\r\n";
-  const std::string variable = "DISTPROMOTER_CONNECTION=sqlite:/by-variable ";
-  const std::pair<std::string, std::string> cases[] = {
-      {kHost + "--connect sqlite:/by-option", "/by-option"},
-      {kHost + "--connect @" + file, "/by-file"},
-      {kHost + "--connect @/nowhere", "cannot be read: /nowhere"},
-      {"echo sqlite:/by-pipe | " + kHost + "--connect -", "/by-pipe"},
-      {kHost + "--connect - </dev/null", "no connection string"},
-      {variable + kHost, "/by-variable"},
-      {variable + kHost + "--connect env", "/by-variable"},
-      {variable + kHost + "--connect sqlite:/by-option", "/by-option"},
-      {variable + kHost + "--database /by-option", "/by-option"},
-      {kHost + "--connect env", "no connection string in DISTPROMOTER_CONNECTION"},
-  };
-  for (const auto& [command, named] : cases) {
-    // A host that finds no such database names it.
-    EXPECT_THAT(desktop::Shell("unset DISTPROMOTER_CONNECTION; " + command).said, HasSubstr(named));
-  }
-}
 
 /// The host on a terminal of its own, asking for the string.
 class Terminal {

@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "demo/SampleOffice.h"
@@ -16,18 +18,19 @@ struct Ended {
   std::string said;
 };
 
-inline Ended Shell(const std::string& command) {
+/// What is typed in a folder, where the host is found by its name. As cron starts it: no display,
+/// and nothing else in the environment.
+inline Ended Typed(const std::string& folder, const std::string& command) {
+  const std::filesystem::path host = PROMOTER_DESKTOP;
+  std::ofstream(folder + "/.typed") << "exec 2>&1\n" << command << "\n";
+  const std::string shell = "cd '" + folder + "' && timeout 60 env -i PATH='" +
+                            host.parent_path().string() + "':/usr/bin:/bin sh .typed";
   Ended ended;
-  FILE* const pipe = popen(("exec 2>&1; " + command).c_str(), "r");
+  FILE* const pipe = popen(shell.c_str(), "r");
   for (int c = 0; (c = std::fgetc(pipe)) != EOF;) ended.said += static_cast<char>(c);
   const int status = pclose(pipe);
   ended.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return ended;
-}
-
-/// The host as cron starts it: no display, and of the environment what `variables` say.
-inline Ended Host(const std::string& options, const std::string& variables = "") {
-  return Shell("timeout 60 env -i " + variables + " '" PROMOTER_DESKTOP "' " + options);
 }
 
 inline void MakeOffice(const std::string& file, int customers, const std::string& basePath = "") {

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "controls/Controls.h"
-#include "controls/FlexGridHarness.h"
+#include "support/LoneContainer.h"
 
 // Edges are rounded on the form, so that what touches there touches in pixels.
 TEST(PixelPlace, InAFrame_RoundsOnTheForm) {
-  LoneContainer form;
+  support::LoneContainer form;
   controls::Frame frame(form, "frame", "");
   controls::TextBox inner(frame, "inner");
   const auto edges = [&] {

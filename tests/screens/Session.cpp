@@ -21,31 +21,9 @@ std::string Session::Bar(const ScrollRange& range) {
          std::to_string(range.page) + " seen";
 }
 
-void Session::Replay(const std::string& name) {
-  const std::string file = "tests/screens/sessions/" + name + ".txt";
-  std::istringstream approved(support::Content(file));
-  std::string transcript;
-  before_ = Now();
-  heard_.clear();
-  trial.host.announced.clear();
-  for (std::string line; std::getline(approved, line);) {
-    if (line.starts_with("  ")) continue;
-    transcript += line + "\n";
-    if (!line.starts_with("> ")) continue;
-    Do(line.substr(2));
-    TellChanges(transcript);
-  }
-  support::ExpectApproved(file, transcript);
-}
-
-void Session::Do(const std::string& line) {
-  const std::size_t blank = std::min(line.find(' '), line.size());
-  const std::string what = line.substr(0, blank);
-  const std::string rest = line.substr(std::min(blank + 1, line.size()));
+void Session::DoOther(const std::string& what, const std::string& rest) {
   Pane& pane = trial.pane;
-  if (const auto command = commands_.find(what); command != commands_.end()) {
-    command->second(rest);
-  } else if (what == "type") {
+  if (what == "type") {
     trial.Type(rest);
   } else if (what == "retype") {
     trial.Retype(rest);
@@ -135,7 +113,7 @@ void Session::Mouse(const std::string& what, const std::string& at) {
   else if (what == "move")
     trial.Mouse(kMove, place);
   else if (what != "release")
-    ADD_FAILURE() << "nobody knows what this is: " << what;
+    support::Session::DoOther(what, at);
   if (what == "release" || what == "click") trial.Mouse(kRelease, place);
 }
 
@@ -149,6 +127,9 @@ Point Session::PlaceOf(const std::string& text) const {
 
 Session::Shown Session::Now() {
   ScriptedHost& host = trial.host;
+  for (const auto& [what, part] : std::exchange(host.announced, {})) {
+    Hear(std::string("tells ") + kTidings[static_cast<int>(what)] + " of " + std::to_string(part));
+  }
   const Accessible told = trial.pane.Describe();
   Shown shown{
       {"value", told.value},
@@ -173,24 +154,6 @@ Session::Shown Session::Now() {
     for (auto& each : alsoShown()) shown.push_back(std::move(each));
   }
   return shown;
-}
-
-void Session::TellChanges(std::string& transcript) {
-  for (const std::string& each : std::exchange(heard_, {})) transcript += "  " + each + "\n";
-  for (const auto& [what, part] : std::exchange(trial.host.announced, {})) {
-    transcript += std::string("  tells ") + kTidings[static_cast<int>(what)] + " of " +
-                  std::to_string(part) + "\n";
-  }
-  Shown now = Now();
-  for (auto& [what, text] : now) {  // a line each
-    std::erase(text, '\r');
-    std::ranges::replace(text, '\n', '|');
-  }
-  for (const auto& each : now) {
-    if (std::ranges::find(before_, each) != before_.end()) continue;
-    transcript += "  " + each.first + ": " + each.second + "\n";
-  }
-  before_ = std::move(now);
 }
 
 }  // namespace screens

@@ -90,7 +90,7 @@ Binder::Value Binder::As(Value value, Type target, const Node& near) {
   }
   if (target.Is(Kind::kNumber) && from.IsNumeric()) return value;
   if (target.Is(Kind::kBit) && from.Is(Kind::kInt) && isLiteral) {
-    return {target, value.sql == "0" ? "0" : "1"};
+    return {target, IntOf(value.literal->text) == 0 ? "0" : "1"};
   }
   if (from.kind != target.kind) {
     RefuseNear(near, std::string(NameOf(from.kind)) + " does not become " +

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "support/ErrorNumber.h"
+#include "support/ScriptedDatabase.h"
 #include "support/TestFolder.h"
 
 namespace adapters::log {
@@ -18,25 +19,15 @@ using testing::HasSubstr;
 
 constexpr char kConnection[] = "Driver=FreeTDS;Server=far;UID=office;PWD=s3cret-word";
 
-/// Answers with what the statement's first word asks for.
-class Engine : public platform::Connection {
- public:
-  RowSet Execute(std::string_view statement) override {
-    if (statement.starts_with("Fail")) {
-      throw platform::RuntimeError(18456, "Login failed:\n s3cret-word", "far");
-    }
-    RowSet rows = statement.starts_with("Select") ? RowSet({"a"}) : RowSet();
-    if (statement.starts_with("Select")) rows.Append("1");
-    rows.SetAffectedRows(7);
-    return rows;
-  }
-  std::int32_t CallProcedure(std::string_view, std::span<const platform::Parameter>) override {
-    return 4;
-  }
-};
-
 class Log : public testing::Test {
  protected:
+  Log() {
+    RowSet updated;
+    updated.SetAffectedRows(7);
+    database_.When(support::Beginning("Select")).Gives(support::RowSetOf({"a"}, {{"1"}}));
+    database_.When(support::Exact("Update b")).Gives(updated);
+    database_.When(support::Beginning("Fail")).Fails({18456, "Login failed:\n s3cret-word", "far"});
+  }
   /// On a clock that goes on by 1.5 ms each time it is looked at.
   auto Make(const std::string& file, std::uintmax_t most = StatementLog::kMost) {
     using namespace std::chrono_literals;
@@ -44,6 +35,8 @@ class Log : public testing::Test {
     return std::make_shared<StatementLog>(file, now, complaints_, most);
   }
 
+  support::Events events_;
+  support::ScriptedDatabase database_{events_};
   support::TestFolder folder_;
   std::string file_ = folder_.File("work.log");
   std::ostringstream complaints_;
@@ -51,12 +44,12 @@ class Log : public testing::Test {
 };
 
 TEST_F(Log, Statements_AreToldWithTimeRowsFaultAndNoPassword_AndDoWhatTheyDid) {
-  const auto connection = Logged(std::make_unique<Engine>(), kConnection, Make(file_));
+  const auto connection = Logged(database_.Create(""), kConnection, Make(file_));
   EXPECT_EQ(connection->Execute("Select a\r\nFrom b").RowCount(), 1U);
   EXPECT_EQ(connection->Execute("Update b").AffectedRows(), 7);
   const platform::Parameter parameters[] = {
-      {"@UserID", 1}, {"@Day", std::chrono::sys_days{}}, {"@Text", "ي"}};
-  EXPECT_EQ(connection->CallProcedure("spAny", parameters), 4);
+      {"@UserID", 1}, {"@FormPermissionID", 7}, {"@Day", std::chrono::sys_days{}}, {"@Text", "ي"}};
+  EXPECT_EQ(connection->CallProcedure("spZomirHasPermission", parameters), -1);
   const auto reader = connection->Open("Select a");
   RowSet rows;
   EXPECT_FALSE(reader->Read(rows, 10));
@@ -68,8 +61,8 @@ TEST_F(Log, Statements_AreToldWithTimeRowsFaultAndNoPassword_AndDoWhatTheyDid) {
             "2025-11-22T09:00:00.001Z\t#1\t\t\t\tDriver=FreeTDS;Server=far;UID=office;PWD=***\n"
             "2025-11-22T09:00:00.003Z\t#1\t1.500 ms\t1 rows\t\tSelect a  From b\n"
             "2025-11-22T09:00:00.006Z\t#1\t1.500 ms\t7 rows\t\tUpdate b\n"
-            "2025-11-22T09:00:00.009Z\t#1\t1.500 ms\t\t\tcall: spAny @UserID=1, @Day=1970-01-01, "
-            "@Text='ي'\n"
+            "2025-11-22T09:00:00.009Z\t#1\t1.500 ms\t\t\tcall: spZomirHasPermission @UserID=1, "
+            "@FormPermissionID=7, @Day=1970-01-01, @Text='ي'\n"
             "2025-11-22T09:00:00.012Z\t#1\t1.500 ms\t\t\topen: Select a\n"
             "2025-11-22T09:00:00.015Z\t#1\t1.500 ms\t1 rows\t\tread: Select a\n"
             "2025-11-22T09:00:00.018Z\t#1\t1.500 ms\t\terror 18456: Login failed:  ***\t"
@@ -87,16 +80,12 @@ TEST_F(Log, Grown_BecomesTheOneOlderFile) {
   EXPECT_EQ(folder_.FileCount(), 2);
 }
 
-TEST_F(Log, NotWritable_IsToldOnceAndTheWorkGoesOn) {
-  const auto connection =
-      Logged(std::make_unique<Engine>(), kConnection, Make(folder_.File("none/work.log")));
-  EXPECT_EQ(connection->Execute("Select a").RowCount(), 1U);
-  EXPECT_EQ(connection->Execute("Select a").RowCount(), 1U);
-  EXPECT_THAT(complaints_.str(), HasSubstr("none/work.log"));
-  EXPECT_EQ(std::ranges::count(complaints_.str(), '\n'), 1);
-  // A folder keeps its rights.
+TEST_F(Log, NotWritable_IsToldOnceAndTheFolderKeepsItsRights) {
+  const auto log = Make(folder_.Path().string());
   const auto before = fs::status(folder_.Path()).permissions();
-  Make(folder_.Path().string())->Write("line");
+  for (const char* line : {"first line", "second line"}) log->Write(line);
+  EXPECT_THAT(complaints_.str(), HasSubstr(folder_.Path().string()));
+  EXPECT_EQ(std::ranges::count(complaints_.str(), '\n'), 1);
   EXPECT_EQ(fs::status(folder_.Path()).permissions(), before);
 }
 

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "adapters/qt/Convert.h"
-#include "adapters/qt/PanePopup.h"
 #include "adapters/sqlite/SqliteConnection.h"
 #include "demo/SampleOffice.h"
 #include "screens/GridPane.h"
@@ -19,11 +18,6 @@ namespace contract {
 using namespace adapters::qt;
 
 namespace {
-
-/// The open list or month page.
-PaneView& OpenPopup() {
-  return dynamic_cast<PaneView&>(*QApplication::activePopupWidget());
-}
 
 QWidget& KeyReceiver() {
   QWidget* popup = QApplication::activePopupWidget();
@@ -77,10 +71,6 @@ void ScreenTest::Paste() {
 
 void ScreenTest::Click(controls::Control& control) {
   QTest::mouseClick(adapter->screen.WidgetOf(control)->viewport(), Qt::LeftButton);
-}
-
-void ScreenTest::ClickPopup(Place at) {
-  QTest::mouseClick(OpenPopup().viewport(), Qt::LeftButton, {}, QPoint(at.x, at.y));
 }
 
 void ScreenTest::MouseOnGrid(const screens::PointerEvent& what) {
@@ -138,10 +128,6 @@ const screens::Pane& ScreenTest::PaneOf(controls::Control& control) {
   return adapter->screen.WidgetOf(control)->Content();
 }
 
-const screens::Pane* ScreenTest::Popup() {
-  return QApplication::activePopupWidget() != nullptr ? &OpenPopup().Content() : nullptr;
-}
-
 std::string ScreenTest::Shown(controls::Control& control) {
   const auto* const field = adapter->screen.WidgetOf(control)->findChild<QLineEdit*>();
   return field != nullptr ? ToUtf8(field->text()) : PaneOf(control).Describe().value;
@@ -160,15 +146,6 @@ std::string ScreenTest::Focused() {
   const QWidget* focus = QApplication::focusWidget();
   while (focus && !dynamic_cast<const PaneWidget*>(focus)) focus = focus->parentWidget();
   return focus ? ToUtf8(focus->objectName()) : "nothing";
-}
-
-bool ScreenTest::Refused() {
-  // Notes are the window's own children, lists are windows.
-  const QWidgetList children =
-      adapter->screen.WindowOf(form)->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-  return std::ranges::any_of(children, [](const QWidget* child) {
-    return dynamic_cast<const PanePopup*>(child) != nullptr && child->isVisible();
-  });
 }
 
 }  // namespace contract

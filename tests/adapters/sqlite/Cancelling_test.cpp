@@ -16,12 +16,6 @@ using support::NumberOf;
 
 class CancellingTest : public testing::Test {
  protected:
-  CancellingTest() {
-    std::string ids = "1";
-    for (int id = 2; id <= 2000; ++id) ids += "," + std::to_string(id);
-    crossed =
-        "dbo.fnZomirStringToTable('" + ids + "') a, dbo.fnZomirStringToTable('" + ids + "') b";
-  }
   std::string WordsOf(const std::string& statement) {
     const auto failure = support::FailureOf([&] { connection.Execute(statement); });
     EXPECT_EQ(failure.Number(), platform::kUserInterrupt) << failure.what();
@@ -31,7 +25,7 @@ class CancellingTest : public testing::Test {
   Office office;
   support::FakeProgress progress;
   SqliteConnection connection{office.ConnectionString(), 60s, platform::kStatementLimit, &progress};
-  std::string crossed;  // four million rows
+  const std::string crossed = Crossed(2000);  // four million rows
 };
 
 constexpr std::string_view kBefore = " آنچه پيش از آن ثبت شده باشد سر جاي خود است.";

@@ -20,21 +20,38 @@ platform::RuntimeError FailureOf(SqliteConnection& connection, std::string_view 
   return support::FailureOf([&] { connection.Execute(statement); });
 }
 
-/// The superuser may write anything: for the time of a test he becomes nobody.
-class WithoutPrivilege {
+/// While it lives, the office's file cannot be written, its folder as its mode says; the superuser,
+/// who may write anything, is nobody.
+class Restricted {
  public:
-  WithoutPrivilege() {
-    if (was_ == 0) changed_ = seteuid(65534) == 0;
+  explicit Restricted(const Office& office, unsigned mode = 0555)
+      : folder_(office.folder.Path()), file_(office.file), mode_(mode) {
+    Restrict();
   }
-  ~WithoutPrivilege() {
-    if (changed_ && seteuid(was_) != 0) std::abort();
+  ~Restricted() { Lift(); }
+  Restricted(const Restricted&) = delete;
+  Restricted& operator=(const Restricted&) = delete;
+
+  /// What another program does meanwhile, whose user may write there.
+  template <typename Work>
+  void AsOwner(const Work& work) const {
+    Lift();
+    work();
+    Restrict();
   }
-  WithoutPrivilege(const WithoutPrivilege&) = delete;
-  WithoutPrivilege& operator=(const WithoutPrivilege&) = delete;
 
  private:
-  uid_t was_ = geteuid();
-  bool changed_ = false;
+  void Restrict() const { Become(getuid() == 0 ? 65534 : getuid(), mode_, 0444); }
+  void Lift() const { Become(getuid(), 0755, 0644); }
+  void Become(uid_t user, unsigned folder, unsigned file) const {
+    if (seteuid(getuid()) != 0) std::abort();
+    std::filesystem::permissions(folder_, std::filesystem::perms(folder));
+    std::filesystem::permissions(file_, std::filesystem::perms(file));
+    if (seteuid(user) != 0) std::abort();
+  }
+  std::filesystem::path folder_;
+  std::filesystem::path file_;
+  unsigned mode_;
 };
 
 TEST(Opening, UnusableFile_isNamedInAClearErrorAndAServersPasswordIsNot) {
@@ -78,11 +95,8 @@ TEST(Opening, UnusableFile_isNamedInAClearErrorAndAServersPasswordIsNot) {
 
 TEST(Opening, ReadOnlyFile_readsAndRefusesToWrite) {
   Office office;
-  namespace fs = std::filesystem;
-  fs::permissions(office.file, fs::perms(0444));
-  for (const auto folderMode : {fs::perms(0555), fs::perms::all}) {
-    fs::permissions(office.folder.Path(), folderMode);
-    const WithoutPrivilege nobody;
+  for (const unsigned mode : {0555U, 0777U}) {
+    const Restricted nobody(office, mode);
     SqliteConnection connection(office.ConnectionString());
     EXPECT_EQ(FailureOf(connection, "select ID from tblEmployee").Description(), "");
     const platform::RuntimeError failure = FailureOf(connection, "delete tblEmployee where ID=7");
@@ -90,47 +104,15 @@ TEST(Opening, ReadOnlyFile_readsAndRefusesToWrite) {
     EXPECT_THAT(failure.Description(), HasSubstr("فقط خواندني"));
     EXPECT_THAT(failure.Description(), HasSubstr(office.file));
   }
-  fs::permissions(office.folder.Path(), fs::perms::owner_all);
   EXPECT_EQ(office.Rows("select count(*) from tblEmployee"), "3");
 }
-
-/// While it lives, the reader of the office may write nothing, neither the file nor its folder.
-class LockedFolder {
- public:
-  explicit LockedFolder(const Office& office) : folder_(office.folder.Path()), file_(office.file) {
-    Allow(0555, 0444);
-  }
-  ~LockedFolder() { Allow(0755, 0644); }
-  LockedFolder(const LockedFolder&) = delete;
-  LockedFolder& operator=(const LockedFolder&) = delete;
-
-  /// What another program does meanwhile, whose user may write there.
-  template <typename Work>
-  void AsOwner(const Work& work) const {
-    const uid_t reader = geteuid();
-    ASSERT_EQ(seteuid(getuid()), 0);
-    Allow(0755, 0644);
-    work();
-    Allow(0555, 0444);
-    ASSERT_EQ(seteuid(reader), 0);
-  }
-
- private:
-  void Allow(unsigned folder, unsigned file) const {
-    std::filesystem::permissions(folder_, std::filesystem::perms(folder));
-    std::filesystem::permissions(file_, std::filesystem::perms(file));
-  }
-  std::filesystem::path folder_;
-  std::filesystem::path file_;
-};
 
 TEST(Opening, FolderWithoutTheRightToWrite_IsReadAsOtherProgramsLeaveIt) {
   Office office;
   const auto write = [&](SqliteConnection& host, int id) {
     host.Execute("insert into tblEmployee(ID, Name) values (" + std::to_string(id) + ",'a')");
   };
-  const LockedFolder folder(office);
-  const WithoutPrivilege nobody;
+  const Restricted folder(office);
   const char* const kLast = "select max(ID) from tblEmployee";
   SqliteConnection reader(office.ConnectionString());
   EXPECT_EQ(Lines(reader.Execute(kLast)), "9");
@@ -181,8 +163,7 @@ TEST(Opening, DamagedFileWithoutLocks_IsNoReasonToRestoreABackup) {
   std::string damaged = Content(office.file);
   std::fill(damaged.begin() + 4096, damaged.end(), '\xFF');
   std::ofstream(office.file, std::ios::binary) << damaged;
-  const LockedFolder folder(office);
-  const WithoutPrivilege nobody;
+  const Restricted folder(office);
   SqliteConnection reader(office.ConnectionString());
   const platform::RuntimeError failure = FailureOf(reader, "select * from tblEmployee");
   EXPECT_EQ(failure.Number(), 824) << failure.Description();

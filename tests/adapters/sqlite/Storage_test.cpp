@@ -16,13 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 using Call = FailingVfs::Call;
 
-/// "from,from+1,..."
-std::string Numbers(int from, int count) {
-  std::string list = std::to_string(from);
-  while (--count > 0) list += "," + std::to_string(++from);
-  return list;
-}
-
 /// Whether a file is whole, and all rows of the tables that the work writes to; read past the
 /// failing files.
 std::string Whole(const std::filesystem::path& file) {

@@ -1,22 +1,17 @@
 #include <gmock/gmock.h>
 
 #include <limits>
+#include <sstream>
 
 #include "adapters/windows/AdoConnection.h"
 #include "adapters/windows/StandInAdo.h"
 #include "support/FakeProgress.h"
+#include "support/Session.h"
 
 namespace adapters::windows {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
-constexpr const char* kString =
-    "Provider=SQLOLEDB;Data Source=srv;User ID=u;Password=\"s;cr\"\"et\"";
-constexpr const char* kLimit = "Statement Timeout=600;";  // ours: no provider sees it
 
 Variant Of(const std::function<void(VARIANT&)>& fill) {
   Variant value;
@@ -24,23 +19,9 @@ Variant Of(const std::function<void(VARIANT&)>& fill) {
   return value;
 }
 
-class AdoTest : public testing::Test {
- protected:
-  platform::RuntimeError ErrorOf(const std::string& statement, AdoConnection* by = nullptr) {
-    try {
-      (by == nullptr ? connection : *by).Execute(statement);
-    } catch (const platform::RuntimeError& error) {
-      return error;
-    }
-    ADD_FAILURE() << "no error of " << statement;
-    return {0, ""};
-  }
-
+TEST(AdoConnection, CellsOfEveryType_AreTextsWithoutALocale) {
   StandInAdo ado;
-  AdoConnection connection{std::string(kLimit) + kString};
-};
-
-TEST_F(AdoTest, Cells_OfEveryType_AreTextsWithoutALocale) {
+  AdoConnection connection("Provider=SQLOLEDB");
   const auto decimal = [](std::uint64_t low, std::uint32_t high, BYTE scale, BYTE sign) {
     return Of([=](VARIANT& v) {
       v.decVal = {};
@@ -100,154 +81,94 @@ TEST_F(AdoTest, Cells_OfEveryType_AreTextsWithoutALocale) {
   }
 }
 
-TEST_F(AdoTest, Statements_ConnectOnceOnFirstUseAndTellRowsFromNone) {
-  EXPECT_TRUE(ado.log.empty());
-  ado.answers["select"] = {{{"ID"}, {}}};
-  ado.answers["both"] = {{}, {{"ID"}, {{1}}}, {{"other"}, {{2}}}};
-  EXPECT_FALSE(connection.Execute("update").ReturnsRows());
-  ado.affected = {{"insert", 15}, {"nobody counts", -1}};
-  EXPECT_EQ(connection.Execute("insert").AffectedRows(), 15);
-  EXPECT_EQ(connection.Execute("nobody counts").AffectedRows(), std::nullopt);
-  const platform::RowSet none = connection.Execute("select");
-  EXPECT_TRUE(none.ReturnsRows() && none.RowCount() == 0);
-  EXPECT_EQ(connection.Execute("both").Text(0, 0), "1");
-  EXPECT_THAT(ado.log, ElementsAre("ConnectionTimeout=15", "CommandTimeout=600",
-                                   std::string("connect ") + kString, "update", "insert",
-                                   "nobody counts", "select", "both", "next", "next"));
-}
-
-TEST_F(AdoTest, Failure_TellsTheServersNumberAndEveryTextOnce_AndLeavesTheSession) {
-  ado.answers["rows, then an error"] = {{{"ID"}, {{1}}}, {}};
-  ado.failures = {{},  // of connecting
-                  {{"01000", 5701, "Changed database."},
-                   {"42S02", 208, "Invalid object 'x'."},
-                   {"42000", 8180, "Not prepared."},
-                   {"42S02", 208, "Invalid object 'x'."}},
-                  {},
-                  {{"22012", 0, "Divide by zero."}}};
-  const platform::RuntimeError first = ErrorOf("bad");
-  EXPECT_EQ(first.Number(), 208);
-  EXPECT_THAT(first.Description(),
-              testing::EndsWith("ندارد. نام و نسخه پايگاه داده را بررسي كنيد.\n"
-                                "\u202AChanged database. (SQLSTATE 01000)\u202C\n"
-                                "\u202AInvalid object 'x'. (SQLSTATE 42S02)\u202C\n"
-                                "\u202ANot prepared. (SQLSTATE 42000)\u202C"));
-  EXPECT_EQ(first.Source(), "Provider");
-  EXPECT_EQ(ErrorOf("rows, then an error").Number(), -2147217900);
-  ado.failures = {{{StandInAdo::kAdoAlone, 0, "Wrong type."}}};
-  EXPECT_THAT(ErrorOf("alone").Description(), testing::EndsWith("\n\u202AWrong type.\u202C"));
-  EXPECT_FALSE(connection.Execute("update").ReturnsRows());
-  EXPECT_THAT(ado.log, Not(testing::Contains("close")));
-}
-
-TEST_F(AdoTest, LostConnection_IsSaidKindlyNotResentAndOpenedByTheNextStatement) {
-  for (const StandInAdo::Error& lost : {StandInAdo::Error{"08S01", 11, "General network error."},
-                                        {"", 10054, "Reset."},
-                                        {"HYT00", 0, "Query timeout expired."}}) {
-    connection.Execute("update");
-    ado.log.clear();
-    ado.failures = {{lost}};
-    const std::string words = ErrorOf("insert").Description();
-    EXPECT_THAT(words, testing::ContainsRegex("فرم شما باز است .*\n\u202A" + lost.text));
-    connection.Execute("select");
-    EXPECT_THAT(ado.log, ElementsAre("insert", "close", "ConnectionTimeout=15",
-                                     "CommandTimeout=600", StartsWith("connect"), "select"));
-  }
-}
-
-TEST_F(AdoTest, RefusedLogin_HoldsNoPasswordAndIsTriedAgain) {
-  ado.failures = {{{"28000", 18456, "Login failed: s;cr\"et, \"s;cr\"\"et\"."}}};
-  const platform::RuntimeError refused = ErrorOf("select");
-  EXPECT_EQ(refused.Number(), 18456);
-  EXPECT_THAT(refused.Description(), HasSubstr("رمز"));
-  EXPECT_THAT(refused.Description(), HasSubstr("\n\u202ALogin failed: ***, ***. ("));
-  EXPECT_FALSE(connection.Execute("update").ReturnsRows());
-}
-
-TEST_F(AdoTest, Procedure_PassesNamedParametersAndReturnsItsValue) {
-  ado.returned = -3;
-  const platform::Parameter parameters[] = {
-      {"@UserID", 7},
-      {"@Text", "گ"},
-      {"@Empty", ""},
-      {"@Day", std::chrono::sys_days(std::chrono::year(2025) / 11 / 22)}};
-  EXPECT_EQ(connection.CallProcedure("dbo.sp", parameters), -3);
-  EXPECT_EQ(ado.log.back(),
-            "call CommandText=dbo.sp CommandType=4 CommandTimeout=600 NamedParameters=-1; "
-            "@RETURN_VALUE 3 4 0; @UserID 3 1 0 7; @Text 202 1 1 گ; @Empty 202 1 1 ; "
-            "@Day 135 1 0 11/22/2025; Options=132");
-}
-
-/// With somebody who waits.
-class AdoWaitingTest : public AdoTest {
+/// Statements to a server, as tests/adapters/windows/sessions/ado.txt tells them; what reaches the
+/// provider is heard.
+class AdoTest : public testing::Test, protected support::Session {
  protected:
-  AdoWaitingTest() {
-    ado.answers["select"] = {{{"ID"}, {}}};
-    for (int id = 0; id < 2500; ++id) ado.answers["select"][0].rows.push_back({id});
-  }
-  /// What the cancelled statement is told with.
-  std::string Cancelled(const std::string& statement) {
-    ado.log.clear();
-    progress.stopAtCall = 3;
-    const platform::RuntimeError error = ErrorOf(statement, &waiting);
-    progress.stopAtCall = 0;
-    EXPECT_EQ(error.Number(), platform::kUserInterrupt);
-    return error.Description();
+  AdoTest() {
+    On("execute", [this](const std::string& statement) { Execute(connection, statement); });
+    On("wait", [this](const std::string& statement) { Execute(waiting, statement); });
+    On("call", [this] { Call(connection); });
+    On("wait-call", [this] { Call(waiting); });
+    On("answer", [this](const std::string& text) { AddAnswer(text); });
+    On("many", [this](const std::string& statement) {
+      StandInAdo::Result& many = ado.answers[statement].emplace_back();
+      many.columns = {"ID"};
+      for (int id = 0; id < 2500; ++id) many.rows.push_back({id});
+    });
+    On("counts", [this](const std::string& rows) { ado.affected["insert"] = std::stoi(rows); });
+    // A failure of one arrival each, of one error or more; of none where nothing stands behind it.
+    On("fails", [this](const std::string& with) {
+      ado.failures.emplace_back();
+      if (!with.empty()) AddError(with);
+    });
+    On("and", [this](const std::string& error) { AddError(error); });
+    On("returns", [this](const std::string& number) { ado.returned = std::stoi(number); });
+    On("slow", [this](const std::string& asked) { ado.slow = std::stoi(asked); });
+    On("deaf", [this] { ado.heedsCancel = false; });
+    On("patience", [this](const std::string& calls) { progress.stopAtCall = std::stoul(calls); });
   }
 
+  void Hear(const std::string& what) override {
+    for (const std::string& each : std::exchange(ado.log, {})) support::Session::Hear(each);
+    const bool asked = std::exchange(progress.advanced, {}).size() > 40;
+    if (asked && progress.stopAtCall == 0) support::Session::Hear("was waited for");
+    support::Session::Hear(what);
+  }
+  Shown Now() override { return {}; }
+
+  StandInAdo ado;
   support::FakeProgress progress;
+  // The limit of a statement is ours: no provider sees it.
+  static constexpr const char* kString =
+      "Provider=SQLOLEDB;Data Source=srv;User ID=u;Password=\"s;cr\"\"et\"";
+  AdoConnection connection{"Statement Timeout=600;" + std::string(kString)};
   AdoConnection waiting{kString, server::Outages().Of({}), &progress};
+
+ private:
+  void Execute(AdoConnection& by, const std::string& statement) {
+    const platform::RowSet rows = by.Execute(statement);
+    if (rows.ReturnsRows()) {
+      const std::size_t count = rows.RowCount();
+      const std::string last =
+          count == 0 ? "" : ", the last " + std::string(rows.Text(count - 1, 0));
+      return Hear("rows: " + std::to_string(count) + last);
+    }
+    const auto affected = rows.AffectedRows();
+    Hear("no rows; changed: " + (affected ? std::to_string(*affected) : "unknown"));
+  }
+  void Call(AdoConnection& by) {
+    const platform::Parameter parameters[] = {
+        {"@UserID", 7},
+        {"@Text", "گ"},
+        {"@Empty", ""},
+        {"@Day", std::chrono::sys_days(std::chrono::year(2025) / 11 / 22)}};
+    Hear("returned " + std::to_string(by.CallProcedure("dbo.sp", parameters)));
+  }
+  /// "STATEMENT", and then ":" and what each of its results holds: "-" for none, or "ID" or "ID 1".
+  void AddAnswer(const std::string& text) {
+    std::vector<StandInAdo::Result>& results = ado.answers[text.substr(0, text.find(':'))];
+    std::istringstream in(text.substr(text.find(':') + 1));
+    for (std::string result; std::getline(in, result, ';');) {
+      StandInAdo::Result& made = results.emplace_back();
+      if (result == "-") continue;
+      made.columns = {"ID"};
+      if (result.size() > 2) made.rows = {{std::stoi(result.substr(2))}};
+    }
+  }
+  /// SQLSTATE, the server's number, words; no SQLSTATE is "-".
+  void AddError(const std::string& text) {
+    StandInAdo::Error error;
+    std::istringstream in(text);
+    in >> error.state >> error.native;
+    std::getline(in >> std::ws, error.text);
+    if (error.state == "-") error.state.clear();
+    ado.failures.back().push_back(error);
+  }
 };
 
-TEST_F(AdoWaitingTest, SlowServer_IsAskedAboutUntilItIsDone) {
-  ado.slow = 50;
-  EXPECT_EQ(waiting.Execute("select").RowCount(), 2500U);
-  EXPECT_GE(progress.advanced.size(), 2 * 48U);
-  ado.returned = -3;
-  progress.advanced.clear();
-  EXPECT_EQ(waiting.CallProcedure("dbo.sp", {}), -3);
-  EXPECT_THAT(ado.log.back(), testing::EndsWith("Options=148"));
-  EXPECT_GE(progress.advanced.size(), 48U);
-  // What a statement ends with without being waited for is in the connection's errors alone.
-  ado.failures = {{{"01000", 5701, "Changed database."}, {"42S02", 208, "Invalid object 'x'."}}};
-  EXPECT_EQ(ErrorOf("update", &waiting).Number(), 208);
-  ado.failures = {{{"01000", 0, "Printed."}}};
-  EXPECT_FALSE(waiting.Execute("print").ReturnsRows());
-  ado.answers["rows, then an error"] = {{{"ID"}, {{1}}}, {}};
-  ado.failures = {{}, {{"22012", 8134, "Divide by zero."}}};
-  EXPECT_EQ(ErrorOf("rows, then an error", &waiting).Number(), 8134);
-  EXPECT_THAT(ado.log, Not(testing::Contains("close")));
-  ado.failures = {{{"08S01", 11, "General network error."}}};
-  EXPECT_THAT(ErrorOf("update", &waiting).Description(),
-              StartsWith("ارتباط با پايگاه داده قطع شد."));
-  ado.failures = {{{"28000", 18456, "Login failed."}}};
-  EXPECT_EQ(ErrorOf("update", &waiting).Number(), 18456);
-  EXPECT_EQ(waiting.Execute("select").Text(2499, 0), "2499");
-}
-
-TEST_F(AdoWaitingTest, Cancelled_EndsAndLeavesTheSession_UnlessTheServerIsDeaf) {
-  ado.slow = 1000000;
-  EXPECT_THAT(Cancelled("insert"), Not(HasSubstr("تكرار"))) << "it is the login";
-  EXPECT_THAT(ado.log, testing::Contains("cancel"));
-  EXPECT_THAT(ado.log, Not(testing::Contains("insert")));
-  ado.slow = 0;
-  waiting.Execute("update");
-  ado.slow = 1000000;
-  EXPECT_THAT(Cancelled("insert"), HasSubstr("پيش از آنكه آن را تكرار كنيد"));
-  EXPECT_THAT(ado.log, ElementsAre("insert", "cancel"));
-  EXPECT_THAT(Cancelled("select"), Not(HasSubstr("تكرار")));
-  ado.slow = 0;
-  EXPECT_THAT(Cancelled("select"), StartsWith("كار پايگاه داده به خواست شما متوقف شد"))
-      << "within the rows";
-  EXPECT_EQ(waiting.Execute("select").RowCount(), 2500U);
-  EXPECT_THAT(ado.log, ElementsAre("select", "cancel", "select"));
-  ado.slow = 1000000;
-  ado.heedsCancel = false;
-  Cancelled("update");
-  EXPECT_THAT(ado.log, ElementsAre("update", "cancel")) << "a Close would wait";
-  ado.slow = 0;
-  waiting.Execute("update");
-  EXPECT_THAT(ado.log, testing::Contains(StartsWith("connect")));
+TEST_F(AdoTest, Sessions_AsTheApprovedOnes) {
+  Replay(PROMOTER_ADO_SESSION);
 }
 
 }  // namespace

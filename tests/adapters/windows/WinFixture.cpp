@@ -13,20 +13,6 @@ using namespace adapters::windows;
 
 namespace {
 
-/// The open drop-down of this thread; null for none.
-HWND DropDown() {
-  HWND found = nullptr;
-  const auto look = [](HWND window, LPARAM result) -> BOOL {
-    const bool child = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;
-    const bool its = !child && IsWindowVisible(window) &&
-                     dynamic_cast<PopupWindow*>(Window::Of(window)) != nullptr;
-    if (its) *reinterpret_cast<HWND*>(result) = window;
-    return its ? FALSE : TRUE;
-  };
-  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
-  return found;
-}
-
 void SendMouse(HWND window, const screens::PointerEvent& event) {
   const bool left = event.button == screens::MouseButton::kLeft;
   UINT message = event.clicks == 2 ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN;
@@ -93,11 +79,6 @@ void ScreenTest::Click(controls::Control& control) {
   SendMouse(window, {.action = PointerAction::kRelease, .place = middle});
 }
 
-void ScreenTest::ClickPopup(Place at) {
-  PostClick(DropDown(), at.x, at.y);
-  Pump();
-}
-
 void ScreenTest::MouseOnGrid(const screens::PointerEvent& event) {
   SendMouse(adapter->screen.WindowOf(form.flx), event);
 }
@@ -142,11 +123,6 @@ const screens::Pane& ScreenTest::PaneOf(controls::Control& control) {
   return *dynamic_cast<PaneView&>(*Window::Of(adapter->screen.WindowOf(control))).Shown();
 }
 
-const screens::Pane* ScreenTest::Popup() {
-  const HWND open = DropDown();
-  return open == nullptr ? nullptr : dynamic_cast<PaneView&>(*Window::Of(open)).Shown();
-}
-
 std::string ScreenTest::Shown(controls::Control& control) {
   return Utf8(TextOf(adapter->screen.WindowOf(control)));
 }
@@ -171,9 +147,21 @@ std::string ScreenTest::Focused() {
   return {};
 }
 
-bool ScreenTest::Refused() {
-  const HWND above = GetTopWindow(adapter->screen.WindowOf(form));
-  return IsWindowVisible(above) && dynamic_cast<PopupWindow*>(Window::Of(above)) != nullptr;
+}  // namespace contract
+
+namespace adapters::windows {
+
+HWND DropDown() {
+  HWND found = nullptr;
+  const auto look = [](HWND window, LPARAM result) -> BOOL {
+    const bool child = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;
+    const bool its = !child && IsWindowVisible(window) &&
+                     dynamic_cast<PopupWindow*>(Window::Of(window)) != nullptr;
+    if (its) *reinterpret_cast<HWND*>(result) = window;
+    return its ? FALSE : TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
+  return found;
 }
 
-}  // namespace contract
+}  // namespace adapters::windows

@@ -19,6 +19,9 @@ struct contract::ScreenTest::Adapter {
 
 namespace adapters::windows {
 
+/// The open drop-down of this thread; null for none.
+HWND DropDown();
+
 class WinScreenTest : public contract::ScreenTest {
  protected:
   HWND Of(const controls::Control& control) const { return adapter->screen.WindowOf(control); }

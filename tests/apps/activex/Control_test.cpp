@@ -1,9 +1,13 @@
-// The control library as a container meets it: loaded by its path or by its name in the registry.
+// What sessions cannot say of the control: its types, connections, arguments in every form, threads
+// and aggregation.
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "Container.h"
 #include "LoadedLibrary.h"
+#include "adapters/windows/Found.h"
 
 namespace {
 
@@ -13,8 +17,8 @@ using adapters::windows::Variant;
 using test::As;
 using test::Bag;
 using test::Container;
-using test::kProgId;
-using Control = test::LoadedLibrary;
+using test::FindForm;
+using Control = test::OfficeTest;
 
 TEST_F(Control, TypeLibrary_OfTheFile_ListsTheMembersInTheirOrder) {
   ComPtr<ITypeLib> types;
@@ -92,69 +96,94 @@ TEST_F(Control, Put_OfAProperty_MarksTheControlAndTellsTheRightMember) {
   EXPECT_EQ(container.References(), 0U);
 }
 
-TEST_F(Control, Paint_InAnyWay_ShrinksAndHidesTheExtender) {
-  const std::vector<std::string> expected{"Height=100", "Width=100", "Visible=0"};
-  Container container;
-  const auto control = New();
-  const auto object = As<IOleObject>(control);
-  const auto view = As<IViewObject2>(control);
-  const auto draw = [&] {
-    return view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr,
-                      nullptr, 0);
-  };
-  EXPECT_EQ(draw(), S_OK) << "without an extender nothing happens";
-  object->SetClientSite(&container);
-  EXPECT_EQ(draw(), S_OK);
-  EXPECT_EQ(container.extenderCalls, expected);
-  container.extenderCalls.clear();
-
-  const auto verb = [&](LONG number) {
-    return object->DoVerb(number, nullptr, &container, 0, container.Window(), nullptr);
-  };
-  EXPECT_EQ(verb(OLEIVERB_UIACTIVATE), S_OK);
-  HWND window = nullptr;
-  ASSERT_EQ(As<IOleInPlaceObject>(control)->GetWindow(&window), S_OK);
-  EXPECT_EQ(GetParent(window), container.Window());
-  UpdateWindow(window);
-  EXPECT_EQ(container.extenderCalls, expected);
-  EXPECT_EQ(verb(OLEIVERB_HIDE), S_OK);
-  EXPECT_FALSE(IsWindowVisible(window));
-  EXPECT_EQ(verb(OLEIVERB_SHOW), S_OK);
-  EXPECT_TRUE(IsWindowVisible(window));
-  container.hasExtender = false;
-  InvalidateRect(window, nullptr, FALSE);
-  UpdateWindow(window);
-  EXPECT_FALSE(IsWindowVisible(window)) << "nobody else hides it";
-  EXPECT_EQ(verb(OLEIVERB_OPEN), E_NOTIMPL);
-  EXPECT_EQ(verb(5), OLEOBJ_S_INVALIDVERB);
-  control->put_UserID(5);
-  EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);
-  EXPECT_FALSE(IsWindow(window));
-  EXPECT_EQ(container.calls,
-            (std::vector<std::string>{"OnInPlaceActivate", "ShowObject", "OnUIActivate",
-                                      "OnUIDeactivate", "SaveObject", "OnInPlaceDeactivate"}));
-  object->SetClientSite(nullptr);
-  EXPECT_EQ(container.Held(), 0U);
+/// Windows of the module: all of the thread's but the container's.
+std::ptrdiff_t Forms() {
+  return std::ssize(test::ShownWindows()) - 1;
 }
 
-TEST_F(Control, View_OnADatabaseThatCannotBeOpened_GivesNumberAndDescription) {
-  const auto control = New();
-  control->put_OLEConnectionString(adapters::windows::Bstr("sqlite:nofile.db").Get());
-  LONG id = 1;
-  VARIANT_BOOL opened = VARIANT_TRUE;
-  const HRESULT result = control->View(&id, &opened);
-  EXPECT_EQ(HRESULT_FACILITY(result), FACILITY_CONTROL);
-  EXPECT_EQ(opened, VARIANT_FALSE);
-  try {
-    adapters::windows::Check(result);  // with the thread's IErrorInfo
-    FAIL();
-  } catch (const platform::RuntimeError& error) {
-    EXPECT_EQ(error.Number(), HRESULT_CODE(result));
-    EXPECT_NE(error.Description().find("nofile.db"), std::string::npos) << error.Description();
-    EXPECT_EQ(error.Source(), kProgId);
+constexpr char kEditor[] = "برنامه بازارياب";
+
+HWND OwnerOfEditor() {
+  return GetWindow(FindForm(kEditor), GW_OWNER);
+}
+
+TEST_F(Control, View_WithALongInAnyForm_OpensTheEditorAndAnswersFalse) {
+  Container container;
+  auto control = NewFor(1, container);
+  LONG number = 1;
+  double real = 1;
+  BSTR text = SysAllocString(L"1");
+  Variant inner("1");
+  VARIANT forms[6]{};
+  forms[0] = {{{VT_I4, 0, 0, 0, {.lVal = 1}}}};
+  forms[1] = {{{VT_BYREF | VT_I4, 0, 0, 0, {.plVal = &number}}}};
+  forms[2] = {{{VT_BYREF | VT_R8, 0, 0, 0, {.pdblVal = &real}}}};
+  forms[3] = {{{VT_BYREF | VT_BSTR, 0, 0, 0, {.pbstrVal = &text}}}};
+  forms[4] = {{{VT_BYREF | VT_VARIANT, 0, 0, 0, {.pvarVal = const_cast<VARIANT*>(&inner.Raw())}}}};
+  forms[5] = {{{VT_I2, 0, 0, 0, {.iVal = 1}}}};
+  for (VARIANT& form : forms) {
+    DISPPARAMS parameters{&form, nullptr, 1, 0};
+    Variant opened(true);
+    EXPECT_EQ(control->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, opened.Out(), nullptr,
+                              nullptr),
+              S_OK);
+    EXPECT_FALSE(opened.Flag());
+    EXPECT_EQ(Forms(), 1);
   }
-  EXPECT_THROW(Late(control).Call("View", {"one"}), platform::RuntimeError);
-  EXPECT_THROW(Late(control).Call("View", {}), platform::RuntimeError);
+  EXPECT_EQ(real, 1.0);
+  EXPECT_EQ(Utf8(text), "1");
+  EXPECT_EQ(inner.Text(), "1");
+  SysFreeString(text);
+  VARIANT_BOOL opened = VARIANT_TRUE;
+  EXPECT_EQ(control->View(&number, &opened), S_OK);
+  EXPECT_EQ(opened, VARIANT_FALSE);
+  EXPECT_EQ(number, 1);
+
+  // The container lets go of the control while the editor is open.
+  As<IOleObject>(control)->SetClientSite(nullptr);
+  control.Reset();
+  EXPECT_EQ(Forms(), 0);
+  EXPECT_EQ(container.References(), 0U);
+}
+
+TEST_F(Control, Controls_OfTwoThreads_HaveAnEditorEach) {
+  Container container;
+  const auto control = NewFor(1, container);
+  Late(control).Call("ClearShow");
+  const HWND editor = FindForm(kEditor);
+  std::thread([this] {
+    OleInitialize(nullptr);
+    {
+      Container own;
+      auto another = NewFor(1, own);
+      Late(another).Call("ClearShow");
+      EXPECT_EQ(Forms(), 1);
+      EXPECT_EQ(OwnerOfEditor(), own.Window());
+      As<IOleObject>(another)->SetClientSite(nullptr);
+      another.Reset();
+      EXPECT_EQ(Forms(), 0);
+    }
+    OleUninitialize();
+  }).join();
+  EXPECT_EQ(FindForm(kEditor), editor);
+  As<IOleObject>(control)->SetClientSite(nullptr);
+}
+
+TEST_F(Control, CreateInstance_IntoAnotherObject_SharesItsIdentity) {
+  test::Bag outer;
+  ComPtr<IClassFactory> factory = Factory();
+  ComPtr<IOleObject> none;
+  EXPECT_EQ(factory->CreateInstance(&outer, IID_IOleObject, none.OutVoid()), CLASS_E_NOAGGREGATION);
+  ComPtr<IUnknown> inner;
+  ASSERT_EQ(factory->CreateInstance(&outer, IID_IUnknown, inner.OutVoid()), S_OK);
+  EXPECT_EQ(outer.References(), 0U);
+  {
+    const auto object = As<IOleObject>(inner);
+    EXPECT_EQ(outer.References(), 1U);
+    EXPECT_TRUE(As<IPropertyBag>(object));
+    EXPECT_FALSE(As<IViewObject2>(object));
+  }
+  EXPECT_EQ(outer.References(), 0U);
 }
 
 }  // namespace

@@ -19,8 +19,6 @@ namespace test {
 
 using adapters::windows::ComPtr;
 
-inline constexpr char kProgId[] = "comDistPromoterProg.DistPromoterProg";
-
 /// The built library's path, as Windows writes it.
 inline std::wstring OcxPath() {
   std::wstring path = adapters::windows::Wide(PROMOTER_OCX);

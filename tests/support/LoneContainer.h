@@ -2,11 +2,14 @@
 
 #include <stdexcept>
 
-#include "controls/FlexGrid.h"
-#include "platform/ResumeNext.h"
+#include "controls/Control.h"
+
+namespace support {
 
 /// A place for a control that stands on no form.
 class LoneContainer : public controls::Container {
  public:
   controls::Form& OwnForm() override { throw std::logic_error("no form"); }
 };
+
+}  // namespace support
