@@ -26,6 +26,10 @@ using Statement = std::function<bool(std::string_view)>;
 inline Statement Exact(std::string text) {
   return [text = std::move(text)](std::string_view statement) { return statement == text; };
 }
+inline Statement Beginning(std::string text) {
+  return
+      [text = std::move(text)](std::string_view statement) { return statement.starts_with(text); };
+}
 inline Statement Holding(std::string text, std::string too = {}) {
   return [text = std::move(text), too = std::move(too)](std::string_view statement) {
     return statement.find(text) != std::string_view::npos &&
