@@ -410,7 +410,10 @@ TEST_F(Sessions, Pages_AsTheApprovedOnes) {
     std::ostringstream sheet;
     sheet << dynamic_cast<PagesPane&>(session.trial.pane).SheetPlace(view.Current());
     return std::vector<std::pair<std::string, std::string>>{
-        {"seen", seen}, {"zoom", std::to_string(view.Zoom())}, {"current sheet at", sheet.str()}};
+        {"seen", seen},
+        {"zoom", std::to_string(view.Zoom())},
+        {"current sheet at", sheet.str()},
+        {"picture moved by", std::to_string(session.trial.host.scrolled)}};
   };
   session.On("guess", [&] { view.onGoLast = [&] { session.Hear("the last, please"); }; });
   session.On("busy", [&](const std::string& is) { busy = is == "yes"; });
