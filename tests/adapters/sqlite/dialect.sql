@@ -52,6 +52,9 @@ select isnull(null,3), ltrim(rtrim('  a  ')), replace('1/2','/','')
 select dbo.getEnglishDate('1403/12/30'), dbo.getEnglishDate(null)
 => |
    2025-03-20|~
+select ID from dbo.fnZomirStringToTable('7,5,57') d where d.ID=5
+=> ID
+   5
 select count(*) from dbo.fnZomirStringToTable('')
 =>
    0
@@ -330,6 +333,8 @@ select ID from tblDistributionPromoterProgram where CreateDate='20250230'
 => 241 Conversion failed when converting date and/or time from character string '20250230'.
 select 'a'+CreateDate from tblDistributionPromoterProgram
 => 402 The data type date is incompatible in the add operator.
+select sum(CreateDate) from tblDistributionPromoterProgram
+=> 8117 Operand data type date is invalid for sum operator.
 select sum(Name) from tblEmployee
 => 8117 Operand data type nvarchar is invalid for sum operator.
 select sum(FormID) from tblAccountDocumentDetail
