@@ -150,7 +150,8 @@ TEST(Pages, Failure_OfTheDatabase_CanBeTriedAgain) {
   EXPECT_EQ(all, expected);
 }
 
-// tests/report/pages: boxes, texts, widths, lines, gaps, breaks, and what all of it together comes to.
+// tests/report/pages: boxes, texts, widths, lines, gaps, breaks, and what all of it together comes
+// to.
 TEST(Pages, Templates_OfEachKind_AreLaidOutAsApproved) {
   for (const auto& entry : std::filesystem::directory_iterator("tests/report/pages")) {
     std::filesystem::path file = entry.path();
