@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/FormMain.h"
+#include "platform/ResumeNext.h"
 #include "text/Text.h"
 #include "tools/BusyGrid.h"
 #include "tools/Columns.h"
@@ -14,6 +15,17 @@ namespace {
 constexpr int kPromoterIdCol = 1;
 constexpr int kFarsiDateCol = 4;
 constexpr int kNotesCol = 5;
+
+/// Removes a data row, also the last one, which a grid does not give away singly; whatever the grid
+/// refuses is ignored.
+void RemoveGridRow(controls::FlexGrid& grid, int row) {
+  if (row < 1 || grid.Rows() <= 1) return;
+  if (grid.Rows() > 2) {
+    platform::ResumeNext([&] { grid.RemoveItem(row); });
+  } else {
+    platform::ResumeNext([&] { grid.SetRows(1); });
+  }
+}
 
 }  // namespace
 
@@ -58,11 +70,7 @@ void FormMain::DeleteSelectedClick() {
     sqlCommon.Run(std::string("delete tblDistributionPromoterProgramDetail ") +
                   " where ProgramID=" + std::to_string(ProgramID()) + " and PromoterID=" +
                   std::to_string(promoterId) + " and FarsiVisitDate like '" + farsiDate + "'");
-    if (grid.Rows() > 2) {
-      flxDetail.RemoveItem(first);
-    } else {
-      flxDetail.SetRows(1);  // a grid does not give its last data row away singly
-    }
+    RemoveGridRow(flxDetail, first);
   }
   LoadDetails(ProgramID());
 }

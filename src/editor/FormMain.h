@@ -116,13 +116,13 @@ class FormMain : public controls::Form, public host::ProgramEditor {
   // Opening.cpp
   void ReadInstallDirectory();
   void ShowForm();
-  /// Enters a mode: the caption and what is enabled go by it.
-  void Enter(Mode mode);
+  /// The caption and what is enabled, by the mode.
+  void DisableComponents();
   void ShowEmpty();
   void ShowNew();
   void OpenProgram(std::int32_t programId);
   void OpenForEdit(std::int32_t programId);
-  /// Leaves the editor in kEmpty for the caller to enter a mode, also when it fails.
+  /// Leaves the editor in kEmpty for the caller to set a mode, also when it fails.
   void LoadProgram(std::int32_t programId);
   void ClearControls();
   void LoadHeader(std::int32_t programId);

@@ -67,23 +67,24 @@ void FormMain::ShowForm() {
   }
 }
 
-void FormMain::Enter(Mode mode) {
-  mode_ = mode;
-  const char* const suffix = mode == kEdit     ? " (اصلاح)"
-                             : mode == kCreate ? " (ايجاد)"
-                             : mode == kEmpty  ? ""
-                                               : " (مشاهده)";
+void FormMain::DisableComponents() {
+  const char* const suffix = mode_ == kEdit     ? " (اصلاح)"
+                             : mode_ == kCreate ? " (ايجاد)"
+                             : mode_ == kEmpty  ? ""
+                                                : " (مشاهده)";
   SetCaption(std::string("برنامه بازارياب ") + suffix);
-  layout_.EnableFor(mode);
+  layout_.EnableFor(mode_);
 }
 
 void FormMain::ShowEmpty() {
-  Enter(kEmpty);
+  mode_ = kEmpty;
+  DisableComponents();
   ClearControls();
 }
 
 void FormMain::ShowNew() {
-  Enter(kCreate);
+  mode_ = kCreate;
+  DisableComponents();
   ClearControls();
   // The header's first field that the new program does not bring along.
   platform::ResumeNext([this] { sltBranch.SetFocus(); });
@@ -95,12 +96,14 @@ void FormMain::OpenProgram(std::int32_t programId) {
     return;
   }
   LoadProgram(programId);
-  Enter(txtCode.Text().empty() ? kTemporary : kFinal);
+  mode_ = txtCode.Text().empty() ? kTemporary : kFinal;
+  DisableComponents();
 }
 
 void FormMain::OpenForEdit(std::int32_t programId) {
   LoadProgram(programId);
-  Enter(kEdit);
+  mode_ = kEdit;
+  DisableComponents();
   platform::ResumeNext([this] { sltBranch.SetFocus(); });
 }
 
@@ -110,7 +113,8 @@ void FormMain::LoadProgram(std::int32_t programId) {
     ClearControls();
     LoadHeader(programId);
   } catch (...) {
-    Enter(kEmpty);  // else the buttons of the program before would act on half of this one
+    mode_ = kEmpty;
+    DisableComponents();  // else the buttons of the program before would act on half of this one
     throw;
   }
 }

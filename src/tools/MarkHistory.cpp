@@ -28,7 +28,7 @@ void MarkHistory::Begin() {
 
 void MarkHistory::Note(int row, bool marked) {
   if (playing_ || row < grid_.FixedRows() || row >= grid_.Rows()) return;
-  if (IsMarked(grid_, row) == marked) return;
+  if (IsRowMarked(grid_, row) == marked) return;
   Begin();
   const std::uint32_t name = grid_.RowName(row);
   if (!gesture_.empty() && gesture_.back().marked == marked && gesture_.back().last + 1 == name) {
@@ -90,7 +90,7 @@ std::pair<int, int> MarkHistory::Play(Steps& from, Steps& to, bool again) {
   for (int row = grid_.FixedRows(); row < grid_.Rows(); ++row) {
     const Run* const run = Find(from.back(), grid_.RowName(row));
     const bool marked = run != nullptr && run->marked == again;
-    if (run == nullptr || IsMarked(grid_, row) == marked) continue;
+    if (run == nullptr || IsRowMarked(grid_, row) == marked) continue;
     if (changed.second < 0) changed.first = row;
     changed.second = row;
     mark_(row, marked);

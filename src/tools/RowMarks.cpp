@@ -14,7 +14,7 @@ constexpr std::int32_t kDescending = 8;
 
 }  // namespace
 
-bool IsMarked(const controls::FlexGrid& grid, int row) {
+bool IsRowMarked(const controls::FlexGrid& grid, int row) {
   const int col = grid.FixedCols();
   return row >= grid.FixedRows() && row < grid.Rows() && col < grid.Cols() &&
          grid.EffectiveBackColor(row, col) == controls::palette::kMark;
@@ -22,7 +22,8 @@ bool IsMarked(const controls::FlexGrid& grid, int row) {
 
 int MarkedRows(const controls::FlexGrid& grid) {
   int count = 0;
-  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) count += IsMarked(grid, row) ? 1 : 0;
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row)
+    count += IsRowMarked(grid, row) ? 1 : 0;
   return count;
 }
 
@@ -32,10 +33,12 @@ RowMarks::RowMarks(host::modMain& module, controls::FlexGrid& grid,
       grid_(grid),
       mayMark_(std::move(mayMark)),
       history_(
-          module, grid, [this](int row, bool marked) { Mark(row, marked); }, mayMark_) {
+          module, grid, [this](int row, bool marked) { MarkRow(row, marked); }, mayMark_) {
   buttons.all->onClick = [this] { MarkAll([](int) { return true; }); };
   buttons.none->onClick = [this] { MarkAll([](int) { return false; }); };
-  buttons.inverse->onClick = [this] { MarkAll([this](int row) { return !IsMarked(grid_, row); }); };
+  buttons.inverse->onClick = [this] {
+    MarkAll([this](int row) { return !IsRowMarked(grid_, row); });
+  };
   grid.onMouseDown = [this](int, int) { ToggleUnderMouse(); };
   grid.onClick = [this] { SortByHeader(); };
   grid.marking = buttons;
@@ -43,7 +46,7 @@ RowMarks::RowMarks(host::modMain& module, controls::FlexGrid& grid,
 }
 
 /// Paints the row from its first cell that is not fixed and leaves it the grid's current block.
-void RowMarks::Mark(int row, bool marked) {
+void RowMarks::MarkRow(int row, bool marked) {
   history_.Note(row, marked);
   grid_.SetHighLight(controls::FlexGrid::HighLight::kNever);
   grid_.SetFillStyle(controls::FlexGrid::FillStyle::kRepeat);
@@ -57,20 +60,20 @@ void RowMarks::Mark(int row, bool marked) {
 void RowMarks::MarkAll(const std::function<bool(int row)>& marked) {
   const BusyGrid busy(module_, grid_);
   const MarkGesture gesture(history_);
-  for (int row = 1; row < grid_.Rows(); ++row) Mark(row, marked(row));
+  for (int row = 1; row < grid_.Rows(); ++row) MarkRow(row, marked(row));
 }
 
 void RowMarks::Set(const std::vector<std::int32_t>& rows, bool marked) {
   const BusyGrid busy(module_, grid_);
   const MarkGesture gesture(history_);
-  for (const std::int32_t row : rows) Mark(row, marked);
+  for (const std::int32_t row : rows) MarkRow(row, marked);
 }
 
 void RowMarks::ToggleUnderMouse() {
   const int row = grid_.MouseRow();
   if (row < 1 || row >= grid_.Rows() || (mayMark_ && !mayMark_())) return;
   const RedrawOff redrawOff(grid_);
-  Mark(row, !IsMarked(grid_, row));
+  MarkRow(row, !IsRowMarked(grid_, row));
 }
 
 bool RowMarks::SortByHeader() {

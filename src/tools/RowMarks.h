@@ -13,7 +13,7 @@ namespace tools {
 /// Whether a data row is marked: its first cell that is not fixed is yellow
 /// (controls::palette::kMark), which is the only store of the mark. False for any other row. Moves
 /// nothing.
-bool IsMarked(const controls::FlexGrid& grid, int row);
+bool IsRowMarked(const controls::FlexGrid& grid, int row);
 /// How many rows are marked.
 int MarkedRows(const controls::FlexGrid& grid);
 
@@ -39,7 +39,7 @@ class RowMarks {
   bool SortByHeader();
 
  private:
-  void Mark(int row, bool marked);
+  void MarkRow(int row, bool marked);
   void MarkAll(const std::function<bool(int row)>& marked);
   void ToggleUnderMouse();
 

@@ -14,7 +14,7 @@ import tempfile
 import pyatspi
 
 sys.dont_write_bytecode = True
-from BatchForm_test import ESCAPE, descendants, has, named, strike, wait_for, window_of
+from reader import ESCAPE, descendants, has, named, running, strike, wait_for, window_of
 
 F1 = 0xFFBE
 ABOUT = "درباره برنامه"
@@ -34,26 +34,13 @@ def ask(program):
 
 
 def main():
-    desktop = sys.argv[1]
+    desktop = os.path.abspath(sys.argv[1])
     version = subprocess.run([desktop, "--version"], check=True, capture_output=True, text=True)
     with tempfile.TemporaryDirectory() as folder:
-        environment = os.environ | {
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            "QT_QPA_PLATFORM": "xcb",
-            "XDG_DATA_HOME": folder,
-            "XDG_RUNTIME_DIR": folder,
-        }
         office = os.path.join(os.path.realpath(folder), "here.db")
         made = ["--load-sample", "--connect", "sqlite:" + office, "--customers", "50"]
-        subprocess.run([desktop] + made, check=True, env=environment, stdout=subprocess.DEVNULL)
-        program = subprocess.Popen([desktop, "--database", "here.db"], cwd=folder, env=environment)
-        try:
+        with running([desktop, "--database", "here.db"], folder, before=made) as program:
             told = ask(program)
-        finally:
-            program.terminate()
-            ended = program.wait(timeout=60)
-    if ended != 0:
-        raise SystemExit(f"the program ended with {ended}")
     for wanted in (version.stdout.strip(), office):
         if not any(wanted in text for text in told):
             raise SystemExit(f"{wanted} is not told: {told}")

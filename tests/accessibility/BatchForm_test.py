@@ -10,13 +10,13 @@ the working folder as batch-form.txt.
 
 import difflib
 import os
-import subprocess
 import sys
 import tempfile
-import time
 
 import pyatspi
-from gi.repository import GLib
+
+sys.dont_write_bytecode = True
+from reader import ESCAPE, children, descendants, has, named, running, strike, wait_for, window_of
 
 ROLES = {
     pyatspi.ROLE_FRAME: "window",
@@ -35,8 +35,7 @@ STATES = {
     pyatspi.STATE_EXPANDED: "expanded",
 }
 ROWS_TOLD = 3  # of a table
-DOWN, F4, ESCAPE = 0xFF54, 0xFFC1, 0xFF1B
-ALT = 1 << pyatspi.MODIFIER_ALT
+DOWN, F4 = 0xFF54, 0xFFC1
 # From the first row of the regions on: a key, with Alt or not, and where the keyboard is told to be.
 # The letters are those of the same keys as ش, ب and ز.
 KEYS = [
@@ -49,42 +48,6 @@ KEYS = [
     (F4, False, "table cell", "1404/09/01"),
     (ESCAPE, False, "text", "از تاريخ"),
 ]
-
-
-def wait_for(what, find):
-    """What find() finds, once it finds something."""
-    until = time.monotonic() + 30
-    while True:
-        try:
-            found = find()
-        except GLib.Error:
-            found = None  # what was walked over is gone meanwhile
-        if found:
-            return found
-        if time.monotonic() > until:
-            raise SystemExit(f"no {what() if callable(what) else what} within 30 s")
-        while GLib.MainContext.default().iteration(False):
-            pass  # events
-        time.sleep(0.05)
-
-
-def children(node):
-    return [child for child in (node.getChildAtIndex(i) for i in range(node.childCount)) if child]
-
-
-def descendants(node):
-    for child in children(node):
-        yield child
-        if child.getRole() != pyatspi.ROLE_TABLE:
-            yield from descendants(child)
-
-
-def has(node, state):
-    return node.getState().contains(state)
-
-
-def named(window, role, name):
-    return next((n for n in descendants(window) if n.getRole() == role and n.name == name), None)
 
 
 def text_of(node):
@@ -175,14 +138,6 @@ def enter_date(window, name, date, leave_to):
     wait_for("keyboard elsewhere", lambda: has(leave_to, pyatspi.STATE_FOCUSED))
 
 
-def strike(key, alt):
-    if alt:
-        pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_LOCKMODIFIERS)
-    pyatspi.Registry.generateKeyboardEvent(key, None, pyatspi.KEY_SYM)
-    if alt:
-        pyatspi.Registry.generateKeyboardEvent(ALT, None, pyatspi.KEY_UNLOCKMODIFIERS)
-
-
 class Listener:
     """Where the keyboard was told to be."""
 
@@ -198,15 +153,6 @@ class Listener:
         wait_for(lambda: f"{role} «{name}» but {self.told}",
                  lambda: self.told[-1:] == [(role, name)])
         self.told.clear()
-
-
-def window_of(program, title):
-    for application in pyatspi.Registry.getDesktop(0):
-        if application and application.get_process_id() == program.pid:
-            for window in children(application):
-                if title in window.name:
-                    return window
-    return None
 
 
 def hear(program):
@@ -233,24 +179,10 @@ def hear(program):
 
 
 def main():
-    desktop, expected = sys.argv[1:]
-    with tempfile.TemporaryDirectory() as folder:
-        environment = os.environ | {
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
-            "QT_QPA_PLATFORM": "xcb",
-            "XDG_DATA_HOME": folder,
-            "XDG_RUNTIME_DIR": folder,
-        }
-        program = subprocess.Popen(
-            [desktop, "--customers", "60", "--sample-date", "2025-11-22", "--program", "13"],
-            env=environment, stdout=subprocess.DEVNULL)
-        try:
-            heard = hear(program)
-        finally:
-            program.terminate()
-            ended = program.wait(timeout=60)
-    if ended != 0:
-        raise SystemExit(f"the program ended with {ended}")
+    desktop, expected = os.path.abspath(sys.argv[1]), sys.argv[2]
+    office = ["--customers", "60", "--sample-date", "2025-11-22", "--program", "13"]
+    with tempfile.TemporaryDirectory() as folder, running([desktop] + office, folder) as program:
+        heard = hear(program)
     with open("batch-form.txt", "w", encoding="utf-8") as file:
         file.writelines(line + "\n" for line in heard)
     with open(expected, encoding="utf-8") as file:

@@ -79,7 +79,7 @@ void Session::SeeGrid(Shown& shown, const std::string& name, controls::FlexGrid&
   std::string holidays;
   std::string columns;
   for (int row = 1; row < grid.Rows(); ++row) {
-    if (tools::IsMarked(grid, row)) marked += " " + std::to_string(row);
+    if (tools::IsRowMarked(grid, row)) marked += " " + std::to_string(row);
     if (grid.rowTextColour && grid.rowTextColour(row) == controls::palette::kHoliday) {
       holidays += " " + std::to_string(row);
     }

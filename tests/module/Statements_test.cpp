@@ -2,7 +2,6 @@
 // statements.sql and by their names with the server's document.
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <regex>
 #include <set>
@@ -10,18 +9,12 @@
 
 #include "module/Session.h"
 #include "support/Approved.h"
+#include "text/Text.h"
 
 namespace module {
 namespace {
 
 using Names = std::set<std::string>;
-
-std::string Lowered(std::string text) {
-  std::ranges::transform(text, text.begin(), [](char c) {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  });
-  return text;
-}
 
 /// What stands between backticks in one cell of the tables of a document's section.
 Names DocumentedIn(std::size_t cell) {
@@ -34,7 +27,7 @@ Names DocumentedIn(std::size_t cell) {
   for (std::sregex_iterator it(section.begin(), section.end(), row), end; it != end; ++it) {
     const std::string text = (*it)[cell];
     for (std::sregex_iterator n(text.begin(), text.end(), name); n != end; ++n) {
-      names.insert(Lowered((*n)[1]));
+      names.insert(text::Small((*n)[1].str()));
     }
   }
   return names;
@@ -57,7 +50,7 @@ class Statements : public testing::Test {
       for (const std::string& each : sent) {
         if (each.starts_with("calls ")) continue;
         for (std::sregex_iterator it(each.begin(), each.end(), piece), end; it != end; ++it) {
-          if ((*it)[1].matched) words.insert(Lowered((*it)[1]));
+          if ((*it)[1].matched) words.insert(text::Small((*it)[1].str()));
         }
       }
     }
