@@ -72,6 +72,7 @@ class GridSessions : public Sessions {
     });
     cell("width", [this](int col, int width, const std::string&) { grid.SetColWidth(col, width); });
     cell("rows", [this](int rows, int, const std::string&) { grid.SetRows(rows); });
+    cell("fixed", [this](int cols, int, const std::string&) { grid.SetFixedCols(cols); });
     cell("stretch", [this](int col, int, const std::string&) { grid.SetStretchCol(col); });
     cell("sort", [this](int how, int, const std::string&) { grid.Sort(how); });
     cell("marks", [this](int, int, const std::string&) {

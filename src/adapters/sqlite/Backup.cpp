@@ -131,8 +131,7 @@ void BackUp(const std::string& from, const std::string& to, const BackupProgress
         "SQLite");
   } catch (const platform::RuntimeError& error) {
     throw platform::RuntimeError(
-        error.Number(),
-        platform::Described("فايل پشتيبان " + Quoted(to) + " نوشته نشد.", error.Description()),
+        error.Number(), "فايل پشتيبان " + Quoted(to) + " نوشته نشد.\n" + error.Description(),
         error.Source());
   }
 }

@@ -56,6 +56,9 @@ insert twice
 select and fail
 => 208 پايگاه داده جدول، نما، تابع يا روالي را كه خواسته شد ندارد. نام و نسخه پايگاه داده را بررسي كنيد.
    ‪[FreeTDS][SQL Server]Invalid object name 'tblNowhere'. (SQLSTATE 42S02)‬
+fail the same twice
+=> 208 پايگاه داده جدول، نما، تابع يا روالي را كه خواسته شد ندارد. نام و نسخه پايگاه داده را بررسي كنيد.
+   ‪[FreeTDS][SQL Server]Invalid object name 'tblNowhere'. (SQLSTATE 42S02)‬
 change and fail
 => 2627 در پايگاه داده سطري با همين كليد هست و سطر تكراري ثبت نشد.
    ‪[FreeTDS][SQL Server]Violation of UNIQUE KEY: «نیک‌پی» تكراري است. (SQLSTATE 23000)‬

@@ -142,6 +142,7 @@ ANSWERS = {
     "select * from tblNowhere": [NO_TABLE],
     "insert twice": [DUPLICATE],
     "select and fail": [NAMES, NO_TABLE],
+    "fail the same twice": [together(NO_TABLE, NO_TABLE)],
     "change and fail": [CHANGED, DUPLICATE],
     "fail within the rows": [together(NAMES, message(245, 16, "Conversion failed."))],
     "select twice and fail within the rows": [

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -58,6 +59,24 @@ TEST_F(QtTest, ModalForm_ShownAsAnotherHasClosed_ComesUpOverTheOneThatIsLeft) {
     each->Show(controls::Modality::kModal);
   }
   EXPECT_EQ(seen, 2);
+}
+
+TEST_F(QtTest, ModalForm_OfWhichNoPlaceIsKept_ComesUpOverTheOneBefore) {
+  struct : screens::PlaceStore {
+    std::string Read(const std::string& /*form*/) const override { return ""; }
+    void Write(const std::string& /*form*/, const std::string& /*text*/) override {}
+  } nothing;
+  adapter->screen.RememberPlaces(nothing);
+  ShowForm();
+  const QWidget* const below = adapter->screen.WindowOf(form);
+  adapter->screen.WindowOf(form)->move(40, 30);
+  contract::SampleForm over(screen, cities);
+  Later([&] {
+    // Both are of one size.
+    EXPECT_EQ(adapter->screen.WindowOf(over)->pos(), below->geometry().topLeft());
+    over.Hide();
+  });
+  over.Show(controls::Modality::kModal);
 }
 
 TEST_F(QtTest, LastForm_Unloaded_EndsTheProgram) {
@@ -128,11 +147,26 @@ TEST_F(QtTest, GridCells_OfAnyGround_AreShownOnItOrOnItsDarkCounterpart) {
   QWidget& view = *adapter->screen.WidgetOf(form.flx)->viewport();
   const contract::Place at = At(1, 1);
   EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y), QColor(255, 255, 0));
+  const QImage framed = adapter->screen.WidgetOf(form.flx)->grab().toImage();
+  EXPECT_EQ(framed.pixelColor(0, 0), Painted(screens::palette::kLine));
   const QPalette light = QApplication::palette();
   QApplication::setPalette(QPalette(Qt::black));
   EXPECT_EQ(view.grab().toImage().pixelColor(at.x, at.y),
             Painted(controls::palette::kMark, screens::palette::Scheme::kDark));
   QApplication::setPalette(light);
+}
+
+TEST_F(QtTest, List_ForReaders_NamesTheFieldItsSearchOpensAndSelectsNoColumn) {
+  ShowForm();
+  form.flx.SetFocus();
+  Press({contract::Key::kF}, contract::kControl);
+  QAccessibleInterface& list =
+      *QAccessible::queryAccessibleInterface(adapter->screen.WidgetOf(form.flx));
+  ASSERT_GT(list.childCount(), 0);
+  EXPECT_EQ(ToUtf8(list.child(0)->text(QAccessible::Name)), "جستجو در ليست");
+  QAccessibleTableInterface* const table = list.tableInterface();
+  ASSERT_NE(table, nullptr);
+  EXPECT_FALSE(table->selectColumn(0));
 }
 
 }  // namespace
