@@ -20,6 +20,7 @@ class Terminal {
   Terminal() {
     process_ = forkpty(&terminal_, nullptr, nullptr, nullptr);
     if (process_ == 0) {
+      std::signal(SIGINT, SIG_DFL);  // which a job in the background ignores
       execl(PROMOTER_DESKTOP, "host", "--replay", "/dev/null", "--connect", "-", nullptr);
       _exit(127);
     }
