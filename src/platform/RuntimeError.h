@@ -30,7 +30,6 @@ enum ErrorNumber : std::int32_t {
   kNoCurrentRecord = 3021,
   kNoSuchField = 3265,
   kObjectClosed = 3704,
-  kObjectOpen = 3705,
   kProviderNotFound = 3706,
   kStillExecuting = 3711,
   kInvalidRowValue = 30009,
