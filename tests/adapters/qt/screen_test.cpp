@@ -62,7 +62,7 @@ TEST_F(QtTest, ModalForm_ShownAsAnotherHasClosed_ComesUpOverTheOneThatIsLeft) {
 }
 
 TEST_F(QtTest, ModalForm_OfWhichNoPlaceIsKept_ComesUpOverTheOneBefore) {
-  struct : screens::PlaceStore {
+  static struct : screens::PlaceStore {  // outlives the screen
     std::string Read(const std::string& /*form*/) const override { return ""; }
     void Write(const std::string& /*form*/, const std::string& /*text*/) override {}
   } nothing;
