@@ -33,7 +33,7 @@ enum class Engine { kEmbedded, kOdbcSqlite, kSqlServer };
 /// "$" is the prefix of the names, "<identity>" and "<long>" each engine's own.
 constexpr std::array kTables{
     "table $Value (ID int primary key, Number float, Amount decimal(18,4), Flag bit, Day date, "
-    "Moment datetime, Words nvarchar(200) unique, Notes <long>, Code int not null default 0)",
+    "Moment datetime, Words nvarchar(200), Notes <long>, Code int not null default 0)",
     "table $Row (ID <identity>, Name nvarchar(50))",
     "table $UserPermission (UserID int, FormPermissionID int)",
     "table $FormAction (ID <identity>, EventID int, FormCode nvarchar(50), FormTypeID int, "
