@@ -9,13 +9,18 @@ namespace editor {
 
 void FormMain::PreviewClick() {
   cmdPreview.SetEnabled(false);
+  const auto offerAgain = [this] {
+    cmdPreview.SetEnabled(true);
+    // The keyboard went on to the next button when this one was disabled.
+    platform::ResumeNext([this] { cmdPreview.SetFocus(); });
+  };
   try {
     PrintProgram(true);
   } catch (...) {
-    cmdPreview.SetEnabled(true);
+    offerAgain();
     throw;
   }
-  cmdPreview.SetEnabled(true);
+  offerAgain();
 }
 
 bool FormMain::PrintProgram(bool inPreview) {
