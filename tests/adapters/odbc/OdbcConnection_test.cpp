@@ -298,5 +298,23 @@ TEST_F(WaitingTest, Cancelled_DuringTheLogin_IsLeftAtOnce) {
   EXPECT_THAT(FailureOf(waiting, names).Description(), HasSubstr("به درخواست اتصال پاسخ نداد"));
 }
 
+// A driver that takes its time is not asked without pause.
+TEST(Aside, Cancelled_AsksTheDriverNowAndThen) {
+  support::FakeProgress progress;
+  progress.stopAtCall = 1;
+  platform::RunningStatement running(&progress);
+  int cancels = 0;
+  const auto begin = std::chrono::steady_clock::now();
+  const auto wait = [] {
+    std::this_thread::sleep_for(400ms);
+    return 0;
+  };
+  EXPECT_THROW(RunAside(
+                   running, wait, [&] { ++cancels; }, 10s),
+               server::Failure);
+  EXPECT_GE(cancels, 1);
+  EXPECT_LE(cancels, 1 + (std::chrono::steady_clock::now() - begin) / 250ms);
+}
+
 }  // namespace
 }  // namespace adapters::odbc
