@@ -86,7 +86,7 @@ const std::string kEverything =
     "<h2>a &amp; b&nbsp;&#1740;</h2><!-- > no --><p class='end'>one <b>two</b> three</p>" +
     Repeated("<table class=a>" + kHead + "<tr><td width=90>0</td><td>first</td></tr>" + Rows(30) +
                  "</table><p>between<br>lines</p><!-- no --><hr>",
-             5) +
+             11) +
     "<div>loose <meter value=1 max=2></div>" + "<table><tr><td>" + Repeated("long ", 2000) +
     "</td><td>short<div>er</div></td></tr></table>last</body></html>";
 
@@ -107,7 +107,7 @@ TEST(Pages, Pieces_CutAnywhere_GiveTheSameSheets) {
 }
 
 TEST(Pages, Any_MadeAgain_IsAsItWas) {
-  for (const std::size_t size : {1UL, 13UL, 17UL, 19UL, 40UL, 700UL, kEverything.size()}) {
+  for (const std::size_t size : {3UL, 17UL, 40UL, 700UL, kEverything.size()}) {
     Pages pages(Report(kEverything, 0, size), kLetters);
     std::vector<std::string> forwards;
     for (bool more = true; more;) {
@@ -115,7 +115,7 @@ TEST(Pages, Any_MadeAgain_IsAsItWas) {
       forwards.push_back(Dump(pages.At(static_cast<int>(forwards.size()))));
     }
     ASSERT_TRUE(pages.Finished());
-    ASSERT_GT(pages.Count(), 6);
+    ASSERT_GT(pages.Count(), 8) << "more than are kept";
     ASSERT_EQ(forwards.size(), static_cast<std::size_t>(pages.Count()));
     const auto body = [](const std::string& dump) { return dump.substr(0, dump.rfind("صفحه")); };
     for (int i = 0; i < 3 * pages.Count(); ++i) {
