@@ -378,17 +378,17 @@ void MarkAll(benchmark::State& state, bool sorted, bool takenBack) {
   controls::Form form(outside.screen, "Form", controls::Form::Border::kSizable);
   tools::comFlex list(form, "flxList", module);
   constexpr int kRows = 100000;
-  list.Flex.SetRedraw(false);
+  list.getFlex().SetRedraw(false);
   for (int row = 0; row < kRows; ++row) {
-    list.Flex.AddItem("\t" + std::to_string(row * 7919LL % kRows));
+    list.getFlex().AddItem("\t" + std::to_string(row * 7919LL % kRows));
   }
-  list.Flex.SetCol(1);
-  if (sorted) list.Flex.Sort(7);
+  list.getFlex().SetCol(1);
+  if (sorted) list.getFlex().Sort(7);
   list.cmdSelectInverse.Click();
   while (state.KeepRunning()) {
     if (takenBack) {
-      list.Flex.markSteps->Undo();
-      list.Flex.markSteps->Redo();
+      list.getFlex().markSteps->Undo();
+      list.getFlex().markSteps->Redo();
     } else {
       list.cmdSelectInverse.Click();
     }

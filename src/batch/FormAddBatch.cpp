@@ -35,8 +35,8 @@ FormAddBatch::FormAddBatch(host::modMain& module)
       ShowCount();
     }
   };
-  followDates_ = flxDate.Flex.Subscribe(count);
-  followCustomers_ = flxCustomer.Flex.Subscribe(count);
+  followDates_ = flxDate.getFlex().Subscribe(count);
+  followCustomers_ = flxCustomer.getFlex().Subscribe(count);
   ShowCount();
   cmdSearch.onClick = [this] { SearchClick(); };
   cmdNewsearch.onClick = [this] { NewsearchClick(); };
@@ -80,7 +80,7 @@ bool FormAddBatch::FillData(std::int32_t& inProgramID, std::int32_t& inoutPromot
     inoutDates = text::Replace(inoutDates, "/", "");
     sqlCommon.Run("select x.ID from dbo.fnZomirStringToTable('" + inoutDates + "') x");
     if (sqlCommon.RecordCount() > 0) {
-      flxDate.Flex.SetRows(1);
+      flxDate.getFlex().SetRows(1);
       for (; !sqlCommon.Eof(); sqlCommon.MoveNext()) {
         const std::string_view id = sqlCommon.Text("ID");
         datTemp.SetText(std::string(text::Mid(id, 1, 4))
@@ -132,8 +132,8 @@ void FormAddBatch::FormResize() {
 }
 
 void FormAddBatch::ShowCount() {
-  const std::int64_t days = tools::MarkedRows(flxDate.Flex);
-  const std::int64_t customers = tools::MarkedRows(flxCustomer.Flex);
+  const std::int64_t days = tools::MarkedRows(flxDate.getFlex());
+  const std::int64_t customers = tools::MarkedRows(flxCustomer.getFlex());
   lblCount.SetCaption(std::to_string(days) + " روز × " + std::to_string(customers) +
                       " مشتري = " + std::to_string(days * customers) + " ويزيت");
 }
@@ -147,9 +147,9 @@ void FormAddBatch::AddClick() {
   if (!sltPromoter.HasSelection()) {
     Refuse("بازارياب مشخص نشده است!", sltPromoter);
   } else if (GetSelectedDates().empty()) {
-    Refuse("روز انتخاب نشده است!", flxDate.Flex);
+    Refuse("روز انتخاب نشده است!", flxDate.getFlex());
   } else if (GetSelectedCustomers().empty()) {
-    Refuse("مشتري انتخاب نشده است!", flxCustomer.Flex);
+    Refuse("مشتري انتخاب نشده است!", flxCustomer.getFlex());
   } else if (module_.AskQuestion(
                  "اطلاع", "اگر برنامه اي تکراري باشد، بازنويسي نخواهد شد. آيا ادامه ميدهيد؟") !=
              host::kNo) {

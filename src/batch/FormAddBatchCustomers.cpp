@@ -9,7 +9,7 @@
 namespace batch {
 
 void FormAddBatch::PromoterChanged() {
-  for (tools::comFlex* grid : {&flxRegion, &flxPath}) grid->Flex.SetRows(1);
+  for (tools::comFlex* grid : {&flxRegion, &flxPath}) grid->getFlex().SetRows(1);
   ClearCustomers();
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   sqlCommon.Run(
@@ -18,13 +18,13 @@ void FormAddBatch::PromoterChanged() {
       " inner join tblDistributionRegion r on r.ID = p.RegionID "
       " where EmployeeID=" +
       std::to_string(sltPromoter.SelectedID()));
-  const tools::BusyGrid busy(module_, flxRegion.Flex);
-  tools::FillRows(flxRegion.Flex, kRegionColumns, sqlCommon);
+  const tools::BusyGrid busy(module_, flxRegion.getFlex());
+  tools::FillRows(flxRegion.getFlex(), kRegionColumns, sqlCommon);
 }
 
 void FormAddBatch::RegionPicksChanged() {
   std::string regions = PickedIds(
-      flxRegion, [this](int row) { return std::string(flxRegion.Flex.TextMatrix(row, 1)); });
+      flxRegion, [this](int row) { return std::string(flxRegion.getFlex().TextMatrix(row, 1)); });
   if (regions.empty()) regions = "-1";
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   sqlCommon.Run(
@@ -33,15 +33,15 @@ void FormAddBatch::RegionPicksChanged() {
       " inner join tblDistributionRegion r on r.ID = p.RegionID "
       " where EmployeeID=" +
       std::to_string(sltPromoter.SelectedID()) + " and p.RegionID in (" + regions + ")");
-  const tools::BusyGrid busy(module_, flxPath.Flex);
-  tools::FillRows(flxPath.Flex, kPathColumns, sqlCommon);
+  const tools::BusyGrid busy(module_, flxPath.getFlex());
+  tools::FillRows(flxPath.getFlex(), kPathColumns, sqlCommon);
 }
 
 void FormAddBatch::SearchClick() {
-  const std::string paths =
-      PickedIds(flxPath, [this](int row) { return std::string(flxPath.Flex.TextMatrix(row, 1)); });
+  const std::string paths = PickedIds(
+      flxPath, [this](int row) { return std::string(flxPath.getFlex().TextMatrix(row, 1)); });
   if (paths.empty()) {
-    Refuse("مسيري انتخاب نشده است!", flxPath.Flex);
+    Refuse("مسيري انتخاب نشده است!", flxPath.getFlex());
     return;
   }
   LoadCustomers(" do.PathID in (" + paths + ")  and " + CustomerCondition());
@@ -72,8 +72,8 @@ std::string FormAddBatch::CustomerCondition() const {
 }
 
 void FormAddBatch::ClearCustomers() {
-  flxCustomer.Flex.SetEmptyText("");
-  flxCustomer.Flex.SetRows(1);
+  flxCustomer.getFlex().SetEmptyText("");
+  flxCustomer.getFlex().SetRows(1);
 }
 
 void FormAddBatch::LoadCustomers(std::string_view condition) {
@@ -92,14 +92,15 @@ void FormAddBatch::LoadCustomers(std::string_view condition) {
 
   host::Recordset& sqlCommon = module_.DtEn().sqlCommon();
   sqlCommon.Run(statement);
-  const tools::BusyGrid busy(module_, flxCustomer.Flex);
-  flxCustomer.Flex.SetEmptyText("مشتري با اين مشخصات يافت نشد");
-  tools::FillRows(flxCustomer.Flex, kCustomerColumns, sqlCommon);
+  const tools::BusyGrid busy(module_, flxCustomer.getFlex());
+  flxCustomer.getFlex().SetEmptyText("مشتري با اين مشخصات يافت نشد");
+  tools::FillRows(flxCustomer.getFlex(), kCustomerColumns, sqlCommon);
 }
 
 std::string FormAddBatch::GetSelectedCustomers() {
   return PickedIds(flxCustomer, [this](int row) {
-    return text::DecimalText(host::NumericValue(flxCustomer.Flex.TextMatrix(row, kCustomerIdCol)));
+    return text::DecimalText(
+        host::NumericValue(flxCustomer.getFlex().TextMatrix(row, kCustomerIdCol)));
   });
 }
 

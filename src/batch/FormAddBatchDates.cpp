@@ -19,9 +19,9 @@ constexpr int kWeekdayCol = 1;
 
 void FormAddBatch::FillDateGrid() {
   if (datDateFrom.IsEmpty() || datDateTo.IsEmpty()) return;
-  const tools::BusyGrid busy(module_, flxDate.Flex);
+  const tools::BusyGrid busy(module_, flxDate.getFlex());
   if (datDateFrom.Text() <= datDateTo.Text()) {
-    flxDate.Flex.SetRows(1);
+    flxDate.getFlex().SetRows(1);
     for (datTemp.SetText(datDateFrom.Text()); datTemp.Text() <= datDateTo.Text();) {
       AddDateRow();
       // The calendar's last day has no next one.
@@ -31,7 +31,7 @@ void FormAddBatch::FillDateGrid() {
 }
 
 void FormAddBatch::AddDateRow() {
-  controls::FlexGrid& grid = flxDate.Flex;
+  controls::FlexGrid& grid = flxDate.getFlex();
   grid.AddItem("");
   const int row = grid.Rows() - 1;
   grid.SetTextMatrix(row, 0, datTemp.Text());
@@ -46,8 +46,8 @@ void FormAddBatch::SetUpWeekdays() {
     button.SetToolTip("همه " + std::string(name) + " ها");
     button.onClick = [this, name] { WeekdayClick(name); };
   }
-  flxDate.Flex.rowTextColour = [this](int row) {
-    const bool friday = flxDate.Flex.TextMatrix(row, kWeekdayCol) == calendar::WeekdayName(6);
+  flxDate.getFlex().rowTextColour = [this](int row) {
+    const bool friday = flxDate.getFlex().TextMatrix(row, kWeekdayCol) == calendar::WeekdayName(6);
     return friday ? controls::palette::kHoliday : 0;
   };
 }
@@ -56,9 +56,9 @@ void FormAddBatch::SetUpWeekdays() {
 void FormAddBatch::WeekdayClick(std::string_view weekday) {
   std::vector<std::int32_t> days;
   std::vector<std::int32_t> unmarked;
-  const tools::RedrawOff redrawOff(flxDate.Flex);
-  for (int row = 1; row < flxDate.Flex.Rows(); ++row) {
-    if (flxDate.Flex.TextMatrix(row, kWeekdayCol) != weekday) continue;
+  const tools::RedrawOff redrawOff(flxDate.getFlex());
+  for (int row = 1; row < flxDate.getFlex().Rows(); ++row) {
+    if (flxDate.getFlex().TextMatrix(row, kWeekdayCol) != weekday) continue;
     days.push_back(row);
     if (!flxDate.IsSelected(row)) unmarked.push_back(row);
   }
@@ -66,8 +66,9 @@ void FormAddBatch::WeekdayClick(std::string_view weekday) {
 }
 
 std::string FormAddBatch::GetSelectedDates() {
-  return PickedIds(
-      flxDate, [this](int row) { return text::Replace(flxDate.Flex.TextMatrix(row, 0), "/", ""); });
+  return PickedIds(flxDate, [this](int row) {
+    return text::Replace(flxDate.getFlex().TextMatrix(row, 0), "/", "");
+  });
 }
 
 }  // namespace batch

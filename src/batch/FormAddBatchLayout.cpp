@@ -57,14 +57,14 @@ void FormAddBatch::PlaceControls() {
   PlaceBesideButtons();
 
   // Regions, paths and days have no row numbers: the mark begins at their first column.
-  for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate}) list->Flex.SetFixedCols(0);
+  for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate}) list->getFlex().SetFixedCols(0);
   for (tools::comFlex* list : {&flxRegion, &flxPath, &flxDate, &flxCustomer}) {
-    list->Flex.SetRows(1);
+    list->getFlex().SetRows(1);
   }
-  tools::SetColumns(flxRegion.Flex, kRegionColumns);
-  tools::SetColumns(flxPath.Flex, kPathColumns);
-  tools::SetColumns(flxDate.Flex, kDateColumns);
-  tools::SetColumns(flxCustomer.Flex, kCustomerColumns);
+  tools::SetColumns(flxRegion.getFlex(), kRegionColumns);
+  tools::SetColumns(flxPath.getFlex(), kPathColumns);
+  tools::SetColumns(flxDate.getFlex(), kDateColumns);
+  tools::SetColumns(flxCustomer.getFlex(), kCustomerColumns);
 }
 
 /// At the left of the small buttons that a list has under it.

@@ -18,9 +18,9 @@ inline void AppendId(std::string& list, std::string_view id) {
 /// draws once at the end, since asking for a pick moves its current cell.
 template <typename IdOf>
 std::string PickedIds(tools::comFlex& grid, IdOf&& idOf) {
-  const tools::RedrawOff redrawOff(grid.Flex);
+  const tools::RedrawOff redrawOff(grid.getFlex());
   std::string list;
-  for (int row = 1; row < grid.Flex.Rows(); ++row) {
+  for (int row = 1; row < grid.getFlex().Rows(); ++row) {
     if (grid.IsSelected(row)) AppendId(list, idOf(row));
   }
   return list;

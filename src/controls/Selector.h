@@ -37,7 +37,6 @@ class Selector : public Control {
   /// it meets them or not.
   void SetCondition(std::string condition);
   void SetStandingCondition(std::string condition);
-  const std::string& Condition() const { return condition_; }
 
   /// -1 when nothing is selected.
   std::int32_t SelectedID() const { return selectedId_; }

@@ -42,7 +42,6 @@ class GridGeometry {
   int Width() const { return view_.width; }
   int Height() const { return view_.height; }
   int FixedWidth() const;
-  int Top() const { return top_; }
   /// Where the fixed rows end.
   int FixedBottom() const;
   int ColumnWidth(int col) const;

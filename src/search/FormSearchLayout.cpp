@@ -20,12 +20,12 @@ constexpr Twips kLeastHeight = 6450;
 constexpr Twips kThird = 20120.0 / 3;                    // of the room for fields, from the right
 constexpr std::array<Twips, 3> kLabels{1350, 780, 975};  // the widest text of each third
 
-constexpr tools::Place Field(int third, int row) {
+consteval tools::Place Field(int third, int row) {
   return {kThird * (2 - third) + 180, 345.0 + 480 * row,
           kThird - kLabels.at(static_cast<std::size_t>(third)) - 270};
 }
 
-constexpr tools::Growth Third(int third) {
+consteval tools::Growth Third(int third) {
   return {.width = 1 / 3.0, .left = (2 - third) / 3.0};
 }
 

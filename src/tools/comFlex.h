@@ -19,7 +19,6 @@ class comFlex : public controls::Frame {
  public:
   comFlex(controls::Container& parent, std::string name, host::modMain& module);
 
-  /// The grid itself.
   controls::FlexGrid& getFlex() { return Flex; }
   /// Tells whether a row is marked. Moves the grid's current cell to that row, and leaves it there.
   /// Throws 30009 for a row that does not exist.
@@ -31,7 +30,10 @@ class comFlex : public controls::Frame {
   std::function<void(std::int32_t row)> Selected;
   std::function<void(std::int32_t row)> UnSelected;
 
+ private:
   controls::FlexGrid Flex{*this, "Flex"};
+
+ public:
   controls::Button cmdSelectAll{*this, "cmdSelectAll", "++"};
   controls::Button cmdSelectNone{*this, "cmdSelectNone", "- -"};
   controls::Button cmdSelectInverse{*this, "cmdSelectInverse", "i"};

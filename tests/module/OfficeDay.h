@@ -276,8 +276,8 @@ class OfficeDay : public Office {
     editor::FormMain& editor = Editor();
     batch::FormAddBatch& plan = editor.BatchForm();
     for (const controls::FlexGrid* grid :
-         {&editor.SearchForm().flxSearch, &plan.flxRegion.Flex, &plan.flxPath.Flex,
-          &plan.flxDate.Flex, &plan.flxCustomer.Flex}) {
+         {&editor.SearchForm().flxSearch, &plan.flxRegion.getFlex(), &plan.flxPath.getFlex(),
+          &plan.flxDate.getFlex(), &plan.flxCustomer.getFlex()}) {
       EXPECT_TRUE(grid->Redraw()) << name << " " << grid->Name();
     }
     if (depth_ > 0) return;
@@ -315,7 +315,7 @@ class OfficeDay : public Office {
     }
     Press(form.cmdSearch);
     for (const int row : {1, 2}) {
-      Do("pick", [&] { form.flxCustomer.Flex.MouseDown(row, 2, 1, 0); });
+      Do("pick", [&] { form.flxCustomer.getFlex().MouseDown(row, 2, 1, 0); });
     }
     Type(form.txtNotes, "it's new");
     Press(form.cmdAdd);

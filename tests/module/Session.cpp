@@ -62,7 +62,7 @@ void Name(const controls::Container& on, const std::string& prefix,
           std::vector<std::pair<std::string, controls::Control*>>& named) {
   for (controls::Control* control : on.Controls()) {
     if (auto* list = dynamic_cast<tools::comFlex*>(control)) {
-      named.emplace_back(list->Name(), &list->Flex);
+      named.emplace_back(list->Name(), &list->getFlex());
       Name(*list, list->Name() + ".", named);
     } else if (auto* frame = dynamic_cast<controls::Frame*>(control)) {
       Name(*frame, prefix, named);

@@ -173,8 +173,8 @@ class RandomWalk : public module::OfficeTest {
     }
     for (controls::Control* control : std::initializer_list<controls::Control*>{
              &form.sltPromoter, &form.flxRegion.cmdSelectAll, &form.flxPath.cmdSelectAll,
-             &form.cmdSearch, &form.flxCustomer.cmdSelectAll, &form.flxDate.Flex,
-             &form.flxDate.Flex, &form.flxCustomer.Flex, &form.cmdAdd}) {
+             &form.cmdSearch, &form.flxCustomer.cmdSelectAll, &form.flxDate.getFlex(),
+             &form.flxDate.getFlex(), &form.flxCustomer.getFlex(), &form.cmdAdd}) {
       if (form.Visible()) control->Accept(hand_);
     }
   }

@@ -90,7 +90,21 @@ TEST_F(PreviewFormTest, Opening_ShowsTheFirstPageAndCountsTheRestInPieces) {
   EXPECT_EQ(form->view.Current(), pages->Count() - 1);
   form->cmdLarger.Click();
   EXPECT_EQ(form->lblZoom.Caption(), "120٪");
+  form->cmdSmaller.Click();
+  EXPECT_EQ(form->lblZoom.Caption(), "100٪");
+  form->cmdWhole.Click();
+  EXPECT_EQ(form->view.GetFit(), controls::PageView::Fit::kSheet);
+  form->cmdFirst.Click();
+  EXPECT_EQ(form->view.Current(), 0);
   EXPECT_THAT(progress.begun, IsEmpty()) << "it was counted already";
+}
+
+TEST_F(PreviewFormTest, WhereFilesAreWritten_HasAButtonForIt) {
+  outlets.savePdf = [this](report::Pages& all) { put.push_back(-all.Count()); };
+  Open(3);
+  EXPECT_TRUE(form->cmdPdf.Visible());
+  form->cmdPdf.Click();
+  EXPECT_THAT(put, ElementsAre(-1));
 }
 
 TEST_F(PreviewFormTest, ReadingThatLetsTheUserAct_IsNotEntered) {

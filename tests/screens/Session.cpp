@@ -45,6 +45,10 @@ void Session::DoOther(const std::string& what, const std::string& rest) {
     pane.PointerLost();
   } else if (what == "away") {
     pane.PopupLeft();
+  } else if (what == "below") {
+    DoBelow(rest);
+  } else if (what == "tip") {
+    Hear("tip: " + pane.TipAt(PlaceOf(rest)).text);
   } else if (what == "tick") {
     pane.Tick();
   } else if (what == "idle") {
@@ -66,6 +70,15 @@ void Session::DoOther(const std::string& what, const std::string& rest) {
   } else if (!PressKeys(what)) {
     Mouse(what, rest);
   }
+}
+
+/// What comes to the open list or page by itself.
+void Session::DoBelow(const std::string& what) {
+  Pane& below = *trial.host.popup->pane;
+  const auto number = [&what] { return std::stoi(what.substr(what.find(' '))); };
+  if (what == "lost") below.PointerLost();
+  if (what.starts_with("act ")) below.Act(number());
+  if (what.starts_with("scroll ")) below.Scrolled(Axis::kDown, number());
 }
 
 void Session::TakePicture(const std::string& of) {

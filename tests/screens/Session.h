@@ -43,6 +43,7 @@ class Session final : public support::Session {
   bool PressKeys(std::string name);
   void Mouse(const std::string& what, const std::string& at);
   Point PlaceOf(const std::string& text) const;
+  void DoBelow(const std::string& what);
   void TakePicture(const std::string& of);
   Shown Now() override;
 

@@ -35,7 +35,7 @@ class comFlexTest : public testing::Test {
   host::modMain module{outside.Services()};
   controls::Form form{outside.screen, "Form", controls::Form::Border::kSizable};
   tools::comFlex list{form, "flxList", module};
-  controls::FlexGrid& grid = list.Flex;
+  controls::FlexGrid& grid = list.getFlex();
 };
 
 TEST_F(comFlexTest, Undo_ofManyGestures_endsAtTheOldestOfFiftyOrWhereRowsBecameOthers) {
