@@ -161,12 +161,11 @@ void ExportText(platform::Connection& connection, std::int32_t program, platform
 
 std::string TemplatePath(platform::Connection& connection, platform::FileSystem& files,
                          const std::string& wanted) {
-  const std::string listed = ListedTemplate(connection, wanted);
+  std::string listed = ListedTemplate(connection, wanted);
   if (files.FileExists(listed)) return listed;
   const platform::RowSet base = connection.Execute(
       "Select Isnull(BasePath,'') as InstallDirectory from vwZomirBasePath Where ID=1 ");
-  const std::string path =
-      (base.RowCount() == 0 ? std::string() : std::string(base.Text(0, 0))) + listed;
+  std::string path = (base.RowCount() == 0 ? std::string() : std::string(base.Text(0, 0))) + listed;
   if (files.FileExists(path)) return path;
   throw RuntimeError(
       platform::kFileNotFound,

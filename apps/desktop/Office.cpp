@@ -161,7 +161,7 @@ void LoadSample(const Options& options) {
 std::string OfficeToOpen(const Options& options, const std::string& made) {
   const bool named = !options.connect.empty() || !options.database.empty();
   if (!named) EnsureSampleOffice(made, options);
-  const std::string office = named ? ChosenOffice(options) : std::string(kEmbedded) + made;
+  std::string office = named ? ChosenOffice(options) : std::string(kEmbedded) + made;
   if (office.starts_with(kEmbedded)) {
     RequireFile(office);
     BringUpToDate(office.substr(kEmbedded.size()));

@@ -56,7 +56,7 @@ class BlockLayout {
     bool blankBefore;
   };
 
-  Insets InsetsOf(Styles::Id style) const;
+  Insets InsetsOf(Styles::Id id) const;
   bool SharesBorders(Styles::Id style) const;
   double LineHeight(Styles::Id style);
   double BlankWidth(Styles::Id style);

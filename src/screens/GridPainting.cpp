@@ -40,7 +40,8 @@ std::string OnOneLine(std::string_view text) {
 /// A tick in the room at the right of a cell.
 void PaintTick(Surface& surface, const Rect& cell, int room) {
   const double unit = std::max(1, room / 4);
-  const Dot middle{cell.right - room / 2 + 1.0, (cell.top + cell.bottom) / 2.0};
+  const int across = cell.right - room / 2 + 1;
+  const Dot middle{static_cast<double>(across), (cell.top + cell.bottom) / 2.0};
   surface.Stroke({{middle.x - unit, middle.y},
                   {middle.x - unit / 3, middle.y + unit},
                   {middle.x + unit, middle.y - unit}},

@@ -12,7 +12,7 @@ class PanePopup : public PaneView, public screens::Popup {
             const screens::PaneMaker& make);
   ~PanePopup() override;
 
-  void Show(screens::Size size) override;
+  void Show(screens::Size wanted) override;
   void Hide() override;
   bool Visible() const override { return open_; }
 

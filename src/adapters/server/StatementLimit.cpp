@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <ranges>
 
 #include "adapters/server/ConnectionWords.h"
 #include "platform/RuntimeError.h"
@@ -40,8 +39,8 @@ LimitedString TakeStatementLimit(std::string_view connectionString) {
   const Word* const counts = FindWord(words, {kWord}, syntax);
   if (counts == nullptr) return result;
   result.limit = LimitOf(counts->value);
-  for (const Word& word : words | std::views::reverse) {
-    if (word.key == kWord) result.rest.erase(word.from, word.end - word.from);
+  for (auto word = words.rbegin(); word != words.rend(); ++word) {
+    if (word->key == kWord) result.rest.erase(word->from, word->end - word->from);
   }
   return result;
 }

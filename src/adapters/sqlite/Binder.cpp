@@ -338,7 +338,8 @@ std::string Binder::OneSource(const Source& source, Scope& scope) {
                                                "' was specified multiple times for '" +
                                                source.alias + "'.");
       }
-      bound.columns.push_back({item.name, lower, alias + ".c" + number, item.value.type});
+      bound.columns.push_back(
+          {item.name, lower, std::string(alias).append(".c").append(number), item.value.type});
     }
   } else if (source.list) {
     Scope none;

@@ -84,7 +84,7 @@ class Binder {
   Value Literal(const Node& node);
   Value ColumnValue(const Node& node, Scope& scope);
   static Value Used(const SourceColumn& column, const Scope& owner);
-  std::pair<Scope*, const SourceColumn*> Find(const Node& column, Scope& scope);
+  std::pair<Scope*, const SourceColumn*> Find(const Node& node, Scope& scope);
   Value Plus(const Node& node, Scope& scope);
   Value Pieces(const Node& node, Scope& scope);
   Value Call(const Node& call, Scope& scope);
