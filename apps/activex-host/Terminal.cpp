@@ -37,8 +37,9 @@ Terminal::Terminal() {
   if (AttachConsole(ATTACH_PARENT_PROCESS) == FALSE) return;
   codePage_ = GetConsoleOutputCP();
   SetConsoleOutputCP(CP_UTF8);
-  if (!out) std::freopen("CONOUT$", "w", stdout);
-  if (!errors) std::freopen("CONOUT$", "w", stderr);
+  // Where these fail, there is nobody to be told.
+  if (!out) static_cast<void>(std::freopen("CONOUT$", "w", stdout));
+  if (!errors) static_cast<void>(std::freopen("CONOUT$", "w", stderr));
 }
 
 Terminal::~Terminal() {

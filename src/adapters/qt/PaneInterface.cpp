@@ -72,12 +72,12 @@ QList<QWidget*> PaneInterface::Widgets() const {
   QList<QWidget*> widgets;
   PaneView* const view = View();
   if (view == nullptr) return widgets;
-  for (const QWidget* parent : {static_cast<QWidget*>(view), view->viewport()}) {
-    for (QWidget* child : parent->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-      const bool shown = child->isWindow() ? child->isVisible() : !child->isHidden();
+  for (const QWidget* around : {static_cast<QWidget*>(view), view->viewport()}) {
+    for (QWidget* each : around->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      const bool shown = each->isWindow() ? each->isVisible() : !each->isHidden();
       const bool ours =
-          dynamic_cast<PaneView*>(child) != nullptr || dynamic_cast<PaneField*>(child) != nullptr;
-      if (shown && ours) widgets.append(child);
+          dynamic_cast<PaneView*>(each) != nullptr || dynamic_cast<PaneField*>(each) != nullptr;
+      if (shown && ours) widgets.append(each);
     }
   }
   return widgets;
@@ -113,9 +113,9 @@ int PaneInterface::indexOfChild(const QAccessibleInterface* child) const {
 }
 
 QAccessibleInterface* PaneInterface::childAt(int x, int y) const {
-  for (QWidget* child : Widgets()) {
-    if (QRect(child->mapToGlobal(QPoint()), child->size()).contains(x, y)) {
-      return QAccessible::queryAccessibleInterface(child);
+  for (QWidget* each : Widgets()) {
+    if (QRect(each->mapToGlobal(QPoint()), each->size()).contains(x, y)) {
+      return QAccessible::queryAccessibleInterface(each);
     }
   }
   PaneView* const view = View();
@@ -165,10 +165,10 @@ QAccessible::State PaneInterface::state() const {
 }
 
 void* PaneInterface::interface_cast(QAccessible::InterfaceType type) {
-  const Role role = Told().role;
-  if (type == QAccessible::TableInterface && role == Role::kTable) return &table_;
-  if (type == QAccessible::ValueInterface && role == Role::kProgressBar) return &progress_;
-  if (type == QAccessible::TextInterface && role == Role::kComboBox && !HasField()) {
+  const Role told = Told().role;
+  if (type == QAccessible::TableInterface && told == Role::kTable) return &table_;
+  if (type == QAccessible::ValueInterface && told == Role::kProgressBar) return &progress_;
+  if (type == QAccessible::TextInterface && told == Role::kComboBox && !HasField()) {
     return &valueText_;
   }
   return QAccessibleWidget::interface_cast(type);
