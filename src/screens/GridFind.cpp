@@ -55,9 +55,7 @@ void GridFind::ReadOn(const FlexGrid& grid) {
     found_.push_back(row);
   }
   // Those before the beginning came last.
-  if (!Reading()) {
-    std::rotate(found_.begin(), std::ranges::min_element(found_), found_.end());
-  }
+  if (!Reading()) std::rotate(found_.begin(), std::ranges::min_element(found_), found_.end());
 }
 
 void GridFind::ReadAll(const FlexGrid& grid) {

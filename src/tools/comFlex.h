@@ -31,7 +31,7 @@ class comFlex : public controls::Frame {
   std::function<void(std::int32_t row)> UnSelected;
 
  private:
-  controls::FlexGrid Flex{*this, "Flex"};
+  controls::FlexGrid Flex{*this, "Flex"};  // here, as members are painted in their order
 
  public:
   controls::Button cmdSelectAll{*this, "cmdSelectAll", "++"};

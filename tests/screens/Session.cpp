@@ -75,10 +75,21 @@ void Session::DoOther(const std::string& what, const std::string& rest) {
 /// What comes to the open list or page by itself.
 void Session::DoBelow(const std::string& what) {
   Pane& below = *trial.host.popup->pane;
-  const auto number = [&what] { return std::stoi(what.substr(what.find(' '))); };
-  if (what == "lost") below.PointerLost();
-  if (what.starts_with("act ")) below.Act(number());
-  if (what.starts_with("scroll ")) below.Scrolled(Axis::kDown, number());
+  const std::size_t blank = std::min(what.find(' '), what.size());
+  const std::string rest = what.substr(blank);
+  if (what == "lost") {
+    below.PointerLost();
+  } else if (what.starts_with("act ")) {
+    below.Act(std::stoi(rest));
+  } else if (what.starts_with("scroll ")) {
+    below.Scrolled(Axis::kDown, std::stoi(rest));
+  } else if (what.starts_with("press ")) {
+    below.Pointer({PointerEvent::Action::kPress, PlaceOf(rest)});
+  } else if (what.starts_with("release ")) {
+    below.Pointer({PointerEvent::Action::kRelease, PlaceOf(rest)});
+  } else {
+    support::Session::DoOther("below " + what, "");
+  }
 }
 
 void Session::TakePicture(const std::string& of) {

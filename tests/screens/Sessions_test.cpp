@@ -269,10 +269,16 @@ struct Cities : controls::LookupSource {
       if (what.find("ID=") != std::string::npos && !what.ends_with("ID=" + id)) continue;
       for (const std::string& cell : {id, std::string(names[i]), "9" + id}) rows.Append(cell);
     }
+    for (int i = 7; many && i <= 30; ++i) {
+      for (const std::string& cell : {std::to_string(i), std::string("شهر"), std::string()}) {
+        rows.Append(cell);
+      }
+    }
     return rows;
   }
   std::function<void(const std::string&)> hear;
   bool failing = false;
+  bool many = false;
 };
 
 TEST_F(Sessions, Selector_AsTheApprovedOne) {
@@ -284,10 +290,15 @@ TEST_F(Sessions, Selector_AsTheApprovedOne) {
   Session session(selector, {200, 25});
   cities.hear = [&](const std::string& what) { session.Hear(what); };
   session.alsoShown = [&] {
-    return std::vector{std::pair(std::string("selected"), std::to_string(selector.SelectedID()))};
+    const auto* const list = session.trial.host.popup;
+    return std::vector{std::pair(std::string("selected"), std::to_string(selector.SelectedID())),
+                       std::pair(std::string("list"), list ? Session::Bar(list->host.down) : "")};
   };
   Enable(session, selector);
-  session.On("server", [&](const std::string& how) { cities.failing = how == "silent"; });
+  session.On("server", [&](const std::string& how) {
+    cities.failing = how == "silent";
+    cities.many = how == "long";
+  });
   session.On("select", [&](const std::string& id) { selector.Select(std::stoi(id)); });
   session.On("open", [&] { session.trial.Strike(Key::kF4); });
   session.Replay("selector");

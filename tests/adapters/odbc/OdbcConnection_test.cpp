@@ -309,9 +309,8 @@ TEST(Aside, Cancelled_AsksTheDriverNowAndThen) {
     std::this_thread::sleep_for(400ms);
     return 0;
   };
-  EXPECT_THROW(RunAside(
-                   running, wait, [&] { ++cancels; }, 10s),
-               server::Failure);
+  const auto cancel = [&cancels] { ++cancels; };
+  EXPECT_THROW(RunAside(running, wait, cancel, 10s), server::Failure);
   EXPECT_GE(cancels, 1);
   EXPECT_LE(cancels, 1 + (std::chrono::steady_clock::now() - begin) / 250ms);
 }

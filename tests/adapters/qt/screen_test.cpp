@@ -68,8 +68,8 @@ TEST_F(QtTest, ModalForm_OfWhichNoPlaceIsKept_ComesUpOverTheOneBefore) {
   } nothing;
   adapter->screen.RememberPlaces(nothing);
   ShowForm();
-  const QWidget* const below = adapter->screen.WindowOf(form);
-  adapter->screen.WindowOf(form)->move(40, 30);
+  QWidget* const below = adapter->screen.WindowOf(form);
+  below->move(40, 30);
   contract::SampleForm over(screen, cities);
   Later([&] {
     // Both are of one size.
